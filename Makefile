@@ -1,0 +1,41 @@
+# Front door. `make run` and `make test` work on a fresh Debian 12 machine: both install what
+# they need first.
+BUILD ?= build
+FUZZ_BUILD ?= build-fuzz
+JOBS ?= 2
+FUZZ_SECONDS ?= 30
+DEMO_HOME ?= $(BUILD)/demo-home
+
+.PHONY: deps configure build run test bench fuzz clean format
+
+deps:
+	@scripts/install-deps
+
+$(BUILD)/build.ninja:
+	@cmake -S . -B $(BUILD) -G Ninja -DCMAKE_BUILD_TYPE=RelWithDebInfo >/dev/null
+
+configure: deps $(BUILD)/build.ninja
+
+build: configure
+	@cmake --build $(BUILD) -j $(JOBS)
+
+run: build
+	$(BUILD)/app/qt/vardolin --demo --home $(DEMO_HOME)
+
+test: build
+	cd $(BUILD) && QT_QPA_PLATFORM=offscreen ctest -j $(JOBS) --output-on-failure --timeout 600
+
+bench: build
+	bench/compare $(BUILD)
+
+fuzz: deps
+	@cmake -S . -B $(FUZZ_BUILD) -G Ninja -DVARDOLIN_FUZZ=ON -DCMAKE_C_COMPILER=clang \
+	  -DCMAKE_CXX_COMPILER=clang++ -DCMAKE_BUILD_TYPE=Debug >/dev/null
+	@cmake --build $(FUZZ_BUILD) -j $(JOBS)
+	fuzz/run-all $(FUZZ_BUILD) $(FUZZ_SECONDS)
+
+format:
+	@git ls-files '*.cpp' '*.h' | xargs clang-format -i
+
+clean:
+	rm -rf $(BUILD) $(FUZZ_BUILD)

@@ -1,0 +1,8 @@
+// vardolin: the Qt front end.
+
+#include <QApplication>
+
+int main(int argc, char** argv) {
+  QApplication app(argc, argv);
+  return 0;
+}

@@ -1,0 +1,70 @@
+#include "foundation/forms/form.h"
+
+#include <algorithm>
+
+#include "foundation/program.h"
+#include "foundation/texts/text_catalogue.h"
+
+namespace vardolin {
+
+Form::Form(Program& program, std::string name, std::string caption)
+    : program_(program), name_(std::move(name)), caption_(std::move(caption)) {}
+
+Form::~Form() = default;
+
+void Form::SetCaption(std::string caption) {
+  if (caption == caption_) return;
+  caption_ = std::move(caption);
+  NotifyForm(FormEvent::Caption);
+}
+
+void Form::Load() {
+  if (loaded_) return;
+  loaded_ = true;
+  ApplyFormCharset(program_, *this);
+  Set_Caption_Texts();
+  Form_Load();
+  NotifyForm(FormEvent::Loaded);
+}
+
+void Form::Unload() {
+  if (!loaded_) return;
+  loaded_ = false;
+  Form_Unload();
+  NotifyForm(FormEvent::Unloaded);
+}
+
+void Form::Refresh() { NotifyForm(FormEvent::Refresh); }
+
+Control* Form::FindControl(std::string_view name) const {
+  for (Control* c : controls_)
+    if (c->Name() == name) return c;
+  return nullptr;
+}
+
+int Form::Subscribe(Observer observer) {
+  int token = next_token_++;
+  observers_.push_back({token, std::move(observer)});
+  return token;
+}
+
+void Form::Unsubscribe(int token) {
+  std::erase_if(observers_, [token](const Slot& s) { return s.token == token; });
+}
+
+void Form::ClearOtherOptions(const OptionButton& chosen) {
+  for (Control* c : controls_) {
+    if (c == &chosen || c->Kind() != ControlKind::OptionButton) continue;
+    auto* option = static_cast<OptionButton*>(c);
+    if (option->Group() == chosen.Group()) option->ClearSilently();
+  }
+}
+
+void Form::Register(Control* control) { controls_.push_back(control); }
+
+void Form::NotifyForm(FormEvent event) {
+  auto slots = observers_;
+  for (auto& slot : slots) slot.observer(*this, event);
+}
+
+}  // namespace vardolin

@@ -1,0 +1,85 @@
+#pragma once
+// A window as a plain C++ object: its controls as models, its handlers as member functions.
+// Front ends show a form through the Ui port and bind to its controls by name.
+
+#include <functional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "foundation/forms/control.h"
+#include "foundation/forms/controls.h"
+#include "foundation/forms/list_control.h"
+
+namespace vardolin {
+
+class Program;
+
+enum class FormEvent { Caption, Loaded, Unloaded, Refresh };
+
+class Form {
+ public:
+  using Observer = std::function<void(Form&, FormEvent)>;
+
+  Form(Program& program, std::string name, std::string caption = {});
+  virtual ~Form();
+  Form(const Form&) = delete;
+  Form& operator=(const Form&) = delete;
+
+  Program& program() const { return program_; }
+  const std::string& Name() const { return name_; }
+  const std::string& Caption() const { return caption_; }
+  void SetCaption(std::string caption);
+  int Charset() const { return charset_; }
+  void SetCharset(int charset) { charset_ = charset; }
+
+  // Applies the language's charset, then fills the captions from the texts. Loading twice is
+  // a no-op, as it is for a window that is already up.
+  void Load();
+  // Closes the form. A front end that shows it closes the window; a modal show returns.
+  void Unload();
+  bool IsLoaded() const { return loaded_; }
+  // Asks the front end to repaint now (long loops call it after changing a label).
+  void Refresh();
+
+  const std::vector<Control*>& Controls() const { return controls_; }
+  Control* FindControl(std::string_view name) const;
+  template <class T>
+  T* Find(std::string_view name) const {
+    return dynamic_cast<T*>(FindControl(name));
+  }
+
+  int Subscribe(Observer observer);
+  void Unsubscribe(int token);
+
+  // The set of option buttons a choice clears; called by OptionButton.
+  void ClearOtherOptions(const class OptionButton& chosen);
+
+ protected:
+  // Every form fills its captions here from the text catalogue.
+  virtual void Set_Caption_Texts() {}
+  // Runs once after the captions are filled, as a window's load handler.
+  virtual void Form_Load() {}
+  // Runs when the form closes; the main window's shut-down lives here.
+  virtual void Form_Unload() {}
+
+ private:
+  friend class Control;
+  void Register(Control* control);
+  void NotifyForm(FormEvent event);
+
+  Program& program_;
+  std::string name_;
+  std::string caption_;
+  int charset_ = 0;
+  bool loaded_ = false;
+  std::vector<Control*> controls_;
+  struct Slot {
+    int token;
+    Observer observer;
+  };
+  std::vector<Slot> observers_;
+  int next_token_ = 1;
+};
+
+}  // namespace vardolin

@@ -1,0 +1,91 @@
+#pragma once
+// The platform port: processes, keys, joystick, sound, drives and the desktop shell. The Linux
+// implementation lives in foundation/platform; tests use it wherever the machine has the thing
+// and small recording fakes for the hardware it lacks.
+
+#include <chrono>
+#include <cstdint>
+#include <filesystem>
+#include <functional>
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace vardolin {
+
+struct StartRequest {
+  std::filesystem::path program;
+  std::vector<std::string> arguments;
+  // Empty: the program's own folder, as the game and the editor's tools expect.
+  std::filesystem::path working_folder;
+  bool hidden = false;
+};
+
+// A started child. `pid` is the process that is watched; for a Windows program that is the
+// Wine loader we started, whatever else Wine leaves behind.
+struct Process {
+  int pid = -1;
+  bool Valid() const { return pid > 0; }
+};
+
+enum class WaitResult { Ended, TimedOut, Failed };
+
+// Drive types as the program counts them.
+inline constexpr int kDriveUnknown = 0;
+inline constexpr int kDriveRemovable = 1;
+inline constexpr int kDriveFixed = 2;
+inline constexpr int kDriveRemote = 3;
+inline constexpr int kDriveCdRom = 4;
+
+// A drive is a mount point on Linux: `letter` holds the mount point's path.
+struct DriveInfo {
+  std::string letter;
+  int type = kDriveUnknown;
+  bool ready = false;
+  std::uint32_t serial = 0;
+  std::string volume_name;
+  double total_bytes = 0;
+  double free_bytes = 0;
+  std::string share_name;
+};
+
+struct JoystickState {
+  std::uint32_t x = 32767;
+  std::uint32_t y = 32767;
+  std::uint32_t z = 32767;
+  std::uint32_t buttons = 0;
+};
+
+class Platform {
+ public:
+  virtual ~Platform() = default;
+
+  // Processes. A `.exe` beginning with "MZ" goes through Wine; a native program runs directly.
+  virtual std::optional<Process> Start(const StartRequest& request) = 0;
+  virtual WaitResult Wait(Process& process, std::chrono::milliseconds timeout) = 0;
+  virtual bool IsRunning(const Process& process) = 0;
+  virtual void End(Process& process) = 0;
+  // Exit code of an ended process, -1 when unknown.
+  virtual int ExitCode(const Process& process) = 0;
+  // Runs a program with its standard output on a pipe and hands each line to `on_line`; a false
+  // answer from the handler ends the program. Gives the exit code, or -1 when it couldn't start.
+  virtual int RunCapturing(const StartRequest& request,
+                           const std::function<bool(const std::string& line)>& on_line) = 0;
+
+  // Keys and joystick. Virtual-key codes as the program knows them (VK_F9 = 0x78 ...).
+  virtual bool IsKeyDown(int virtual_key) = 0;
+  virtual bool ReadJoystick(int number, JoystickState& state) = 0;
+  virtual void Beep(int frequency_hz, int milliseconds) = 0;
+
+  // Drives: the mount points of the machine.
+  virtual std::vector<DriveInfo> ListDrives() = 0;
+  virtual double FreeBytes(const std::filesystem::path& any_path) = 0;
+
+  // Desktop.
+  virtual bool ShellOpen(const std::string& document, const std::string& parameters,
+                         const std::filesystem::path& working_folder) = 0;
+  // Windows registry reads answer empty on Linux, but for the Wine prefix's own registry.
+  virtual std::string ReadRegistry(const std::string& key, const std::string& value) = 0;
+};
+
+}  // namespace vardolin

@@ -1,0 +1,68 @@
+#pragma once
+// What the program shares for a whole run. Passed by reference everywhere; there are no globals,
+// so tests can run several programs side by side.
+
+#include <filesystem>
+#include <functional>
+#include <string>
+#include <vector>
+
+#include "foundation/settings/preferences.h"
+#include "foundation/texts/text_catalogue.h"
+
+namespace vardolin {
+
+class Ui;
+class Platform;
+class Form;
+class Label;
+class ProgressBar;
+class Timer;
+
+// The parts of the main window that services anywhere write to: the status line and bar at its
+// foot, and the watcher's timer. Null until the main window exists.
+struct MainWindowParts {
+  Form* form = nullptr;
+  Label* info = nullptr;
+  ProgressBar* bar = nullptr;
+  Timer* timer1 = nullptr;
+};
+
+class Program {
+ public:
+  Program(std::filesystem::path home, Ui& ui, Platform& platform);
+
+  Ui& ui() const { return ui_; }
+  Platform& platform() const { return platform_; }
+  // The program's folder: settings, language files, backups, the log.
+  const std::filesystem::path& Home() const { return home_; }
+
+  std::string GetText(std::int32_t id, const std::vector<std::string>& values = {}) const {
+    return texts.GetText(id, values);
+  }
+
+  Preferences prefs;
+  TextCatalogue texts;
+  MainWindowParts main;
+
+  // Shared state of the run.
+  std::string BackupFolder;
+  bool ClosingDown = false;
+  bool BaseLevelBuilt = false;
+  bool NewWindowsFamily = true;
+  bool CatalogueDirty = false;
+  bool CdRefused = false;
+  bool GameRunning = false;
+  bool MediaPlay = false;
+
+  // Set by the archive so that writing the settings first saves or gives up a changed
+  // catalogue, without the foundation knowing the catalogue.
+  std::function<void(Program&)> before_save_preferences;
+
+ private:
+  std::filesystem::path home_;
+  Ui& ui_;
+  Platform& platform_;
+};
+
+}  // namespace vardolin

@@ -1,0 +1,69 @@
+#include "foundation/services/atomic_file.h"
+
+#include <fcntl.h>
+#include <signal.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <cstdlib>
+#include <cstring>
+#include <map>
+#include <string>
+
+namespace vardolin {
+
+void FaultPoint(const char* name) {
+  static const char* spec = std::getenv("VARDOLIN_FAULT_POINT");
+  if (!spec || !*spec) return;
+  std::string s(spec);
+  auto colon = s.rfind(':');
+  std::string point = colon == std::string::npos ? s : s.substr(0, colon);
+  long target = colon == std::string::npos ? 1 : std::strtol(s.c_str() + colon + 1, nullptr, 10);
+  if (point != name) return;
+  static std::map<std::string, long> hits;
+  if (++hits[point] == target) ::kill(::getpid(), SIGKILL);
+}
+
+namespace {
+
+bool WriteAll(int fd, std::string_view bytes) {
+  const char* p = bytes.data();
+  size_t left = bytes.size();
+  while (left > 0) {
+    ssize_t n = ::write(fd, p, left);
+    if (n < 0) {
+      if (errno == EINTR) continue;
+      return false;
+    }
+    FaultPoint("atomic-write");
+    p += n;
+    left -= static_cast<size_t>(n);
+  }
+  return true;
+}
+
+}  // namespace
+
+bool AtomicWriteFile(const std::filesystem::path& path, std::string_view bytes) {
+  std::filesystem::path temp = path;
+  temp += ".new~";
+  int fd = ::open(temp.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC, 0644);
+  if (fd < 0) return false;
+  bool ok = WriteAll(fd, bytes) && ::fsync(fd) == 0;
+  ok = (::close(fd) == 0) && ok;
+  FaultPoint("atomic-before-rename");
+  if (ok) ok = ::rename(temp.c_str(), path.c_str()) == 0;
+  if (!ok) {
+    ::unlink(temp.c_str());
+    return false;
+  }
+  // Make the rename itself durable.
+  int dir = ::open(path.has_parent_path() ? path.parent_path().c_str() : ".", O_RDONLY | O_DIRECTORY);
+  if (dir >= 0) {
+    ::fsync(dir);
+    ::close(dir);
+  }
+  return true;
+}
+
+}  // namespace vardolin

@@ -1,0 +1,18 @@
+#pragma once
+// Replacing a file that holds the user's data so that a crash at any moment leaves either the
+// old file or the new one: write beside, flush to disk, rename over.
+
+#include <filesystem>
+#include <string_view>
+
+namespace vardolin {
+
+// True when the file now holds exactly `bytes`. On failure the old file is untouched and the
+// temporary file is removed.
+bool AtomicWriteFile(const std::filesystem::path& path, std::string_view bytes);
+
+// Test hook: when the environment variable VARDOLIN_FAULT_POINT names a point, the process
+// kills itself the n-th time that point is reached ("name:n"). A no-op otherwise.
+void FaultPoint(const char* name);
+
+}  // namespace vardolin

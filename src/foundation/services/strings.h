@@ -1,0 +1,24 @@
+#pragma once
+// Small string tools shared by everything: trimming and comparison without regard to case, as
+// the Windows file system and the program's own name checks behave.
+
+#include <string>
+#include <string_view>
+
+namespace vardolin {
+
+std::string Trim(std::string_view text);
+std::string TrimRight(std::string_view text);
+std::string ToLower(std::string_view text);
+std::string ToUpper(std::string_view text);
+bool EqualsNoCase(std::string_view a, std::string_view b);
+// Strict weak order without regard to case; ties broken by the bytes so that sorting is stable.
+bool LessNoCase(std::string_view a, std::string_view b);
+bool ContainsNoCase(std::string_view haystack, std::string_view needle);
+bool StartsWithNoCase(std::string_view text, std::string_view prefix);
+bool EndsWithNoCase(std::string_view text, std::string_view suffix);
+// Replaces every occurrence of `from` (compared without regard to case) by `to`.
+std::string ReplaceAllNoCase(std::string_view text, std::string_view from, std::string_view to);
+std::string ReplaceAll(std::string_view text, std::string_view from, std::string_view to);
+
+}  // namespace vardolin

@@ -1,0 +1,128 @@
+#include <gtest/gtest.h>
+
+#include "foundation/forms/form.h"
+#include "foundation/program.h"
+#include "recording_platform.h"
+#include "scripted_ui.h"
+
+namespace vardolin {
+namespace {
+
+using testing::RecordingPlatform;
+using testing::ScriptedUi;
+
+class SampleForm : public Form {
+ public:
+  explicit SampleForm(Program& p) : Form(p, "Dialog_Sample", "Sample") {}
+  int loads = 0, captions = 0, clicks = 0, combo_clicks = 0;
+  Label Label_Info{*this, "Label_Info"};
+  TextBox Text_Name{*this, "Text_Name"};
+  ComboBox Combo_Sorted{*this, "Combo_Sorted", true, [this] { ++combo_clicks; }};
+  ListBox List_Plain{*this, "List_Plain"};
+  OptionButton Opt_A{*this, "Opt_A", "g1"};
+  OptionButton Opt_B{*this, "Opt_B", "g1"};
+  OptionButton Opt_C{*this, "Opt_C", "g2"};
+  Button Pul_Ok{*this, "Pul_Ok", [this] { ++clicks; }};
+  Timer Timer1{*this, "Timer1", [this] { ++clicks; }};
+
+ protected:
+  void Set_Caption_Texts() override { ++captions; }
+  void Form_Load() override { ++loads; }
+};
+
+struct FormKitTest : ::testing::Test {
+  ScriptedUi ui;
+  RecordingPlatform platform;
+  Program program{"/nonexistent", ui, platform};
+  SampleForm form{program};
+};
+
+TEST_F(FormKitTest, ControlsRegisterInDeclarationOrderAndAreFoundByName) {
+  ASSERT_EQ(form.Controls().size(), 9u);
+  EXPECT_EQ(form.Controls().front()->Name(), "Label_Info");
+  EXPECT_EQ(form.Find<Button>("Pul_Ok"), &form.Pul_Ok);
+  EXPECT_EQ(form.Find<Button>("Label_Info"), nullptr);  // wrong type
+  EXPECT_EQ(form.FindControl("Nope"), nullptr);
+}
+
+TEST_F(FormKitTest, LoadAppliesCharsetThenCaptionsOnce) {
+  program.texts.TextCharset = 204;
+  form.Load();
+  form.Load();
+  EXPECT_EQ(form.captions, 1);
+  EXPECT_EQ(form.loads, 1);
+  EXPECT_EQ(form.Charset(), 204);
+  EXPECT_EQ(form.Label_Info.Charset(), 204);
+  EXPECT_EQ(form.Timer1.Charset(), 0);  // no font
+}
+
+TEST_F(FormKitTest, SortedComboPlacesRowsWithoutRegardToCaseAndKeepsSelection) {
+  struct Row {
+    const char* text;
+    int data;
+  };
+  for (Row r : {Row{"delta", 4}, Row{"Alpha", 1}, Row{"charlie", 3}, Row{"BRAVO", 2}})
+    form.Combo_Sorted.AddItem(r.text, r.data);
+  ASSERT_EQ(form.Combo_Sorted.ListCount(), 4);
+  for (int i = 0; i < 4; ++i) EXPECT_EQ(form.Combo_Sorted.ItemData(i), i + 1);
+
+  form.Combo_Sorted.SetListIndex(1);  // BRAVO
+  EXPECT_EQ(form.combo_clicks, 1);
+  form.Combo_Sorted.AddItem("aardvark", 0);  // lands before the selection
+  EXPECT_EQ(form.Combo_Sorted.SelectedText(), "BRAVO");
+  EXPECT_EQ(form.combo_clicks, 1);  // moving rows is no click
+  form.Combo_Sorted.RemoveItem(form.Combo_Sorted.ListIndex());
+  EXPECT_EQ(form.Combo_Sorted.ListIndex(), -1);
+  EXPECT_EQ(form.Combo_Sorted.FindData(3), 2);
+}
+
+TEST_F(FormKitTest, UnsortedListInsertsAtIndexAndClampsSelection) {
+  form.List_Plain.AddItem("b");
+  form.List_Plain.AddItem("a", 0, 0);
+  form.List_Plain.AddItem("c", 0, 99);
+  EXPECT_EQ(form.List_Plain.List(0), "a");
+  EXPECT_EQ(form.List_Plain.List(2), "c");
+  form.List_Plain.SetListIndex(7);
+  EXPECT_EQ(form.List_Plain.ListIndex(), -1);
+  EXPECT_EQ(form.List_Plain.List(-1), "");
+}
+
+TEST_F(FormKitTest, OptionButtonsExcludeOthersOfTheirGroupOnly) {
+  form.Opt_A.SetValue(true);
+  form.Opt_C.SetValue(true);
+  form.Opt_B.Click();
+  EXPECT_FALSE(form.Opt_A.Value());
+  EXPECT_TRUE(form.Opt_B.Value());
+  EXPECT_TRUE(form.Opt_C.Value());
+}
+
+TEST_F(FormKitTest, DisabledButtonAndStoppedTimerDoNothing) {
+  form.Pul_Ok.Click();
+  form.Pul_Ok.SetEnabled(false);
+  form.Pul_Ok.Click();
+  form.Timer1.Tick();  // interval 0: not running
+  form.Timer1.SetInterval(100);
+  form.Timer1.Tick();
+  EXPECT_EQ(form.clicks, 2);
+}
+
+TEST_F(FormKitTest, ObserversHearOnlyRealChanges) {
+  std::vector<Change> seen;
+  int token = form.Label_Info.Subscribe([&](Control&, Change c) { seen.push_back(c); });
+  form.Label_Info.SetCaption("x");
+  form.Label_Info.SetCaption("x");
+  form.Label_Info.SetVisible(false);
+  form.Label_Info.Unsubscribe(token);
+  form.Label_Info.SetCaption("y");
+  EXPECT_EQ(seen, (std::vector<Change>{Change::Caption, Change::Visible}));
+}
+
+TEST_F(FormKitTest, ScriptedModalShowRunsTheActionAndUnloads) {
+  ui.OnForm("Dialog_Sample", [](Form& f) { static_cast<SampleForm&>(f).Pul_Ok.Click(); });
+  ui.ShowModal(form);
+  EXPECT_EQ(form.clicks, 1);
+  EXPECT_FALSE(form.IsLoaded());
+}
+
+}  // namespace
+}  // namespace vardolin

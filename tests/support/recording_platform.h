@@ -1,0 +1,54 @@
+#pragma once
+// A Platform for tests that touch no process, drive or shell: it records what was asked and
+// answers as a machine without that hardware would. Keys and joystick can be held by the test.
+
+#include <map>
+#include <string>
+#include <vector>
+
+#include "foundation/ports/platform.h"
+
+namespace vardolin::testing {
+
+class RecordingPlatform : public Platform {
+ public:
+  std::vector<std::string> calls;
+  std::map<int, bool> keys_down;
+  bool joystick_present = false;
+  JoystickState joystick;
+  std::vector<DriveInfo> drives;
+
+  std::optional<Process> Start(const StartRequest& r) override {
+    calls.push_back("start " + r.program.string());
+    return std::nullopt;
+  }
+  WaitResult Wait(Process&, std::chrono::milliseconds) override { return WaitResult::Failed; }
+  bool IsRunning(const Process&) override { return false; }
+  void End(Process&) override { calls.push_back("end"); }
+  int ExitCode(const Process&) override { return -1; }
+  int RunCapturing(const StartRequest& r,
+                   const std::function<bool(const std::string&)>&) override {
+    calls.push_back("run " + r.program.string());
+    return -1;
+  }
+  bool IsKeyDown(int vk) override {
+    auto it = keys_down.find(vk);
+    return it != keys_down.end() && it->second;
+  }
+  bool ReadJoystick(int number, JoystickState& state) override {
+    calls.push_back("joystick " + std::to_string(number));
+    if (joystick_present) state = joystick;
+    return joystick_present;
+  }
+  void Beep(int hz, int ms) override { calls.push_back("beep " + std::to_string(hz)); }
+  std::vector<DriveInfo> ListDrives() override { return drives; }
+  double FreeBytes(const std::filesystem::path&) override { return 1e12; }
+  bool ShellOpen(const std::string& doc, const std::string&,
+                 const std::filesystem::path&) override {
+    calls.push_back("open " + doc);
+    return true;
+  }
+  std::string ReadRegistry(const std::string&, const std::string&) override { return {}; }
+};
+
+}  // namespace vardolin::testing

@@ -1,0 +1,82 @@
+#pragma once
+// The Ui of the tests: it answers from a script and records every question. A question the
+// script did not expect, an answer that the box doesn't offer, or a script step left unused when
+// the ScriptedUi goes away, fails the running test.
+
+#include <deque>
+#include <functional>
+#include <string>
+#include <vector>
+
+#include "foundation/forms/form.h"
+#include "foundation/ports/ui.h"
+
+namespace vardolin::testing {
+
+enum class AskKind { Message, Input, Folder, OpenFile, SaveFile, Modal };
+
+struct Asked {
+  AskKind kind;
+  std::string text;  // message, prompt, folder start or form name
+  int style = 0;
+  std::string title;
+};
+
+class ScriptedUi : public Ui {
+ public:
+  ~ScriptedUi() override;
+
+  // Expect a message box and press the given button. `contains`, when not empty, must be part
+  // of the message.
+  ScriptedUi& Answer(int result, std::string contains = {});
+  ScriptedUi& Input(std::string typed, std::string contains = {});
+  ScriptedUi& Folder(std::string path);
+  ScriptedUi& OpenFile(std::string path);
+  ScriptedUi& SaveFile(std::string path);
+  // When the named form is shown modally, `act` runs on it (fill fields, press a button). The
+  // form is unloaded afterwards if `act` left it up.
+  ScriptedUi& OnForm(std::string form_name, std::function<void(Form&)> act);
+  // Any number of message boxes of the given style are acknowledged with that result: for tests
+  // that don't care about informational boxes.
+  ScriptedUi& AllowAnyMessage(int result = msg::kOk) {
+    any_message_result_ = result;
+    return *this;
+  }
+
+  const std::vector<Asked>& Questions() const { return asked_; }
+  std::vector<std::string> Messages() const;
+  bool Done() const { return script_.empty(); }
+  const std::vector<std::string>& ModelessShown() const { return modeless_; }
+
+  int AskUser(const std::string& text, int style, const std::string& title) override;
+  std::string AskInput(const std::string& prompt, const std::string& title,
+                       const std::string& initial) override;
+  std::string AskFolder(const std::string& start, const std::string& title) override;
+  std::string AskOpenFile(const FileRequest& request) override;
+  std::string AskSaveFile(const FileRequest& request) override;
+  void ShowModal(Form& form) override;
+  void ShowModeless(Form& form) override;
+  void DoEvents() override { ++events_; }
+  void SetClipboardText(const std::string& text) override { clipboard_ = text; }
+  std::string ClipboardText() override { return clipboard_; }
+  int EventsRun() const { return events_; }
+
+ private:
+  struct Step {
+    AskKind kind;
+    int result = 0;
+    std::string value;
+    std::string contains;
+    std::function<void(Form&)> act;
+  };
+  Step* Next(AskKind kind, const std::string& what);
+
+  std::deque<Step> script_;
+  std::vector<Asked> asked_;
+  std::vector<std::string> modeless_;
+  std::string clipboard_;
+  int events_ = 0;
+  int any_message_result_ = 0;
+};
+
+}  // namespace vardolin::testing
