@@ -1,0 +1,20 @@
+#include "all_forms.h"
+
+namespace vardolin {
+namespace {
+
+template <class F>
+FormFactory Entry(const char* name) {
+  return {name, [](Program& p) -> std::unique_ptr<Form> { return std::make_unique<F>(p); }};
+}
+
+}  // namespace
+
+const std::vector<FormFactory>& AllForms() {
+  static const std::vector<FormFactory> forms = {
+      // One line per form: Entry<Dialog_Name>("Dialog_Name"),
+  };
+  return forms;
+}
+
+}  // namespace vardolin
