@@ -1,0 +1,110 @@
+#include "terminal_ui.h"
+
+#include <algorithm>
+#include <iostream>
+
+#include "foundation/dialogs/message_styles.h"
+#include "foundation/forms/form.h"
+#include "foundation/services/strings.h"
+
+namespace vardolin {
+namespace {
+
+const char* ButtonWord(int result) {
+  switch (result) {
+    case msg::kOk:
+      return "ok";
+    case msg::kCancel:
+      return "cancel";
+    case msg::kAbort:
+      return "abort";
+    case msg::kRetry:
+      return "retry";
+    case msg::kIgnore:
+      return "ignore";
+    case msg::kYes:
+      return "yes";
+    case msg::kNo:
+      return "no";
+  }
+  return "?";
+}
+
+}  // namespace
+
+int ParseAnswer(const std::string& word, int style) {
+  std::string w = ToLower(Trim(word));
+  if (w.empty()) return 0;
+  for (int b : ButtonsOfStyle(style)) {
+    std::string name = ButtonWord(b);
+    if (name == w || (w.size() == 1 && name[0] == w[0])) return b;
+  }
+  return 0;
+}
+
+TerminalUi::TerminalUi(std::istream& in, std::ostream& out, std::deque<std::string> answers,
+                       bool interactive)
+    : in_(in), out_(out), answers_(std::move(answers)), interactive_(interactive) {}
+
+std::string TerminalUi::NextAnswer(const std::string& prompt) {
+  if (!answers_.empty()) {
+    std::string a = answers_.front();
+    answers_.pop_front();
+    out_ << prompt << a << "\n";
+    return a;
+  }
+  if (!interactive_) return {};
+  out_ << prompt << std::flush;
+  std::string line;
+  if (!std::getline(in_, line)) return {};
+  return line;
+}
+
+int TerminalUi::AskUser(const std::string& text, int style, const std::string& title) {
+  auto buttons = ButtonsOfStyle(style);
+  out_ << (title.empty() ? "" : title + ": ") << text << "\n";
+  if (buttons.size() == 1) return buttons.front();
+  std::string choices;
+  for (int b : buttons) choices += std::string(choices.empty() ? "" : "/") + ButtonWord(b);
+  for (int tries = 0; tries < 3; ++tries) {
+    std::string a = NextAnswer("[" + choices + "] ");
+    if (a.empty()) break;
+    if (int r = ParseAnswer(a, style)) return r;
+    out_ << "Please answer one of: " << choices << "\n";
+  }
+  // Unattended: the answer that changes nothing.
+  for (int safe : {msg::kCancel, msg::kNo, msg::kIgnore})
+    if (std::count(buttons.begin(), buttons.end(), safe)) return safe;
+  return buttons.back();
+}
+
+std::string TerminalUi::AskInput(const std::string& prompt, const std::string& title,
+                                 const std::string& initial) {
+  std::string a = NextAnswer(prompt + (initial.empty() ? "" : " [" + initial + "]") + " ");
+  return a;
+}
+
+std::string TerminalUi::AskFolder(const std::string& start, const std::string& title) {
+  return Trim(NextAnswer(title + " (folder) "));
+}
+
+std::string TerminalUi::AskOpenFile(const FileRequest& request) {
+  return Trim(NextAnswer(request.title + " (file to open) "));
+}
+
+std::string TerminalUi::AskSaveFile(const FileRequest& request) {
+  return Trim(NextAnswer(request.title + " (file to save) "));
+}
+
+void TerminalUi::ShowModal(Form& form) {
+  // A window can't be shown here: the form closes as if cancelled.
+  out_ << "(" << form.Name() << " needs the window front end; cancelled)\n";
+  form.Load();
+  form.Unload();
+}
+
+void TerminalUi::ShowModeless(Form& form) {
+  form.Load();
+}
+
+}  // namespace vardolin
