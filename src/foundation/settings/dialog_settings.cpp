@@ -71,36 +71,42 @@ Dialog_Settings::Dialog_Settings(Program& program)
 
 void Dialog_Settings::Set_Caption_Texts() {
   Program& p = program();
-  SetCaption(p.GetText(text::SettingsTitle));
-  Label1.SetCaption(p.GetText(text::SettingsEditorPath));
+  // These captions are numbered by this program alone, so an older language file may lack them
+  // everywhere: the default caption then stays.
+  auto caption = [&p](auto& control, std::int32_t id) {
+    std::string text = p.GetText(id);
+    if (!text.empty()) control.SetCaption(std::move(text));
+  };
+  caption(*this, text::SettingsTitle);
+  caption(Label1, text::SettingsEditorPath);
   for (Button* b : {&Pul_SfogliaPathTrle, &Pul_SfogliaLoadDir, &Pul_ScegliEditor})
-    b->SetCaption(p.GetText(text::SettingsBrowse));
-  Label4.SetCaption(p.GetText(text::SettingsLoadDir));
-  Label5.SetCaption(p.GetText(text::SettingsFullBackup));
-  Frame1.SetCaption(p.GetText(text::SettingsCaptureFrame));
-  Opt_PromptCapture.SetCaption(p.GetText(text::SettingsPromptCapture));
-  Opt_NonPrompt.SetCaption(p.GetText(text::SettingsNonPrompt));
-  Check_VerifyImage.SetCaption(p.GetText(text::SettingsVerifyImage));
-  Label9.SetCaption(p.GetText(text::SettingsGraphicsProgram));
-  Frame2.SetCaption(p.GetText(text::SettingsAdvancedFrame));
-  Check_NoAutoCompila.SetCaption(p.GetText(text::SettingsNoAutoCompile));
-  Check_TestCOntrollaUguali.SetCaption(p.GetText(text::SettingsCheckEqual));
-  Check_NonDecomprimere.SetCaption(p.GetText(text::SettingsNoDecompress));
-  Check_AutoSave.SetCaption(p.GetText(text::SettingsAutoSave));
-  Check_AggiornamentoUrl.SetCaption(p.GetText(text::SettingsAutoUpdateUrls));
-  Label8.SetCaption(p.GetText(text::SettingsCheckInterval));
-  Check_DisableSound.SetCaption(p.GetText(text::SettingsDisableSound));
-  Label2.SetCaption(p.GetText(text::SettingsLanguage));
-  Frame3.SetCaption(p.GetText(text::SettingsSavegameFrame));
-  Check_ArchiviaSavegame.SetCaption(p.GetText(text::SettingsArchiveSavegames));
-  Label3.SetCaption(p.GetText(text::SettingsSavegamesSuffix));
-  Label6.SetCaption(p.GetText(text::SettingsAssociate));
-  Label7.SetCaption(p.GetText(text::SettingsMinutes));
-  Frame4.SetCaption(p.GetText(text::SettingsJoystickFrame));
-  Check_EnableJoystick.SetCaption(p.GetText(text::SettingsEnableJoystick));
-  Pul_SetJoy.SetCaption(p.GetText(text::SettingsSetJoy));
-  Pul_Ok.SetCaption(p.GetText(text::SettingsOk));
-  Pul_Cancel.SetCaption(p.GetText(text::SettingsCancel));
+    caption(*b, text::SettingsBrowse);
+  caption(Label4, text::SettingsLoadDir);
+  caption(Label5, text::SettingsFullBackup);
+  caption(Frame1, text::SettingsCaptureFrame);
+  caption(Opt_PromptCapture, text::SettingsPromptCapture);
+  caption(Opt_NonPrompt, text::SettingsNonPrompt);
+  caption(Check_VerifyImage, text::SettingsVerifyImage);
+  caption(Label9, text::SettingsGraphicsProgram);
+  caption(Frame2, text::SettingsAdvancedFrame);
+  caption(Check_NoAutoCompila, text::SettingsNoAutoCompile);
+  caption(Check_TestCOntrollaUguali, text::SettingsCheckEqual);
+  caption(Check_NonDecomprimere, text::SettingsNoDecompress);
+  caption(Check_AutoSave, text::SettingsAutoSave);
+  caption(Check_AggiornamentoUrl, text::SettingsAutoUpdateUrls);
+  caption(Label8, text::SettingsCheckInterval);
+  caption(Check_DisableSound, text::SettingsDisableSound);
+  caption(Label2, text::SettingsLanguage);
+  caption(Frame3, text::SettingsSavegameFrame);
+  caption(Check_ArchiviaSavegame, text::SettingsArchiveSavegames);
+  caption(Label3, text::SettingsSavegamesSuffix);
+  caption(Label6, text::SettingsAssociate);
+  caption(Label7, text::SettingsMinutes);
+  caption(Frame4, text::SettingsJoystickFrame);
+  caption(Check_EnableJoystick, text::SettingsEnableJoystick);
+  caption(Pul_SetJoy, text::SettingsSetJoy);
+  caption(Pul_Ok, text::SettingsOk);
+  caption(Pul_Cancel, text::SettingsCancel);
 }
 
 void Dialog_Settings::FillCombos() {

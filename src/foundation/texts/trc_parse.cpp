@@ -35,7 +35,8 @@ class TrcCursor {
     size_t start = pos_;
     int item_line = line_ + 1;
     while (!AtEnd() && bytes_[pos_] != ',' && bytes_[pos_] != '\n') ++pos_;
-    std::string item = Trim(bytes_.substr(start, pos_ - start));
+    std::string_view item = bytes_.substr(start, pos_ - start);
+    while (!item.empty() && IsSpaceOrEnd(item.back())) item.remove_suffix(1);
     if (!AtEnd()) {
       if (bytes_[pos_] == '\n') ++line_;
       ++pos_;  // the comma or the line end
@@ -45,7 +46,7 @@ class TrcCursor {
     if (first != last && *first == '+') ++first;
     auto [ptr, ec] = std::from_chars(first, last, value);
     if (item.empty() || ec != std::errc() || ptr != last) {
-      error = "Type mismatch: \"" + item + "\" is not a number (line " + std::to_string(item_line) + ")";
+      error = "Type mismatch: \"" + std::string(item) + "\" is not a number (line " + std::to_string(item_line) + ")";
       return false;
     }
     return true;
