@@ -193,9 +193,8 @@ TEST_F(DialogSettingsTest, ChangingTheLanguageReloadsTheTexts) {
 }
 
 TEST_F(DialogSettingsTest, LayoutHasAWidgetForEveryControlAndNoOther) {
-  std::string ui_xml =
-      ReadFile(std::filesystem::path(VARDOLIN_SOURCE_DIR) /
-               "src/foundation/settings/dialog_settings.ui");
+  std::string ui_xml = ReadFile(std::filesystem::path(VARDOLIN_SOURCE_DIR) /
+                                "src/foundation/settings/dialog_settings.ui");
   std::set<std::string> widgets;
   std::regex widget(R"re(<widget class="(\w+)" name="(\w+)")re");
   for (std::sregex_iterator it(ui_xml.begin(), ui_xml.end(), widget), end; it != end; ++it) {

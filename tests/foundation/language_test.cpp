@@ -51,12 +51,21 @@ TEST_F(LanguageTest, WhichLanguageFileIsUsed) {
   };
   for (const Case& c : {
            Case{"only english, empty setting", {"english.trc"}, "", "english", "Hello"},
-           Case{"setting in another case", {"english.trc", "Italian.trc"}, "  italian ",
-                "Italian", "Ciao"},
-           Case{"unknown setting takes the other language", {"english.trc", "Italian.trc"},
-                "klingon", "Italian", "Ciao"},
-           Case{"english asked for beside another", {"English.TRC", "Italian.trc"}, "ENGLISH",
-                "English", "Hello"},
+           Case{"setting in another case",
+                {"english.trc", "Italian.trc"},
+                "  italian ",
+                "Italian",
+                "Ciao"},
+           Case{"unknown setting takes the other language",
+                {"english.trc", "Italian.trc"},
+                "klingon",
+                "Italian",
+                "Ciao"},
+           Case{"english asked for beside another",
+                {"English.TRC", "Italian.trc"},
+                "ENGLISH",
+                "English",
+                "Hello"},
        }) {
     SCOPED_TRACE(c.name);
     TempDir dir;
@@ -74,9 +83,10 @@ TEST_F(LanguageTest, WhichLanguageFileIsUsed) {
 }
 
 TEST_F(LanguageTest, NoLanguageFileIsUnrecoverable) {
-  ui.Answer(msg::kOk, "UNRECOVERABLE ERROR: missing files .trc with texts of Vardolin in "
-                      "installation folder: " +
-                          home.path().string() + "\r\nYou should visit website https://");
+  ui.Answer(msg::kOk,
+            "UNRECOVERABLE ERROR: missing files .trc with texts of Vardolin in "
+            "installation folder: " +
+                home.path().string() + "\r\nYou should visit website https://");
   EXPECT_FALSE(LoadLanguage(program));
   EXPECT_EQ(ui.Questions().back().style, msg::kError);
 }
@@ -124,9 +134,8 @@ TEST_F(LanguageTest, ReadingShowsItsProgressOnTheMainWindow) {
   std::vector<std::string> captions;
   int highest = 0;
   main.Label_Info.Subscribe([&](Control& c, Change) { captions.push_back(c.Caption()); });
-  main.ProgressBar1.Subscribe([&](Control&, Change) {
-    highest = std::max(highest, main.ProgressBar1.Value());
-  });
+  main.ProgressBar1.Subscribe(
+      [&](Control&, Change) { highest = std::max(highest, main.ProgressBar1.Value()); });
   std::vector<std::pair<int, std::string>> many;
   for (int i = 1; i <= 300; ++i) many.push_back({i, "t"});
   home.Write("english.trc", Trc(many));

@@ -60,11 +60,11 @@ TEST(PreferencesImage, FieldsLieAtTheirOffsets) {
     std::int64_t expected;
     int width;
   };
-  for (Probe probe : {Probe{0, 0, 2}, Probe{2, -1, 2}, Probe{8, -1, 2}, Probe{1290, 0, 2},
-                      Probe{1292, -1, 2}, Probe{1294, 0, 2}, Probe{1296, 0, 2},
-                      Probe{1298, 12, 4}, Probe{1304, -7, 4}, Probe{1564, 9, 4},
-                      Probe{1572, 0x30, 4}, Probe{1576, -1, 2}, Probe{1578, 0x0C, 4},
-                      Probe{1584, 1, 4}, Probe{1588, 0x41, 4}}) {
+  for (Probe probe :
+       {Probe{0, 0, 2}, Probe{2, -1, 2}, Probe{8, -1, 2}, Probe{1290, 0, 2}, Probe{1292, -1, 2},
+        Probe{1294, 0, 2}, Probe{1296, 0, 2}, Probe{1298, 12, 4}, Probe{1304, -7, 4},
+        Probe{1564, 9, 4}, Probe{1572, 0x30, 4}, Probe{1576, -1, 2}, Probe{1578, 0x0C, 4},
+        Probe{1584, 1, 4}, Probe{1588, 0x41, 4}}) {
     r.Seek(probe.offset);
     std::int64_t got = probe.width == 2 ? r.I16() : r.I32();
     EXPECT_EQ(got, probe.expected) << "offset " << probe.offset;
@@ -73,9 +73,9 @@ TEST(PreferencesImage, FieldsLieAtTheirOffsets) {
     size_t offset;
     std::string expected;
   };
-  for (const Text& t : {Text{10, "C:\\archives\\mine.vdc"}, Text{266, "/games/trle"},
-                        Text{1034, "/downloads/caf\xE9"}, Text{1308, "/usr/bin/gimp"},
-                        Text{1592, "Italian"}}) {
+  for (const Text& t :
+       {Text{10, "C:\\archives\\mine.vdc"}, Text{266, "/games/trle"},
+        Text{1034, "/downloads/caf\xE9"}, Text{1308, "/usr/bin/gimp"}, Text{1592, "Italian"}}) {
     std::string field = image.substr(t.offset, 256);
     EXPECT_EQ(field.substr(0, t.expected.size()), t.expected) << "offset " << t.offset;
     EXPECT_EQ(field.find_first_not_of(' ', t.expected.size()), std::string::npos)

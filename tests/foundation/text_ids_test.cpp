@@ -50,7 +50,8 @@ TEST(EnglishTexts, EveryIdTheCodeNamesHasAWording) {
   const English& e = LoadEnglish();
   std::regex constant(R"(constexpr\s+std::int32_t\s+(\w+)\s*=\s*(\d+);)");
   int checked = 0;
-  for (const auto& entry : fs::recursive_directory_iterator(fs::path(VARDOLIN_SOURCE_DIR) / "src")) {
+  for (const auto& entry :
+       fs::recursive_directory_iterator(fs::path(VARDOLIN_SOURCE_DIR) / "src")) {
     if (entry.path().filename() != "text_ids.h") continue;
     std::string header = ReadFile(entry.path());
     for (std::sregex_iterator it(header.begin(), header.end(), constant), end; it != end; ++it) {

@@ -72,8 +72,8 @@ TEST(TrcParse, ErrorsKeepWhatWasReadBefore) {
   const std::string one = Crlf({"1", R"("c")", R"("one")"});
   for (const Case& c : {
            Case{"count larger than the entries", Crlf({"3"}) + one, 1, "end of file"},
-           Case{"malformed id", Crlf({"2", "1", R"("c")", R"("one")", "x2", R"("c")", R"("t")"}),
-                1, "not a number"},
+           Case{"malformed id", Crlf({"2", "1", R"("c")", R"("one")", "x2", R"("c")", R"("t")"}), 1,
+                "not a number"},
            Case{"malformed count", Crlf({"two"}), 0, "not a number"},
            Case{"line shorter than its quotes",
                 Crlf({"2", "1", R"("c")", R"("one")", "2", R"(")", R"("t")"}), 1, "shorter"},
@@ -95,8 +95,7 @@ TEST(TrcParse, ConvertsTheLanguagesCodePageToUtf8) {
   std::string greek = "\"\xC5\xEB\xEB\xE7\xED\xE9\xEA\xDC\"";
   TrcParse p = ParseTrc(Crlf({"1", "7", R"("")", greek}), 1253);
   ASSERT_TRUE(p.ok) << p.error;
-  EXPECT_EQ(p.entries[0].text,
-            "\xCE\x95\xCE\xBB\xCE\xBB\xCE\xB7\xCE\xBD\xCE\xB9\xCE\xBA\xCE\xAC");
+  EXPECT_EQ(p.entries[0].text, "\xCE\x95\xCE\xBB\xCE\xBB\xCE\xB7\xCE\xBD\xCE\xB9\xCE\xBA\xCE\xAC");
   // The same bytes in code page 1252 are Latin letters.
   EXPECT_EQ(ParseTrc(Crlf({"1", "7", R"("")", greek}), 1252).entries[0].text.substr(0, 2),
             "\xC3\x85");
@@ -105,16 +104,15 @@ TEST(TrcParse, ConvertsTheLanguagesCodePageToUtf8) {
 TEST(TextLookup, PlaceholdersAndFallBack) {
   TextCatalogue texts;
   texts.EnglishTexts.entries = {{"", 1, "a ~1 b ~2"}, {"", 2, "English only"}, {"", 3, "x"}};
-  texts.CurrentTexts.entries = {{"", 1, "~1 ~1"}, {"", 2, "   "}, {"", 4, "only ~2"},
-                                {"", 4, "second of the id"}};
+  texts.CurrentTexts.entries = {
+      {"", 1, "~1 ~1"}, {"", 2, "   "}, {"", 4, "only ~2"}, {"", 4, "second of the id"}};
   struct Case {
     std::int32_t id;
     std::vector<std::string> values;
     std::string expected;
   };
   for (const Case& c : {Case{1, {"a"}, "a ~1"}, Case{4, {"x", "y"}, "only y"},
-                        Case{2, {}, "English only"}, Case{99, {"v"}, ""},
-                        Case{3, {}, "x"}}) {
+                        Case{2, {}, "English only"}, Case{99, {"v"}, ""}, Case{3, {}, "x"}}) {
     EXPECT_EQ(texts.GetText(c.id, c.values), c.expected) << c.id;
   }
 }

@@ -113,8 +113,7 @@ void Dialog_Settings::FillCombos() {
   Program& p = program();
   Combo_Decimi.Clear();
   for (int tenths = 1; tenths <= kTenthsChoices; ++tenths)
-    Combo_Decimi.AddItem(p.GetText(text::CheckTenthsEntry) + std::to_string(tenths) + "  ",
-                         tenths);
+    Combo_Decimi.AddItem(p.GetText(text::CheckTenthsEntry) + std::to_string(tenths) + "  ", tenths);
   Combo_NSavegame.Clear();
   for (int n = 1; n <= kMaxSavegamesToArchive; ++n) Combo_NSavegame.AddItem(std::to_string(n), n);
   Combo_Lingua.Clear();
@@ -192,8 +191,7 @@ void Dialog_Settings::Pul_Ok_Click() {
   else
     prefs.Flags &= ~1;
   if (Combo_Decimi.ListIndex() >= 0)
-    prefs.CheckTenths =
-        static_cast<std::int32_t>(Combo_Decimi.ItemData(Combo_Decimi.ListIndex()));
+    prefs.CheckTenths = static_cast<std::int32_t>(Combo_Decimi.ItemData(Combo_Decimi.ListIndex()));
   if (p.main.timer1) p.main.timer1->SetInterval(prefs.CheckTenths * 100);
 
   if (Combo_Lingua.ListIndex() < 0) {

@@ -31,7 +31,8 @@ class Dialog_Settings : public Form {
   CheckBox Check_VerifyImage{*this, "Check_VerifyImage"};
   Label Label9{*this, "Label9", "Graphical program"};
   Label Label_EditorGrafico{*this, "Label_EditorGrafico"};
-  Button Pul_ScegliEditor{*this, "Pul_ScegliEditor", "Browse", [this] { Pul_ScegliEditor_Click(); }};
+  Button Pul_ScegliEditor{*this, "Pul_ScegliEditor", "Browse",
+                          [this] { Pul_ScegliEditor_Click(); }};
 
   Frame Frame2{*this, "Frame2", " Advanced settings "};
   CheckBox Check_NoAutoCompila{*this, "Check_NoAutoCompila"};

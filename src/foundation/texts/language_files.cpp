@@ -119,8 +119,8 @@ bool LoadLanguage(Program& program) {
   if (EqualsNoCase(program.prefs.Language, kEnglish)) {
     texts.CurrentTexts = texts.EnglishTexts;
   } else if (!ReadTextFile(program, chosen, texts.CurrentTexts)) {
-    program.ui().AskUser("ERROR loading texts of Vardolin for language " +
-                             program.prefs.Language + "\r\n" + VisitSiteAdvice(),
+    program.ui().AskUser("ERROR loading texts of Vardolin for language " + program.prefs.Language +
+                             "\r\n" + VisitSiteAdvice(),
                          msg::kError, "");
   }
   texts.CodePage = CodePageOfLanguage(program.prefs.Language);

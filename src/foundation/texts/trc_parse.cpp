@@ -46,7 +46,8 @@ class TrcCursor {
     if (first != last && *first == '+') ++first;
     auto [ptr, ec] = std::from_chars(first, last, value);
     if (item.empty() || ec != std::errc() || ptr != last) {
-      error = "Type mismatch: \"" + std::string(item) + "\" is not a number (line " + std::to_string(item_line) + ")";
+      error = "Type mismatch: \"" + std::string(item) + "\" is not a number (line " +
+              std::to_string(item_line) + ")";
       return false;
     }
     return true;
