@@ -1,5 +1,7 @@
 #include "all_forms.h"
 
+#include "foundation/settings/dialog_settings.h"
+
 namespace vardolin {
 namespace {
 
@@ -13,6 +15,7 @@ FormFactory Entry(const char* name) {
 const std::vector<FormFactory>& AllForms() {
   static const std::vector<FormFactory> forms = {
       // One line per form: Entry<Dialog_Name>("Dialog_Name"),
+      Entry<Dialog_Settings>("Dialog_Settings"),
   };
   return forms;
 }

@@ -34,6 +34,8 @@ void Form::Unload() {
   NotifyForm(FormEvent::Unloaded);
 }
 
+void Form::ReapplyCaptions() { Set_Caption_Texts(); }
+
 void Form::Refresh() { NotifyForm(FormEvent::Refresh); }
 
 Control* Form::FindControl(std::string_view name) const {

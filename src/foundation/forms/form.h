@@ -39,6 +39,8 @@ class Form {
   // Closes the form. A front end that shows it closes the window; a modal show returns.
   void Unload();
   bool IsLoaded() const { return loaded_; }
+  // Fills the captions anew, after a change of language while the form is up.
+  void ReapplyCaptions();
   // Asks the front end to repaint now (long loops call it after changing a label).
   void Refresh();
 

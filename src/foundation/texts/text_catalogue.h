@@ -57,6 +57,8 @@ class TextCatalogue {
 bool ReadTextFile(Program& program, const std::filesystem::path& path, TextTable& table,
                   Label* label = nullptr, ProgressBar* bar = nullptr);
 bool LoadLanguage(Program& program);
+// Base names of the .trc files in the folder, in the file system's order.
+std::vector<std::string> ListLanguages(const std::filesystem::path& folder);
 std::int32_t CharsetOfLanguage(std::string_view language);
 void ApplyFormCharset(Program& program, Form& form);
 void ReloadLanguage(Program& program);

@@ -1,0 +1,212 @@
+#include <gtest/gtest.h>
+
+#include <regex>
+#include <set>
+
+#include "foundation/program.h"
+#include "foundation/settings/dialog_settings.h"
+#include "foundation/text_ids.h"
+#include "recording_platform.h"
+#include "scripted_ui.h"
+#include "temp_dir.h"
+
+namespace vardolin {
+namespace {
+
+using testing::ReadFile;
+using testing::RecordingPlatform;
+using testing::ScriptedUi;
+using testing::TempDir;
+
+std::string Trc(std::vector<std::pair<int, std::string>> entries) {
+  std::string out = std::to_string(entries.size()) + "\r\n";
+  for (auto& [id, text] : entries) out += std::to_string(id) + "\r\n\"\"\r\n\"" + text + "\"\r\n";
+  return out;
+}
+
+class MainWindow : public Form {
+ public:
+  explicit MainWindow(Program& p) : Form(p, "Principale") {}
+  Timer Timer1{*this, "Timer1"};
+  Label Label_Title{*this, "Label_Title"};
+
+ protected:
+  void Set_Caption_Texts() override { Label_Title.SetCaption(program().GetText(1)); }
+};
+
+struct DialogSettingsTest : ::testing::Test {
+  TempDir home;
+  ScriptedUi ui;
+  RecordingPlatform platform;
+  Program program{home.path(), ui, platform};
+  MainWindow main{program};
+
+  DialogSettingsTest() {
+    home.Write("english.trc", Trc({{1, "Hello"},
+                                   {text::CheckTenthsEntry, "Tenths: "},
+                                   {text::FullBackupDone, "saved whole"},
+                                   {text::FullBackupNotDone, "partly saved"},
+                                   {text::MinutesNotNumber, "minutes must be a number"},
+                                   {text::NoLanguageChosen, "choose a language"},
+                                   {text::SettingsBrowse, "Browse..."},
+                                   {text::SettingsFileName, "Vardolin.prf"}}));
+    home.Write("Italian.trc", Trc({{1, "Ciao"}}));
+    program.prefs.Language = "english";
+    LoadLanguage(program);
+    program.main.form = &main;
+    program.main.timer1 = &main.Timer1;
+    main.Load();
+  }
+
+  // Opens the dialog as the settings menu does.
+  std::unique_ptr<Dialog_Settings> Open() {
+    auto d = std::make_unique<Dialog_Settings>(program);
+    d->ImpostaValori();
+    d->Load();
+    return d;
+  }
+};
+
+TEST_F(DialogSettingsTest, ShowsTheSettings) {
+  program.prefs.CheckTenths = 3;
+  program.prefs.SavegamesToArchive = 15;
+  program.prefs.FullBackupDone = true;
+  program.prefs.PromptCapture = true;
+  program.prefs.Flags = 1;
+  program.prefs.AssociationMinutes = 12;
+  auto d = Open();
+  EXPECT_EQ(d->Combo_Decimi.ListCount(), 9);
+  EXPECT_EQ(d->Combo_Decimi.List(0), "Tenths: 1  ");
+  EXPECT_EQ(d->Combo_Decimi.SelectedText(), "Tenths: 3  ");
+  EXPECT_EQ(d->Combo_NSavegame.ListCount(), 15);
+  EXPECT_EQ(d->Combo_NSavegame.SelectedText(), "15");
+  EXPECT_EQ(d->Label_FullBackup.Caption(), "saved whole");
+  EXPECT_TRUE(d->Opt_PromptCapture.Value());
+  EXPECT_FALSE(d->Opt_NonPrompt.Value());
+  EXPECT_TRUE(d->Check_DisableSound.Value());
+  EXPECT_EQ(d->Text_MinutiDifferenza.Text(), "12");
+  EXPECT_EQ(d->Pul_ScegliEditor.Caption(), "Browse...");
+  EXPECT_EQ(d->Caption(), " Vardolin Settings");  // not in this catalogue: the default stays
+  EXPECT_FALSE(d->Pul_SetJoy.Enabled());
+  std::set<std::string> languages;
+  for (const auto& item : d->Combo_Lingua.Items()) languages.insert(item.text);
+  EXPECT_EQ(languages, (std::set<std::string>{"english", "Italian"}));
+  EXPECT_EQ(d->Combo_Lingua.SelectedText(), "english");
+}
+
+TEST_F(DialogSettingsTest, TenthsNotInTheListSelectTheFifthEntry) {
+  for (int stored : {0, 10, 25, -1}) {
+    program.prefs.CheckTenths = stored;
+    EXPECT_EQ(Open()->Combo_Decimi.ListIndex(), 4) << stored;
+  }
+}
+
+TEST_F(DialogSettingsTest, OkStoresTheControlsAndKeepsOtherFlagBits) {
+  program.prefs.Flags = 0x40 | 0x2;
+  program.prefs.SavegamesToArchive = 5;
+  auto d = Open();
+  d->Check_DisableSound.SetValue(true);
+  d->Check_AutoSave.SetValue(false);
+  d->Opt_PromptCapture.Click();
+  d->Combo_Decimi.SetListIndex(6);
+  d->Combo_NSavegame.SetListIndex(9);
+  d->Text_MinutiDifferenza.SetText(" 7.9 ");
+  d->Label_EditorGrafico.SetCaption("  /usr/bin/gimp  ");
+  d->Pul_Ok.Click();
+  EXPECT_TRUE(d->Result);
+  EXPECT_FALSE(d->IsLoaded());
+  const Preferences& p = program.prefs;
+  EXPECT_EQ(p.Flags, 0x43);
+  EXPECT_FALSE(p.AutoSave);
+  EXPECT_TRUE(p.PromptCapture);
+  EXPECT_EQ(p.CheckTenths, 7);
+  EXPECT_EQ(main.Timer1.Interval(), 700);
+  EXPECT_EQ(p.SavegamesToArchive, 10);
+  EXPECT_EQ(p.AssociationMinutes, 7);
+  EXPECT_EQ(p.GraphicsProgram, "/usr/bin/gimp");
+  EXPECT_EQ(platform.calls, (std::vector<std::string>{"joystick 0"}));  // probed once more
+
+  auto again = Open();
+  again->Check_DisableSound.SetValue(false);
+  again->Check_ArchiviaSavegame.SetValue(false);
+  again->Combo_NSavegame.SetListIndex(0);
+  again->Pul_Ok.Click();
+  EXPECT_EQ(program.prefs.Flags, 0x42);
+  EXPECT_EQ(program.prefs.SavegamesToArchive, 10);  // archiving off: the number stays
+}
+
+TEST_F(DialogSettingsTest, BadMinutesOrNoLanguageKeepTheDialogUp) {
+  auto d = Open();
+  for (const char* typed : {"", "abc", "5 minutes", "1e99"}) {
+    ui.Answer(msg::kOk, "minutes must be a number");
+    d->Text_MinutiDifferenza.SetText(typed);
+    d->Pul_Ok.Click();
+    EXPECT_TRUE(d->IsLoaded()) << typed;
+    EXPECT_EQ(ui.Questions().back().style, msg::kError);
+  }
+  d->Text_MinutiDifferenza.SetText("-3");
+  d->Check_DisableSound.SetValue(true);
+  d->Combo_Lingua.SetListIndex(-1);
+  ui.Answer(msg::kOk, "choose a language");
+  d->Pul_Ok.Click();
+  EXPECT_TRUE(d->IsLoaded());
+  EXPECT_FALSE(d->Result);
+  EXPECT_EQ(program.prefs.AssociationMinutes, -3);  // what came before the language is stored
+  EXPECT_TRUE(program.prefs.SoundDisabled());
+}
+
+TEST_F(DialogSettingsTest, CancelAfterChoosingAGraphicsProgramRestoresIt) {
+  program.prefs.GraphicsProgram = "/usr/bin/old";
+  auto d = Open();
+  ui.OpenFile("/usr/bin/new");
+  d->Pul_ScegliEditor.Click();
+  EXPECT_EQ(program.prefs.GraphicsProgram, "/usr/bin/new");  // stored at once
+  EXPECT_EQ(d->Label_EditorGrafico.Caption(), "/usr/bin/new");
+  d->Pul_Cancel.Click();
+  EXPECT_FALSE(d->Result);
+  EXPECT_EQ(program.prefs.GraphicsProgram, "/usr/bin/old");
+}
+
+TEST_F(DialogSettingsTest, BrowseButtonsStartFromTheValueAtHand) {
+  program.prefs.EditorFolder = "/games/trle";
+  program.prefs.DefaultLoadDir = "/downloads";
+  auto d = Open();
+  ui.Folder("/games/other").Folder("");
+  d->Pul_SfogliaPathTrle.Click();
+  d->Pul_SfogliaLoadDir.Click();  // cancelled
+  EXPECT_EQ(ui.Questions()[0].text, "/games/trle");
+  EXPECT_EQ(ui.Questions()[1].text, "/downloads");
+  EXPECT_EQ(d->Label_PathTrle.Caption(), "/games/other");
+  EXPECT_EQ(d->Label_DefaultLoadDir.Caption(), "/downloads");
+  d->Pul_Ok.Click();
+  EXPECT_EQ(program.prefs.EditorFolder, "/games/other");
+}
+
+TEST_F(DialogSettingsTest, ChangingTheLanguageReloadsTheTexts) {
+  auto d = Open();
+  d->Combo_Lingua.SetListIndex(d->Combo_Lingua.FindText("italian"));
+  d->Pul_Ok.Click();
+  EXPECT_TRUE(d->Result);
+  EXPECT_EQ(program.prefs.Language, "Italian");
+  EXPECT_EQ(main.Label_Title.Caption(), "Ciao");
+  EXPECT_EQ(ReadFile(home / "Vardolin.prf").size(), Preferences::kFileSize);
+}
+
+TEST_F(DialogSettingsTest, LayoutHasAWidgetForEveryControlAndNoOther) {
+  std::string ui_xml = ReadFile(std::filesystem::path(VARDOLIN_SOURCE_DIR) /
+                                "src/foundation/settings/dialog_settings.ui");
+  std::set<std::string> widgets;
+  std::regex widget(R"re(<widget class="(\w+)" name="(\w+)")re");
+  for (std::sregex_iterator it(ui_xml.begin(), ui_xml.end(), widget), end; it != end; ++it) {
+    std::string name = (*it)[2];
+    if (std::islower(static_cast<unsigned char>(name[0]))) continue;  // layout helpers
+    widgets.insert(name);
+  }
+  Dialog_Settings d(program);
+  std::set<std::string> controls{"Dialog_Settings"};
+  for (Control* c : d.Controls()) controls.insert(c->Name());
+  EXPECT_EQ(widgets, controls);
+}
+
+}  // namespace
+}  // namespace vardolin

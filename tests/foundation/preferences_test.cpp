@@ -1,0 +1,188 @@
+#include <gtest/gtest.h>
+
+#include <filesystem>
+
+#include "foundation/program.h"
+#include "foundation/services/binary_io.h"
+#include "foundation/settings/preferences.h"
+#include "recording_platform.h"
+#include "scripted_ui.h"
+#include "temp_dir.h"
+
+namespace vardolin {
+namespace {
+
+using testing::ReadFile;
+using testing::RecordingPlatform;
+using testing::ScriptedUi;
+using testing::TempDir;
+
+// A full image whose every field differs from its default.
+Preferences Unusual() {
+  Preferences p;
+  p.ShowScreenshotPanel = false;
+  p.PromptCapture = true;
+  p.NoAutoCompile = true;
+  p.CheckEqualLevels = false;
+  p.Reserved = true;
+  p.LastArchive = "C:\\archives\\mine.vdc";
+  p.EditorFolder = "/games/trle";
+  p.CompilerName = "other.exe";
+  p.GameName = "tomb5.exe";
+  p.DefaultLoadDir = "/downloads/caf\xC3\xA9";  // é survives code page 1252
+  p.NoDecompress = false;
+  p.FullBackupDone = true;
+  p.AutoSave = false;
+  p.ArchiveSavegames = false;
+  p.SavegamesToArchive = 12;
+  p.AutoUpdateUrls = false;
+  p.AssociationMinutes = -7;
+  p.GraphicsProgram = "/usr/bin/gimp";
+  p.CheckTenths = 9;
+  p.VerifyImage = false;
+  p.EnableJoystick = false;
+  p.JoyCaptureButtons = 0x30;
+  p.JoyCaptureAlone = true;
+  p.JoyCloseButtons = 0x0C;
+  p.JoyCloseAlone = true;
+  p.JoystickNumber = 1;
+  p.Flags = 0x41;
+  p.Language = "Italian";
+  return p;
+}
+
+TEST(PreferencesImage, FieldsLieAtTheirOffsets) {
+  std::string image = SerializePreferences(Unusual());
+  ASSERT_EQ(image.size(), Preferences::kFileSize);
+  ByteReader r(image);
+  struct Probe {
+    size_t offset;
+    std::int64_t expected;
+    int width;
+  };
+  for (Probe probe :
+       {Probe{0, 0, 2}, Probe{2, -1, 2}, Probe{8, -1, 2}, Probe{1290, 0, 2}, Probe{1292, -1, 2},
+        Probe{1294, 0, 2}, Probe{1296, 0, 2}, Probe{1298, 12, 4}, Probe{1304, -7, 4},
+        Probe{1564, 9, 4}, Probe{1572, 0x30, 4}, Probe{1576, -1, 2}, Probe{1578, 0x0C, 4},
+        Probe{1584, 1, 4}, Probe{1588, 0x41, 4}}) {
+    r.Seek(probe.offset);
+    std::int64_t got = probe.width == 2 ? r.I16() : r.I32();
+    EXPECT_EQ(got, probe.expected) << "offset " << probe.offset;
+  }
+  struct Text {
+    size_t offset;
+    std::string expected;
+  };
+  for (const Text& t :
+       {Text{10, "C:\\archives\\mine.vdc"}, Text{266, "/games/trle"},
+        Text{1034, "/downloads/caf\xE9"}, Text{1308, "/usr/bin/gimp"}, Text{1592, "Italian"}}) {
+    std::string field = image.substr(t.offset, 256);
+    EXPECT_EQ(field.substr(0, t.expected.size()), t.expected) << "offset " << t.offset;
+    EXPECT_EQ(field.find_first_not_of(' ', t.expected.size()), std::string::npos)
+        << "blank padding at " << t.offset;
+  }
+}
+
+TEST(PreferencesImage, RoundTripKeepsEveryField) {
+  ParsedPreferences back = ParsePreferences(SerializePreferences(Unusual()));
+  EXPECT_FALSE(back.upgraded);
+  EXPECT_EQ(back.prefs, Unusual());
+}
+
+// Files of other lengths are another version's: what lies before offset 1296 is kept, the rest
+// takes defaults, and a file that stops early keeps defaults behind its end.
+TEST(PreferencesImage, OtherLengthsKeepOnlyTheEarlierFormat) {
+  const std::string full = SerializePreferences(Unusual());
+  const Preferences defaults;
+  struct Case {
+    size_t length;
+    bool upgraded;
+    bool keeps_language;
+  };
+  for (Case c : {Case{1296, true, false}, Case{1847, true, false}, Case{1848, false, true},
+                 Case{1849, true, false}}) {
+    std::string bytes = full;
+    bytes.resize(c.length, '\0');
+    ParsedPreferences got = ParsePreferences(bytes);
+    SCOPED_TRACE(c.length);
+    EXPECT_EQ(got.upgraded, c.upgraded);
+    EXPECT_EQ(got.prefs.EditorFolder, "/games/trle");
+    EXPECT_FALSE(got.prefs.AutoSave);  // offset 1294, the last field of the earlier format
+    EXPECT_TRUE(got.prefs.FullBackupDone);
+    if (c.upgraded) {
+      EXPECT_EQ(got.prefs.SavegamesToArchive, 5);
+      EXPECT_EQ(got.prefs.CheckTenths, defaults.CheckTenths);
+      EXPECT_TRUE(got.prefs.EnableJoystick);
+      EXPECT_EQ(got.prefs.GraphicsProgram, "");
+      EXPECT_EQ(got.prefs.Flags, 0);
+    }
+    EXPECT_EQ(got.prefs.Language, c.keeps_language ? "Italian" : "");
+  }
+}
+
+TEST(PreferencesImage, ShortFileKeepsWhatItHasAndDefaultsBehind) {
+  std::string bytes = SerializePreferences(Unusual()).substr(0, 10 + 256 + 100);
+  ParsedPreferences got = ParsePreferences(bytes);
+  EXPECT_TRUE(got.upgraded);
+  EXPECT_FALSE(got.prefs.ShowScreenshotPanel);
+  EXPECT_EQ(got.prefs.LastArchive, "C:\\archives\\mine.vdc");
+  EXPECT_EQ(got.prefs.EditorFolder, "/games/trle");  // cut inside its padding
+  EXPECT_EQ(got.prefs.CompilerName, "tom2pc.exe");
+  EXPECT_EQ(got.prefs.DefaultLoadDir, "c:\\");
+  EXPECT_TRUE(got.prefs.AutoSave);
+  EXPECT_EQ(ParsePreferences("").prefs, Preferences{});
+}
+
+struct PreferencesFileTest : ::testing::Test {
+  TempDir home;
+  ScriptedUi ui;
+  RecordingPlatform platform;
+  Program program{home.path(), ui, platform};
+};
+
+TEST_F(PreferencesFileTest, MissingFileIsAFirstRunWithDefaults) {
+  program.prefs.EditorFolder = "left over";
+  LoadResult r = LoadPreferences(program);
+  EXPECT_TRUE(r.FirstRun);
+  EXPECT_FALSE(r.PrefsUpgraded);
+  EXPECT_EQ(program.prefs, Preferences{});
+}
+
+TEST_F(PreferencesFileTest, EarlierFormatFileIsUpgraded) {
+  home.Write("Vardolin.prf", SerializePreferences(Unusual()).substr(0, 1296));
+  LoadResult r = LoadPreferences(program);
+  EXPECT_FALSE(r.FirstRun);
+  EXPECT_TRUE(r.PrefsUpgraded);
+  EXPECT_EQ(program.prefs.EditorFolder, "/games/trle");
+  EXPECT_EQ(program.prefs.SavegamesToArchive, 5);
+}
+
+TEST_F(PreferencesFileTest, SaveRunsTheCatalogueHookFirstAndWritesTheWholeRecord) {
+  program.prefs = Unusual();
+  std::vector<std::string> order;
+  program.before_save_preferences = [&](Program& p) {
+    order.push_back("hook");
+    EXPECT_FALSE(std::filesystem::exists(home / "Vardolin.prf"));
+    p.prefs.LastArchive = "/saved/by/hook.vdc";
+  };
+  SavePreferences(program);
+  std::string written = ReadFile(home / "Vardolin.prf");
+  ASSERT_EQ(written.size(), Preferences::kFileSize);
+  EXPECT_EQ(order.size(), 1u);
+
+  program.prefs = Preferences{};
+  LoadResult r = LoadPreferences(program);
+  EXPECT_FALSE(r.FirstRun || r.PrefsUpgraded);
+  Preferences expected = Unusual();
+  expected.LastArchive = "/saved/by/hook.vdc";
+  EXPECT_EQ(program.prefs, expected);
+}
+
+TEST_F(PreferencesFileTest, UnwritableHomeLosesTheSettingsSilently) {
+  Program lost{home / "no" / "such" / "folder", ui, platform};
+  SavePreferences(lost);  // ScriptedUi fails the test on any question
+  EXPECT_FALSE(std::filesystem::exists(home / "no"));
+}
+
+}  // namespace
+}  // namespace vardolin
