@@ -1,7 +1,6 @@
 #include "archive/catalogue_file.h"
 
 #include <fstream>
-#include <iterator>
 #include <string>
 
 #include "archive/archive_ask.h"
@@ -24,11 +23,18 @@ bool ReadWhole(const fs::path& path, std::string& bytes) {
   if (!fs::is_regular_file(path, ec)) return false;
   std::ifstream in(path, std::ios::binary);
   if (!in) return false;
-  bytes.assign(std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>());
+  // Sized once from the file, then read in one go: a large catalogue isn't grown byte by byte.
+  std::uintmax_t size = fs::file_size(path, ec);
+  if (ec) return false;
+  bytes.resize(static_cast<std::size_t>(size));
+  in.read(bytes.data(), static_cast<std::streamsize>(size));
+  bytes.resize(static_cast<std::size_t>(in.gcount()));
   return !in.bad();
 }
 
-std::string FileNameOf(const std::string& path) { return fs::path(path).filename().string(); }
+std::string FileNameOf(const std::string& path) {
+  return fs::path(path).filename().string();
+}
 
 // Step 6 of a load: records written by a program that left their user size to be counted.
 void RefreshPendingUserSizes(Program& program) {
@@ -178,8 +184,7 @@ bool NewCatalogue(Program& program) {
   if (program.CatalogueDirty) {
     if (program.prefs.AutoSave) return false;  // the failed save was told already
     if (!SaveCatalogueFile(program, file)) {
-      ArchiveAsk(program, program.GetText(text::CatalogueSaveFailed) + file.string(),
-                 msg::kError);
+      ArchiveAsk(program, program.GetText(text::CatalogueSaveFailed) + file.string(), msg::kError);
       return false;
     }
   }

@@ -26,8 +26,8 @@ std::string CurrentFolder() {
 }
 
 // The warning, then the folder dialog; empty when the user gave no folder.
-std::string AskForMissingFolder(Program& program, const std::string& folder,
-                                std::int32_t warning, std::int32_t title) {
+std::string AskForMissingFolder(Program& program, const std::string& folder, std::int32_t warning,
+                                std::int32_t title) {
   ArchiveAsk(program, program.GetText(warning, {folder, "\r\n"}), msg::kWarning);
   return program.ui().AskFolder(CurrentFolder(), folder + program.GetText(title));
 }

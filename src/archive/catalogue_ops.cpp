@@ -61,8 +61,7 @@ void AddLevelSize(Program& program, double bytes, int index, SizeKind kind) {
 }
 
 bool CheckLevelNotOnCd(Program& program, int index) {
-  if (index < 0 || static_cast<std::size_t>(index) >= program.catalogue.levels.size())
-    return false;
+  if (index < 0 || static_cast<std::size_t>(index) >= program.catalogue.levels.size()) return false;
   if (program.catalogue.levels[static_cast<std::size_t>(index)].CdNumber == 0) return false;
   ArchiveAsk(program, program.GetText(text::LevelIsOnCd, {"\r\n"}), msg::kError);
   return true;

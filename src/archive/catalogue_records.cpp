@@ -67,9 +67,8 @@ CatalogueParse ParseCatalogue(std::string_view bytes, Catalogue& out, int cp) {
   CatalogueParse result;
   if (bytes.size() < CatalogueHeader::kSize) {
     result.status = CatalogueParseStatus::Refused;
-    result.reason = "the file is shorter than a catalogue header (" +
-                    std::to_string(bytes.size()) + " of " +
-                    std::to_string(CatalogueHeader::kSize) + " bytes)";
+    result.reason = "the file is shorter than a catalogue header (" + std::to_string(bytes.size()) +
+                    " of " + std::to_string(CatalogueHeader::kSize) + " bytes)";
     return result;
   }
   ByteReader in(bytes);
@@ -78,8 +77,8 @@ CatalogueParse ParseCatalogue(std::string_view bytes, Catalogue& out, int cp) {
   result.declared_levels = header.LevelCount;
   if (header.LevelCount < 0) {
     result.status = CatalogueParseStatus::Refused;
-    result.reason = "the header gives a negative level count (" +
-                    std::to_string(header.LevelCount) + ")";
+    result.reason =
+        "the header gives a negative level count (" + std::to_string(header.LevelCount) + ")";
     return result;
   }
   // The count is only a promise: size the table from the bytes that are really there.

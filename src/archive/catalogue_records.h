@@ -67,9 +67,9 @@ struct Catalogue {
 };
 
 enum class CatalogueParseStatus {
-  Complete,       // every promised record was read
-  RecordsMissing, // the file ended early; the whole records present were kept
-  Refused,        // nothing usable; the catalogue was left untouched
+  Complete,        // every promised record was read
+  RecordsMissing,  // the file ended early; the whole records present were kept
+  Refused,         // nothing usable; the catalogue was left untouched
 };
 
 struct CatalogueParse {
@@ -88,8 +88,8 @@ std::string SerializeCatalogue(const Catalogue& catalogue, int codepage = 1252);
 // One header or record alone, for readers that only need part of a file.
 void ReadCatalogueHeader(ByteReader& in, CatalogueHeader& header, int codepage = 1252);
 void ReadLevelRecord(ByteReader& in, LevelRecord& record, int codepage = 1252);
-void WriteCatalogueHeader(ByteWriter& out, const CatalogueHeader& header,
-                          std::int32_t level_count, int codepage = 1252);
+void WriteCatalogueHeader(ByteWriter& out, const CatalogueHeader& header, std::int32_t level_count,
+                          int codepage = 1252);
 void WriteLevelRecord(ByteWriter& out, const LevelRecord& record, int codepage = 1252);
 
 }  // namespace vardolin

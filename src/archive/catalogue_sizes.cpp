@@ -24,24 +24,29 @@ std::string LevelFolderOf(const Program& program, std::int32_t code) {
 // Sizes as the totals box shows them: bytes, whole Kb, then Mb and Gb with one decimal.
 std::string SizeForTotals(double bytes) {
   char buf[64];
-  if (bytes < 1024) std::snprintf(buf, sizeof buf, "%.0f", bytes);
-  else if (bytes < 1048576.0) std::snprintf(buf, sizeof buf, "%.0f Kb", static_cast<double>(static_cast<long long>(bytes / 1024)));
-  else if (bytes < 1073741824.0) std::snprintf(buf, sizeof buf, "%.1f Mb", bytes / 1048576.0);
-  else std::snprintf(buf, sizeof buf, "%.1f Gb", bytes / 1073741824.0);
+  if (bytes < 1024)
+    std::snprintf(buf, sizeof buf, "%.0f", bytes);
+  else if (bytes < 1048576.0)
+    std::snprintf(buf, sizeof buf, "%.0f Kb",
+                  static_cast<double>(static_cast<long long>(bytes / 1024)));
+  else if (bytes < 1073741824.0)
+    std::snprintf(buf, sizeof buf, "%.1f Mb", bytes / 1048576.0);
+  else
+    std::snprintf(buf, sizeof buf, "%.1f Gb", bytes / 1073741824.0);
   return buf;
 }
 
 void ShowProgress(Program& program, const std::string& text, std::size_t done, std::size_t all) {
   if (program.main.info) program.main.info->SetCaption(text);
-  if (program.main.bar && all > 0)
-    program.main.bar->SetValue(static_cast<int>(done * 100 / all));
+  if (program.main.bar && all > 0) program.main.bar->SetValue(static_cast<int>(done * 100 / all));
   program.ui().DoEvents();
 }
 
 }  // namespace
 
 fs::path HardDiskLevelFolder(const Program& program, std::int32_t code) {
-  fs::path base = code == 0 ? program.Home() : fs::path(Trim(program.catalogue.header.SecondaryDir));
+  fs::path base =
+      code == 0 ? program.Home() : fs::path(Trim(program.catalogue.header.SecondaryDir));
   return JoinFragment(base, LevelFolderOf(program, code));
 }
 

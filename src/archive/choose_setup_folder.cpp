@@ -62,8 +62,8 @@ std::string ChooseSetupFolder(Program& program) {
   if (chosen.empty() || !HoldsSomething(chosen)) return chosen;
   fs::path fresh = JoinFragment(chosen, program.GetText(text::NewArchiveSubfolder));
   for (int n = 2; fs::exists(fresh, ec); ++n)
-    fresh = JoinFragment(chosen, program.GetText(text::NewArchiveSubfolderNumber) +
-                                     std::to_string(n));
+    fresh =
+        JoinFragment(chosen, program.GetText(text::NewArchiveSubfolderNumber) + std::to_string(n));
   ArchiveAsk(program, program.GetText(text::ArchiveFolderWasNotEmpty, {fresh.string()}),
              msg::kInformation);
   return fresh.string();

@@ -1,8 +1,8 @@
 // A process killed in the middle of saving the catalogue, at many points of the write and just
 // before the file is put in place, must leave a whole catalogue: the old one or a new one.
 
-#include <gtest/gtest.h>
 #include <fcntl.h>
+#include <gtest/gtest.h>
 #include <signal.h>
 #include <spawn.h>
 #include <sys/wait.h>
@@ -84,15 +84,15 @@ TEST(CatalogueKill, DiskAlwaysHoldsAWholeOldOrNewCatalogue) {
   TempDir dir;
   const std::filesystem::path file = dir / "cat.vdc";
   std::vector<std::string> images;
-  for (int g = 0; g <= kGenerations; ++g) images.push_back(SerializeCatalogue(Generation(g, dir.path())));
+  for (int g = 0; g <= kGenerations; ++g)
+    images.push_back(SerializeCatalogue(Generation(g, dir.path())));
 
   std::vector<KillCase> cases = {
-      {"atomic-write:1", 0},          {"atomic-write:2", 0},  {"atomic-write:4", 0},
-      {"atomic-write:7", -1},         {"atomic-write:11", -1}, {"atomic-write:16", -1},
-      {"atomic-write:22", -1},        {"atomic-write:29", -1}, {"atomic-write:37", -1},
-      {"atomic-write:45", -1},        {"atomic-before-rename:1", 0},
-      {"atomic-before-rename:2", 1},  {"atomic-before-rename:3", 2},
-      {"atomic-before-rename:5", 4},
+      {"atomic-write:1", 0},         {"atomic-write:2", 0},         {"atomic-write:4", 0},
+      {"atomic-write:7", -1},        {"atomic-write:11", -1},       {"atomic-write:16", -1},
+      {"atomic-write:22", -1},       {"atomic-write:29", -1},       {"atomic-write:37", -1},
+      {"atomic-write:45", -1},       {"atomic-before-rename:1", 0}, {"atomic-before-rename:2", 1},
+      {"atomic-before-rename:3", 2}, {"atomic-before-rename:5", 4},
   };
   std::set<int> seen;
   for (const KillCase& k : cases) {

@@ -72,7 +72,8 @@ TEST(LevelFolderNames, CodeInAtLeastFourDigits) {
 TEST(LevelFolderNames, FragmentsJoinAsFolders) {
   std::filesystem::path base = "/a";
   EXPECT_EQ(JoinFragment(base, "\\LEVEL_0001"), std::filesystem::path("/a/LEVEL_0001"));
-  EXPECT_EQ(JoinFragment(base, "\\files\\readme.txt"), std::filesystem::path("/a/files/readme.txt"));
+  EXPECT_EQ(JoinFragment(base, "\\files\\readme.txt"),
+            std::filesystem::path("/a/files/readme.txt"));
   EXPECT_EQ(JoinFragment(base, "name.vdc"), std::filesystem::path("/a/name.vdc"));
 }
 
@@ -173,7 +174,8 @@ TEST(CatalogueFolders, VanishedSharedFolderTakesTheAnswerForBoth) {
   f.ui.Answer(msg::kOk, "gone").Folder(moved);
   EXPECT_TRUE(CheckCatalogueFolders(f.program));
   EXPECT_EQ(f.ui.Questions()[0].style, msg::kWarning);
-  EXPECT_EQ(f.ui.Questions()[1].title, f.Path("gone").string() + " : where is the main archive folder?");
+  EXPECT_EQ(f.ui.Questions()[1].title,
+            f.Path("gone").string() + " : where is the main archive folder?");
   EXPECT_EQ(f.program.catalogue.header.MainDir, moved);
   EXPECT_EQ(f.program.catalogue.header.SecondaryDir, moved);
   Catalogue saved;  // AutoSave wrote the change

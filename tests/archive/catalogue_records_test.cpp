@@ -53,26 +53,26 @@ const std::size_t R1 = 546 + 1634;
 
 std::vector<FieldAt> Fields() {
   return {
-      {0, 4, Le(1, 4)},                     // Version
-      {4, 256, "/main"},                    // MainDir
-      {260, 256, "/second"},                // SecondaryDir
-      {516, 4, Le(2, 4)},                   // LevelCount
-      {520, 4, Le(7, 4)},                   // CdCount
-      {524, 2, Le(-1, 2)},                  // CompressFiles
-      {526, 2, Le(0, 2)},                   // WavInMp3
-      {528, 2, Le(-1, 2)},                  // OnCd
-      {530, 8, LeDouble(123456.0)},         // TotalFilesSize
-      {538, 8, LeDouble(0.5)},              // TotalUserSize
-      {R1 + 0, 256, "Second level"},        // Name
-      {R1 + 512, 80, "Designer"},           // AuthorName
+      {0, 4, Le(1, 4)},                                    // Version
+      {4, 256, "/main"},                                   // MainDir
+      {260, 256, "/second"},                               // SecondaryDir
+      {516, 4, Le(2, 4)},                                  // LevelCount
+      {520, 4, Le(7, 4)},                                  // CdCount
+      {524, 2, Le(-1, 2)},                                 // CompressFiles
+      {526, 2, Le(0, 2)},                                  // WavInMp3
+      {528, 2, Le(-1, 2)},                                 // OnCd
+      {530, 8, LeDouble(123456.0)},                        // TotalFilesSize
+      {538, 8, LeDouble(0.5)},                             // TotalUserSize
+      {R1 + 0, 256, "Second level"},                       // Name
+      {R1 + 512, 80, "Designer"},                          // AuthorName
       {R1 + 592, 256, std::string("x@y") + '\0' + "z@w"},  // AuthorEmails
-      {R1 + 1104, 256, "Caf\xE9"},          // AuthorNote in 1252
-      {R1 + 1360, 4, Le(42, 4)},            // Code
-      {R1 + 1364, 4, Le(3, 4)},             // CdNumber
-      {R1 + 1368, 256, "info.txt"},         // MoreInfoFile
-      {R1 + 1624, 4, Le(-5, 4)},            // FilesSize
-      {R1 + 1628, 4, Le(99, 4)},            // UserSize
-      {R1 + 1632, 2, Le(-1, 2)},            // SizeRefreshPending
+      {R1 + 1104, 256, "Caf\xE9"},                         // AuthorNote in 1252
+      {R1 + 1360, 4, Le(42, 4)},                           // Code
+      {R1 + 1364, 4, Le(3, 4)},                            // CdNumber
+      {R1 + 1368, 256, "info.txt"},                        // MoreInfoFile
+      {R1 + 1624, 4, Le(-5, 4)},                           // FilesSize
+      {R1 + 1628, 4, Le(99, 4)},                           // UserSize
+      {R1 + 1632, 2, Le(-1, 2)},                           // SizeRefreshPending
   };
 }
 
@@ -94,7 +94,9 @@ Catalogue FieldsCatalogue() {
   return c;
 }
 
-std::string Padded(const FieldAt& f) { return f.bytes + std::string(f.width - f.bytes.size(), ' '); }
+std::string Padded(const FieldAt& f) {
+  return f.bytes + std::string(f.width - f.bytes.size(), ' ');
+}
 
 TEST(CatalogueRecords, FieldsLieAtTheirOffsets) {
   std::string image = SerializeCatalogue(FieldsCatalogue());
@@ -104,8 +106,7 @@ TEST(CatalogueRecords, FieldsLieAtTheirOffsets) {
 
 TEST(CatalogueRecords, HandBuiltImageReadsFieldByField) {
   std::string image(546 + 2 * 1634, ' ');
-  for (std::size_t at : {1360, 1364, 1624, 1628})
-    image.replace(R0 + at, 4, std::string(4, '\0'));
+  for (std::size_t at : {1360, 1364, 1624, 1628}) image.replace(R0 + at, 4, std::string(4, '\0'));
   image.replace(R0 + 1632, 2, std::string(2, '\0'));
   for (const FieldAt& f : Fields()) image.replace(f.offset, f.width, Padded(f));
   Catalogue c;
@@ -127,8 +128,8 @@ TEST(CatalogueRecords, TextLongerThanItsFieldIsCut) {
 // Files shorter than they claim: whole records are kept, nothing is sized from the count.
 struct DamagedCase {
   const char* what;
-  std::size_t bytes;          // length of the file
-  std::int32_t level_count;   // what its header claims
+  std::size_t bytes;         // length of the file
+  std::int32_t level_count;  // what its header claims
   CatalogueParseStatus status;
   std::size_t kept;
 };
@@ -168,8 +169,8 @@ INSTANTIATE_TEST_SUITE_P(
         DamagedCase{"header only, three promised", 546, 3, CatalogueParseStatus::RecordsMissing, 0},
         DamagedCase{"last record cut", 546 + 2 * 1634 + 900, 3,
                     CatalogueParseStatus::RecordsMissing, 2},
-        DamagedCase{"one byte short", 546 + 3 * 1634 - 1, 3,
-                    CatalogueParseStatus::RecordsMissing, 2},
+        DamagedCase{"one byte short", 546 + 3 * 1634 - 1, 3, CatalogueParseStatus::RecordsMissing,
+                    2},
         DamagedCase{"huge count", 546 + 3 * 1634, kHuge, CatalogueParseStatus::RecordsMissing, 3},
         DamagedCase{"negative count", 546 + 3 * 1634, -1, CatalogueParseStatus::Refused, 0},
         DamagedCase{"bytes behind the last record", 546 + 4 * 1634, 2,
