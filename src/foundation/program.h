@@ -7,6 +7,7 @@
 #include <string>
 #include <vector>
 
+#include "archive/catalogue_records.h"
 #include "foundation/settings/preferences.h"
 #include "foundation/texts/text_catalogue.h"
 
@@ -44,6 +45,7 @@ class Program {
   Preferences prefs;
   TextCatalogue texts;
   MainWindowParts main;
+  Catalogue catalogue;
 
   // Shared state of the run.
   std::string BackupFolder;

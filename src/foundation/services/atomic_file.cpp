@@ -26,11 +26,14 @@ void FaultPoint(const char* name) {
 
 namespace {
 
+constexpr size_t kWriteChunk = 64 * 1024;
+
 bool WriteAll(int fd, std::string_view bytes) {
   const char* p = bytes.data();
   size_t left = bytes.size();
   while (left > 0) {
-    ssize_t n = ::write(fd, p, left);
+    // Bounded writes, so that a crash can strike between any two parts of a large file.
+    ssize_t n = ::write(fd, p, left < kWriteChunk ? left : kWriteChunk);
     if (n < 0) {
       if (errno == EINTR) continue;
       return false;

@@ -1,0 +1,225 @@
+#include "archive/catalogue_file.h"
+
+#include <gtest/gtest.h>
+
+#include "archive/catalogue_ops.h"
+#include "archive_fixture.h"
+
+namespace vardolin::testing {
+namespace fs = std::filesystem;
+namespace {
+
+// An open catalogue whose archive folder stands.
+struct FileFixture : ArchiveFixture {
+  fs::path archive = Path("archive");
+  fs::path file = Path("cat.vdc");
+  FileFixture() {
+    fs::create_directories(archive);
+    program.catalogue = SampleCatalogue(3, archive.string());
+    program.prefs.LastArchive = file.string();
+  }
+};
+
+TEST(CatalogueFile, SaveWritesExactlyHeaderAndRecordsOverALongerFile) {
+  FileFixture f;
+  WriteBytes(f.file, std::string(546 + 10 * 1634, 'o'));  // a catalogue that shrank
+  f.program.CatalogueDirty = true;
+  fs::path other = f.Path("sub/other.vdc");
+  fs::create_directories(other.parent_path());
+  ASSERT_TRUE(SaveCatalogueFile(f.program, other));
+  EXPECT_EQ(f.program.prefs.LastArchive, other.string());
+  EXPECT_FALSE(f.program.CatalogueDirty);
+  ASSERT_TRUE(SaveCatalogueFile(f.program, f.file));
+  EXPECT_EQ(ReadFile(f.file), SerializeCatalogue(f.program.catalogue));
+  EXPECT_EQ(fs::file_size(f.file), 546u + 3 * 1634u);
+  EXPECT_FALSE(fs::exists(f.Path("cat.vdc.new~")));
+}
+
+TEST(CatalogueFile, SaveIntoAMissingFolderFailsAndKeepsThePath) {
+  FileFixture f;
+  EXPECT_FALSE(SaveCatalogueFile(f.program, f.Path("nowhere/cat.vdc")));
+  EXPECT_EQ(f.program.prefs.LastArchive, f.file.string());
+}
+
+TEST(CatalogueFile, LoadOpensTheCatalogue) {
+  FileFixture f;
+  Catalogue on_disk = SampleCatalogue(5, f.archive.string());
+  on_disk.header.LevelCount = 5;
+  WriteBytes(f.Path("other.vdc"), SerializeCatalogue(on_disk));
+  f.program.CatalogueDirty = false;
+  Form main(f.program, "Principale");
+  f.program.main.form = &main;
+  ASSERT_TRUE(LoadCatalogueFile(f.program, f.Path("other.vdc")));
+  EXPECT_EQ(f.program.catalogue, on_disk);
+  EXPECT_EQ(f.program.prefs.LastArchive, f.Path("other.vdc").string());
+  EXPECT_EQ(main.Caption(), "Vardolin - other.vdc (5 levels)");
+}
+
+TEST(CatalogueFile, UnreadableOrRefusedFileChangesNothing) {
+  FileFixture f;
+  const Catalogue before = f.program.catalogue;
+  WriteBytes(f.Path("short.vdc"), std::string(100, 'x'));
+  for (const fs::path& p : {f.Path("missing.vdc"), f.Path("short.vdc"), f.archive}) {
+    EXPECT_FALSE(LoadCatalogueFile(f.program, p)) << p;
+    EXPECT_EQ(f.program.catalogue, before);
+    EXPECT_EQ(f.program.prefs.LastArchive, f.file.string());
+    EXPECT_FALSE(f.program.ClosingDown);
+  }
+}
+
+TEST(CatalogueFile, TruncatedFileOpensWithTheWholeRecordsItHolds) {
+  FileFixture f;
+  std::string image = SerializeCatalogue(SampleCatalogue(4, f.archive.string()));
+  WriteBytes(f.Path("cut.vdc"), image.substr(0, image.size() - 10));
+  ASSERT_TRUE(LoadCatalogueFile(f.program, f.Path("cut.vdc")));
+  EXPECT_EQ(f.program.catalogue.levels.size(), 3u);
+  EXPECT_FALSE(f.program.CatalogueDirty);  // the file stays as it is until something changes
+  EXPECT_EQ(ReadFile(f.Path("cut.vdc")).size(), image.size() - 10);
+}
+
+TEST(CatalogueFile, PendingUserSizeIsCountedAtLoad) {
+  FileFixture f;
+  f.program.prefs.AutoSave = true;
+  Catalogue on_disk = SampleCatalogue(3, f.archive.string());
+  on_disk.levels[2].SizeRefreshPending = true;
+  on_disk.levels[2].UserSize = 1;
+  on_disk.header.TotalUserSize = 11;
+  WriteBytes(f.file, SerializeCatalogue(on_disk));
+  WriteBytes(f.archive / "LEVEL_0002/savegames/savegame.0", std::string(40, 's'));
+  WriteBytes(f.archive / "LEVEL_0002/screenshots/a.jpg", std::string(2, 'j'));
+  ASSERT_TRUE(LoadCatalogueFile(f.program, f.file));
+  const LevelRecord& r = f.program.catalogue.levels[2];
+  EXPECT_EQ(r.UserSize, 42);
+  EXPECT_FALSE(r.SizeRefreshPending);
+  EXPECT_EQ(f.program.catalogue.header.TotalUserSize, 52);
+  Catalogue saved;
+  ASSERT_TRUE(ParseCatalogue(ReadFile(f.file), saved).ok());
+  EXPECT_EQ(saved, f.program.catalogue);
+}
+
+TEST(CatalogueFile, VanishedArchiveFolderAndNoAnswerClosesDown) {
+  FileFixture f;
+  WriteBytes(f.Path("lost.vdc"), SerializeCatalogue(SampleCatalogue(2, f.Path("lost").string())));
+  f.ui.Answer(msg::kOk, "main archive folder").Folder("");
+  f.ui.Answer(msg::kOk, "secondary archive folder").Folder("");
+  EXPECT_FALSE(LoadCatalogueFile(f.program, f.Path("lost.vdc")));
+  EXPECT_TRUE(f.program.ClosingDown);
+}
+
+TEST(CatalogueFile, AutoSaveWritesEachChangeAndReportsAFailedWrite) {
+  FileFixture f;
+  f.program.prefs.AutoSave = true;
+  f.program.catalogue.levels[1].Name = "renamed";
+  CatalogueChanged(f.program);
+  EXPECT_FALSE(f.program.CatalogueDirty);
+  EXPECT_EQ(ReadFile(f.file), SerializeCatalogue(f.program.catalogue));
+
+  f.program.prefs.LastArchive = f.Path("nowhere/cat.vdc").string();
+  f.ui.Answer(msg::kOk, "Error saving the archive file: " + f.Path("nowhere/cat.vdc").string());
+  CatalogueChanged(f.program);
+  EXPECT_TRUE(f.program.CatalogueDirty);
+  EXPECT_EQ(f.ui.Questions().back().style, msg::kError);
+}
+
+TEST(CatalogueFile, WithoutAutoSaveNoAtCloseLosesTheChangeAndTheFileKeepsItsBytes) {
+  FileFixture f;
+  f.program.prefs.AutoSave = false;
+  ASSERT_TRUE(SaveCatalogueFile(f.program, f.file));
+  const std::string bytes = ReadFile(f.file);
+  InstallCatalogueHooks(f.program);
+  f.program.catalogue.levels[1].Name = "changed";
+  CatalogueChanged(f.program);
+  EXPECT_TRUE(f.program.CatalogueDirty);
+  EXPECT_EQ(ReadFile(f.file), bytes);
+
+  f.ui.Answer(msg::kNo, "The archive cat.vdc has changed.\r\nDo you want to save it?");
+  f.program.before_save_preferences(f.program);  // what closing the program runs
+  EXPECT_EQ(f.ui.Questions().back().style, msg::kYesNo);
+  EXPECT_FALSE(f.program.CatalogueDirty);
+  EXPECT_EQ(ReadFile(f.file), bytes);
+  SaveIfChanged(f.program);  // given up: not asked again
+}
+
+TEST(CatalogueFile, WithoutAutoSaveYesSavesAndKeepsTheSetting) {
+  FileFixture f;
+  f.program.prefs.AutoSave = false;
+  f.program.catalogue.levels[1].Name = "changed";
+  CatalogueChanged(f.program);
+  f.ui.Answer(msg::kYes, "cat.vdc");
+  SaveIfChanged(f.program);
+  EXPECT_FALSE(f.program.prefs.AutoSave);
+  EXPECT_FALSE(f.program.CatalogueDirty);
+  EXPECT_EQ(ReadFile(f.file), SerializeCatalogue(f.program.catalogue));
+}
+
+TEST(CatalogueFile, BrowseCancelledOrUnreadable) {
+  FileFixture f;
+  f.ui.OpenFile("");
+  EXPECT_FALSE(BrowseForCatalogue(f.program));
+  EXPECT_EQ(f.ui.Questions()[0].title, "Load archive");
+  EXPECT_EQ(f.ui.Questions()[0].text, f.program.Home().string());
+
+  f.ui.OpenFile(f.Path("missing.vdc").string());
+  f.ui.Answer(msg::kOk, "Error loading archive file: " + f.Path("missing.vdc").string());
+  EXPECT_FALSE(BrowseForCatalogue(f.program));
+
+  WriteBytes(f.Path("b.vdc"), SerializeCatalogue(SampleCatalogue(2, f.archive.string())));
+  f.ui.OpenFile(f.Path("b.vdc").string());
+  EXPECT_TRUE(BrowseForCatalogue(f.program));
+  EXPECT_EQ(f.program.catalogue.levels.size(), 2u);
+}
+
+TEST(CatalogueFile, SaveAsMovesTheSettingsToTheNewPath) {
+  FileFixture f;
+  f.ui.SaveFile(f.Path("as.vdc").string());
+  ASSERT_TRUE(SaveCatalogueAs(f.program));
+  EXPECT_EQ(f.ui.Questions()[0].text, "cat.vdc");  // proposed name
+  EXPECT_EQ(f.program.prefs.LastArchive, f.Path("as.vdc").string());
+  EXPECT_TRUE(fs::exists(f.Path("as.vdc")));
+  f.ui.SaveFile("");
+  EXPECT_TRUE(SaveCatalogueAs(f.program));  // Cancel counts as success
+  EXPECT_EQ(f.program.prefs.LastArchive, f.Path("as.vdc").string());
+}
+
+TEST(CatalogueFile, NewCatalogueHasTheBaseLevelAndAFreeName) {
+  ArchiveFixture f;
+  f.program.prefs.AutoSave = false;
+  WriteBytes(f.program.Home() / "LEVEL_0000/files/english.txt", "hello");
+  fs::path folder = f.Path("new archive");
+  f.ui.Folder(folder.string());
+  ASSERT_TRUE(NewCatalogue(f.program));
+  const Catalogue& c = f.program.catalogue;
+  ASSERT_EQ(c.levels.size(), 1u);
+  EXPECT_EQ(c.levels[0].Code, 0);
+  EXPECT_EQ(c.levels[0].Name, f.program.GetText(1095));
+  EXPECT_EQ(c.levels[0].MoreInfoFile, "english.txt");
+  EXPECT_EQ(c.levels[0].UserSize, 0);
+  EXPECT_EQ(c.levels[0].FilesSize, 5);
+  EXPECT_EQ(c.header.MainDir, folder.string());
+  EXPECT_EQ(c.header.SecondaryDir, folder.string());
+  EXPECT_TRUE(fs::is_directory(folder));
+  fs::path first = f.program.Home() / "Vardolin_archive.vdc";
+  EXPECT_EQ(f.program.prefs.LastArchive, first.string());
+  EXPECT_EQ(ReadFile(first), SerializeCatalogue(c));
+  EXPECT_EQ(NextLevelCode(c), 1);
+
+  // A folder that holds something: the new archive goes into a sub-folder of it.
+  WriteBytes(folder / "LEVEL_0001/files/a.tr4", "level");
+  f.ui.Folder(folder.string());
+  f.ui.Answer(msg::kOk, "isn't empty");
+  ASSERT_TRUE(NewCatalogue(f.program));
+  EXPECT_EQ(f.program.catalogue.header.SecondaryDir, (folder / "Vardolin_Archive").string());
+  EXPECT_EQ(f.program.prefs.LastArchive, (f.program.Home() / "Vardolin_archive2.vdc").string());
+}
+
+TEST(CatalogueFile, NewCatalogueGivenUpKeepsTheOpenOne) {
+  FileFixture f;
+  const Catalogue before = f.program.catalogue;
+  f.ui.Folder("");
+  EXPECT_FALSE(NewCatalogue(f.program));
+  EXPECT_EQ(f.program.catalogue, before);
+  EXPECT_EQ(f.program.prefs.LastArchive, f.file.string());
+}
+
+}  // namespace
+}  // namespace vardolin::testing

@@ -1,0 +1,181 @@
+#include "archive/catalogue_records.h"
+
+#include <gtest/gtest.h>
+
+#include <cstring>
+#include <limits>
+
+#include "archive_fixture.h"
+#include "foundation/services/binary_io.h"
+
+namespace vardolin::testing {
+namespace {
+
+TEST(CatalogueRecords, RoundTripIsByteForByte) {
+  Catalogue c = SampleCatalogue(4);
+  c.header.CdCount = 3;
+  c.header.CompressFiles = true;
+  c.header.OnCd = true;
+  c.header.TotalFilesSize = 6000.5;
+  c.header.TotalUserSize = 1e12;
+  c.levels[2].CdNumber = 2;
+  c.levels[3].SizeRefreshPending = true;
+  std::string image = SerializeCatalogue(c);
+  ASSERT_EQ(image.size(), 546u + 4 * 1634u);
+
+  Catalogue back;
+  CatalogueParse parse = ParseCatalogue(image, back);
+  EXPECT_EQ(parse.status, CatalogueParseStatus::Complete);
+  EXPECT_EQ(back, c);
+  EXPECT_EQ(SerializeCatalogue(back), image);
+}
+
+// Where each field lies, checked on a serialized image and on an image built by hand.
+struct FieldAt {
+  std::size_t offset;
+  std::size_t width;
+  std::string bytes;  // the field's bytes as the file holds them (strings without padding)
+};
+
+std::string Le(std::int64_t v, std::size_t width) {
+  std::string out;
+  for (std::size_t i = 0; i < width; ++i) out += static_cast<char>((v >> (8 * i)) & 0xFF);
+  return out;
+}
+std::string LeDouble(double d) {
+  std::int64_t v;
+  std::memcpy(&v, &d, 8);
+  return Le(v, 8);
+}
+
+const std::size_t R0 = 546;  // first record
+const std::size_t R1 = 546 + 1634;
+
+std::vector<FieldAt> Fields() {
+  return {
+      {0, 4, Le(1, 4)},                                    // Version
+      {4, 256, "/main"},                                   // MainDir
+      {260, 256, "/second"},                               // SecondaryDir
+      {516, 4, Le(2, 4)},                                  // LevelCount
+      {520, 4, Le(7, 4)},                                  // CdCount
+      {524, 2, Le(-1, 2)},                                 // CompressFiles
+      {526, 2, Le(0, 2)},                                  // WavInMp3
+      {528, 2, Le(-1, 2)},                                 // OnCd
+      {530, 8, LeDouble(123456.0)},                        // TotalFilesSize
+      {538, 8, LeDouble(0.5)},                             // TotalUserSize
+      {R1 + 0, 256, "Second level"},                       // Name
+      {R1 + 512, 80, "Designer"},                          // AuthorName
+      {R1 + 592, 256, std::string("x@y") + '\0' + "z@w"},  // AuthorEmails
+      {R1 + 1104, 256, "Caf\xE9"},                         // AuthorNote in 1252
+      {R1 + 1360, 4, Le(42, 4)},                           // Code
+      {R1 + 1364, 4, Le(3, 4)},                            // CdNumber
+      {R1 + 1368, 256, "info.txt"},                        // MoreInfoFile
+      {R1 + 1624, 4, Le(-5, 4)},                           // FilesSize
+      {R1 + 1628, 4, Le(99, 4)},                           // UserSize
+      {R1 + 1632, 2, Le(-1, 2)},                           // SizeRefreshPending
+  };
+}
+
+Catalogue FieldsCatalogue() {
+  Catalogue c;
+  c.header = {1, "/main", "/second", 2, 7, true, false, true, 123456.0, 0.5};
+  c.levels.resize(2);
+  LevelRecord& r = c.levels[1];
+  r.Name = "Second level";
+  r.AuthorName = "Designer";
+  r.AuthorEmails = std::string("x@y") + '\0' + "z@w";
+  r.AuthorNote = "Caf\xC3\xA9";
+  r.Code = 42;
+  r.CdNumber = 3;
+  r.MoreInfoFile = "info.txt";
+  r.FilesSize = -5;
+  r.UserSize = 99;
+  r.SizeRefreshPending = true;
+  return c;
+}
+
+std::string Padded(const FieldAt& f) {
+  return f.bytes + std::string(f.width - f.bytes.size(), ' ');
+}
+
+TEST(CatalogueRecords, FieldsLieAtTheirOffsets) {
+  std::string image = SerializeCatalogue(FieldsCatalogue());
+  for (const FieldAt& f : Fields())
+    EXPECT_EQ(image.substr(f.offset, f.width), Padded(f)) << "field at " << f.offset;
+}
+
+TEST(CatalogueRecords, HandBuiltImageReadsFieldByField) {
+  std::string image(546 + 2 * 1634, ' ');
+  for (std::size_t at : {1360, 1364, 1624, 1628}) image.replace(R0 + at, 4, std::string(4, '\0'));
+  image.replace(R0 + 1632, 2, std::string(2, '\0'));
+  for (const FieldAt& f : Fields()) image.replace(f.offset, f.width, Padded(f));
+  Catalogue c;
+  ASSERT_EQ(ParseCatalogue(image, c).status, CatalogueParseStatus::Complete);
+  EXPECT_EQ(c, FieldsCatalogue());
+}
+
+TEST(CatalogueRecords, TextLongerThanItsFieldIsCut) {
+  Catalogue c = SampleCatalogue(1);
+  c.levels[0].AuthorName = std::string(100, 'n');
+  std::string image = SerializeCatalogue(c);
+  ASSERT_EQ(image.size(), 546u + 1634u);
+  Catalogue back;
+  ParseCatalogue(image, back);
+  EXPECT_EQ(back.levels[0].AuthorName, std::string(80, 'n'));
+  EXPECT_EQ(back.levels[0].AuthorEmails, c.levels[0].AuthorEmails);
+}
+
+// Files shorter than they claim: whole records are kept, nothing is sized from the count.
+struct DamagedCase {
+  const char* what;
+  std::size_t bytes;         // length of the file
+  std::int32_t level_count;  // what its header claims
+  CatalogueParseStatus status;
+  std::size_t kept;
+};
+
+class DamagedCatalogue : public ::testing::TestWithParam<DamagedCase> {};
+
+TEST_P(DamagedCatalogue, KeepsWholeRecordsOrRefuses) {
+  const DamagedCase& t = GetParam();
+  std::string full = SerializeCatalogue(SampleCatalogue(3));
+  full += std::string(1634, 'x');  // room for a longer file than any case needs
+  std::string image = full.substr(0, std::min(t.bytes, full.size()));
+  if (image.size() >= 520) image.replace(516, 4, Le(t.level_count, 4));
+  Catalogue c = SampleCatalogue(1, "/untouched");
+  const Catalogue before = c;
+  CatalogueParse parse = ParseCatalogue(image, c);
+  EXPECT_EQ(parse.status, t.status) << t.what;
+  if (t.status == CatalogueParseStatus::Refused) {
+    EXPECT_EQ(c, before) << t.what;
+    EXPECT_FALSE(parse.reason.empty());
+    return;
+  }
+  ASSERT_EQ(c.levels.size(), t.kept) << t.what;
+  EXPECT_EQ(c.header.LevelCount, static_cast<std::int32_t>(t.kept));
+  for (std::size_t i = 0; i < t.kept; ++i) EXPECT_EQ(c.levels[i].Code, static_cast<int>(i));
+  EXPECT_EQ(parse.declared_levels, t.level_count);
+}
+
+const std::int32_t kHuge = std::numeric_limits<std::int32_t>::max();
+
+INSTANTIATE_TEST_SUITE_P(
+    Table, DamagedCatalogue,
+    ::testing::Values(
+        DamagedCase{"empty file", 0, 0, CatalogueParseStatus::Refused, 0},
+        DamagedCase{"header cut short", 545, 0, CatalogueParseStatus::Refused, 0},
+        DamagedCase{"count field cut", 518, 3, CatalogueParseStatus::Refused, 0},
+        DamagedCase{"header only, no levels", 546, 0, CatalogueParseStatus::Complete, 0},
+        DamagedCase{"header only, three promised", 546, 3, CatalogueParseStatus::RecordsMissing, 0},
+        DamagedCase{"last record cut", 546 + 2 * 1634 + 900, 3,
+                    CatalogueParseStatus::RecordsMissing, 2},
+        DamagedCase{"one byte short", 546 + 3 * 1634 - 1, 3, CatalogueParseStatus::RecordsMissing,
+                    2},
+        DamagedCase{"huge count", 546 + 3 * 1634, kHuge, CatalogueParseStatus::RecordsMissing, 3},
+        DamagedCase{"negative count", 546 + 3 * 1634, -1, CatalogueParseStatus::Refused, 0},
+        DamagedCase{"bytes behind the last record", 546 + 4 * 1634, 2,
+                    CatalogueParseStatus::Complete, 2},
+        DamagedCase{"exact", 546 + 3 * 1634, 3, CatalogueParseStatus::Complete, 3}));
+
+}  // namespace
+}  // namespace vardolin::testing
