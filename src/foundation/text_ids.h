@@ -8,7 +8,6 @@ namespace vardolin::text {
 
 // Settings and the program's own files.
 inline constexpr std::int32_t SettingsFileName = 1089;  // "Vardolin.prf"
-inline constexpr std::int32_t CatalogueExtension = 1079;
 inline constexpr std::int32_t EditorSetupFolder = 1080;
 inline constexpr std::int32_t ProgramInfoSource = 1084;
 inline constexpr std::int32_t ProgramInfoFolder = 1648;
@@ -31,7 +30,6 @@ inline constexpr std::int32_t InstallingEditor = 1081;
 inline constexpr std::int32_t EditorInstallFailed = 1082;
 inline constexpr std::int32_t BaseLevelFailed = 1083;
 inline constexpr std::int32_t AskOtherCatalogue = 1086;
-inline constexpr std::int32_t CatalogueUnreadable = 1087;
 inline constexpr std::int32_t CatalogueMissing = 1088;
 inline constexpr std::int32_t SplashLine1 = 2230;
 inline constexpr std::int32_t SplashLine2 = 2231;
