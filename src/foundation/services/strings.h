@@ -20,5 +20,7 @@ bool EndsWithNoCase(std::string_view text, std::string_view suffix);
 // Replaces every occurrence of `from` (compared without regard to case) by `to`.
 std::string ReplaceAllNoCase(std::string_view text, std::string_view from, std::string_view to);
 std::string ReplaceAll(std::string_view text, std::string_view from, std::string_view to);
+// Appends one Unicode code point as UTF-8; surrogates and values beyond U+10FFFF become U+FFFD.
+void AppendUtf8(std::string& out, char32_t code_point);
 
 }  // namespace vardolin

@@ -1,0 +1,304 @@
+#include "foundation/services/files.h"
+
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <ctime>
+#include <fstream>
+#include <optional>
+#include <sstream>
+
+#include "foundation/dialogs/ask.h"
+#include "foundation/ports/ui.h"
+#include "foundation/program.h"
+#include "foundation/services/paths.h"
+#include "foundation/services/strings.h"
+#include "foundation/services/wildcard.h"
+
+namespace vardolin {
+namespace fs = std::filesystem;
+
+namespace {
+
+bool Stands(const fs::path& p) {
+  std::error_code ec;
+  return fs::exists(fs::symlink_status(p, ec));
+}
+
+bool IsFile(const fs::path& p) {
+  std::error_code ec;
+  return fs::is_regular_file(fs::status(p, ec));
+}
+
+bool IsFolder(const fs::path& p) {
+  std::error_code ec;
+  return fs::is_directory(fs::status(p, ec));
+}
+
+// The on-disk spelling of `name` inside `dir`, compared without regard to case. When several
+// spellings stand (Linux allows that), the smallest by bytes wins so the answer is stable.
+std::optional<std::string> FindNoCase(const fs::path& dir, const std::string& name) {
+  std::error_code ec;
+  std::optional<std::string> found;
+  for (fs::directory_iterator it(dir.empty() ? fs::path(".") : dir, ec), end; !ec && it != end;
+       it.increment(ec)) {
+    std::string candidate = it->path().filename().string();
+    if (EqualsNoCase(candidate, name) && (!found || candidate < *found)) found = candidate;
+  }
+  return found;
+}
+
+void AddOwnerWrite(const fs::path& p) {
+  std::error_code ec;
+  fs::permissions(p, fs::perms::owner_write, fs::perm_options::add | fs::perm_options::nofollow,
+                  ec);
+}
+
+void CopyTimes(const fs::path& from, const fs::path& to) {
+  struct stat st;
+  if (::stat(from.c_str(), &st) != 0) return;
+  struct timespec times[2] = {st.st_atim, st.st_mtim};
+  ::utimensat(AT_FDCWD, to.c_str(), times, 0);
+}
+
+std::string FileDateText(const fs::path& p) {
+  struct stat st;
+  if (::stat(p.c_str(), &st) != 0) return {};
+  std::tm local{};
+  localtime_r(&st.st_mtime, &local);
+  char buf[32];
+  std::strftime(buf, sizeof buf, "%Y-%m-%d %H:%M:%S", &local);
+  return buf;
+}
+
+double FileBytes(const fs::path& p) {
+  std::error_code ec;
+  auto size = fs::file_size(p, ec);
+  return ec ? 0.0 : static_cast<double>(size);
+}
+
+}  // namespace
+
+fs::path ResolveCase(const fs::path& path) {
+  if (path.empty() || Stands(path)) return path;
+  fs::path out = path.root_path();
+  fs::path rel = path.relative_path();
+  auto it = rel.begin();
+  for (; it != rel.end(); ++it) {
+    const fs::path& part = *it;
+    fs::path candidate = out / part;
+    if (part.empty() || part == "." || part == ".." || Stands(candidate)) {
+      out = std::move(candidate);
+      continue;
+    }
+    auto match = FindNoCase(out, part.string());
+    if (!match) break;
+    out /= *match;
+  }
+  for (; it != rel.end(); ++it) out /= *it;
+  return out;
+}
+
+bool FileExists(const fs::path& path) {
+  return !path.empty() && IsFile(ResolveCase(path));
+}
+
+bool FolderExists(const fs::path& path) {
+  return !path.empty() && IsFolder(ResolveCase(path));
+}
+
+bool MakeFolder(const fs::path& path) {
+  if (path.empty()) return false;
+  fs::path real = ResolveCase(path);
+  if (IsFolder(real)) return true;
+  std::error_code ec;
+  fs::create_directory(real, ec);
+  return IsFolder(real);
+}
+
+bool DeleteFileForced(const fs::path& path) {
+  if (path.empty()) return true;
+  fs::path real = ResolveCase(path);
+  std::error_code ec;
+  auto st = fs::symlink_status(real, ec);
+  if (!fs::exists(st)) return true;
+  if (fs::is_directory(st)) return false;
+  if (!fs::is_symlink(st)) AddOwnerWrite(real);
+  if (::unlink(real.c_str()) == 0) return true;
+  // A read-only folder doesn't keep a file from being deleted on the system the program was
+  // made for; give the folder back its write permission and try once more.
+  if (errno == EACCES || errno == EPERM) {
+    AddOwnerWrite(real.parent_path().empty() ? fs::path(".") : real.parent_path());
+    if (::unlink(real.c_str()) == 0) return true;
+  }
+  return !Stands(real);
+}
+
+bool DeleteMatchingFiles(const fs::path& folder, std::string_view pattern) {
+  for (const fs::path& file : ListFiles(folder, pattern))
+    if (!DeleteFileForced(file)) return false;
+  return true;
+}
+
+bool DeleteFolderTree(const fs::path& folder) {
+  if (folder.empty()) return false;
+  fs::path real = ResolveCase(folder);
+  std::error_code ec;
+  if (!fs::is_directory(fs::symlink_status(real, ec))) return false;
+  if (!DeleteMatchingFiles(real, "*")) return false;
+  AddOwnerWrite(real);
+  return ::rmdir(real.c_str()) == 0;
+}
+
+bool CopyFileOver(const fs::path& source, const fs::path& target) {
+  if (source.empty() || target.empty()) return false;
+  fs::path src = ResolveCase(source);
+  if (!IsFile(src)) return false;
+  fs::path dst = ResolveCase(target);
+  std::error_code ec;
+  if (Stands(dst)) {
+    if (fs::equivalent(src, dst, ec)) return true;  // removing it would lose the source
+    if (IsFolder(dst)) return false;
+    DeleteFileForced(dst);
+  }
+  bool copied = fs::copy_file(src, dst, fs::copy_options::none, ec) && !ec;
+  if (copied) {
+    CopyTimes(src, dst);
+    return true;
+  }
+  return IsFile(dst);
+}
+
+std::string ReplaceFileQuestion(const fs::path& new_file, const fs::path& old_file) {
+  std::ostringstream text;
+  text << "Replace file: " << old_file.string() << "\n"
+       << FormatFileSize(FileBytes(old_file)) << "\n"
+       << "Date: " << FileDateText(old_file) << "\n"
+       << "with file:\n"
+       << new_file.string() << "\n"
+       << FormatFileSize(FileBytes(new_file)) << "\n"
+       << "Date: " << FileDateText(new_file) << "\n"
+       << "Replace it?";
+  return text.str();
+}
+
+bool AskReplaceFile(Program& program, const fs::path& new_file, const fs::path& old_file) {
+  return AskUser(program, ReplaceFileQuestion(new_file, old_file), msg::kYesNo, "") != msg::kNo;
+}
+
+bool CopyMatchingFiles(Program& program, const fs::path& source_folder,
+                       const fs::path& target_folder, bool overwrite, std::string_view pattern) {
+  for (const fs::path& file : ListFiles(source_folder, pattern)) {
+    fs::path target = ResolveCase(target_folder / file.filename());
+    if (!overwrite && IsFile(target) && !AskReplaceFile(program, file, target)) continue;
+    if (!CopyFileOver(file, target)) return false;
+  }
+  return true;
+}
+
+std::vector<fs::path> ListFiles(const fs::path& folder, std::string_view pattern) {
+  std::vector<fs::path> out;
+  if (folder.empty()) return out;
+  std::error_code ec;
+  for (fs::directory_iterator it(ResolveCase(folder), ec), end; !ec && it != end;
+       it.increment(ec)) {
+    std::error_code type_ec;
+    if (it->is_regular_file(type_ec) && WildcardMatch(it->path().filename().string(), pattern))
+      out.push_back(it->path());
+  }
+  return out;
+}
+
+std::vector<fs::path> ListSubfolders(const fs::path& folder) {
+  std::vector<fs::path> out;
+  std::string text = folder.string();
+  while (text.size() > 1 && (text.back() == '\\' || text.back() == '/')) text.pop_back();
+  if (text.empty()) return out;
+  std::error_code ec;
+  for (fs::directory_iterator it(ResolveCase(text), ec), end; !ec && it != end; it.increment(ec)) {
+    std::error_code type_ec;
+    if (it->is_directory(type_ec)) out.push_back(it->path());
+  }
+  return out;
+}
+
+bool FolderTreeWalker::WalkFolderTree(const fs::path& folder) {
+  files_.clear();
+  folders_.clear();
+  if (folder.empty()) return false;
+  fs::path real = ResolveCase(folder);
+  if (!IsFolder(real)) return false;
+  return Walk(real);
+}
+
+bool FolderTreeWalker::Walk(const fs::path& folder) {
+  if (ui_) ui_->DoEvents();
+  std::error_code ec;
+  fs::directory_iterator it(folder, ec);
+  if (ec) return false;
+  std::vector<fs::path> subfolders;
+  for (fs::directory_iterator end; it != end; it.increment(ec)) {
+    if (ec) return false;
+    std::error_code type_ec;
+    bool link = it->is_symlink(type_ec);
+    if (it->is_directory(type_ec)) {
+      if (!link) {
+        folders_.push_back(it->path());
+        subfolders.push_back(it->path());
+      }
+    } else if (it->is_regular_file(type_ec)) {
+      files_.push_back(it->path());
+    }
+  }
+  // A sub-folder that can't be read is skipped, as any unreadable entry is.
+  for (const fs::path& sub : subfolders) Walk(sub);
+  return true;
+}
+
+double FolderSizeBytes(const fs::path& folder, std::string_view pattern, Ui* ui) {
+  FolderTreeWalker walker(ui);
+  walker.WalkFolderTree(folder);
+  double total = 0;
+  for (const fs::path& file : walker.Files())
+    if (WildcardMatch(file.filename().string(), pattern)) total += FileBytes(file);
+  return total;
+}
+
+std::string ReadWholeFile(const fs::path& path) {
+  if (path.empty()) return {};
+  std::ifstream in(ResolveCase(path), std::ios::binary);
+  if (!in) return {};
+  std::ostringstream bytes;
+  bytes << in.rdbuf();
+  return in.bad() ? std::string() : bytes.str();
+}
+
+bool WriteTextFile(const fs::path& path, std::string_view text) {
+  if (path.empty()) return false;
+  std::ofstream out(ResolveCase(path), std::ios::binary | std::ios::trunc);
+  if (!out) return false;
+  out.write(text.data(), static_cast<std::streamsize>(text.size()));
+  out.close();
+  return !out.fail();
+}
+
+bool SetFileDateTime(const fs::path& path, std::chrono::system_clock::time_point when) {
+  if (path.empty()) return false;
+  fs::path real = ResolveCase(path);
+  if (!IsFile(real)) return false;
+  int fd = ::open(real.c_str(), O_RDWR | O_CLOEXEC);
+  if (fd < 0) return false;
+  auto since = when.time_since_epoch();
+  auto secs = std::chrono::floor<std::chrono::seconds>(since);
+  struct timespec times[2];
+  times[0].tv_sec = static_cast<time_t>(secs.count());
+  times[0].tv_nsec =
+      static_cast<long>(std::chrono::duration_cast<std::chrono::nanoseconds>(since - secs).count());
+  times[1] = times[0];
+  bool ok = ::futimens(fd, times) == 0;
+  ::close(fd);
+  return ok;
+}
+
+}  // namespace vardolin

@@ -1,0 +1,87 @@
+#pragma once
+// File and folder services with the manners of the Windows file system the program was made
+// for: names compare without regard to case (a path whose parts stand on disk in another case is
+// that file), patterns ignore case, and "read-only" means the owner may not write. None of them
+// throws; each reports by its result.
+
+#include <chrono>
+#include <filesystem>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace vardolin {
+
+class Program;
+class Ui;
+
+// The path as it is spelled on disk: each component that stands in another case takes the
+// on-disk spelling. From the first component that doesn't exist on, the given spelling stays.
+std::filesystem::path ResolveCase(const std::filesystem::path& path);
+
+// True when a file (read-only ones included) stands at the path, in any case of its name.
+bool FileExists(const std::filesystem::path& path);
+bool FolderExists(const std::filesystem::path& path);
+// Creates one level; true when the folder stands afterwards.
+bool MakeFolder(const std::filesystem::path& path);
+// True when the file is gone; a missing file counts as deleted. A read-only file (or a
+// read-only folder holding it) is made writable first.
+bool DeleteFileForced(const std::filesystem::path& path);
+// Deletes the files of `folder` that match; sub-folders stay. Stops at the first failure.
+bool DeleteMatchingFiles(const std::filesystem::path& folder, std::string_view pattern);
+// Deletes the folder's files and then the folder. False when the folder can't go, which
+// includes a folder that still holds sub-folders (those are left as they are) and a missing one.
+bool DeleteFolderTree(const std::filesystem::path& folder);
+// Copies one file, replacing the target. A target that stands in another case is replaced and
+// keeps its on-disk name. The copy keeps the source's modification time (dates are data here).
+bool CopyFileOver(const std::filesystem::path& source, const std::filesystem::path& target);
+// Copies the matching files of a folder (sub-folders skipped). With `overwrite` clear, a target
+// that stands is replaced only when AskReplaceFile says so. Stops at the first failed copy.
+bool CopyMatchingFiles(Program& program, const std::filesystem::path& source_folder,
+                       const std::filesystem::path& target_folder, bool overwrite,
+                       std::string_view pattern);
+// Asks whether `old_file` is to be replaced by `new_file`; true unless the user says No.
+bool AskReplaceFile(Program& program, const std::filesystem::path& new_file,
+                    const std::filesystem::path& old_file);
+// The text AskReplaceFile shows.
+std::string ReplaceFileQuestion(const std::filesystem::path& new_file,
+                                const std::filesystem::path& old_file);
+
+// Full paths of the files of a folder whose names match, in the file system's order.
+std::vector<std::filesystem::path> ListFiles(const std::filesystem::path& folder,
+                                             std::string_view pattern);
+// Full paths of the sub-folders; a missing folder gives an empty list.
+std::vector<std::filesystem::path> ListSubfolders(const std::filesystem::path& folder);
+
+// Walks a folder tree and keeps what it found until the next walk. Folders linked in by
+// symbolic links are not entered, so a loop of links can't make the walk endless.
+class FolderTreeWalker {
+ public:
+  // With a Ui, the interface runs once per folder visited.
+  explicit FolderTreeWalker(Ui* ui = nullptr) : ui_(ui) {}
+  // Collects every file and every folder below `folder` (depth first, the folder's own files
+  // before its sub-folders). Unreadable entries are skipped; false when `folder` can't be read.
+  bool WalkFolderTree(const std::filesystem::path& folder);
+  const std::vector<std::filesystem::path>& Files() const { return files_; }
+  const std::vector<std::filesystem::path>& Folders() const { return folders_; }
+
+ private:
+  bool Walk(const std::filesystem::path& folder);
+  Ui* ui_;
+  std::vector<std::filesystem::path> files_;
+  std::vector<std::filesystem::path> folders_;
+};
+
+// Total bytes of the files below the folder whose names match (`*` for all).
+double FolderSizeBytes(const std::filesystem::path& folder, std::string_view pattern,
+                       Ui* ui = nullptr);
+
+// The whole file as bytes; empty on any error.
+std::string ReadWholeFile(const std::filesystem::path& path);
+// Creates or replaces the file with the text.
+bool WriteTextFile(const std::filesystem::path& path, std::string_view text);
+// Sets the access and modification times (Linux keeps no settable creation time). False when
+// the file is missing or can't be opened for reading and writing.
+bool SetFileDateTime(const std::filesystem::path& path, std::chrono::system_clock::time_point when);
+
+}  // namespace vardolin

@@ -1,0 +1,212 @@
+#include "foundation/services/files.h"
+
+#include <gtest/gtest.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <algorithm>
+
+#include "foundation/program.h"
+#include "recording_platform.h"
+#include "scripted_ui.h"
+#include "temp_dir.h"
+
+namespace vardolin {
+namespace {
+
+namespace fs = std::filesystem;
+using testing::ReadFile;
+using testing::RecordingPlatform;
+using testing::ScriptedUi;
+using testing::TempDir;
+
+std::vector<std::string> Names(const std::vector<fs::path>& paths) {
+  std::vector<std::string> out;
+  for (const auto& p : paths) out.push_back(p.filename().string());
+  std::sort(out.begin(), out.end());
+  return out;
+}
+
+fs::file_time_type MTime(const fs::path& p) {
+  return fs::last_write_time(p);
+}
+
+struct FilesTest : ::testing::Test {
+  TempDir dir;
+  ScriptedUi ui;
+  RecordingPlatform platform;
+  Program program{dir / "home", ui, platform};
+};
+
+TEST_F(FilesTest, PathsInAnotherCaseAreTheFilesOnDisk) {
+  dir.Write("Levels/LEVEL_0001/Data.TR4", "x");
+  EXPECT_EQ(ResolveCase(dir / "levels/level_0001/data.tr4"), dir / "Levels/LEVEL_0001/Data.TR4");
+  // From the first missing part on, the given spelling stays.
+  EXPECT_EQ(ResolveCase(dir / "LEVELS/missing/Data.tr4"), dir / "Levels/missing/Data.tr4");
+  EXPECT_TRUE(FileExists(dir / "LEVELS/level_0001/DATA.tr4"));
+  EXPECT_TRUE(FolderExists(dir / "levels/Level_0001"));
+  EXPECT_FALSE(FileExists(dir / "levels"));
+  EXPECT_FALSE(FolderExists(dir / "levels/level_0001/data.tr4"));
+  EXPECT_FALSE(FileExists(""));
+  EXPECT_FALSE(FileExists(dir / "nothing"));
+}
+
+TEST_F(FilesTest, ExactSpellingWinsOverOtherCases) {
+  dir.Write("a/File", "upper");
+  dir.Write("a/file", "lower");
+  EXPECT_EQ(ResolveCase(dir / "a/file"), dir / "a/file");
+  EXPECT_EQ(ResolveCase(dir / "a/FILE"), dir / "a/File");  // smallest spelling, stable
+}
+
+TEST_F(FilesTest, ReadOnlyFilesCountAndAreDeletedForcibly) {
+  fs::path f = dir.Write("ro.txt", "data");
+  fs::permissions(f, fs::perms::owner_read);
+  EXPECT_TRUE(FileExists(f));
+  EXPECT_EQ(ReadWholeFile(f), "data");
+  EXPECT_TRUE(DeleteFileForced(dir / "RO.TXT"));
+  EXPECT_FALSE(fs::exists(f));
+  EXPECT_TRUE(DeleteFileForced(dir / "never-was"));
+  EXPECT_FALSE(DeleteFileForced(dir.path()));  // a folder is not a file
+}
+
+TEST_F(FilesTest, DeleteMatchingFilesIgnoresCaseAndLeavesFolders) {
+  dir.Write("s/savegame.0", "");
+  dir.Write("s/SAVEGAME.12", "");
+  dir.Write("s/savegame", "");
+  dir.Write("s/other.txt", "");
+  fs::create_directories(dir / "s/savegame.dir");
+  EXPECT_TRUE(DeleteMatchingFiles(dir / "s", "savegame.*"));
+  EXPECT_EQ(Names(ListFiles(dir / "s", "*")), (std::vector<std::string>{"other.txt"}));
+  EXPECT_TRUE(fs::is_directory(dir / "s/savegame.dir"));
+}
+
+TEST_F(FilesTest, DeleteFolderTreeRemovesOnlyAFlatFolder) {
+  dir.Write("flat/a", "1");
+  dir.Write("flat/b", "2");
+  EXPECT_TRUE(DeleteFolderTree(dir / "FLAT"));
+  EXPECT_FALSE(fs::exists(dir / "flat"));
+
+  dir.Write("deep/a", "1");
+  dir.Write("deep/sub/c", "3");
+  EXPECT_FALSE(DeleteFolderTree(dir / "deep"));
+  EXPECT_FALSE(fs::exists(dir / "deep/a"));
+  EXPECT_TRUE(fs::exists(dir / "deep/sub/c"));
+
+  EXPECT_FALSE(DeleteFolderTree(dir / "missing"));
+}
+
+TEST_F(FilesTest, CopyOntoAnotherCaseReplacesThatFileAndKeepsItsName) {
+  fs::path src = dir.Write("src/Tomb4.EXE", "new");
+  fs::path old = dir.Write("dst/tomb4.exe", "old");
+  fs::permissions(old, fs::perms::owner_read);
+  EXPECT_TRUE(CopyFileOver(src, dir / "DST/TOMB4.exe"));
+  EXPECT_EQ(Names(ListFiles(dir / "dst", "*")), (std::vector<std::string>{"tomb4.exe"}));
+  EXPECT_EQ(ReadFile(old), "new");
+}
+
+TEST_F(FilesTest, CopyKeepsTheModificationTimeAndRefusesAMissingSource) {
+  fs::path src = dir.Write("a.bmp", "pixels");
+  auto when = std::chrono::system_clock::now() - std::chrono::hours(24 * 40);
+  ASSERT_TRUE(SetFileDateTime(src, when));
+  EXPECT_TRUE(CopyFileOver(src, dir / "b.bmp"));
+  EXPECT_EQ(MTime(dir / "b.bmp"), MTime(src));
+  EXPECT_FALSE(CopyFileOver(dir / "none", dir / "c"));
+  EXPECT_FALSE(fs::exists(dir / "c"));
+  EXPECT_TRUE(CopyFileOver(src, dir / "A.BMP"));  // onto itself: the file stays
+  EXPECT_EQ(ReadFile(src), "pixels");
+}
+
+TEST_F(FilesTest, CopyMatchingFilesAsksBeforeReplacingUnlessTold) {
+  dir.Write("from/one.wad", "new1");
+  dir.Write("from/two.WAD", "new2");
+  dir.Write("from/skip.txt", "x");
+  dir.Write("to/ONE.wad", "old1");
+  dir.Write("to/two.wad", "old2");
+  ui.Answer(msg::kNo, "Replace file: ").Answer(msg::kYes, "Replace it?");
+  // Directory order decides which is asked first; answer No to one and Yes to the other.
+  ASSERT_TRUE(CopyMatchingFiles(program, dir / "from", dir / "to", false, "*.wad"));
+  std::string one = ReadFile(dir / "to/ONE.wad"), two = ReadFile(dir / "to/two.wad");
+  EXPECT_TRUE((one == "old1" && two == "new2") || (one == "new1" && two == "old2"));
+  EXPECT_FALSE(fs::exists(dir / "to/skip.txt"));
+  EXPECT_EQ(ui.Questions()[0].style, msg::kYesNo);
+
+  ASSERT_TRUE(CopyMatchingFiles(program, dir / "from", dir / "to", true, "*.wad"));
+  EXPECT_EQ(ReadFile(dir / "to/ONE.wad"), "new1");
+  EXPECT_EQ(ReadFile(dir / "to/two.wad"), "new2");
+  EXPECT_EQ(Names(ListFiles(dir / "to", "*")), (std::vector<std::string>{"ONE.wad", "two.wad"}));
+}
+
+TEST_F(FilesTest, TheReplaceQuestionNamesBothFilesInOrder) {
+  fs::path a = dir.Write("new.tr4", std::string(2048, 'n'));
+  fs::path b = dir.Write("old.tr4", "o");
+  std::string q = ReplaceFileQuestion(a, b);
+  EXPECT_EQ(q.rfind("Replace file: " + b.string() + "\n1\nDate: ", 0), 0u) << q;
+  auto with = q.find("\nwith file:\n" + a.string() + "\n2 Kb\nDate: ");
+  EXPECT_NE(with, std::string::npos) << q;
+  EXPECT_EQ(q.substr(q.size() - 12), "\nReplace it?");
+}
+
+TEST_F(FilesTest, CopyMatchingFilesStopsAtTheFirstFailure) {
+  dir.Write("from/a.dat", "a");
+  fs::create_directories(dir / "to/a.dat");  // a folder where the file should go
+  EXPECT_FALSE(CopyMatchingFiles(program, dir / "from", dir / "to", true, "*"));
+}
+
+TEST_F(FilesTest, ListsFilesAndSubfolders) {
+  dir.Write("l/x.TR4", "");
+  dir.Write("l/y.tr4", "");
+  dir.Write("l/z.pak", "");
+  fs::create_directories(dir / "l/sub1");
+  fs::create_directories(dir / "l/Sub2");
+  EXPECT_EQ(Names(ListFiles(dir / "L", "*.tr4")), (std::vector<std::string>{"x.TR4", "y.tr4"}));
+  EXPECT_EQ(ListFiles(dir / "l", "*.tr4")[0].parent_path(), dir / "l");
+  EXPECT_EQ(Names(ListSubfolders((dir / "l").string() + "\\")),
+            (std::vector<std::string>{"Sub2", "sub1"}));
+  EXPECT_TRUE(ListSubfolders(dir / "none").empty());
+  EXPECT_TRUE(ListFiles(dir / "none", "*").empty());
+}
+
+TEST_F(FilesTest, WalkCollectsTheWholeTreeAndLetsTheUiRunPerFolder) {
+  dir.Write("w/a.txt", "12");
+  dir.Write("w/b/c.TXT", "345");
+  dir.Write("w/b/d/e.bin", "6789");
+  fs::create_directory_symlink(dir / "w", dir / "w/b/loop");
+  FolderTreeWalker walker(&ui);
+  ASSERT_TRUE(walker.WalkFolderTree(dir / "w"));
+  EXPECT_EQ(Names(walker.Files()), (std::vector<std::string>{"a.txt", "c.TXT", "e.bin"}));
+  EXPECT_EQ(Names(walker.Folders()), (std::vector<std::string>{"b", "d"}));
+  EXPECT_EQ(ui.EventsRun(), 3);
+  EXPECT_EQ(FolderSizeBytes(dir / "w", "*"), 9.0);
+  EXPECT_EQ(FolderSizeBytes(dir / "w", "*.txt"), 5.0);
+  EXPECT_FALSE(walker.WalkFolderTree(dir / "missing"));
+  EXPECT_TRUE(walker.Files().empty());
+}
+
+TEST_F(FilesTest, MakeFolderCreatesOneLevel) {
+  EXPECT_TRUE(MakeFolder(dir / "one"));
+  EXPECT_TRUE(MakeFolder(dir / "ONE"));  // stands already, in another case
+  EXPECT_FALSE(fs::exists(dir / "ONE"));
+  EXPECT_FALSE(MakeFolder(dir / "x/y"));
+}
+
+TEST_F(FilesTest, WholeFilesAndDates) {
+  std::string bytes("a\0b\r\n", 5);
+  EXPECT_TRUE(WriteTextFile(dir / "t.bin", bytes));
+  EXPECT_EQ(ReadWholeFile(dir / "T.BIN"), bytes);
+  EXPECT_TRUE(WriteTextFile(dir / "T.bin", "short"));  // replaces the file in another case
+  EXPECT_EQ(ReadFile(dir / "t.bin"), "short");
+  EXPECT_FALSE(fs::exists(dir / "T.bin"));
+  EXPECT_EQ(ReadWholeFile(dir / "none"), "");
+  EXPECT_FALSE(WriteTextFile(dir / "no/such/folder/f", "x"));
+
+  auto when = std::chrono::system_clock::from_time_t(1000000000);
+  EXPECT_TRUE(SetFileDateTime(dir / "t.bin", when));
+  struct stat st;
+  ASSERT_EQ(::stat((dir / "t.bin").c_str(), &st), 0);
+  EXPECT_EQ(st.st_mtime, 1000000000);
+  EXPECT_EQ(st.st_atime, 1000000000);
+  EXPECT_FALSE(SetFileDateTime(dir / "none", when));
+}
+
+}  // namespace
+}  // namespace vardolin
