@@ -1,10 +1,12 @@
 #pragma once
-// Names of level folders and the joining of path fragments from the language texts.
+// Names of level folders.
 
 #include <cstdint>
 #include <filesystem>
 #include <string>
 #include <string_view>
+
+#include "foundation/services/paths.h"
 
 namespace vardolin {
 
@@ -14,9 +16,5 @@ inline constexpr std::string_view kLevelFolderPrefix = "\\LEVEL_";
 // `prefix` followed by the code in at least four digits: 12 gives "\LEVEL_0012", 12345 gives
 // "\LEVEL_12345". The prefix keeps its leading backslash so that it joins a folder directly.
 std::string LevelFolderName(std::int32_t code, std::string_view prefix = kLevelFolderPrefix);
-
-// Joins a fragment as the texts hold it ("\files", "\LEVEL_0003", "sub\name.txt") to a folder:
-// backslashes separate parts, a leading one is dropped.
-std::filesystem::path JoinFragment(const std::filesystem::path& folder, std::string_view fragment);
 
 }  // namespace vardolin

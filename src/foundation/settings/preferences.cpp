@@ -10,7 +10,7 @@
 #include "foundation/services/atomic_file.h"
 #include "foundation/services/binary_io.h"
 #include "foundation/text_ids.h"
-#include "foundation/texts/text_path.h"
+#include "foundation/services/paths.h"
 
 namespace vardolin {
 namespace {
@@ -52,7 +52,7 @@ class FieldReader {
 std::filesystem::path SettingsPath(const Program& program, bool from_texts) {
   std::string name = from_texts ? program.GetText(text::SettingsFileName) : std::string();
   if (name.empty()) name = kSettingsFileName;
-  return JoinTextPath(program.Home(), name);
+  return JoinFragment(program.Home(), name);
 }
 
 }  // namespace
