@@ -1,5 +1,7 @@
 #include "all_forms.h"
 
+#include "web/dialog_zip.h"
+
 namespace vardolin {
 namespace {
 
@@ -13,6 +15,7 @@ FormFactory Entry(const char* name) {
 const std::vector<FormFactory>& AllForms() {
   static const std::vector<FormFactory> forms = {
       // One line per form: Entry<Dialog_Name>("Dialog_Name"),
+      Entry<web::Dialog_Zip>("Dialog_Zip"),
   };
   return forms;
 }
