@@ -7,10 +7,9 @@ namespace vardolin::web::zl {
 namespace {
 
 constexpr std::size_t kStoredBlockMax = 65535;
-constexpr std::size_t kProbeSlice = 2048;
-constexpr std::size_t kProbeSlices = 4;
+constexpr std::size_t kProbeSlice = 8192;
 // Chunks smaller than this are simply deflated: the trial would cost as much as the work.
-constexpr std::size_t kProbeMinimum = 16384;
+constexpr std::size_t kProbeMinimum = 4 * kProbeSlice;
 
 }  // namespace
 
@@ -31,21 +30,27 @@ ChunkDeflater::~ChunkDeflater() {
   if (probe_ok_) deflateEnd(&probe_);
 }
 
-bool ChunkDeflater::LooksIncompressible(const unsigned char* data, std::size_t n) {
+bool ChunkDeflater::LooksIncompressible(const Chunk& chunk) {
+  std::size_t n = chunk.size;
   if (!probe_ok_ || n < kProbeMinimum) return false;
-  unsigned char out[kProbeSlice * kProbeSlices + 256];
-  deflateReset(&probe_);
-  probe_.next_out = out;
-  probe_.avail_out = sizeof out;
-  for (std::size_t i = 0; i < kProbeSlices; ++i) {
-    std::size_t at = i * (n - kProbeSlice) / (kProbeSlices - 1);
-    probe_.next_in = const_cast<unsigned char*>(data + at);
+  // Each slice is primed with the 32 KiB before it, as the real deflate would see them: data
+  // whose redundancy lies in copies from far back looks random in a slice taken alone.
+  const std::size_t starts[] = {n / 2 - kProbeSlice / 2, n - kProbeSlice};
+  for (std::size_t start : starts) {
+    std::size_t at = chunk.dict + start;
+    std::size_t prime = std::min(at, kWindowSize);
+    unsigned char out[kProbeSlice + 256];
+    deflateReset(&probe_);
+    if (prime)
+      deflateSetDictionary(&probe_, chunk.in.data() + at - prime, static_cast<uInt>(prime));
+    probe_.next_in = const_cast<unsigned char*>(chunk.in.data() + at);
     probe_.avail_in = kProbeSlice;
-    int rc = deflate(&probe_, i + 1 == kProbeSlices ? Z_FINISH : Z_NO_FLUSH);
-    if (rc == Z_STREAM_ERROR) return false;
+    probe_.next_out = out;
+    probe_.avail_out = sizeof out;
+    if (deflate(&probe_, Z_FINISH) != Z_STREAM_END) return false;
+    if ((sizeof out - probe_.avail_out) * 100 < kProbeSlice * 98) return false;
   }
-  std::size_t produced = sizeof out - probe_.avail_out;
-  return produced * 100 >= kProbeSlice * kProbeSlices * 98;
+  return true;
 }
 
 void ChunkDeflater::Store(Chunk& chunk) {
@@ -75,7 +80,7 @@ void ChunkDeflater::Run(Chunk& chunk) {
   const unsigned char* data = chunk.Data();
   chunk.adler = adler32_z(1L, data, chunk.size);
   chunk.stored = false;
-  if (!strong_ok_ || LooksIncompressible(data, chunk.size)) return Store(chunk);
+  if (!strong_ok_ || LooksIncompressible(chunk)) return Store(chunk);
 
   deflateReset(&strong_);
   if (chunk.dict) deflateSetDictionary(&strong_, chunk.in.data(), static_cast<uInt>(chunk.dict));

@@ -43,9 +43,9 @@ class ChunkDeflater {
   void Run(Chunk& chunk);
 
  private:
-  // A quick level-1 trial on a few slices of the chunk: data that gains under 2% there is
-  // not worth level 9's search (random bytes, packed textures, sound already compressed).
-  bool LooksIncompressible(const unsigned char* data, std::size_t n);
+  // A quick level-1 trial on two slices of the chunk: data that gains under 2% in both is not
+  // worth level 9's search (random bytes, packed textures, sound already compressed).
+  bool LooksIncompressible(const Chunk& chunk);
   static void Store(Chunk& chunk);
 
   int level_;
