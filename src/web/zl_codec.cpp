@@ -195,19 +195,25 @@ ZlResult Expand(Source& in, std::uint64_t in_length, Sink& out, std::uint64_t ma
 
   z_stream z{};
   if (inflateInit(&z) != Z_OK) return ZlResult::CannotWriteOutput;
-  std::vector<unsigned char> inbuf(kExpandIn), outbuf(kExpandOut);
+  // Small files get small buffers: expansion of many small files stays cheap.
+  std::size_t in_size =
+      static_cast<std::size_t>(std::clamp<std::uint64_t>(in_length, 64, kExpandIn));
+  std::size_t out_size =
+      static_cast<std::size_t>(std::clamp<std::uint64_t>(length + 1, 64, kExpandOut));
+  std::unique_ptr<unsigned char[]> inbuf(new unsigned char[in_size]);
+  std::unique_ptr<unsigned char[]> outbuf(new unsigned char[out_size]);
   std::uint64_t consumed = sizeof head, produced = 0;
   bool eof = false;
   auto result = ZlResult::Ok;
   for (;;) {
     if (z.avail_in == 0 && !eof) {
-      std::ptrdiff_t n = in.Read(inbuf.data(), inbuf.size());
+      std::ptrdiff_t n = in.Read(inbuf.get(), in_size);
       if (n < 0) {
         result = ZlResult::CannotReadInput;
         break;
       }
       eof = n == 0;
-      z.next_in = inbuf.data();
+      z.next_in = inbuf.get();
       z.avail_in = static_cast<uInt>(n);
       consumed += static_cast<std::uint64_t>(n);
       if (options.progress && n > 0) options.progress(consumed, in_length);
@@ -216,16 +222,16 @@ ZlResult Expand(Source& in, std::uint64_t in_length, Sink& out, std::uint64_t ma
       result = ZlResult::Truncated;
       break;
     }
-    z.next_out = outbuf.data();
-    z.avail_out = static_cast<uInt>(outbuf.size());
+    z.next_out = outbuf.get();
+    z.avail_out = static_cast<uInt>(out_size);
     int rc = inflate(&z, Z_NO_FLUSH);
-    std::size_t n = outbuf.size() - z.avail_out;
+    std::size_t n = out_size - z.avail_out;
     produced += n;
     if (produced > length) {
       result = ZlResult::Corrupt;
       break;
     }
-    if (n && !out.Write(outbuf.data(), n)) {
+    if (n && !out.Write(outbuf.get(), n)) {
       result = ZlResult::CannotWriteOutput;
       break;
     }
