@@ -1,6 +1,7 @@
 #include "all_forms.h"
 
 #include "foundation/settings/dialog_settings.h"
+#include "web/dialog_zip.h"
 
 namespace vardolin {
 namespace {
@@ -16,6 +17,7 @@ const std::vector<FormFactory>& AllForms() {
   static const std::vector<FormFactory> forms = {
       // One line per form: Entry<Dialog_Name>("Dialog_Name"),
       Entry<Dialog_Settings>("Dialog_Settings"),
+      Entry<web::Dialog_Zip>("Dialog_Zip"),
   };
   return forms;
 }

@@ -1,0 +1,14 @@
+#pragma once
+// Numbers of the texts the web, zip and packing layer uses. Every id here has an English
+// wording in resources/english.trc.
+
+#include <cstdint>
+
+namespace vardolin::web::text {
+
+// Single-file packing.
+inline constexpr std::int32_t ZipDialogCaption = 1078;  // " Zipping"
+inline constexpr std::int32_t CannotExpandFile = 1229;  // ~1 = the packed file's name
+inline constexpr std::int32_t PackedSuffix = 1253;      // ".zl", put behind a packed file's name
+
+}  // namespace vardolin::web::text

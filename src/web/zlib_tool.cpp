@@ -1,0 +1,220 @@
+#include "web/zlib_tool.h"
+
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <atomic>
+#include <cerrno>
+#include <cstring>
+#include <string>
+
+#include "web/zl_codec.h"
+
+namespace vardolin::web {
+namespace fs = std::filesystem;
+namespace {
+
+class FdSource : public zl::Source {
+ public:
+  explicit FdSource(int fd) : fd_(fd) {}
+  std::ptrdiff_t Read(unsigned char* buffer, std::size_t n) override {
+    for (;;) {
+      ssize_t r = ::read(fd_, buffer, n);
+      if (r >= 0 || errno != EINTR) return r;
+    }
+  }
+
+ private:
+  int fd_;
+};
+
+class FdSink : public zl::Sink {
+ public:
+  explicit FdSink(int fd) : fd_(fd) {}
+  bool Write(const unsigned char* bytes, std::size_t n) override {
+    while (n > 0) {
+      ssize_t w = ::write(fd_, bytes, n);
+      if (w < 0 && errno == EINTR) continue;
+      if (w <= 0) return false;
+      bytes += w;
+      n -= static_cast<std::size_t>(w);
+    }
+    return true;
+  }
+
+ private:
+  int fd_;
+};
+
+class MemorySource : public zl::Source {
+ public:
+  explicit MemorySource(std::string_view bytes) : bytes_(bytes) {}
+  std::ptrdiff_t Read(unsigned char* buffer, std::size_t n) override {
+    n = std::min(n, bytes_.size());
+    std::memcpy(buffer, bytes_.data(), n);
+    bytes_.remove_prefix(n);
+    return static_cast<std::ptrdiff_t>(n);
+  }
+
+ private:
+  std::string_view bytes_;
+};
+
+class StringSink : public zl::Sink {
+ public:
+  explicit StringSink(std::string& out) : out_(out) {}
+  bool Write(const unsigned char* bytes, std::size_t n) override {
+    out_.append(reinterpret_cast<const char*>(bytes), n);
+    return true;
+  }
+
+ private:
+  std::string& out_;
+};
+
+class InputFile {
+ public:
+  explicit InputFile(const fs::path& path) : fd_(::open(path.c_str(), O_RDONLY | O_CLOEXEC)) {
+    struct stat st;
+    if (fd_ >= 0 && (::fstat(fd_, &st) != 0 || !S_ISREG(st.st_mode))) Close();
+    if (fd_ >= 0) {
+      size_ = static_cast<std::uint64_t>(st.st_size);
+      ::posix_fadvise(fd_, 0, 0, POSIX_FADV_SEQUENTIAL);
+    }
+  }
+  ~InputFile() { Close(); }
+  bool Ok() const { return fd_ >= 0; }
+  int Fd() const { return fd_; }
+  std::uint64_t Size() const { return size_; }
+
+ private:
+  void Close() {
+    if (fd_ >= 0) ::close(fd_);
+    fd_ = -1;
+  }
+  int fd_;
+  std::uint64_t size_ = 0;
+};
+
+// The output is written under a hidden name beside its final place and renamed over it only
+// when complete, so that no half-written or unverified file ever carries the real name.
+class PendingOutput {
+ public:
+  explicit PendingOutput(const fs::path& target) : target_(target) {
+    static std::atomic<unsigned> counter{0};
+    if (target.filename().empty()) return;
+    for (int attempt = 0; attempt < 100 && fd_ < 0; ++attempt) {
+      temp_ = target.parent_path() /
+              ("." + target.filename().string() + ".part-" + std::to_string(::getpid()) + "-" +
+               std::to_string(counter.fetch_add(1)));
+      fd_ = ::open(temp_.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0666);
+      if (fd_ < 0 && errno != EEXIST) break;
+    }
+  }
+  ~PendingOutput() {
+    if (fd_ >= 0) ::close(fd_);
+    if (!committed_ && !temp_.empty()) ::unlink(temp_.c_str());
+  }
+  bool Ok() const { return fd_ >= 0; }
+  int Fd() const { return fd_; }
+
+  bool Commit(bool sync) {
+    bool ok = !sync || ::fsync(fd_) == 0;
+    ok = ::close(fd_) == 0 && ok;
+    fd_ = -1;
+    if (!ok || ::rename(temp_.c_str(), target_.c_str()) != 0) return false;
+    committed_ = true;
+    if (sync) {
+      fs::path folder = target_.parent_path().empty() ? fs::path(".") : target_.parent_path();
+      int dir = ::open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+      if (dir >= 0) {
+        ::fsync(dir);
+        ::close(dir);
+      }
+    }
+    return true;
+  }
+
+ private:
+  fs::path target_, temp_;
+  int fd_ = -1;
+  bool committed_ = false;
+};
+
+}  // namespace
+
+const char* ZlResultName(ZlResult result) {
+  switch (result) {
+    case ZlResult::Ok:
+      return "ok";
+    case ZlResult::CannotReadInput:
+      return "cannot read the input";
+    case ZlResult::CannotWriteOutput:
+      return "cannot write the output";
+    case ZlResult::NotPacked:
+      return "not a packed file";
+    case ZlResult::Truncated:
+      return "truncated";
+    case ZlResult::Corrupt:
+      return "corrupt";
+  }
+  return "unknown";
+}
+
+ZlResult PackFile(const fs::path& input, const fs::path& output, const ZlOptions& options) {
+  InputFile in(input);
+  if (!in.Ok()) return ZlResult::CannotReadInput;
+  PendingOutput out(output);
+  if (!out.Ok()) return ZlResult::CannotWriteOutput;
+  FdSource source(in.Fd());
+  FdSink sink(out.Fd());
+  ZlResult result = zl::Pack(source, in.Size(), sink, options);
+  if (result != ZlResult::Ok) return result;
+  return out.Commit(options.sync) ? ZlResult::Ok : ZlResult::CannotWriteOutput;
+}
+
+ZlResult ExpandFile(const fs::path& input, const fs::path& output, const ZlOptions& options) {
+  InputFile in(input);
+  if (!in.Ok()) return ZlResult::CannotReadInput;
+  PendingOutput out(output);
+  if (!out.Ok()) return ZlResult::CannotWriteOutput;
+  FdSource source(in.Fd());
+  FdSink sink(out.Fd());
+  // A head may promise no more than the disk could ever hold; the stream's own checks catch
+  // a smaller lie.
+  ZlResult result = zl::Expand(source, in.Size(), sink, std::uint64_t(1) << 48, options);
+  if (result != ZlResult::Ok) return result;
+  return out.Commit(options.sync) ? ZlResult::Ok : ZlResult::CannotWriteOutput;
+}
+
+ZlResult PackBytes(std::string_view data, std::string& packed, const ZlOptions& options) {
+  packed.clear();
+  MemorySource source(data);
+  StringSink sink(packed);
+  return zl::Pack(source, data.size(), sink, options);
+}
+
+ZlResult ExpandBytes(std::string_view packed, std::string& data, std::uint64_t max_size) {
+  data.clear();
+  MemorySource source(packed);
+  StringSink sink(data);
+  ZlResult result = zl::Expand(source, packed.size(), sink, max_size, {});
+  if (result != ZlResult::Ok) data.clear();
+  return result;
+}
+
+bool ZlibTool::Compress() {
+  // The caller deletes the source once the packed file stands, so it must be on disk first.
+  ZlOptions options{.level = CompressionLevel, .threads = 2, .sync = true, .progress = Progress};
+  last_ = PackFile(InputFile, OutputFile, options);
+  return last_ == ZlResult::Ok;
+}
+
+bool ZlibTool::Decompress() {
+  ZlOptions options{.level = CompressionLevel, .threads = 2, .sync = false, .progress = Progress};
+  last_ = ExpandFile(InputFile, OutputFile, options);
+  return last_ == ZlResult::Ok;
+}
+
+}  // namespace vardolin::web

@@ -1,0 +1,409 @@
+#include <gtest/gtest.h>
+
+#include <array>
+#include <cstdlib>
+#include <cstring>
+#include <filesystem>
+#include <functional>
+#include <string>
+#include <vector>
+
+#include "foundation/pictures/bmp_codec.h"
+#include "foundation/pictures/jpeg_codec.h"
+#include "foundation/pictures/picture_file.h"
+#include "foundation/services/binary_io.h"
+#include "temp_dir.h"
+
+namespace vardolin {
+namespace {
+
+namespace fs = std::filesystem;
+using testing::ReadFile;
+using testing::TempDir;
+using Rgb = std::array<std::uint8_t, 3>;
+
+// Only full or empty channels, so that every depth (5-bit channels included) holds them exactly.
+const std::vector<Rgb> kColours = {{0, 0, 0},   {255, 255, 255}, {255, 0, 0},   {0, 255, 0},
+                                   {0, 0, 255}, {255, 255, 0},   {0, 255, 255}, {255, 0, 255}};
+
+struct BmpSpec {
+  int bpp = 24;
+  bool top_down = false;
+  int head_size = 40;
+  int colours = 8;  // palette size for bpp <= 8
+  bool alpha_masks = false;
+};
+
+int IndexAt(int x, int y, int colours) {
+  return (x * 3 + y * 5) % colours;
+}
+
+// An encoder of its own, written from the format's description rather than from the reader.
+std::string EncodeBmp(int w, int h, const BmpSpec& s) {
+  bool core = s.head_size == 12;
+  int palette = s.bpp <= 8 ? s.colours : 0;
+  int entry = core ? 3 : 4;
+  int masks = s.alpha_masks && s.head_size == 40 ? 16 : 0;
+  std::uint32_t stride = (std::uint32_t(w) * s.bpp + 31) / 32 * 4;
+  std::uint32_t offset = 14 + s.head_size + masks + palette * entry;
+  ByteWriter b;
+  b.U8('B');
+  b.U8('M');
+  b.U32(offset + stride * h);
+  b.U32(0);
+  b.U32(offset);
+  b.U32(s.head_size);
+  if (core) {
+    b.U16(w);
+    b.U16(h);
+    b.U16(1);
+    b.U16(s.bpp);
+  } else {
+    b.I32(w);
+    b.I32(s.top_down ? -h : h);
+    b.U16(1);
+    b.U16(s.bpp);
+    b.U32(s.alpha_masks ? 6 : 0);
+    b.U32(stride * h);
+    b.I32(2835);
+    b.I32(2835);
+    b.U32(palette == (1 << s.bpp) ? 0 : palette);
+    b.U32(0);
+    std::size_t written = 40;
+    if (s.alpha_masks || s.head_size > 40) {
+      for (std::uint32_t m : {0x00FF0000u, 0x0000FF00u, 0x000000FFu, 0xFF000000u}) b.U32(m);
+      written += 16;
+    }
+    if (s.head_size > 40) b.Zeros(s.head_size - written);
+  }
+  for (int i = 0; i < palette; ++i) {
+    b.U8(kColours[i][2]);
+    b.U8(kColours[i][1]);
+    b.U8(kColours[i][0]);
+    if (!core) b.U8(0);
+  }
+  for (int row = 0; row < h; ++row) {
+    int y = s.top_down ? row : h - 1 - row;
+    std::string line(stride, '\0');
+    for (int x = 0; x < w; ++x) {
+      int i = IndexAt(x, y, s.bpp <= 8 ? s.colours : int(kColours.size()));
+      const Rgb& c = kColours[i];
+      if (s.bpp <= 8) {
+        int per = 8 / s.bpp;
+        line[x / per] = char(std::uint8_t(line[x / per]) | (i << (8 - s.bpp * (x % per + 1))));
+      } else if (s.bpp == 16) {
+        std::uint16_t v = (c[0] >> 3) << 10 | (c[1] >> 3) << 5 | (c[2] >> 3);
+        line[x * 2] = char(v & 0xFF);
+        line[x * 2 + 1] = char(v >> 8);
+      } else {
+        int n = s.bpp / 8;
+        line[x * n] = char(c[2]);
+        line[x * n + 1] = char(c[1]);
+        line[x * n + 2] = char(c[0]);
+        if (n == 4) line[x * n + 3] = char(s.alpha_masks ? 10 * x : 0xAB);
+      }
+    }
+    b.Raw(line);
+  }
+  return b.Take();
+}
+
+TEST(BmpReader, EveryDepthAndRowOrderReadsBackItsPixelsAndSurvivesOurWriter) {
+  struct Case {
+    const char* name;
+    BmpSpec spec;
+    int channels;
+  };
+  const std::vector<Case> cases = {
+      {"1 bit", {.bpp = 1, .colours = 2}, 3},
+      {"4 bit", {.bpp = 4, .colours = 8}, 3},
+      {"4 bit full palette", {.bpp = 4, .colours = 16}, 3},
+      {"8 bit", {.bpp = 8, .colours = 8}, 3},
+      {"8 bit top-down", {.bpp = 8, .top_down = true, .colours = 8}, 3},
+      {"8 bit OS/2 head", {.bpp = 8, .head_size = 12, .colours = 8}, 3},
+      {"16 bit 555", {.bpp = 16}, 3},
+      {"24 bit", {.bpp = 24}, 3},
+      {"24 bit top-down", {.bpp = 24, .top_down = true}, 3},
+      {"24 bit V5 head", {.bpp = 24, .head_size = 124}, 3},
+      {"32 bit, fourth byte unused", {.bpp = 32}, 3},
+      {"32 bit with alpha mask", {.bpp = 32, .alpha_masks = true}, 4},
+  };
+  const int w = 13, h = 7;  // odd width: every depth needs row padding
+  for (const auto& c : cases) {
+    SCOPED_TRACE(c.name);
+    std::string file = EncodeBmp(w, h, c.spec);
+    Bitmap bmp;
+    ASSERT_EQ(ReadBmp(file, bmp), PictureResult::Ok);
+    ASSERT_EQ(bmp.width, w);
+    ASSERT_EQ(bmp.height, h);
+    ASSERT_EQ(bmp.channels, c.channels);
+    int colours = c.spec.bpp <= 8 ? c.spec.colours : int(kColours.size());
+    for (int y = 0; y < h; ++y)
+      for (int x = 0; x < w; ++x) {
+        const Rgb& want = kColours[IndexAt(x, y, colours)];
+        const std::uint8_t* px = bmp.Pixel(x, y);
+        ASSERT_EQ((Rgb{px[0], px[1], px[2]}), want) << x << "," << y;
+        if (c.channels == 4) ASSERT_EQ(px[3], 10 * x);
+      }
+
+    std::string again;
+    ASSERT_TRUE(WriteBmp(bmp, again));
+    Bitmap back;
+    ASSERT_EQ(ReadBmp(again, back), PictureResult::Ok);
+    ASSERT_EQ(back.channels, 3);
+    for (int y = 0; y < h; ++y)
+      for (int x = 0; x < w; ++x)
+        ASSERT_EQ(0, std::memcmp(back.Pixel(x, y), bmp.Pixel(x, y), 3)) << x << "," << y;
+  }
+}
+
+// A palette picture with run-length data given as bytes.
+std::string RleBmp(int w, int h, int bpp, std::string_view data) {
+  ByteWriter b;
+  b.Raw("BM");
+  b.U32(0);
+  b.U32(0);
+  b.U32(14 + 40 + 4 * 4);
+  b.U32(40);
+  b.I32(w);
+  b.I32(h);
+  b.U16(1);
+  b.U16(bpp);
+  b.U32(bpp == 8 ? 1 : 2);
+  b.U32(data.size());
+  b.I32(0);
+  b.I32(0);
+  b.U32(4);
+  b.U32(0);
+  for (int i = 0; i < 4; ++i) {
+    b.U8(kColours[i][2]);
+    b.U8(kColours[i][1]);
+    b.U8(kColours[i][0]);
+    b.U8(0);
+  }
+  b.Raw(data);
+  return b.Take();
+}
+
+TEST(BmpReader, RunLengthPicturesDecodeRunsAbsoluteRunsAndDeltas) {
+  struct Case {
+    const char* name;
+    int w, h, bpp;
+    std::string data;
+    std::vector<std::string> rows;  // top row first, one digit per pixel: colour index
+  };
+  using namespace std::string_literals;
+  const std::vector<Case> cases = {
+      {"rle8 run, end of line, absolute",
+       4,
+       2,
+       8,
+       "\x04\x01\x00\x00\x00\x03\x02\x03\x02\x00\x01\x01\x00\x01"s,
+       {"2321", "1111"}},
+      {"rle8 delta skips pixels", 4, 2, 8, "\x00\x02\x02\x01\x01\x03\x00\x01"s, {"0030", "0000"}},
+      {"rle8 missing end of picture", 3, 1, 8, "\x03\x02"s, {"222"}},
+      {"rle8 run past the width is clipped", 2, 1, 8, "\x05\x01\x00\x01"s, {"11"}},
+      {"rle4 alternating run", 5, 1, 4, "\x05\x12\x00\x01"s, {"12121"}},
+      {"rle4 absolute odd count", 3, 1, 4, "\x00\x03\x31\x20\x00\x01"s, {"312"}},
+  };
+  for (const auto& c : cases) {
+    SCOPED_TRACE(c.name);
+    Bitmap bmp;
+    ASSERT_EQ(ReadBmp(RleBmp(c.w, c.h, c.bpp, c.data), bmp), PictureResult::Ok);
+    ASSERT_EQ(bmp.width, c.w);
+    ASSERT_EQ(bmp.height, c.h);
+    for (int y = 0; y < c.h; ++y)
+      for (int x = 0; x < c.w; ++x) {
+        const Rgb& want = kColours[c.rows[y][x] - '0'];
+        const std::uint8_t* px = bmp.Pixel(x, y);
+        EXPECT_EQ((Rgb{px[0], px[1], px[2]}), want) << x << "," << y;
+      }
+  }
+}
+
+// Patches a little-endian 32-bit field of a file.
+std::string Patch32(std::string s, std::size_t at, std::uint32_t v) {
+  for (int i = 0; i < 4; ++i) s[at + i] = char(v >> (8 * i));
+  return s;
+}
+std::string Patch16(std::string s, std::size_t at, std::uint16_t v) {
+  s[at] = char(v & 0xFF);
+  s[at + 1] = char(v >> 8);
+  return s;
+}
+
+TEST(BmpReader, MalformedFilesAreRefusedWithoutReadingPastTheirEnd) {
+  using namespace std::string_literals;
+  const std::string good = EncodeBmp(13, 7, {.bpp = 24});
+  const std::string pal = EncodeBmp(13, 7, {.bpp = 8, .colours = 8});
+  struct Case {
+    const char* name;
+    std::string bytes;
+    PictureResult expected;
+  };
+  const std::vector<Case> cases = {
+      {"empty", "", PictureResult::Malformed},
+      {"magic only", "BM", PictureResult::Malformed},
+      {"not a bitmap", "GIF89a" + std::string(60, '\0'), PictureResult::Malformed},
+      {"head cut short", good.substr(0, 30), PictureResult::Malformed},
+      {"pixels cut short", good.substr(0, good.size() - 20), PictureResult::Malformed},
+      {"zero width", Patch32(good, 18, 0), PictureResult::Malformed},
+      {"zero height", Patch32(good, 22, 0), PictureResult::Malformed},
+      {"negative width", Patch32(good, 18, 0xFFFFFFF3u), PictureResult::Malformed},
+      {"height claims far more rows", Patch32(good, 22, 70000), PictureResult::Malformed},
+      {"huge dimensions", Patch32(Patch32(good, 18, 100000), 22, 100000), PictureResult::TooLarge},
+      {"depth 7", Patch16(good, 28, 7), PictureResult::Unsupported},
+      {"embedded JPEG", Patch32(good, 30, 4), PictureResult::Unsupported},
+      {"unknown head size", Patch32(good, 14, 200), PictureResult::Unsupported},
+      {"pixel offset past the end", Patch32(good, 10, 0x10000000), PictureResult::Malformed},
+      {"palette past the end", pal.substr(0, 14 + 40 + 10), PictureResult::Malformed},
+      {"bit masks on 24 bits", Patch32(good, 30, 3), PictureResult::Malformed},
+      {"rle8 on 4 bits", RleBmp(2, 1, 4, "\x00\x01"s).replace(30, 1, "\x01"),
+       PictureResult::Malformed},
+      {"rle top-down", Patch32(RleBmp(2, 2, 8, "\x00\x01"s), 22, 0xFFFFFFFEu),
+       PictureResult::Malformed},
+      {"rle absolute run past the end", RleBmp(8, 1, 8, "\x00\x08\x01\x02"s),
+       PictureResult::Malformed},
+      {"rle tiny file claiming a huge picture", RleBmp(8000, 8000, 8, "\x00\x01"s),
+       PictureResult::TooLarge},
+  };
+  for (const auto& c : cases) {
+    SCOPED_TRACE(c.name);
+    Bitmap bmp;
+    EXPECT_EQ(ReadBmp(c.bytes, bmp), c.expected);
+    EXPECT_TRUE(bmp.Empty());
+    EXPECT_TRUE(bmp.pixels.empty());
+  }
+}
+
+Bitmap Gradient(int w, int h) {
+  Bitmap b = Bitmap::Make(w, h);
+  for (int y = 0; y < h; ++y)
+    for (int x = 0; x < w; ++x) {
+      std::uint8_t* p = b.Pixel(x, y);
+      p[0] = std::uint8_t(x * 255 / (w - 1));
+      p[1] = std::uint8_t(y * 255 / (h - 1));
+      p[2] = 160;
+    }
+  return b;
+}
+
+double MeanDifference(const Bitmap& a, const Bitmap& b) {
+  double sum = 0;
+  for (int y = 0; y < a.height; ++y)
+    for (int x = 0; x < a.width; ++x)
+      for (int ch = 0; ch < 3; ++ch)
+        sum += std::abs(int(a.Pixel(x, y)[ch]) - int(b.Pixel(x, y)[ch]));
+  return sum / (double(a.width) * a.height * 3);
+}
+
+TEST(Jpeg, AQualitySixtyPictureReadsBackWithItsSizeAndColours) {
+  Bitmap original = Gradient(320, 240);
+  std::string q60, q20, q95;
+  ASSERT_EQ(WriteJpeg(original, 60, q60), PictureResult::Ok);
+  ASSERT_EQ(WriteJpeg(original, 20, q20), PictureResult::Ok);
+  ASSERT_EQ(WriteJpeg(original, 95, q95), PictureResult::Ok);
+  EXPECT_LT(q20.size(), q60.size());
+  EXPECT_LT(q60.size(), q95.size());
+
+  Bitmap back;
+  ASSERT_EQ(ReadJpeg(q60, back), PictureResult::Ok);
+  ASSERT_EQ(back.width, 320);
+  ASSERT_EQ(back.height, 240);
+  EXPECT_LT(MeanDifference(original, back), 3.0);
+  const std::uint8_t* mid = back.Pixel(160, 120);
+  EXPECT_NEAR(mid[0], 128, 8);
+  EXPECT_NEAR(mid[1], 128, 8);
+  EXPECT_NEAR(mid[2], 160, 8);
+
+  // An RGBA picture is written without its alpha.
+  Bitmap rgba = Bitmap::Make(16, 16, 4);
+  for (std::size_t i = 0; i < rgba.pixels.size(); i += 4) rgba.pixels[i] = 200;
+  std::string out;
+  ASSERT_EQ(WriteJpeg(rgba, 90, out), PictureResult::Ok);
+  ASSERT_EQ(ReadJpeg(out, back), PictureResult::Ok);
+  EXPECT_NEAR(back.Pixel(8, 8)[0], 200, 6);
+  EXPECT_NEAR(back.Pixel(8, 8)[1], 0, 6);
+}
+
+TEST(Jpeg, DamagedOrImpossibleFilesAreRefused) {
+  std::string good;
+  ASSERT_EQ(WriteJpeg(Gradient(64, 48), 75, good), PictureResult::Ok);
+  std::size_t sof = good.find("\xFF\xC0");
+  ASSERT_NE(sof, std::string::npos);
+  std::string huge = good;
+  huge[sof + 5] = huge[sof + 7] = char(0xEA);  // 60000 x 60000 in a few hundred bytes
+  huge[sof + 6] = huge[sof + 8] = char(0x60);
+  std::string zero_width = good;
+  zero_width[sof + 7] = zero_width[sof + 8] = 0;
+  struct Case {
+    const char* name;
+    std::string bytes;
+    PictureResult expected;
+  };
+  const std::vector<Case> cases = {
+      {"empty", "", PictureResult::Malformed},
+      {"start marker only", "\xFF\xD8", PictureResult::Malformed},
+      {"not a jpeg", "\x89PNG\r\n\x1a\n" + std::string(40, 'x'), PictureResult::Malformed},
+      {"cut in the header", good.substr(0, 100), PictureResult::Malformed},
+      {"cut in the picture data", good.substr(0, good.size() / 2), PictureResult::Malformed},
+      {"garbage after the start", "\xFF\xD8" + std::string(500, '\x55'), PictureResult::Malformed},
+      {"huge dimensions", huge, PictureResult::TooLarge},
+      {"zero width", zero_width, PictureResult::Malformed},
+  };
+  for (const auto& c : cases) {
+    SCOPED_TRACE(c.name);
+    Bitmap bmp;
+    EXPECT_EQ(ReadJpeg(c.bytes, bmp), c.expected);
+    EXPECT_TRUE(bmp.pixels.empty());
+  }
+  Bitmap empty;
+  std::string out;
+  EXPECT_EQ(WriteJpeg(empty, 60, out), PictureResult::Unsupported);
+}
+
+TEST(PictureFiles, ConvertPictureFileChoosesTheTargetKindByExtension) {
+  TempDir dir;
+  ASSERT_EQ(WritePictureFile(dir / "shot.BMP", Gradient(40, 30)), PictureResult::Ok);
+  ASSERT_EQ(ReadFile(dir / "shot.BMP").substr(0, 2), "BM");
+
+  // The store's road: a bitmap packed as load.jpg at quality 90, and back for the game.
+  ASSERT_TRUE(ConvertPictureFile(dir / "shot.BMP", dir / "load.jpg", 90));
+  EXPECT_EQ(ReadFile(dir / "load.jpg").substr(0, 2), "\xFF\xD8");
+  ASSERT_TRUE(ConvertPictureFile(dir / "load.jpg", dir / "load.bmp"));
+  Bitmap back;
+  ASSERT_EQ(ReadPictureFile(dir / "load.bmp", back), PictureResult::Ok);
+  EXPECT_EQ(back.width, 40);
+  EXPECT_LT(MeanDifference(Gradient(40, 30), back), 4.0);
+
+  // A bitmap saved under a .jpg name still reads: the bytes tell the kind.
+  fs::copy_file(dir / "shot.BMP", dir / "misnamed.jpg");
+  EXPECT_TRUE(ConvertPictureFile(dir / "misnamed.jpg", dir / "fixed.jpeg", 60));
+
+  struct Case {
+    const char* name;
+    fs::path source, target;
+    PictureResult expected;
+  };
+  dir.Write("broken.jpg", "\xFF\xD8 not really");
+  const std::vector<Case> failures = {
+      {"missing source", dir / "none.bmp", dir / "x.jpg", PictureResult::CannotRead},
+      {"source is a folder", dir.path(), dir / "x.jpg", PictureResult::CannotRead},
+      {"damaged source", dir / "broken.jpg", dir / "x.bmp", PictureResult::Malformed},
+      {"unknown target kind", dir / "shot.BMP", dir / "x.png", PictureResult::Unsupported},
+      {"target folder missing", dir / "shot.BMP", dir / "no" / "x.jpg", PictureResult::CannotWrite},
+  };
+  for (const auto& c : failures) {
+    SCOPED_TRACE(c.name);
+    PictureResult why = PictureResult::Ok;
+    EXPECT_FALSE(ConvertPictureFile(c.source, c.target, 90, &why));
+    EXPECT_EQ(why, c.expected);
+    EXPECT_FALSE(fs::exists(c.target));
+  }
+  EXPECT_EQ(PictureKindOfName("a.JFIF"), PictureKind::Jpeg);
+  EXPECT_EQ(PictureKindOfName("a.dib"), PictureKind::Bmp);
+  EXPECT_EQ(PictureKindOfName("bmp"), PictureKind::Unknown);
+}
+
+}  // namespace
+}  // namespace vardolin

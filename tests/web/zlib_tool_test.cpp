@@ -1,0 +1,285 @@
+#include "web/zlib_tool.h"
+
+#include <gtest/gtest.h>
+#include <zlib.h>
+
+#include <algorithm>
+#include <filesystem>
+#include <random>
+#include <string>
+#include <vector>
+
+#include "foundation/program.h"
+#include "recording_platform.h"
+#include "scripted_ui.h"
+#include "temp_dir.h"
+#include "web/dialog_zip.h"
+#include "web/text_ids.h"
+
+namespace vardolin::web {
+namespace {
+
+namespace fs = std::filesystem;
+using vardolin::testing::ReadFile;
+using vardolin::testing::TempDir;
+
+constexpr std::size_t kChunk = 256 * 1024;
+
+std::string RandomBytes(std::size_t n, unsigned seed) {
+  std::mt19937 rng(seed);
+  std::string s(n, '\0');
+  for (auto& c : s) c = static_cast<char>(rng());
+  return s;
+}
+
+// Text-like bytes that deflate to roughly a third.
+std::string Compressible(std::size_t n, unsigned seed) {
+  static const char* words[] = {"lara ", "croft ", "tomb ", "raider ", "level ",
+                                "room ", "door ",  "key ",  "switch ", "torch "};
+  std::mt19937 rng(seed);
+  std::string s;
+  while (s.size() < n) {
+    s += words[rng() % 10];
+    if (rng() % 4 == 0) s += static_cast<char>('A' + rng() % 26);
+  }
+  s.resize(n);
+  return s;
+}
+
+// Files that sit in `folder`, for checking that a failure left nothing behind.
+std::vector<std::string> Listing(const fs::path& folder) {
+  std::vector<std::string> names;
+  for (auto& e : fs::directory_iterator(folder)) names.push_back(e.path().filename().string());
+  std::sort(names.begin(), names.end());
+  return names;
+}
+
+struct RoundTrip {
+  const char* name;
+  std::string data;
+};
+
+TEST(ZlRoundTrip, FilesOfEveryShapeComeBackByteForByte) {
+  std::vector<RoundTrip> cases = {
+      {"empty", ""},
+      {"one byte", "x"},
+      {"incompressible", RandomBytes(100000, 1)},
+      {"compressible", Compressible(100000, 2)},
+      {"exactly one chunk", Compressible(kChunk, 3)},
+      {"one chunk and a byte", Compressible(kChunk + 1, 4)},
+      {"large compressible", Compressible(3 * kChunk + 12345, 5)},
+      {"large incompressible", RandomBytes(3 * kChunk + 7, 6)},
+      {"random then text", RandomBytes(2 * kChunk, 7) + Compressible(2 * kChunk, 8)},
+      {"zeros across stored block limits", std::string(200000, '\0')},
+  };
+  TempDir dir;
+  for (const auto& c : cases) {
+    for (int threads : {1, 2}) {
+      SCOPED_TRACE(std::string(c.name) + " threads " + std::to_string(threads));
+      fs::path src = dir.Write("in.bin", c.data);
+      ZlOptions options;
+      options.threads = threads;
+      ASSERT_EQ(PackFile(src, dir / "in.bin.zl", options), ZlResult::Ok);
+      ASSERT_EQ(ExpandFile(dir / "in.bin.zl", dir / "out.bin"), ZlResult::Ok);
+      EXPECT_TRUE(ReadFile(dir / "out.bin") == c.data);
+
+      // After the head, any zlib inflater reads the stream, and the head holds the length.
+      std::string packed = ReadFile(dir / "in.bin.zl");
+      ASSERT_GE(packed.size(), kZlHeadSize);
+      EXPECT_EQ(packed.substr(0, 4), std::string("VZL\x01", 4));
+      std::uint64_t length = 0;
+      for (int i = 0; i < 8; ++i) length |= std::uint64_t(std::uint8_t(packed[4 + i])) << (8 * i);
+      EXPECT_EQ(length, c.data.size());
+      std::string plain(c.data.size() + 1, '\0');
+      uLongf plain_size = plain.size();
+      ASSERT_EQ(uncompress(reinterpret_cast<Bytef*>(plain.data()), &plain_size,
+                           reinterpret_cast<const Bytef*>(packed.data()) + kZlHeadSize,
+                           packed.size() - kZlHeadSize),
+                Z_OK);
+      EXPECT_TRUE(plain.substr(0, plain_size) == c.data);
+      fs::remove(dir / "out.bin");
+    }
+  }
+}
+
+TEST(ZlPacking, CompressesAsWellAsPlainLevelNineAndStoresWhatDoesNotCompress) {
+  struct Case {
+    const char* name;
+    std::string data;
+    double max_ratio_to_zlib;
+  };
+  std::vector<Case> cases = {
+      {"text", Compressible(4 * kChunk, 11), 1.01},
+      {"random", RandomBytes(4 * kChunk, 12), 1.0},
+  };
+  for (const auto& c : cases) {
+    SCOPED_TRACE(c.name);
+    std::string packed;
+    ASSERT_EQ(PackBytes(c.data, packed), ZlResult::Ok);
+    uLongf bound = compressBound(c.data.size());
+    std::string reference(bound, '\0');
+    ASSERT_EQ(compress2(reinterpret_cast<Bytef*>(reference.data()), &bound,
+                        reinterpret_cast<const Bytef*>(c.data.data()), c.data.size(), 9),
+              Z_OK);
+    EXPECT_LE(double(packed.size() - kZlHeadSize), double(bound) * c.max_ratio_to_zlib);
+  }
+  // Random bytes cost only the stored blocks' few bytes of framing.
+  std::string random = RandomBytes(kChunk * 2, 13), packed;
+  ASSERT_EQ(PackBytes(random, packed), ZlResult::Ok);
+  EXPECT_LE(packed.size(), random.size() + kZlHeadSize + 6 + 5 * (random.size() / 65535 + 2));
+}
+
+TEST(ZlExpansion, DamagedFilesAreRefusedAndLeaveNoOutput) {
+  // Random content makes the deflate data stored blocks, so a flipped data byte can only be
+  // caught by the checksum.
+  std::string original = RandomBytes(kChunk + 5000, 21) + Compressible(kChunk, 22);
+  std::string good;
+  ASSERT_EQ(PackBytes(original, good), ZlResult::Ok);
+  auto flip = [&](std::size_t at) {
+    std::string s = good;
+    s[at] = static_cast<char>(s[at] ^ 0x20);
+    return s;
+  };
+  struct Damage {
+    const char* name;
+    std::string bytes;
+    ZlResult expected;
+  };
+  std::vector<Damage> cases = {
+      {"empty file", "", ZlResult::Truncated},
+      {"cut inside the head", good.substr(0, 6), ZlResult::Truncated},
+      {"only the head", good.substr(0, kZlHeadSize), ZlResult::Truncated},
+      {"cut in the middle", good.substr(0, good.size() / 2), ZlResult::Truncated},
+      {"last byte missing", good.substr(0, good.size() - 1), ZlResult::Truncated},
+      {"byte appended", good + "!", ZlResult::Corrupt},
+      {"another file appended", good + good, ZlResult::Corrupt},
+      {"wrong magic", flip(1), ZlResult::NotPacked},
+      {"some other file", "PK\x03\x04 this is a zip, not ours", ZlResult::NotPacked},
+      {"length too small", flip(4), ZlResult::Corrupt},
+      {"length huge", flip(10), ZlResult::Corrupt},
+      {"zlib head damaged", flip(kZlHeadSize), ZlResult::Corrupt},
+      {"stored data byte flipped", flip(kZlHeadSize + 1000), ZlResult::Corrupt},
+      {"checksum flipped", flip(good.size() - 1), ZlResult::Corrupt},
+  };
+  TempDir dir;
+  fs::create_directory(dir / "work");
+  for (const auto& c : cases) {
+    SCOPED_TRACE(c.name);
+    fs::path zl = dir.Write("work/level.tr4.zl", c.bytes);
+    EXPECT_EQ(ExpandFile(zl, dir / "work" / "level.tr4"), c.expected);
+    EXPECT_EQ(Listing(dir / "work"), std::vector<std::string>{"level.tr4.zl"});
+
+    std::string out = "left over";
+    EXPECT_EQ(ExpandBytes(c.bytes, out), c.expected);
+    EXPECT_TRUE(out.empty());
+  }
+}
+
+TEST(ZlExpansion, AFailedExpansionKeepsAnOlderOutputIntact) {
+  TempDir dir;
+  std::string packed;
+  ASSERT_EQ(PackBytes(Compressible(5000, 31), packed), ZlResult::Ok);
+  fs::path zl = dir.Write("a.zl", packed.substr(0, packed.size() - 3));
+  fs::path old = dir.Write("a", "old contents");
+  EXPECT_EQ(ExpandFile(zl, old), ZlResult::Truncated);
+  EXPECT_EQ(ReadFile(old), "old contents");
+}
+
+TEST(ZlFiles, MissingInputOrUnwritableOutputIsReported) {
+  TempDir dir;
+  fs::path src = dir.Write("a", "abc");
+  EXPECT_EQ(PackFile(dir / "missing", dir / "x.zl"), ZlResult::CannotReadInput);
+  EXPECT_EQ(PackFile(dir.path(), dir / "x.zl"), ZlResult::CannotReadInput);  // a folder
+  EXPECT_EQ(PackFile(src, dir / "no-such-folder" / "a.zl"), ZlResult::CannotWriteOutput);
+  EXPECT_EQ(ExpandFile(dir / "missing.zl", dir / "x"), ZlResult::CannotReadInput);
+  EXPECT_EQ(Listing(dir.path()), std::vector<std::string>{"a"});
+}
+
+TEST(ZlFiles, ProgressClimbsToTheTotal) {
+  TempDir dir;
+  std::string data = Compressible(5 * kChunk, 41);
+  fs::path src = dir.Write("big", data);
+  std::vector<std::uint64_t> seen;
+  ZlOptions options;
+  options.progress = [&](std::uint64_t done, std::uint64_t total) {
+    EXPECT_EQ(total, data.size());
+    seen.push_back(done);
+  };
+  ASSERT_EQ(PackFile(src, dir / "big.zl", options), ZlResult::Ok);
+  ASSERT_EQ(seen.size(), 5u);
+  EXPECT_TRUE(std::is_sorted(seen.begin(), seen.end()));
+  EXPECT_EQ(seen.back(), data.size());
+
+  seen.clear();
+  std::uint64_t packed_size = fs::file_size(dir / "big.zl");
+  options.progress = [&](std::uint64_t done, std::uint64_t total) {
+    EXPECT_EQ(total, packed_size);
+    seen.push_back(done);
+  };
+  ASSERT_EQ(ExpandFile(dir / "big.zl", dir / "big.out", options), ZlResult::Ok);
+  ASSERT_FALSE(seen.empty());
+  EXPECT_EQ(seen.back(), packed_size);
+}
+
+TEST(ZlibToolControl, CompressAndDecompressAnswerWhetherTheOutputStands) {
+  TempDir dir;
+  std::string data = Compressible(70000, 51);
+  ZlibTool tool;
+  tool.InputFile = dir.Write("level.tr4", data).string();
+  tool.OutputFile = (dir / "level.tr4.zl").string();
+  ASSERT_TRUE(tool.Compress());
+  tool.InputFile = tool.OutputFile;
+  tool.OutputFile = (dir / "back.tr4").string();
+  ASSERT_TRUE(tool.Decompress());
+  EXPECT_TRUE(ReadFile(dir / "back.tr4") == data);
+
+  tool.InputFile = (dir / "level.tr4").string();  // not packed
+  tool.OutputFile = (dir / "again.tr4").string();
+  EXPECT_FALSE(tool.Decompress());
+  EXPECT_EQ(tool.LastResult(), ZlResult::NotPacked);
+  EXPECT_FALSE(fs::exists(dir / "again.tr4"));
+}
+
+struct DialogZipTest : ::testing::Test {
+  vardolin::testing::ScriptedUi ui;
+  vardolin::testing::RecordingPlatform platform;
+  Program program{"/nonexistent", ui, platform};
+  TempDir dir;
+  DialogZipTest() {
+    program.texts.EnglishTexts.entries = {
+        {"", text::ZipDialogCaption, " Zipping"},
+        {"", text::CannotExpandFile, "The file ~1 could not be expanded."}};
+  }
+};
+
+TEST_F(DialogZipTest, ShowsModelessWithTheMessageAndABlankAsCaption) {
+  Dialog_Zip dialog(program);
+  dialog.ShowWith("Preparing level");
+  EXPECT_EQ(dialog.Caption(), "Preparing level ");
+  EXPECT_EQ(dialog.Label_Info.Caption(), "Preparing level");
+  EXPECT_EQ(ui.ModelessShown(), std::vector<std::string>{"Dialog_Zip"});
+  dialog.Hide();
+  EXPECT_FALSE(dialog.IsLoaded());
+}
+
+TEST_F(DialogZipTest, ExpandsWithTheBarMovingAndReportsADamagedFileByName) {
+  Dialog_Zip dialog(program);
+  dialog.ShowWith("x");
+  fs::path src = dir.Write("data.tr4", Compressible(3 * kChunk, 61));
+  ASSERT_TRUE(dialog.CompressFile(src, dir / "data.tr4.zl"));
+  ASSERT_TRUE(dialog.ExpandFile(dir / "data.tr4.zl", dir / "data.out"));
+  EXPECT_EQ(dialog.ProgressBar1.Value(), 100);
+  EXPECT_GT(ui.EventsRun(), 0);
+  EXPECT_TRUE(dialog.ZlibTool1.InputFile.empty());
+
+  std::string packed = ReadFile(dir / "data.tr4.zl");
+  dir.Write("cut.tr4.zl", packed.substr(0, packed.size() / 3));
+  ui.Answer(msg::kOk, "cut.tr4.zl");
+  EXPECT_FALSE(dialog.ExpandFile(dir / "cut.tr4.zl", dir / "cut.tr4"));
+  EXPECT_FALSE(fs::exists(dir / "cut.tr4"));
+  ASSERT_EQ(ui.Questions().size(), 1u);
+  EXPECT_EQ(ui.Questions()[0].style, msg::kError);
+}
+
+}  // namespace
+}  // namespace vardolin::web
