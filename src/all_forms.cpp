@@ -1,5 +1,13 @@
 #include "all_forms.h"
 
+#include "archive/principale.h"
+#include "foundation/dialogs/dialog_get_dir.h"
+#include "foundation/dialogs/dialog_input_box.h"
+#include "foundation/dialogs/dialog_msg_box.h"
+#include "foundation/dialogs/dialog_progress.h"
+#include "foundation/dialogs/dialog_splash.h"
+#include "foundation/dialogs/dialog_wait.h"
+
 namespace vardolin {
 namespace {
 
@@ -13,6 +21,10 @@ FormFactory Entry(const char* name) {
 const std::vector<FormFactory>& AllForms() {
   static const std::vector<FormFactory> forms = {
       // One line per form: Entry<Dialog_Name>("Dialog_Name"),
+      Entry<Dialog_GetDir>("Dialog_GetDir"), Entry<Dialog_InputBox>("Dialog_InputBox"),
+      Entry<Dialog_MsgBox>("Dialog_MsgBox"), Entry<Dialog_Progress>("Dialog_Progress"),
+      Entry<Dialog_Splash>("Dialog_Splash"), Entry<Dialog_Wait>("Dialog_Wait"),
+      Entry<Principale>("Principale"),
   };
   return forms;
 }

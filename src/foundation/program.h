@@ -7,6 +7,7 @@
 #include <string>
 #include <vector>
 
+#include "foundation/forms/open_forms.h"
 #include "foundation/settings/preferences.h"
 #include "foundation/texts/text_catalogue.h"
 
@@ -44,6 +45,8 @@ class Program {
   Preferences prefs;
   TextCatalogue texts;
   MainWindowParts main;
+  // Modeless windows kept up by the services: Dialog_Progress, Dialog_Wait, Dialog_Splash.
+  OpenForms open_forms;
 
   // Shared state of the run.
   std::string BackupFolder;
