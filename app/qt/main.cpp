@@ -1,8 +1,53 @@
-// vardolin: the Qt front end.
+// vardolin: the Qt front end. The main window is the program: its load handler starts it and
+// its unload handler ends it.
 
 #include <QApplication>
+#include <QMessageBox>
+#include <string>
+
+#include "archive/principale.h"
+#include "foundation/platform/linux_platform.h"
+#include "foundation/program.h"
+#include "foundation/program_home.h"
+#include "qt_ui.h"
 
 int main(int argc, char** argv) {
   QApplication app(argc, argv);
-  return 0;
+  QApplication::setApplicationName(QStringLiteral("Vardolin"));
+  QApplication::setQuitOnLastWindowClosed(false);
+
+  std::string home_option;
+  QStringList args = QApplication::arguments();
+  for (int i = 1; i < args.size(); ++i) {
+    if (args[i] == u"--home" && i + 1 < args.size())
+      home_option = args[++i].toStdString();
+    else if (args[i].startsWith(u"--home="))
+      home_option = args[i].mid(7).toStdString();
+    // --demo names the demonstration home that `make run` prepares; the home decides the rest.
+  }
+
+  std::filesystem::path home = vardolin::ResolveHome(home_option);
+  if (!vardolin::PrepareHome(home)) {
+    QMessageBox::critical(
+        nullptr, QStringLiteral("Vardolin"),
+        QStringLiteral("The folder %1 can't be made.").arg(QString::fromStdString(home.string())));
+    return 1;
+  }
+
+  vardolin::qt::QtUi ui;
+  vardolin::LinuxPlatform platform;
+  vardolin::Program program(home, ui, platform);
+  ui.SetProgram(program);
+
+  vardolin::Principale main_window(program);
+  main_window.Subscribe([](vardolin::Form&, vardolin::FormEvent event) {
+    if (event == vardolin::FormEvent::Unloaded) QApplication::quit();
+  });
+  main_window.Load();
+  if (!main_window.IsLoaded()) return 1;
+  ui.ShowModeless(main_window);
+  int rc = QApplication::exec();
+  // The session may end the loop with the window still up: shut down as the window would.
+  main_window.Unload();
+  return rc;
 }

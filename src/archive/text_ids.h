@@ -2,6 +2,7 @@
 // Numbers of the texts the level archive uses. Every id here has an English wording in
 // resources/english.trc. Ids marked "fragment" are path fragments: a folder fragment begins
 // with a backslash. The user folders 1546 to 1548 are the same folders as 1632 to 1634.
+// resources/english.trc.
 
 #include <cstdint>
 
@@ -63,5 +64,104 @@ inline constexpr std::int32_t SizeFolderPlay = 1632;         // fragment, same a
 inline constexpr std::int32_t SizeFolderSavegames = 1633;    // fragment, same as 1547
 inline constexpr std::int32_t SizeFolderScreenshots = 1634;  // fragment, same as 1548
 inline constexpr std::int32_t LevelFolderPrefix = 1647;      // fragment "\LEVEL_"
+// Captions of the main window: its menu entries, then its other controls.
+inline constexpr std::int32_t MnuFile = 5100;
+inline constexpr std::int32_t MnuNew = 5101;
+inline constexpr std::int32_t MnuLoad = 5102;
+inline constexpr std::int32_t MnuSave = 5103;
+inline constexpr std::int32_t MnuSaveAs = 5104;
+inline constexpr std::int32_t MnuExit = 5105;
+inline constexpr std::int32_t MnuLevel = 5106;
+inline constexpr std::int32_t MnuAddLevel = 5107;
+inline constexpr std::int32_t MnuProperty = 5108;
+inline constexpr std::int32_t MnuSearchLivelli = 5109;
+inline constexpr std::int32_t MnuShowAutoreInfo = 5110;
+inline constexpr std::int32_t MnuLanguage = 5111;
+inline constexpr std::int32_t MnuSetMylanguage = 5112;
+inline constexpr std::int32_t MnuRestoreLanguage = 5113;
+inline constexpr std::int32_t MnuRemoveLevel = 5114;
+inline constexpr std::int32_t MnuExport = 5115;
+inline constexpr std::int32_t MnuShowListaUrl = 5116;
+inline constexpr std::int32_t MnuSaveGames = 5117;
+inline constexpr std::int32_t MnuShowSavegames = 5118;
+inline constexpr std::int32_t MnuImpSavegames = 5119;
+inline constexpr std::int32_t MnuImportSaveGame = 5120;
+inline constexpr std::int32_t MnuImportSaveGameSingle = 5121;
+inline constexpr std::int32_t MnuSearchSavegame = 5122;
+inline constexpr std::int32_t MnuFindSavegameNote = 5123;
+inline constexpr std::int32_t MnuFineNextSavegame = 5124;
+inline constexpr std::int32_t MnuFindPreviousSavegame = 5125;
+inline constexpr std::int32_t MnuMandaSavegameEmail = 5126;
+inline constexpr std::int32_t MnuSendSaveGameEmail = 5127;
+inline constexpr std::int32_t MnuSendSingoloSavegame = 5128;
+inline constexpr std::int32_t MnuExportSavegame = 5129;
+inline constexpr std::int32_t MnuBackupSavegame = 5130;
+inline constexpr std::int32_t MnuRestoreSavegames = 5131;
+inline constexpr std::int32_t MnuEdit = 5132;
+inline constexpr std::int32_t MnuShowScreenShot = 5133;
+inline constexpr std::int32_t MnuZoom = 5134;
+inline constexpr std::int32_t MnuAddScreenshot = 5135;
+inline constexpr std::int32_t MnuCaptureScreen = 5136;
+inline constexpr std::int32_t MnuDeleteShot = 5137;
+inline constexpr std::int32_t MnuRenameShot = 5138;
+inline constexpr std::int32_t MnuSaveShot = 5139;
+inline constexpr std::int32_t MnuResizeSave = 5140;
+inline constexpr std::int32_t MnuScegliImmagine = 5141;
+inline constexpr std::int32_t MnuOpenEditor = 5142;
+inline constexpr std::int32_t MnuCopyPathInClip = 5143;
+inline constexpr std::int32_t MnuSendScreenshotemail = 5144;
+inline constexpr std::int32_t MnuPropertyScreenShot = 5145;
+inline constexpr std::int32_t MnuLevelEditor = 5146;
+inline constexpr std::int32_t MnuInstallTrle = 5147;
+inline constexpr std::int32_t MnuInstallTrleFolder = 5148;
+inline constexpr std::int32_t MnuInstallComprTrle = 5149;
+inline constexpr std::int32_t MnuSetupTrle = 5150;
+inline constexpr std::int32_t MnuSetOriginale = 5151;
+inline constexpr std::int32_t MnuImportWads = 5152;
+inline constexpr std::int32_t MnuPatchTomb4 = 5153;
+inline constexpr std::int32_t MnuCompareTrle = 5154;
+inline constexpr std::int32_t MnuShowUrlList = 5155;
+inline constexpr std::int32_t MnuTools = 5156;
+inline constexpr std::int32_t MnuConvertAudio = 5157;
+inline constexpr std::int32_t MnuDecodeMp3 = 5158;
+inline constexpr std::int32_t MnuEncodeMp3 = 5159;
+inline constexpr std::int32_t MnuConvertWav = 5160;
+inline constexpr std::int32_t MnuManutenzione = 5161;
+inline constexpr std::int32_t MnuCorrectArchiveCD = 5162;
+inline constexpr std::int32_t MnuCalcolaSize = 5163;
+inline constexpr std::int32_t MnuMoveArc = 5164;
+inline constexpr std::int32_t MnuFaiFullBackup = 5165;
+inline constexpr std::int32_t MnuRecover = 5166;
+inline constexpr std::int32_t MnuControllaUguali = 5167;
+inline constexpr std::int32_t MnuCreaInfoTr4 = 5168;
+inline constexpr std::int32_t MnuCopiaFileInfos = 5169;
+inline constexpr std::int32_t MnuSetLanguageAll = 5170;
+inline constexpr std::int32_t MnuRestoreAll = 5171;
+inline constexpr std::int32_t MnuMoveOnCd = 5172;
+inline constexpr std::int32_t MnuPref = 5173;
+inline constexpr std::int32_t MnuSettings = 5174;
+inline constexpr std::int32_t MnuPrefArchive = 5175;
+inline constexpr std::int32_t MnuHelp = 5176;
+inline constexpr std::int32_t MnuFindHelp = 5177;
+inline constexpr std::int32_t MnuHelpSaveGameMan = 5178;
+inline constexpr std::int32_t MnuHelpFaq = 5179;
+inline constexpr std::int32_t MnuAbout = 5180;
+inline constexpr std::int32_t MnuSaveGameHid = 5181;
+inline constexpr std::int32_t MnuChangeImageSavegame = 5182;
+inline constexpr std::int32_t MnuSaveGameHid2 = 5183;
+inline constexpr std::int32_t MnuSalvaSavegame = 5184;
+inline constexpr std::int32_t MnuSendSavegame = 5185;
+inline constexpr std::int32_t MnuDelSavegame = 5186;
+inline constexpr std::int32_t MnuPropertySavegame = 5187;
+inline constexpr std::int32_t CaptionFrameLivelli = 5200;
+inline constexpr std::int32_t CaptionPulSearch = 5201;
+inline constexpr std::int32_t CaptionPulPrima = 5202;
+inline constexpr std::int32_t CaptionPulDopo = 5203;
+inline constexpr std::int32_t CaptionPulPlay = 5204;
+inline constexpr std::int32_t CaptionPulMoreInfo = 5205;
+inline constexpr std::int32_t CaptionPulScreenShots = 5206;
+inline constexpr std::int32_t CaptionPulSaveGames = 5207;
+inline constexpr std::int32_t CaptionFrameSaveGames = 5208;
+inline constexpr std::int32_t CaptionFrameScreenShots = 5209;
 
 }  // namespace vardolin::text

@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "archive/catalogue_records.h"
+#include "foundation/forms/open_forms.h"
 #include "foundation/settings/preferences.h"
 #include "foundation/texts/text_catalogue.h"
 
@@ -46,6 +47,8 @@ class Program {
   TextCatalogue texts;
   MainWindowParts main;
   Catalogue catalogue;
+  // Modeless windows kept up by the services: Dialog_Progress, Dialog_Wait, Dialog_Splash.
+  OpenForms open_forms;
 
   // Shared state of the run.
   std::string BackupFolder;

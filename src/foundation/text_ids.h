@@ -105,4 +105,8 @@ inline constexpr std::int32_t SettingsSetJoy = 5026;
 inline constexpr std::int32_t SettingsOk = 5027;
 inline constexpr std::int32_t SettingsCancel = 5028;
 
+// Folder chooser messages and the box button that has no text of its own.
+inline constexpr std::int32_t NewFolderFailed = 5090;  // ~1 the quoted path
+inline constexpr std::int32_t MsgBoxIgnore = 5091;
+
 }  // namespace vardolin::text

@@ -11,4 +11,10 @@ int AskUser(Program& program, const std::string& text, int style, const std::str
                               title.empty() ? program.GetText(text::ProgramTitle) : title);
 }
 
+std::string AskInput(Program& program, const std::string& prompt, const std::string& title,
+                     const std::string& initial) {
+  return program.ui().AskInput(prompt, title.empty() ? program.GetText(text::ProgramTitle) : title,
+                               initial);
+}
+
 }  // namespace vardolin

@@ -1,6 +1,5 @@
 #pragma once
-// The program's message box: the text, a style (msg::kYesNo, msg::kError ...) and a title; an
-// empty title becomes the program's own. Gives the number of the button pressed.
+// Questions to the user by way of the Ui port, with the program's own title when none is given.
 
 #include <string>
 
@@ -8,6 +7,11 @@ namespace vardolin {
 
 class Program;
 
+// Shows the text with the buttons of the style (msg::kYesNo ...) and gives the number of the
+// button pressed. An empty title is replaced by the program's title (text 2478).
 int AskUser(Program& program, const std::string& text, int style, const std::string& title = {});
+// Gives the typed text when the user confirmed, else an empty text.
+std::string AskInput(Program& program, const std::string& prompt, const std::string& title = {},
+                     const std::string& initial = {});
 
 }  // namespace vardolin

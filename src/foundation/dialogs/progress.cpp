@@ -1,13 +1,15 @@
 #include "foundation/dialogs/progress.h"
 
+#include <cmath>
+
 #include "foundation/forms/form.h"
 
 namespace vardolin {
 
-void SetProgressPercent(ProgressBar& bar, long long max, long long value) {
+void SetProgressPercent(ProgressBar& bar, double max, double value) {
   if (max == 0) max = 1;
   if (value > max) value = max;
-  int percent = static_cast<int>(static_cast<double>(value) / static_cast<double>(max) * 100.0);
+  int percent = static_cast<int>(std::floor(value / max * 100.0));
   if (percent == bar.Value()) return;
   bar.SetValue(percent);
   bar.Owner().Refresh();

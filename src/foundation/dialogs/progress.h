@@ -1,13 +1,13 @@
 #pragma once
-// Moving a progress bar by the share of work done.
+// Moving a progress bar by percentage without repainting it more often than its value changes.
 
 namespace vardolin {
 
 class ProgressBar;
 
-// Sets the bar to the whole part of value / max x 100. A max of 0 counts as 1 and a value above
-// the max as the max; the bar is written only when the number changes, so that tight loops
-// don't repaint it for nothing.
-void SetProgressPercent(ProgressBar& bar, long long max, long long value);
+// Sets the bar to the whole percentage of value / max. A max of 0 counts as 1 and a value above
+// max as max. The bar is written and its window refreshed only when the percentage differs from
+// what the bar shows.
+void SetProgressPercent(ProgressBar& bar, double max, double value);
 
 }  // namespace vardolin

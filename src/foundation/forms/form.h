@@ -43,6 +43,12 @@ class Form {
   void ReapplyCaptions();
   // Asks the front end to repaint now (long loops call it after changing a label).
   void Refresh();
+  // What the front end reports of the window itself: a key pressed (virtual-key code, shift
+  // bits 1 Shift, 2 Ctrl, 4 Alt), a click on its surface, and the close box. A false answer of
+  // QueryUnload keeps the window up.
+  void KeyDown(int key_code, int shift) { Form_KeyDown(key_code, shift); }
+  void Click() { Form_Click(); }
+  virtual bool QueryUnload() { return true; }
 
   const std::vector<Control*>& Controls() const { return controls_; }
   Control* FindControl(std::string_view name) const;
@@ -64,6 +70,8 @@ class Form {
   virtual void Form_Load() {}
   // Runs when the form closes; the main window's shut-down lives here.
   virtual void Form_Unload() {}
+  virtual void Form_KeyDown(int key_code, int shift) {}
+  virtual void Form_Click() {}
 
  private:
   friend class Control;

@@ -13,10 +13,9 @@ ListControl::ListControl(Form& form, std::string name, ControlKind kind, bool so
 int ListControl::AddItem(std::string text, std::int64_t data, int index) {
   int at;
   if (sorted_) {
-    auto it = std::upper_bound(items_.begin(), items_.end(), text,
-                               [](const std::string& t, const ListItem& item) {
-                                 return LessNoCase(t, item.text);
-                               });
+    auto it = std::upper_bound(
+        items_.begin(), items_.end(), text,
+        [](const std::string& t, const ListItem& item) { return LessNoCase(t, item.text); });
     at = static_cast<int>(it - items_.begin());
   } else {
     at = (index < 0 || index > ListCount()) ? ListCount() : index;
@@ -72,7 +71,9 @@ void ListControl::SetListIndex(int index) {
   if (on_click_) on_click_();
 }
 
-std::string ListControl::SelectedText() const { return List(list_index_); }
+std::string ListControl::SelectedText() const {
+  return List(list_index_);
+}
 
 int ListControl::FindData(std::int64_t data) const {
   for (int i = 0; i < ListCount(); ++i)
@@ -106,10 +107,16 @@ void ListControl::Click() {
   if (Enabled() && on_click_) on_click_();
 }
 
+void ListControl::DblClick() {
+  if (Enabled() && on_dbl_click_) on_dbl_click_();
+}
+
 ComboBox::ComboBox(Form& form, std::string name, bool sorted, Handler on_click)
     : ListControl(form, std::move(name), ControlKind::ComboBox, sorted, std::move(on_click)) {}
 
-std::string ComboBox::Text() const { return editable_ ? Caption() : SelectedText(); }
+std::string ComboBox::Text() const {
+  return editable_ ? Caption() : SelectedText();
+}
 
 void ComboBox::SetText(std::string text) {
   if (editable_) {

@@ -50,6 +50,9 @@ class ListControl : public Control {
   void SetMultiSelect(bool multi) { multi_select_ = multi; }
 
   void Click();
+  // A double click (or Enter) on the selected row.
+  void DblClick();
+  void SetDblClickHandler(Handler on_dbl_click) { on_dbl_click_ = std::move(on_dbl_click); }
 
  private:
   std::vector<ListItem> items_;
@@ -57,6 +60,7 @@ class ListControl : public Control {
   bool sorted_;
   bool multi_select_ = false;
   Handler on_click_;
+  Handler on_dbl_click_;
 };
 
 class ComboBox : public ListControl {

@@ -1,0 +1,453 @@
+#include "form_binder.h"
+
+#include <QAction>
+#include <QCheckBox>
+#include <QComboBox>
+#include <QCoreApplication>
+#include <QDialog>
+#include <QEvent>
+#include <QGroupBox>
+#include <QKeyEvent>
+#include <QLabel>
+#include <QLineEdit>
+#include <QListWidget>
+#include <QMenu>
+#include <QPixmap>
+#include <QPlainTextEdit>
+#include <QProgressBar>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QSignalBlocker>
+#include <QTextEdit>
+#include <QTimer>
+#include <QVariant>
+
+#include "form_layout.h"
+
+namespace vardolin::qt {
+namespace {
+
+QString Q(const std::string& s) {
+  return QString::fromStdString(s);
+}
+std::string S(const QString& s) {
+  return s.toStdString();
+}
+
+constexpr int kKeyReturn = 13;
+constexpr int kKeyEscape = 27;
+
+void FillCombo(QComboBox* box, const ComboBox& model) {
+  box->clear();
+  for (const ListItem& item : model.Items()) box->addItem(Q(item.text));
+  box->setCurrentIndex(model.ListIndex());
+  if (model.Editable() && box->isEditable()) box->setEditText(Q(model.Caption()));
+}
+
+void SelectRows(QListWidget* list, const ListBox& model) {
+  if (model.MultiSelect()) {
+    for (int i = 0; i < list->count(); ++i) list->item(i)->setSelected(model.Selected(i));
+    return;
+  }
+  if (model.ListIndex() < 0) {
+    list->clearSelection();
+    list->setCurrentRow(-1);
+  } else {
+    list->setCurrentRow(model.ListIndex());
+  }
+}
+
+void FillList(QListWidget* list, const ListBox& model) {
+  list->clear();
+  list->setSelectionMode(model.MultiSelect() ? QAbstractItemView::ExtendedSelection
+                                             : QAbstractItemView::SingleSelection);
+  for (const ListItem& item : model.Items()) list->addItem(Q(item.text));
+  SelectRows(list, model);
+}
+
+void ShowPicture(QLabel* label, const Image& image) {
+  if (image.Picture().empty()) {
+    label->clear();
+    return;
+  }
+  label->setScaledContents(image.Stretch());
+  if (!image.Stretch()) label->setAlignment(Qt::AlignCenter);
+  label->setPixmap(QPixmap(Q(image.Picture())));
+}
+
+}  // namespace
+
+FormBinder::FormBinder(Form& form, QWidget* parent) : form_(form) {
+  window_ = LoadFormLayout(form.Name(), parent);
+  if (!window_) return;
+  if (window_->property("frameless").toBool())
+    window_->setWindowFlags(Qt::SplashScreen | Qt::FramelessWindowHint);
+  else if (parent)
+    window_->setWindowFlags(window_->windowFlags() | Qt::Dialog);
+  window_->setWindowTitle(Q(form.Caption()));
+  window_->installEventFilter(this);
+  for (Control* control : form.Controls()) {
+    if (control->Kind() == ControlKind::Timer) {
+      BindTimer(*static_cast<Timer*>(control));
+      continue;
+    }
+    QObject* object = FindControlObject(window_, control->Name());
+    if (object && ObjectFitsKind(object, control->Kind())) Bind(*control, object);
+  }
+  form_token_ = form.Subscribe([this](Form&, FormEvent event) { OnFormEvent(event); });
+}
+
+FormBinder::~FormBinder() {
+  if (!detached_) {
+    for (const Binding& b : bindings_) b.control->Unsubscribe(b.token);
+    form_.Unsubscribe(form_token_);
+  }
+  delete window_.data();
+}
+
+void FormBinder::Bind(Control& control, QObject* object) {
+  if (auto* label = qobject_cast<QLabel*>(object); label && control.Kind() == ControlKind::Label)
+    label->setTextFormat(Qt::PlainText);
+  if (auto* radio = qobject_cast<QRadioButton*>(object)) radio->setAutoExclusive(false);
+  PushAll(control, object);
+  Connect(control, object);
+  int token =
+      control.Subscribe([this, object](Control& c, Change change) { Push(c, object, change); });
+  bindings_.push_back({&control, object, token});
+}
+
+void FormBinder::BindTimer(Timer& timer) {
+  auto qtimer = std::make_unique<QTimer>();
+  QTimer* raw = qtimer.get();
+  connect(raw, &QTimer::timeout, this, [this, &timer] {
+    if (!detached_ && paused_ == 0) timer.Tick();
+  });
+  auto sync = [raw, &timer] {
+    if (timer.Running())
+      raw->start(timer.Interval());
+    else
+      raw->stop();
+  };
+  sync();
+  int token = timer.Subscribe([sync](Control&, Change change) {
+    if (change == Change::Enabled || change == Change::Interval) sync();
+  });
+  bindings_.push_back({&timer, raw, token});
+  timers_.push_back(std::move(qtimer));
+}
+
+void FormBinder::Connect(Control& control, QObject* object) {
+  // Every user action goes to the model; the model's own notifications then set the widget, and
+  // `pushing_` keeps those from coming back as user actions.
+  auto guard = [this] { return pushing_ || detached_; };
+  switch (control.Kind()) {
+    case ControlKind::TextBox: {
+      auto& box = static_cast<TextBox&>(control);
+      if (auto* line = qobject_cast<QLineEdit*>(object))
+        connect(line, &QLineEdit::textEdited, this, [&box, guard](const QString& t) {
+          if (!guard()) box.SetText(S(t));
+        });
+      else if (auto* plain = qobject_cast<QPlainTextEdit*>(object))
+        connect(plain, &QPlainTextEdit::textChanged, this, [&box, plain, guard] {
+          if (!guard()) box.SetText(S(plain->toPlainText()));
+        });
+      else if (auto* rich = qobject_cast<QTextEdit*>(object))
+        connect(rich, &QTextEdit::textChanged, this, [&box, rich, guard] {
+          if (!guard()) box.SetText(S(rich->toPlainText()));
+        });
+      break;
+    }
+    case ControlKind::ComboBox: {
+      auto& combo = static_cast<ComboBox&>(control);
+      auto* box = static_cast<QComboBox*>(object);
+      connect(box, &QComboBox::activated, this, [&combo, guard](int index) {
+        if (!guard()) combo.SetListIndex(index);
+      });
+      connect(box, &QComboBox::editTextChanged, this, [&combo, guard](const QString& t) {
+        if (!guard() && combo.Editable()) combo.SetText(S(t));
+      });
+      break;
+    }
+    case ControlKind::ListBox: {
+      auto& model = static_cast<ListBox&>(control);
+      auto* list = static_cast<QListWidget*>(object);
+      connect(list, &QListWidget::currentRowChanged, this, [&model, guard](int row) {
+        if (!guard() && !model.MultiSelect()) model.SetListIndex(row);
+      });
+      connect(list, &QListWidget::itemSelectionChanged, this, [&model, list, guard] {
+        if (guard() || !model.MultiSelect()) return;
+        for (int i = 0; i < list->count(); ++i) model.SetSelected(i, list->item(i)->isSelected());
+      });
+      connect(list, &QListWidget::itemDoubleClicked, this, [&model, guard] {
+        if (!guard()) model.DblClick();
+      });
+      list->installEventFilter(this);
+      break;
+    }
+    case ControlKind::CheckBox: {
+      auto& check = static_cast<CheckBox&>(control);
+      connect(static_cast<QCheckBox*>(object), &QCheckBox::clicked, this,
+              [this, &check, object, guard](bool on) {
+                if (guard()) return;
+                check.SetValue(on);
+                if (!detached_) Push(check, object, Change::Value);
+              });
+      break;
+    }
+    case ControlKind::OptionButton: {
+      auto& option = static_cast<OptionButton&>(control);
+      connect(static_cast<QRadioButton*>(object), &QRadioButton::clicked, this,
+              [this, &option, object, guard] {
+                if (guard()) return;
+                option.SetValue(true);
+                if (!detached_) Push(option, object, Change::Value);
+              });
+      break;
+    }
+    case ControlKind::Button:
+      connect(static_cast<QPushButton*>(object), &QPushButton::clicked, this, [&control, guard] {
+        if (!guard()) static_cast<Button&>(control).Click();
+      });
+      break;
+    case ControlKind::Menu:
+      if (auto* action = qobject_cast<QAction*>(object))
+        connect(action, &QAction::triggered, this, [this, &control, object, guard] {
+          if (guard()) return;
+          static_cast<Menu&>(control).Click();
+          if (!detached_) Push(control, object, Change::Value);
+        });
+      break;
+    case ControlKind::Image:
+      object->installEventFilter(this);
+      break;
+    default:
+      break;
+  }
+}
+
+void FormBinder::PushAll(Control& control, QObject* object) {
+  for (Change change : {Change::Items, Change::Caption, Change::Value, Change::Selection,
+                        Change::Picture, Change::Enabled, Change::Visible})
+    Push(control, object, change);
+}
+
+void FormBinder::Push(Control& control, QObject* object, Change change) {
+  if (detached_) return;
+  bool was_pushing = pushing_;
+  pushing_ = true;
+  QSignalBlocker block(object);
+  auto* widget = qobject_cast<QWidget*>(object);
+  auto* menu = qobject_cast<QMenu*>(object);
+  auto* action = menu ? menu->menuAction() : qobject_cast<QAction*>(object);
+  switch (change) {
+    case Change::Enabled: {
+      bool enabled = control.Enabled();
+      if (control.Kind() == ControlKind::TextBox) {
+        bool locked = static_cast<TextBox&>(control).Locked();
+        if (auto* line = qobject_cast<QLineEdit*>(object)) line->setReadOnly(locked);
+        if (auto* plain = qobject_cast<QPlainTextEdit*>(object)) plain->setReadOnly(locked);
+        if (auto* rich = qobject_cast<QTextEdit*>(object)) rich->setReadOnly(locked);
+      }
+      if (action)
+        action->setEnabled(enabled);
+      else if (widget)
+        widget->setEnabled(enabled);
+      break;
+    }
+    case Change::Visible:
+      if (action)
+        action->setVisible(control.Visible());
+      else if (widget)
+        widget->setVisible(control.Visible());
+      break;
+    case Change::Caption: {
+      QString text = Q(control.Caption());
+      if (menu) {
+        menu->setTitle(text);
+      } else if (action) {
+        action->setText(text);
+      } else if (auto* group = qobject_cast<QGroupBox*>(object)) {
+        group->setTitle(text);
+      } else if (auto* line = qobject_cast<QLineEdit*>(object)) {
+        if (line->text() != text) line->setText(text);
+      } else if (auto* plain = qobject_cast<QPlainTextEdit*>(object)) {
+        if (plain->toPlainText() != text) plain->setPlainText(text);
+      } else if (auto* rich = qobject_cast<QTextEdit*>(object)) {
+        if (rich->toPlainText() != text) rich->setPlainText(text);
+      } else if (auto* box = qobject_cast<QComboBox*>(object)) {
+        if (box->isEditable() && box->currentText() != text) box->setEditText(text);
+      } else if (auto* button = qobject_cast<QAbstractButton*>(object)) {
+        button->setText(text);
+      } else if (auto* label = qobject_cast<QLabel*>(object)) {
+        if (control.Kind() == ControlKind::Label) label->setText(text);
+      }
+      break;
+    }
+    case Change::Value:
+      switch (control.Kind()) {
+        case ControlKind::CheckBox:
+          static_cast<QCheckBox*>(object)->setChecked(static_cast<CheckBox&>(control).Value());
+          break;
+        case ControlKind::OptionButton:
+          static_cast<QRadioButton*>(object)->setChecked(
+              static_cast<OptionButton&>(control).Value());
+          break;
+        case ControlKind::ProgressBar: {
+          auto& bar = static_cast<ProgressBar&>(control);
+          auto* qbar = static_cast<QProgressBar*>(object);
+          qbar->setRange(bar.Min(), bar.Max());
+          qbar->setValue(bar.Value());
+          break;
+        }
+        case ControlKind::Menu:
+          if (action && static_cast<Menu&>(control).Checked()) action->setCheckable(true);
+          if (action && action->isCheckable())
+            action->setChecked(static_cast<Menu&>(control).Checked());
+          break;
+        default:
+          break;
+      }
+      break;
+    case Change::Items:
+      if (auto* box = qobject_cast<QComboBox*>(object))
+        FillCombo(box, static_cast<ComboBox&>(control));
+      else if (auto* list = qobject_cast<QListWidget*>(object))
+        FillList(list, static_cast<ListBox&>(control));
+      break;
+    case Change::Selection:
+      if (auto* box = qobject_cast<QComboBox*>(object))
+        box->setCurrentIndex(static_cast<ComboBox&>(control).ListIndex());
+      else if (auto* list = qobject_cast<QListWidget*>(object))
+        SelectRows(list, static_cast<ListBox&>(control));
+      break;
+    case Change::Picture:
+      if (control.Kind() == ControlKind::Image)
+        ShowPicture(static_cast<QLabel*>(object), static_cast<Image&>(control));
+      break;
+    case Change::Font:
+    case Change::Interval:
+      break;
+  }
+  pushing_ = was_pushing;
+}
+
+void FormBinder::OnFormEvent(FormEvent event) {
+  switch (event) {
+    case FormEvent::Caption:
+      if (window_) window_->setWindowTitle(Q(form_.Caption()));
+      break;
+    case FormEvent::Unloaded:
+      Detach();
+      break;
+    case FormEvent::Refresh:
+      if (window_ && window_->isVisible())
+        QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
+      break;
+    case FormEvent::Loaded:
+      break;
+  }
+}
+
+void FormBinder::Detach() {
+  if (detached_) return;
+  for (const Binding& b : bindings_) b.control->Unsubscribe(b.token);
+  form_.Unsubscribe(form_token_);
+  detached_ = true;
+  for (auto& t : timers_) t->stop();
+  if (window_) window_->hide();
+  emit unloaded();
+}
+
+bool FormBinder::eventFilter(QObject* watched, QEvent* event) {
+  if (detached_) return false;
+  if (watched == window_) {
+    switch (event->type()) {
+      case QEvent::Close:
+        if (!form_.QueryUnload()) {
+          event->ignore();
+          return true;
+        }
+        form_.Unload();
+        return false;
+      case QEvent::KeyPress: {
+        auto* key = static_cast<QKeyEvent*>(event);
+        if (int vk = VirtualKeyOf(key->key())) form_.KeyDown(vk, ShiftBitsOf(key->modifiers()));
+        // A dialog would hide itself on Escape behind the form's back; the form decides.
+        return key->key() == Qt::Key_Escape && qobject_cast<QDialog*>(window_.data());
+      }
+      case QEvent::MouseButtonPress:
+        form_.Click();
+        return false;
+      default:
+        return false;
+    }
+  }
+  for (const Binding& b : bindings_) {
+    if (b.object != watched) continue;
+    if (b.control->Kind() == ControlKind::Image && event->type() == QEvent::MouseButtonPress) {
+      static_cast<Image*>(b.control)->Click();
+      return true;
+    }
+    if (b.control->Kind() == ControlKind::ListBox && event->type() == QEvent::KeyPress) {
+      int key = static_cast<QKeyEvent*>(event)->key();
+      if (key == Qt::Key_Return || key == Qt::Key_Enter) {
+        static_cast<ListBox*>(b.control)->DblClick();
+        return true;
+      }
+    }
+    break;
+  }
+  return false;
+}
+
+int VirtualKeyOf(int qt_key) {
+  if (qt_key >= Qt::Key_A && qt_key <= Qt::Key_Z) return 'A' + (qt_key - Qt::Key_A);
+  if (qt_key >= Qt::Key_0 && qt_key <= Qt::Key_9) return '0' + (qt_key - Qt::Key_0);
+  if (qt_key >= Qt::Key_F1 && qt_key <= Qt::Key_F24) return 0x70 + (qt_key - Qt::Key_F1);
+  switch (qt_key) {
+    case Qt::Key_Backspace:
+      return 8;
+    case Qt::Key_Tab:
+      return 9;
+    case Qt::Key_Return:
+    case Qt::Key_Enter:
+      return kKeyReturn;
+    case Qt::Key_Escape:
+      return kKeyEscape;
+    case Qt::Key_Space:
+      return 32;
+    case Qt::Key_PageUp:
+      return 33;
+    case Qt::Key_PageDown:
+      return 34;
+    case Qt::Key_End:
+      return 35;
+    case Qt::Key_Home:
+      return 36;
+    case Qt::Key_Left:
+      return 37;
+    case Qt::Key_Up:
+      return 38;
+    case Qt::Key_Right:
+      return 39;
+    case Qt::Key_Down:
+      return 40;
+    case Qt::Key_Print:
+      return 44;
+    case Qt::Key_Insert:
+      return 45;
+    case Qt::Key_Delete:
+      return 46;
+  }
+  return 0;
+}
+
+int ShiftBitsOf(Qt::KeyboardModifiers modifiers) {
+  int bits = 0;
+  if (modifiers & Qt::ShiftModifier) bits |= 1;
+  if (modifiers & Qt::ControlModifier) bits |= 2;
+  if (modifiers & Qt::AltModifier) bits |= 4;
+  return bits;
+}
+
+}  // namespace vardolin::qt

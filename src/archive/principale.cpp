@@ -1,0 +1,116 @@
+#include "archive/principale.h"
+
+#include "foundation/settings/dialog_settings.h"
+
+#include <set>
+#include <string>
+
+#include "archive/text_ids.h"
+#include "foundation/dialogs/shared_dialogs.h"
+#include "foundation/program.h"
+#include "foundation/text_ids.h"
+
+namespace vardolin {
+namespace {
+
+constexpr int kJoystickTickMs = 150;
+
+struct CaptionText {
+  const char* name;
+  std::int32_t text;
+};
+
+// Controls of the window other than the menu that carry a caption of their own.
+const CaptionText kCaptions[] = {
+    {"Frame_Livelli", text::CaptionFrameLivelli},
+    {"Pul_Search", text::CaptionPulSearch},
+    {"Pul_Prima", text::CaptionPulPrima},
+    {"Pul_Dopo", text::CaptionPulDopo},
+    {"Pul_Play", text::CaptionPulPlay},
+    {"Pul_MoreInfo", text::CaptionPulMoreInfo},
+    {"Pul_ScreenShots", text::CaptionPulScreenShots},
+    {"Pul_SaveGames", text::CaptionPulSaveGames},
+    {"Frame_SaveGames", text::CaptionFrameSaveGames},
+    {"Frame_ScreenShots", text::CaptionFrameScreenShots},
+};
+
+}  // namespace
+
+Principale::Principale(Program& program) : Form(program, "Principale", "Vardolin") {
+  Mnu_Exit.SetHandler([this] { Mnu_Exit_Click(); });
+  mnu_Settings.SetHandler([this] {
+    Dialog_Settings settings(this->program());
+    settings.ImpostaValori();
+    this->program().ui().ShowModal(settings);
+  });
+  // The pop-up menus of the savegame panel are opened by the panel, never from the bar.
+  mnu_SaveGameHid.SetVisible(false);
+  mnu_SaveGameHid2.SetVisible(false);
+  Timer_Joystick.SetInterval(kJoystickTickMs);
+  Timer_Joystick.SetEnabled(false);
+  // The level chooser and its panels come alive with the catalogue's browser.
+  for (Control* c : std::initializer_list<Control*>{
+           &Frame_Livelli, &Combo_Livelli, &Text_Search, &Pul_Search, &Pul_Prima, &Pul_Dopo,
+           &Pul_Play, &Pul_MoreInfo, &Pul_ScreenShots, &Pul_SaveGames, &Label_InfoLevel,
+           &Label_InfoDir, &Frame_SaveGames, &Frame_ScreenShots})
+    c->SetEnabled(false);
+  DisableMissingWork();
+  program.main = {this, &Label_Info, &ProgressBar1, &Timer1};
+}
+
+Principale::~Principale() {
+  if (program().main.form == this) program().main = {};
+}
+
+void Principale::DisableMissingWork() {
+  // An entry that holds other entries stays enabled so that the user can look inside; an
+  // entry without work behind it is greyed rather than doing nothing.
+  std::set<std::string> holders;
+  for (const MenuPlace& place : PrincipaleMenuTree())
+    if (*place.parent) holders.insert(place.parent);
+  for (Control* c : Controls()) {
+    if (c->Kind() != ControlKind::Menu || holders.count(c->Name())) continue;
+    auto* entry = static_cast<Menu*>(c);
+    entry->SetEnabled(entry->HasHandler());
+  }
+}
+
+void Principale::Set_Caption_Texts() {
+  // A language file without a text leaves the caption the form was made with.
+  auto apply = [this](Control* c, std::int32_t id) {
+    std::string caption = program().GetText(id);
+    if (c && !caption.empty()) c->SetCaption(caption);
+  };
+  if (std::string title = program().GetText(text::ProgramTitle); !title.empty()) SetCaption(title);
+  for (const MenuPlace& place : PrincipaleMenuTree()) apply(FindControl(place.name), place.text);
+  for (const CaptionText& entry : kCaptions) apply(FindControl(entry.name), entry.text);
+}
+
+void Principale::Form_Load() {
+  PrefsLoad = LoadPreferences(program());
+  if (!LoadLanguage(program())) {
+    Unload();
+    return;
+  }
+  ApplyFormCharset(program(), *this);
+  ShowSplash(program());
+  Set_Caption_Texts();
+  ShowChosenPanel();
+  HideSplash(program());
+}
+
+void Principale::Form_Unload() {
+  SavePreferences(program());
+  program().open_forms.CloseAll();
+}
+
+void Principale::ShowChosenPanel() {
+  Frame_ScreenShots.SetVisible(program().prefs.ShowScreenshotPanel);
+  Frame_SaveGames.SetVisible(!program().prefs.ShowScreenshotPanel);
+}
+
+void Principale::Mnu_Exit_Click() {
+  Unload();
+}
+
+}  // namespace vardolin

@@ -1,0 +1,14 @@
+#include "foundation/dialogs/dialog_progress.h"
+
+#include "foundation/program.h"
+#include "foundation/text_ids.h"
+
+namespace vardolin {
+
+Dialog_Progress::Dialog_Progress(Program& program) : Form(program, "Dialog_Progress") {}
+
+void Dialog_Progress::Set_Caption_Texts() {
+  SetCaption(program().GetText(text::ProgramTitle));
+}
+
+}  // namespace vardolin

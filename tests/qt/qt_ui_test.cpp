@@ -1,0 +1,123 @@
+#include <gtest/gtest.h>
+
+#include <QApplication>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QWidget>
+#include <filesystem>
+
+#include "archive/principale.h"
+#include "qt_test_support.h"
+
+namespace vardolin {
+namespace {
+
+namespace fs = std::filesystem;
+
+// The window of the named form that is up now.
+QWidget* OpenWindow(const char* form_name) {
+  for (QWidget* w : QApplication::topLevelWidgets())
+    if (w->objectName() == form_name && w->isVisible()) return w;
+  return nullptr;
+}
+
+void Press(const char* form_name, const char* button) {
+  QWidget* w = OpenWindow(form_name);
+  ASSERT_NE(w, nullptr) << form_name << " is not up";
+  auto* b = w->findChild<QPushButton*>(button);
+  ASSERT_NE(b, nullptr) << button;
+  ASSERT_TRUE(b->isVisible()) << button;
+  b->click();
+}
+
+class QtUiTest : public ::testing::Test {
+ protected:
+  testing::QtProgram p;
+};
+
+TEST_F(QtUiTest, AskUserShowsTheProgramsMessageBox) {
+  struct Case {
+    int style;
+    const char* button;
+    int result;
+    int visible_buttons;
+  } cases[] = {{msg::kError, "Pul_Button1", msg::kOk, 1},
+               {msg::kYesNoCancel, "Pul_Button3", msg::kCancel, 3},
+               {msg::kYesNo, "Pul_Button2", msg::kNo, 2}};
+  for (const Case& c : cases) {
+    int visible = 0;
+    testing::Soon([&] {
+      QWidget* box = OpenWindow("Dialog_MsgBox");
+      ASSERT_NE(box, nullptr);
+      for (QPushButton* b : box->findChildren<QPushButton*>()) visible += b->isVisible();
+      Press("Dialog_MsgBox", c.button);
+    });
+    EXPECT_EQ(p.ui.AskUser("Question", c.style, "Title"), c.result) << c.style;
+    EXPECT_EQ(visible, c.visible_buttons) << c.style;
+  }
+}
+
+TEST_F(QtUiTest, AskInputAndAskFolderUseTheirForms) {
+  testing::Soon([] {
+    QWidget* box = OpenWindow("Dialog_InputBox");
+    ASSERT_NE(box, nullptr);
+    auto* line = box->findChild<QLineEdit*>("Text_Input");
+    line->setText("Tomb");
+    emit line->textEdited("Tomb");
+    Press("Dialog_InputBox", "Pul_Ok");
+  });
+  EXPECT_EQ(p.ui.AskInput("Name?", "", "x"), "Tomb");
+
+  testing::Soon([] { Press("Dialog_InputBox", "Pul_Cancel"); });
+  EXPECT_EQ(p.ui.AskInput("Name?", "", "x"), "");
+
+  testing::TempDir start;
+  testing::Soon([] { Press("Dialog_GetDir", "OKButton"); });
+  EXPECT_EQ(p.ui.AskFolder(start.path().string(), "Where?"), fs::canonical(start.path()).string());
+  testing::Soon([] { Press("Dialog_GetDir", "CancelButton"); });
+  EXPECT_EQ(p.ui.AskFolder(start.path().string(), "Where?"), "");
+}
+
+TEST_F(QtUiTest, ModelessFormsStayUpUntilTheyUnload) {
+  Principale main(p.program);
+  main.Load();
+  p.ui.ShowModeless(main);
+  QWidget* window = p.ui.WindowOf(main);
+  ASSERT_NE(window, nullptr);
+  EXPECT_TRUE(window->isVisible());
+  int ticks = 0;
+  main.Timer1.SetHandler([&] { ++ticks; });
+  main.Timer1.SetInterval(5);
+  testing::Soon([&] {
+    int before = ticks;
+    testing::Spin(40);
+    EXPECT_EQ(ticks, before) << "the main window's timers wait while a modal box is up";
+    Press("Dialog_MsgBox", "Pul_Button1");
+  });
+  p.ui.AskUser("Hold on", msg::kOkOnly, "");
+  testing::Spin(40);
+  EXPECT_GT(ticks, 0) << "and run again after it";
+  main.Unload();
+  EXPECT_EQ(p.ui.WindowOf(main), nullptr);
+}
+
+TEST_F(QtUiTest, ClipboardRoundTrip) {
+  p.ui.SetClipboardText("/levels/LEVEL_0001");
+  EXPECT_EQ(p.ui.ClipboardText(), "/levels/LEVEL_0001");
+}
+
+TEST(FileFilters, BecomeQtFiltersThatIgnoreCase) {
+  struct Case {
+    const char* in;
+    const char* out;
+  } cases[] = {
+      {"Zip files|*.zip", "Zip files (*.zip *.ZIP)"},
+      {"Levels|*.tr4;*.pak|All files|*.*", "Levels (*.tr4 *.TR4 *.pak *.PAK);;All files (*)"},
+      {"Pictures (*.jpg)|*.JPG", "Pictures (*.jpg) (*.JPG *.jpg)"},
+      {"", ""},
+  };
+  for (const Case& c : cases) EXPECT_EQ(qt::ConvertFileFilter(c.in).toStdString(), c.out) << c.in;
+}
+
+}  // namespace
+}  // namespace vardolin
