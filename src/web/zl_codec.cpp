@@ -117,13 +117,14 @@ ZlResult Pack(Source& in, std::uint64_t length, Sink& out, const ZlOptions& opti
 
   // Small files are deflated right here: starting threads would cost more than it saves.
   int threads = length > kChunkSize ? std::clamp(options.threads, 1, 8) : 1;
+  // The ring outlives the pool whatever happens: workers may hold its chunks until joined.
+  std::vector<Slot> ring(threads > 1 ? 2 * threads + 2 : 1);
   std::unique_ptr<WorkerPool> pool;
   std::unique_ptr<ChunkDeflater> inline_deflater;
   if (threads > 1)
     pool = std::make_unique<WorkerPool>(threads, level);
   else
     inline_deflater = std::make_unique<ChunkDeflater>(level);
-  std::vector<Slot> ring(threads > 1 ? 2 * threads + 2 : 1);
 
   std::uint64_t read_total = 0;
   std::size_t issued = 0, written = 0;

@@ -7,6 +7,7 @@
 #include <atomic>
 #include <cerrno>
 #include <cstring>
+#include <exception>
 #include <string>
 
 #include "web/zl_codec.h"
@@ -142,6 +143,16 @@ class PendingOutput {
   bool committed_ = false;
 };
 
+// Memory or threads running out are the only exceptions inside; they end the one file.
+template <class F>
+ZlResult Guarded(F body) {
+  try {
+    return body();
+  } catch (const std::exception&) {
+    return ZlResult::CannotWriteOutput;
+  }
+}
+
 }  // namespace
 
 const char* ZlResultName(ZlResult result) {
@@ -169,7 +180,7 @@ ZlResult PackFile(const fs::path& input, const fs::path& output, const ZlOptions
   if (!out.Ok()) return ZlResult::CannotWriteOutput;
   FdSource source(in.Fd());
   FdSink sink(out.Fd());
-  ZlResult result = zl::Pack(source, in.Size(), sink, options);
+  ZlResult result = Guarded([&] { return zl::Pack(source, in.Size(), sink, options); });
   if (result != ZlResult::Ok) return result;
   return out.Commit(options.sync) ? ZlResult::Ok : ZlResult::CannotWriteOutput;
 }
@@ -183,7 +194,8 @@ ZlResult ExpandFile(const fs::path& input, const fs::path& output, const ZlOptio
   FdSink sink(out.Fd());
   // A head may promise no more than the disk could ever hold; the stream's own checks catch
   // a smaller lie.
-  ZlResult result = zl::Expand(source, in.Size(), sink, std::uint64_t(1) << 48, options);
+  ZlResult result =
+      Guarded([&] { return zl::Expand(source, in.Size(), sink, std::uint64_t(1) << 48, options); });
   if (result != ZlResult::Ok) return result;
   return out.Commit(options.sync) ? ZlResult::Ok : ZlResult::CannotWriteOutput;
 }
@@ -192,14 +204,14 @@ ZlResult PackBytes(std::string_view data, std::string& packed, const ZlOptions& 
   packed.clear();
   MemorySource source(data);
   StringSink sink(packed);
-  return zl::Pack(source, data.size(), sink, options);
+  return Guarded([&] { return zl::Pack(source, data.size(), sink, options); });
 }
 
 ZlResult ExpandBytes(std::string_view packed, std::string& data, std::uint64_t max_size) {
   data.clear();
   MemorySource source(packed);
   StringSink sink(data);
-  ZlResult result = zl::Expand(source, packed.size(), sink, max_size, {});
+  ZlResult result = Guarded([&] { return zl::Expand(source, packed.size(), sink, max_size, {}); });
   if (result != ZlResult::Ok) data.clear();
   return result;
 }

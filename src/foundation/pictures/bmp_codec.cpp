@@ -4,6 +4,7 @@
 #include <array>
 #include <bit>
 #include <cstdint>
+#include <new>
 
 #include "foundation/services/binary_io.h"
 
@@ -182,9 +183,7 @@ PictureResult DecodeRle(std::string_view data, const Header& h, std::vector<std:
   return PictureResult::Ok;
 }
 
-}  // namespace
-
-PictureResult ReadBmp(std::string_view bytes, Bitmap& out) {
+PictureResult ReadBmpUnguarded(std::string_view bytes, Bitmap& out) {
   out = Bitmap{};
   ByteReader r(bytes);
   Header h;
@@ -249,6 +248,17 @@ PictureResult ReadBmp(std::string_view bytes, Bitmap& out) {
   }
   out = std::move(bmp);
   return PictureResult::Ok;
+}
+
+}  // namespace
+
+PictureResult ReadBmp(std::string_view bytes, Bitmap& out) {
+  try {
+    return ReadBmpUnguarded(bytes, out);
+  } catch (const std::bad_alloc&) {
+    out = Bitmap{};
+    return PictureResult::TooLarge;
+  }
 }
 
 bool WriteBmp(const Bitmap& bitmap, std::string& out) {

@@ -9,6 +9,7 @@
 #include <jpeglib.h>
 
 #include <algorithm>
+#include <new>
 
 namespace vardolin {
 namespace {
@@ -128,7 +129,11 @@ PictureResult ReadJpeg(std::string_view bytes, Bitmap& out) {
       static_cast<unsigned char>(bytes[1]) != 0xD8)
     return PictureResult::Malformed;
   Decoder d{};
-  Decode(d, bytes, out);
+  try {
+    Decode(d, bytes, out);
+  } catch (const std::bad_alloc&) {
+    d.result = PictureResult::TooLarge;
+  }
   jpeg_destroy_decompress(&d.cinfo);
   if (d.result != PictureResult::Ok) out = Bitmap{};
   return d.result;
