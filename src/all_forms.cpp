@@ -1,5 +1,7 @@
 #include "all_forms.h"
 
+#include "foundation/settings/dialog_settings.h"
+#include "web/dialog_zip.h"
 #include "archive/principale.h"
 #include "editor/dialog_tipo_exe.h"
 #include "editor/dialog_trova_trle.h"
@@ -9,8 +11,6 @@
 #include "foundation/dialogs/dialog_progress.h"
 #include "foundation/dialogs/dialog_splash.h"
 #include "foundation/dialogs/dialog_wait.h"
-#include "foundation/settings/dialog_settings.h"
-#include "web/dialog_zip.h"
 
 namespace vardolin {
 namespace {
@@ -27,12 +27,9 @@ const std::vector<FormFactory>& AllForms() {
       // One line per form: Entry<Dialog_Name>("Dialog_Name"),
       Entry<Dialog_Settings>("Dialog_Settings"),
       Entry<web::Dialog_Zip>("Dialog_Zip"),
-      Entry<Dialog_GetDir>("Dialog_GetDir"),
-      Entry<Dialog_InputBox>("Dialog_InputBox"),
-      Entry<Dialog_MsgBox>("Dialog_MsgBox"),
-      Entry<Dialog_Progress>("Dialog_Progress"),
-      Entry<Dialog_Splash>("Dialog_Splash"),
-      Entry<Dialog_Wait>("Dialog_Wait"),
+      Entry<Dialog_GetDir>("Dialog_GetDir"), Entry<Dialog_InputBox>("Dialog_InputBox"),
+      Entry<Dialog_MsgBox>("Dialog_MsgBox"), Entry<Dialog_Progress>("Dialog_Progress"),
+      Entry<Dialog_Splash>("Dialog_Splash"), Entry<Dialog_Wait>("Dialog_Wait"),
       Entry<Principale>("Principale"),
       Entry<editor::Dialog_TrovaTrle>("Dialog_TrovaTrle"),
       Entry<editor::Dialog_TipoExe>("Dialog_TipoExe"),
