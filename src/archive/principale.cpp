@@ -7,6 +7,7 @@
 
 #include "archive/text_ids.h"
 #include "foundation/dialogs/shared_dialogs.h"
+#include "foundation/ports/ui.h"
 #include "foundation/program.h"
 #include "foundation/text_ids.h"
 
