@@ -283,11 +283,13 @@ int LinuxPlatform::RunCapturing(const StartRequest& request,
     }
   }
   if (!broken && !line.empty()) broken = !on_line(line);
-  ::close(fds[0]);
+  // Ended before the pipe closes, so that a break reads as the end we asked for and not as a
+  // broken pipe in the child.
   if (broken)
     End(*process);
   else
     Wait(*process, milliseconds{-1});
+  ::close(fds[0]);
   return ExitCode(*process);
 }
 
