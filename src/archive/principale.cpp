@@ -8,7 +8,6 @@
 
 #include "archive/text_ids.h"
 #include "foundation/dialogs/shared_dialogs.h"
-#include "foundation/ports/ui.h"
 #include "foundation/program.h"
 #include "foundation/text_ids.h"
 
