@@ -70,7 +70,9 @@ TEST(CopyFolderTreeTest, CopiesTheTreeAndLeavesOutMarkedFiles) {
     for (const char* rel : c.present)
       EXPECT_EQ(ReadFile(t.Path("out/new") / rel), ReadFile(t.Path("src") / rel)) << rel;
     for (const char* rel : c.absent) EXPECT_FALSE(fs::exists(t.Path("out/new") / rel)) << rel;
-    if (c.with_bar) EXPECT_EQ(holder.Bar.Value(), 100);
+    if (c.with_bar) {
+      EXPECT_EQ(holder.Bar.Value(), 100);
+    }
     EXPECT_EQ(t.ui.ModelessShown().size(), c.with_bar ? 0u : 1u);
     EXPECT_EQ(ProgressDialog(t.program), nullptr);
   }

@@ -135,11 +135,13 @@ TEST(MakeEditorBackupTest, TooLittleRoomAsksWhetherToGoOn) {
     EXPECT_EQ(MakeEditorBackup(t.program, c.forced), c.result);
     EXPECT_EQ(fs::exists(t.Backup()), c.result);
     if (c.room_answer) {
-      const std::string& asked = t.ui.Messages().back();
+      std::string asked = t.ui.Messages().back();
       EXPECT_NE(asked.find(t.dir.path().string() + ": "), std::string::npos) << asked;
       EXPECT_NE(asked.find(FormatFileSize(c.free_bytes) + " free"), std::string::npos) << asked;
     }
-    if (c.result) EXPECT_EQ(t.program.prefs.FullBackupDone, c.full);
+    if (c.result) {
+      EXPECT_EQ(t.program.prefs.FullBackupDone, c.full);
+    }
   }
 }
 

@@ -39,7 +39,9 @@ TEST(CheckEditorFolderTest, TellsAnEditorFolderByItsTwoFiles) {
     if (c.message) t.ui.Answer(msg::kOk, c.message);
     EXPECT_EQ(CheckEditorFolder(t.program, t.editor.path().string(), c.show), c.valid);
     EXPECT_EQ(t.ui.Messages().size(), c.message ? 1u : 0u);
-    if (c.message) EXPECT_NE(t.ui.Messages()[0].find(t.editor.path().string()), std::string::npos);
+    if (c.message) {
+      EXPECT_NE(t.ui.Messages()[0].find(t.editor.path().string()), std::string::npos);
+    }
   }
 }
 
