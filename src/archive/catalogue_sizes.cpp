@@ -6,20 +6,16 @@
 #include "archive/archive_ask.h"
 #include "archive/catalogue_file.h"
 #include "archive/catalogue_ops.h"
-#include "archive/level_folder_name.h"
+#include "archive/level_store.h"
 #include "foundation/forms/controls.h"
 #include "foundation/program.h"
+#include "foundation/services/paths.h"
 #include "foundation/services/strings.h"
 
 namespace vardolin {
 namespace fs = std::filesystem;
 
 namespace {
-
-std::string LevelFolderOf(const Program& program, std::int32_t code) {
-  std::string prefix = program.GetText(text::LevelFolderPrefix);
-  return LevelFolderName(code, prefix.empty() ? kLevelFolderPrefix : std::string_view(prefix));
-}
 
 // Sizes as the totals box shows them: bytes, whole Kb, then Mb and Gb with one decimal.
 std::string SizeForTotals(double bytes) {
@@ -64,9 +60,9 @@ double FolderBytes(const fs::path& folder) {
   return total;
 }
 
-double FilesBytesOfLevel(const Program& program, std::int32_t code) {
-  return FolderBytes(
-      JoinFragment(HardDiskLevelFolder(program, code), program.GetText(text::FilesFolder)));
+double FilesBytesOfLevel(Program& program, std::int32_t code) {
+  fs::path files = GetLevelFilesFolder(program, code, true);
+  return files.empty() ? 0 : FolderBytes(files);
 }
 
 double UserBytesOfLevel(const Program& program, std::int32_t code, std::int32_t first_text) {

@@ -64,6 +64,26 @@ inline constexpr std::int32_t SizeFolderPlay = 1632;         // fragment, same a
 inline constexpr std::int32_t SizeFolderSavegames = 1633;    // fragment, same as 1547
 inline constexpr std::int32_t SizeFolderScreenshots = 1634;  // fragment, same as 1548
 inline constexpr std::int32_t LevelFolderPrefix = 1647;      // fragment "\LEVEL_"
+// The level store: sub-folders, the temporary folder, expansion of packed files, deleting a
+// level's tree and repairing the store.
+inline constexpr std::int32_t LevelSubfolderFiles = 1549;        // fragment, same as 1631
+inline constexpr std::int32_t LevelSubfolderPlay = 1550;         // fragment, same as 1546
+inline constexpr std::int32_t LevelSubfolderSavegames = 1551;    // fragment, same as 1547
+inline constexpr std::int32_t LevelSubfolderScreenshots = 1552;  // fragment, same as 1548
+inline constexpr std::int32_t TempLevelFolder = 1613;            // fragment
+inline constexpr std::int32_t PackedFilesPattern = 1225;         // fragment "\*.zl"
+inline constexpr std::int32_t PreparingLevelFiles = 1226;
+inline constexpr std::int32_t CopyingLevelFiles = 1227;
+inline constexpr std::int32_t ExpandingFile = 1228;           // ~1 the packed file's name
+inline constexpr std::int32_t PackedCopiesPattern = 1230;     // fragment "\*.zl"
+inline constexpr std::int32_t StoredLoadPicture = 1235;       // fragment "\load.jpg"
+inline constexpr std::int32_t ConvertLoadPictureFrom = 1236;  // fragment, same as 1235
+inline constexpr std::int32_t ConvertLoadPictureTo = 1237;    // fragment "\load.bmp"
+inline constexpr std::int32_t ConvertedLoadPicture = 1238;    // fragment, same as 1235
+inline constexpr std::int32_t ReadingLevelTree = 1327;
+inline constexpr std::int32_t DeletingLevelTree = 1328;
+inline constexpr std::int32_t RepairStoreTitle = 5700;
+inline constexpr std::int32_t RepairStoreLabel = 5701;
 // Captions of the main window: its menu entries, then its other controls.
 inline constexpr std::int32_t MnuFile = 5100;
 inline constexpr std::int32_t MnuNew = 5101;
