@@ -283,11 +283,13 @@ int LinuxPlatform::RunCapturing(const StartRequest& request,
     }
   }
   if (!broken && !line.empty()) broken = !on_line(line);
-  ::close(fds[0]);
+  // End the program before closing our end of the pipe, so that it dies of our signal and not
+  // of a write into a closed pipe.
   if (broken)
     End(*process);
   else
     Wait(*process, milliseconds{-1});
+  ::close(fds[0]);
   return ExitCode(*process);
 }
 
