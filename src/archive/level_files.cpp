@@ -106,7 +106,8 @@ bool ExpandPackedFiles(Program& program, const fs::path& files_folder,
       ok = false;
     }
   }
-  if (ok) ok = DeleteMatchingFiles(temp, NameOfFragment(program.GetText(text::PackedCopiesPattern)));
+  if (ok)
+    ok = DeleteMatchingFiles(temp, NameOfFragment(program.GetText(text::PackedCopiesPattern)));
   dialog.Hide();
   return ok;
 }
@@ -141,10 +142,11 @@ bool PrepareLevelFiles(Program& program, const fs::path& files_folder, fs::path&
     fs::path bitmap = JoinFragment(temp, program.GetText(text::ConvertLoadPictureTo));
     PictureResult why = PictureResult::Ok;
     if (ConvertPictureFile(jpeg, bitmap, 90, &why))
-      DeleteFileForced(ResolveCase(JoinFragment(temp, program.GetText(text::ConvertedLoadPicture))));
+      DeleteFileForced(
+          ResolveCase(JoinFragment(temp, program.GetText(text::ConvertedLoadPicture))));
     else
-      WriteLog(program, "Loading picture " + jpeg.string() + " not converted: " +
-                            PictureResultName(why));
+      WriteLog(program,
+               "Loading picture " + jpeg.string() + " not converted: " + PictureResultName(why));
   }
 
   temporary = temp;
@@ -183,8 +185,7 @@ bool SaveMediaFiles(Program& program, const fs::path& files_folder) {
     }
   }
 
-  if (!FileExists(editor / kMediaMarkerFile) &&
-      !DeleteFileForced(files_folder / kMediaMarkerFile))
+  if (!FileExists(editor / kMediaMarkerFile) && !DeleteFileForced(files_folder / kMediaMarkerFile))
     ok = false;
   return ok;
 }

@@ -131,7 +131,8 @@ bool DeleteLevelTree(Program& program, const fs::path& folder, Label* label, Pro
     RemoveLinksIn(sub);
     if (!DeleteFolderTree(sub)) ok = false;
     ++done;
-    if (bar) SetProgressPercent(*bar, static_cast<double>(folders.size()), static_cast<double>(done));
+    if (bar)
+      SetProgressPercent(*bar, static_cast<double>(folders.size()), static_cast<double>(done));
     program.ui().DoEvents();
   }
   if (bar) bar->SetValue(0);

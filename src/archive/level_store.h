@@ -42,14 +42,15 @@ bool ClearReadOnly(std::string_view pattern, const std::filesystem::path& folder
 // The folder on a drive (a mount point) that holds the level folders of a level CD: the first
 // sub-folder of the drive's root, in name order, that holds a folder named `LEVEL_...`.
 // Empty when there is none.
-std::filesystem::path FindCdRootWithLevels(const Program& program, const std::filesystem::path& drive);
+std::filesystem::path FindCdRootWithLevels(const Program& program,
+                                           const std::filesystem::path& drive);
 // The level's folder on the CD in `drive`; empty when the CD doesn't hold it.
 std::filesystem::path FindLevelOnCd(const Program& program, std::int32_t code,
                                     const std::filesystem::path& drive);
 
 struct LevelOnCd {
-  std::string drive;            // the mount point of the CD drive
-  std::filesystem::path folder; // the level's folder on it
+  std::string drive;             // the mount point of the CD drive
+  std::filesystem::path folder;  // the level's folder on it
 };
 // Looks for the level on every ready CD drive (drive type 4) in the platform's order; the
 // first that holds it answers. Empty when no CD in a drive holds the level.

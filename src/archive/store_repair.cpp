@@ -43,9 +43,8 @@ std::vector<StoredFile> StoredFiles(const fs::path& files_folder, const std::str
       name.resize(name.size() - suffix.size());
     out.push_back({name, file});
   }
-  std::sort(out.begin(), out.end(), [](const StoredFile& a, const StoredFile& b) {
-    return LessNoCase(a.name, b.name);
-  });
+  std::sort(out.begin(), out.end(),
+            [](const StoredFile& a, const StoredFile& b) { return LessNoCase(a.name, b.name); });
   return out;
 }
 
