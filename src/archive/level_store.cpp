@@ -84,7 +84,10 @@ fs::path GetLevelFolder(Program& program, std::int32_t code, bool use_cd) {
       return {};
     }
   }
-  return HardDiskLevelFolder(program, code);
+  // Without an archive folder a level's folder would be taken relative to wherever the
+  // program runs; callers stop on an empty answer instead.
+  fs::path folder = HardDiskLevelFolder(program, code);
+  return code == 0 || folder.is_absolute() ? folder : fs::path();
 }
 
 fs::path GetLevelFilesFolder(Program& program, std::int32_t code, bool use_cd) {

@@ -21,7 +21,8 @@ std::string LevelFolderOf(const Program& program, std::int32_t code);
 
 // The level's folder. The base level lies in the program's folder, every other level below
 // SecondaryDir (also a code not yet in the table). With `use_cd` set, a level whose files lie
-// on a CD gives an empty path with CdRefused set. CdRefused is cleared on every call.
+// on a CD gives an empty path with CdRefused set. CdRefused is cleared on every call. A
+// catalogue whose SecondaryDir is blank gives an empty path for every level but the base level.
 std::filesystem::path GetLevelFolder(Program& program, std::int32_t code, bool use_cd);
 // The level's `\files` folder (text 1631) inside GetLevelFolder; empty when that is.
 std::filesystem::path GetLevelFilesFolder(Program& program, std::int32_t code, bool use_cd);

@@ -44,6 +44,9 @@ TEST(LevelStore, GetLevelFolderByCodeAndCd) {
     EXPECT_EQ(f.program.CdRefused, c.refused) << c.code;
   }
   EXPECT_EQ(GetLevelFilesFolder(f.program, 2, true), f.archive / "LEVEL_0002" / "files");
+  f.program.catalogue.header.SecondaryDir = "  ";
+  EXPECT_EQ(GetLevelFolder(f.program, 2, false), fs::path()) << "never relative to the cwd";
+  EXPECT_EQ(GetLevelFolder(f.program, 0, false), f.program.Home() / "LEVEL_0000");
   EXPECT_EQ(GetLevelFilesFolder(f.program, 7, true), fs::path());
   EXPECT_TRUE(f.ui.Questions().empty());
 }
