@@ -6,10 +6,10 @@
 #include "archive/archive_ask.h"
 #include "archive/catalogue_file.h"
 #include "archive/catalogue_ops.h"
+#include "archive/level_folder_name.h"
 #include "archive/level_store.h"
 #include "foundation/forms/controls.h"
 #include "foundation/program.h"
-#include "foundation/services/paths.h"
 #include "foundation/services/strings.h"
 
 namespace vardolin {
@@ -43,7 +43,7 @@ void ShowProgress(Program& program, const std::string& text, std::size_t done, s
 fs::path HardDiskLevelFolder(const Program& program, std::int32_t code) {
   fs::path base =
       code == 0 ? program.Home() : fs::path(Trim(program.catalogue.header.SecondaryDir));
-  return JoinFragment(base, LevelFolderOf(program, code));
+  return JoinFragment(base, LevelFolderName(program, code));
 }
 
 double FolderBytes(const fs::path& folder) {
@@ -61,6 +61,7 @@ double FolderBytes(const fs::path& folder) {
 }
 
 double FilesBytesOfLevel(Program& program, std::int32_t code) {
+  // A level on CD gives an empty folder here (no CD is asked for), and so no bytes.
   fs::path files = GetLevelFilesFolder(program, code, true);
   return files.empty() ? 0 : FolderBytes(files);
 }

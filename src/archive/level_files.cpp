@@ -2,12 +2,11 @@
 
 #include <algorithm>
 #include <string>
-#include <string_view>
+#include <system_error>
 #include <vector>
 
 #include "archive/level_store.h"
 #include "archive/text_ids.h"
-#include "foundation/dialogs/ask.h"
 #include "foundation/pictures/picture_file.h"
 #include "foundation/ports/ui.h"
 #include "foundation/program.h"
@@ -15,7 +14,6 @@
 #include "foundation/services/log.h"
 #include "foundation/services/paths.h"
 #include "foundation/services/safe_join.h"
-#include "foundation/services/strings.h"
 #include "foundation/services/wildcard.h"
 #include "web/dialog_zip.h"
 #include "web/text_ids.h"
@@ -25,168 +23,162 @@ namespace fs = std::filesystem;
 
 namespace {
 
-// Files of a media level: they don't come as text fragments since no language renames them.
-constexpr std::string_view kMediaFilesPattern = "*.mcf";
-constexpr std::string_view kMediaStoreFolder = "store";
-constexpr std::string_view kMediaMarkerFile = "media.mpf";
-
-// "\*.zl" -> "*.zl": a fragment's name part, for matching within one folder.
-std::string NameOfFragment(std::string_view fragment) {
-  while (!fragment.empty() && (fragment.front() == '\\' || fragment.front() == '/'))
-    fragment.remove_prefix(1);
-  return std::string(fragment);
+// Patterns are kept in the texts as folder fragments ("\*.zl"); file listing wants the bare
+// pattern.
+std::string PatternText(const Program& program, std::int32_t id) {
+  std::string pattern = program.GetText(id);
+  while (!pattern.empty() && (pattern.front() == '\\' || pattern.front() == '/'))
+    pattern.erase(0, 1);
+  return pattern;
 }
 
-std::vector<fs::path> FilesByName(const fs::path& folder, std::string_view pattern) {
+std::vector<fs::path> SortedFiles(const fs::path& folder, std::string_view pattern) {
   std::vector<fs::path> files = ListFiles(folder, pattern);
-  std::sort(files.begin(), files.end(), [](const fs::path& a, const fs::path& b) {
-    return LessNoCase(a.filename().string(), b.filename().string());
-  });
+  std::sort(files.begin(), files.end());
   return files;
 }
 
-// Copies the files of `source` into `target`, leaving out those matching `skip` when given.
-bool CopyFlatFiles(const fs::path& source, const fs::path& target, std::string_view skip) {
-  for (const fs::path& file : ListFiles(source, "*")) {
-    const std::string name = file.filename().string();
-    if (!skip.empty() && WildcardMatch(name, skip)) continue;
-    SafeJoinResult to = SafeJoin(target, name);
-    if (!to || !CopyFileOver(file, to.path)) return false;
-  }
-  return true;
-}
-
-// Empties or creates the temporary folder and fills it from `source`; empty on failure.
-fs::path FillTempFolder(Program& program, const fs::path& source, std::string_view skip) {
-  fs::path temp = TempLevelFolder(program);
-  if (!DeleteLevelTree(program, temp, nullptr, nullptr) || !MakeFolder(temp)) {
-    WriteLog(program, "Temporary folder " + temp.string() + " can't be made empty");
+// The temporary folder made afresh with the source's files but those matching `skip`.
+fs::path FreshTemporary(Program& program, const fs::path& source, std::string_view skip) {
+  fs::path temporary = TemporaryFilesFolder(program);
+  if (!DeleteLevelTree(program, temporary, nullptr, nullptr)) {
+    WriteLog(program, "Temporary folder can't be emptied: " + temporary.string());
     return {};
   }
-  if (!CopyFlatFiles(source, temp, skip)) {
-    WriteLog(program, "Level files of " + source.string() + " can't be copied to " + temp.string());
-    DeleteLevelTree(program, temp, nullptr, nullptr);
+  if (!CopyLevelTree(source, temporary, skip)) {
+    WriteLog(program, "Level files can't be copied to the temporary folder: " + source.string());
+    DeleteLevelTree(program, temporary, nullptr, nullptr);
     return {};
   }
-  return temp;
+  return temporary;
 }
 
-void TellCannotExpand(Program& program, const std::string& name) {
-  AskUser(program, program.GetText(web::text::CannotExpandFile, {name}), msg::kError);
-}
-
-// Expands every packed file of `files_folder` into a fresh temporary folder. The packed
-// files aren't copied there first: they would only be deleted again.
-bool ExpandPackedFiles(Program& program, const fs::path& files_folder,
-                       const std::vector<fs::path>& packed, fs::path& temp) {
-  web::Dialog_Zip dialog(program);
-  dialog.ShowWith(program.GetText(text::PreparingLevelFiles));
-  dialog.Label_Info.SetCaption(program.GetText(text::CopyingLevelFiles));
-  dialog.Refresh();
-  temp = FillTempFolder(program, files_folder,
-                        NameOfFragment(program.GetText(text::PackedFilesPattern)));
-  bool ok = !temp.empty();
-  const std::string suffix = program.GetText(web::text::PackedSuffix);
-  for (std::size_t i = 0; ok && i < packed.size(); ++i) {
-    const std::string name = packed[i].filename().string();
-    dialog.Label_Info.SetCaption(program.GetText(text::ExpandingFile, {name}));
-    dialog.Refresh();
-    program.ui().DoEvents();
-    std::string plain = name;
-    if (EndsWithNoCase(plain, suffix)) plain.resize(plain.size() - suffix.size());
-    SafeJoinResult target = SafeJoin(temp, plain);
-    if (!target) {
-      WriteLog(program, "Packed file " + name + " refused: " + target.error);
-      TellCannotExpand(program, name);
-      ok = false;
-    } else if (!dialog.ExpandFile(packed[i], target.path)) {
-      ok = false;  // the dialog has told the user
-    } else if (!FileExists(target.path)) {
-      TellCannotExpand(program, name);
-      ok = false;
-    }
-  }
-  if (ok)
-    ok = DeleteMatchingFiles(temp, NameOfFragment(program.GetText(text::PackedCopiesPattern)));
-  dialog.Hide();
-  return ok;
+void Abandon(Program& program, fs::path& temporary) {
+  DeleteLevelTree(program, temporary, nullptr, nullptr);
+  temporary.clear();
 }
 
 }  // namespace
 
-fs::path TempLevelFolder(const Program& program) {
-  return JoinFragment(program.Home(), program.GetText(text::TempLevelFolder));
+fs::path TemporaryFilesFolder(const Program& program) {
+  return JoinFragment(program.Home(), program.GetText(text::TemporaryFilesFolder));
+}
+
+bool CopyLevelTree(const fs::path& source, const fs::path& target, std::string_view skip) {
+  std::error_code ec;
+  fs::create_directories(target, ec);
+  if (!FolderExists(target)) return false;
+  for (fs::directory_iterator it(ResolveCase(source), ec), end; it != end; it.increment(ec)) {
+    if (ec) return false;
+    std::error_code type_ec;
+    if (it->is_symlink(type_ec)) continue;
+    const fs::path name = it->path().filename();
+    if (it->is_directory(type_ec)) {
+      if (!CopyLevelTree(it->path(), target / name, skip)) return false;
+    } else if (it->is_regular_file(type_ec)) {
+      if (!skip.empty() && WildcardMatch(name.string(), skip)) continue;
+      if (!CopyFileOver(it->path(), target / name)) return false;
+    }
+  }
+  return !ec;
 }
 
 fs::path MakeTempFiles(Program& program, const fs::path& source) {
-  return FillTempFolder(program, source, {});
+  return FreshTemporary(program, source, {});
 }
 
 bool PrepareLevelFiles(Program& program, const fs::path& files_folder, fs::path& temporary) {
   temporary.clear();
-  fs::path temp;
-  auto fail = [&] {
-    if (!temp.empty()) DeleteLevelTree(program, temp, nullptr, nullptr);
-    return false;
-  };
+  const fs::path source = ResolveCase(files_folder);
+  if (!FolderExists(source)) return false;
 
-  std::vector<fs::path> packed =
-      FilesByName(files_folder, NameOfFragment(program.GetText(text::PackedFilesPattern)));
-  if (!packed.empty() && !ExpandPackedFiles(program, files_folder, packed, temp)) return fail();
-
-  const fs::path in_use = temp.empty() ? files_folder : temp;
-  if (FileExists(JoinFragment(in_use, program.GetText(text::StoredLoadPicture)))) {
-    if (temp.empty()) temp = MakeTempFiles(program, files_folder);
-    if (temp.empty()) return false;
-    fs::path jpeg = ResolveCase(JoinFragment(temp, program.GetText(text::ConvertLoadPictureFrom)));
-    fs::path bitmap = JoinFragment(temp, program.GetText(text::ConvertLoadPictureTo));
-    PictureResult why = PictureResult::Ok;
-    if (ConvertPictureFile(jpeg, bitmap, 90, &why))
-      DeleteFileForced(
-          ResolveCase(JoinFragment(temp, program.GetText(text::ConvertedLoadPicture))));
-    else
-      WriteLog(program,
-               "Loading picture " + jpeg.string() + " not converted: " + PictureResultName(why));
+  const std::string packed_pattern = PatternText(program, text::PackedFilesPattern);
+  const std::vector<fs::path> packed = SortedFiles(source, packed_pattern);
+  if (!packed.empty()) {
+    web::Dialog_Zip zip(program);
+    zip.ShowWith(program.GetText(text::PreparingLevelFiles));
+    zip.Label_Info.SetCaption(program.GetText(text::CopyingToTemporary));
+    program.ui().DoEvents();
+    // The packed files are expanded straight from the store: copying them first would only
+    // cost a second pass over the largest files of the level.
+    temporary = FreshTemporary(program, source, packed_pattern);
+    if (temporary.empty()) {
+      zip.Hide();
+      return false;
+    }
+    const std::string suffix = program.GetText(web::text::PackedSuffix);
+    for (const fs::path& file : packed) {
+      const std::string name = file.filename().string();
+      zip.Label_Info.SetCaption(program.GetText(text::ExpandingFile, {name}));
+      program.ui().DoEvents();
+      std::string plain_name = name.substr(0, name.size() - std::min(name.size(), suffix.size()));
+      SafeJoinResult target = SafeJoin(temporary, plain_name);
+      if (!target) {
+        program.ui().AskUser(program.GetText(web::text::CannotExpandFile, {name}), msg::kError, {});
+        zip.Hide();
+        Abandon(program, temporary);
+        return false;
+      }
+      if (!zip.ExpandFile(file, target.path)) {
+        zip.Hide();
+        Abandon(program, temporary);
+        return false;
+      }
+    }
+    DeleteMatchingFiles(temporary, PatternText(program, text::PackedCopiesPattern));
+    zip.Hide();
   }
 
-  temporary = temp;
+  const fs::path in_use = temporary.empty() ? source : temporary;
+  if (FileExists(JoinFragment(in_use, program.GetText(text::StoredLoadPicture)))) {
+    if (temporary.empty()) {
+      temporary = MakeTempFiles(program, source);
+      if (temporary.empty()) return false;
+    }
+    const fs::path jpeg =
+        ResolveCase(JoinFragment(temporary, program.GetText(text::LoadPictureSource)));
+    const fs::path bitmap = JoinFragment(temporary, program.GetText(text::LoadPictureBitmap));
+    if (ConvertPictureFile(jpeg, bitmap))
+      DeleteFileForced(JoinFragment(temporary, program.GetText(text::LoadPictureJpegCopy)));
+  }
   return true;
 }
 
-bool SaveMediaFiles(Program& program, const fs::path& files_folder) {
-  const fs::path editor = Trim(program.prefs.EditorFolder);
-  if (editor.empty() || files_folder.empty()) return false;
+bool ClearReadOnly(std::string_view pattern, const fs::path& folder) {
+  bool all = true;
+  for (const fs::path& file : ListFiles(folder, pattern)) {
+    std::error_code ec;
+    fs::permissions(file, fs::perms::owner_write, fs::perm_options::add, ec);
+    if (ec) all = false;
+  }
+  return all;
+}
+
+bool SaveMediaFiles(Program& program, const fs::path& level_files_folder) {
+  const fs::path editor = ResolveCase(fs::path(program.prefs.EditorFolder));
+  const fs::path level = ResolveCase(level_files_folder);
+  if (editor.empty() || level.empty()) return false;
   bool ok = true;
 
-  for (const fs::path& mcf : ListFiles(editor, kMediaFilesPattern)) {
-    SafeJoinResult in_level = SafeJoin(files_folder, mcf.filename().string());
-    if (in_level && FileExists(in_level.path)) {
-      if (!CopyFileOver(mcf, in_level.path)) ok = false;
-    } else if (!DeleteFileForced(mcf)) {
-      ok = false;
-    }
+  for (const fs::path& media : ListFiles(editor, PatternText(program, text::MediaFilesPattern))) {
+    const fs::path kept = ResolveCase(level / media.filename());
+    if (FileExists(kept))
+      ok = CopyFileOver(media, kept) && ok;
+    else
+      ok = DeleteFileForced(media) && ok;
   }
 
-  const fs::path editor_store = ResolveCase(editor / kMediaStoreFolder);
+  const std::string store = program.GetText(text::MediaStoreFolder);
+  const fs::path editor_store = ResolveCase(JoinFragment(editor, store));
   if (FolderExists(editor_store)) {
-    const fs::path level_store = ResolveCase(files_folder / kMediaStoreFolder);
-    if (!DeleteLevelTree(program, level_store, nullptr, nullptr) || !MakeFolder(level_store))
-      return false;
-    FolderTreeWalker walker(&program.ui());
-    walker.WalkFolderTree(editor_store);
-    const std::size_t skip = editor_store.native().size() + 1;
-    for (const fs::path& folder : walker.Folders()) {
-      SafeJoinResult to = SafeJoin(level_store, folder.native().substr(skip));
-      if (!to || !MakeFolder(to.path)) ok = false;
-    }
-    for (const fs::path& file : walker.Files()) {
-      SafeJoinResult to = SafeJoin(level_store, file.native().substr(skip));
-      if (!to || !CopyFileOver(file, to.path)) ok = false;
-    }
+    const fs::path level_store = ResolveCase(JoinFragment(level, store));
+    ok = DeleteLevelTree(program, level_store, nullptr, nullptr) &&
+         CopyLevelTree(editor_store, level_store) && ok;
   }
 
-  if (!FileExists(editor / kMediaMarkerFile) && !DeleteFileForced(files_folder / kMediaMarkerFile))
-    ok = false;
+  const std::string media_play = program.GetText(text::MediaPlayFile);
+  if (!FileExists(JoinFragment(editor, media_play)))
+    ok = DeleteFileForced(JoinFragment(level, media_play)) && ok;
   return ok;
 }
 

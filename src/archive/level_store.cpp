@@ -1,9 +1,8 @@
 #include "archive/level_store.h"
 
-#include <unistd.h>
-
 #include <algorithm>
 #include <cctype>
+#include <charconv>
 #include <system_error>
 #include <vector>
 
@@ -11,83 +10,84 @@
 #include "archive/catalogue_sizes.h"
 #include "archive/level_folder_name.h"
 #include "archive/text_ids.h"
-#include "foundation/dialogs/progress.h"
 #include "foundation/forms/controls.h"
 #include "foundation/ports/platform.h"
 #include "foundation/ports/ui.h"
 #include "foundation/program.h"
-#include "foundation/services/drives.h"
 #include "foundation/services/files.h"
 #include "foundation/services/paths.h"
 #include "foundation/services/strings.h"
-#include "foundation/services/wildcard.h"
 
 namespace vardolin {
 namespace fs = std::filesystem;
 
 namespace {
 
-// "LEVEL_": the folder prefix without its leading backslash, as a name on a CD starts.
-std::string LevelNamePrefix(const Program& program) {
-  std::string prefix = program.GetText(text::LevelFolderPrefix);
-  if (prefix.empty()) prefix = kLevelFolderPrefix;
-  while (!prefix.empty() && (prefix.front() == '\\' || prefix.front() == '/')) prefix.erase(0, 1);
-  return prefix;
+// "LEVEL_" as folder names on a CD begin, without the leading backslash of the fragment.
+constexpr std::string_view kLevelNameStart = kLevelFolderPrefix.substr(1);
+
+bool StartsWithNoCase(std::string_view name, std::string_view start) {
+  if (name.size() < start.size()) return false;
+  for (std::size_t i = 0; i < start.size(); ++i)
+    if (std::tolower(static_cast<unsigned char>(name[i])) !=
+        std::tolower(static_cast<unsigned char>(start[i])))
+      return false;
+  return true;
 }
 
-std::vector<fs::path> SubfoldersByName(const fs::path& folder) {
-  std::vector<fs::path> subs = ListSubfolders(folder);
-  std::sort(subs.begin(), subs.end(), [](const fs::path& a, const fs::path& b) {
-    return LessNoCase(a.filename().string(), b.filename().string());
-  });
-  return subs;
+bool IsLevelFolderName(std::string_view name) {
+  return StartsWithNoCase(name, kLevelNameStart);
 }
 
-// The code a level folder's name carries behind the prefix; -1 when the rest isn't a number.
-long long CodeOfLevelName(std::string_view name, std::string_view prefix) {
-  if (!StartsWithNoCase(name, prefix)) return -1;
-  std::string_view digits = name.substr(prefix.size());
-  if (digits.empty() || digits.size() > 10) return -1;
-  long long code = 0;
-  for (char c : digits) {
-    if (!std::isdigit(static_cast<unsigned char>(c))) return -1;
-    code = code * 10 + (c - '0');
-  }
-  return code;
+// The number behind LEVEL_; false when anything but digits follows. Codes of more than four
+// digits are written in full, so the whole run of digits counts, not just the last four.
+bool LevelNumberOf(std::string_view name, std::int64_t& number) {
+  std::string_view digits = name.substr(kLevelNameStart.size());
+  if (digits.empty() || digits.size() > 12) return false;
+  auto [end, ec] = std::from_chars(digits.data(), digits.data() + digits.size(), number);
+  return ec == std::errc() && end == digits.data() + digits.size();
 }
 
-bool IsLink(const fs::path& path) {
+std::vector<fs::path> SortedSubfolders(const fs::path& folder) {
+  std::vector<fs::path> out = ListSubfolders(folder);
+  std::sort(out.begin(), out.end());
+  return out;
+}
+
+void MakeWritable(const fs::path& folder) {
   std::error_code ec;
-  return fs::is_symlink(fs::symlink_status(path, ec));
+  fs::permissions(folder, fs::perms::owner_all, fs::perm_options::add, ec);
 }
 
-// Links inside a folder that the walk doesn't list (links to folders, dangling links).
+// Links and other non-folders the walk doesn't list as files (a link to a folder) would keep
+// their folder from going: remove them without following them.
 void RemoveLinksIn(const fs::path& folder) {
   std::error_code ec;
-  for (fs::directory_iterator it(folder, ec), end; !ec && it != end; it.increment(ec))
-    if (IsLink(it->path())) ::unlink(it->path().c_str());
+  for (fs::directory_iterator it(folder, ec), end; !ec && it != end; it.increment(ec)) {
+    std::error_code type_ec;
+    if (it->is_symlink(type_ec)) fs::remove(it->path(), type_ec);
+  }
 }
 
 }  // namespace
 
-std::string LevelFolderOf(const Program& program, std::int32_t code) {
+std::string LevelFolderName(const Program& program, std::int32_t code) {
   std::string prefix = program.GetText(text::LevelFolderPrefix);
   return LevelFolderName(code, prefix.empty() ? kLevelFolderPrefix : std::string_view(prefix));
 }
 
 fs::path GetLevelFolder(Program& program, std::int32_t code, bool use_cd) {
   program.CdRefused = false;
-  if (code != 0 && use_cd) {
-    int index = FindLevelIndex(program.catalogue, code);
-    if (index >= 0 && program.catalogue.levels[static_cast<std::size_t>(index)].CdNumber > 0) {
-      program.CdRefused = true;
-      return {};
-    }
+  if (code == 0) return JoinFragment(program.Home(), LevelFolderName(program, 0));
+  int index = FindLevelIndex(program.catalogue, code);
+  if (use_cd && index >= 0 &&
+      program.catalogue.levels[static_cast<std::size_t>(index)].CdNumber > 0) {
+    // The CD request window belongs to the CD work; until it exists the CD counts as refused,
+    // which every caller already handles.
+    program.CdRefused = true;
+    return {};
   }
-  // Without an archive folder a level's folder would be taken relative to wherever the
-  // program runs; callers stop on an empty answer instead.
-  fs::path folder = HardDiskLevelFolder(program, code);
-  return code == 0 || folder.is_absolute() ? folder : fs::path();
+  return HardDiskLevelFolder(program, code);
 }
 
 fs::path GetLevelFilesFolder(Program& program, std::int32_t code, bool use_cd) {
@@ -97,7 +97,7 @@ fs::path GetLevelFilesFolder(Program& program, std::int32_t code, bool use_cd) {
 }
 
 bool CreateLevelFolders(Program& program, const fs::path& level_folder) {
-  if (!MakeFolder(level_folder)) return false;
+  if (level_folder.empty() || !MakeFolder(level_folder)) return false;
   for (std::int32_t id = text::LevelSubfolderFiles; id <= text::LevelSubfolderScreenshots; ++id)
     if (!MakeFolder(JoinFragment(level_folder, program.GetText(id)))) return false;
   return true;
@@ -105,76 +105,67 @@ bool CreateLevelFolders(Program& program, const fs::path& level_folder) {
 
 bool DeleteLevelTree(Program& program, const fs::path& folder, Label* label, ProgressBar* bar) {
   if (folder.empty()) return false;
-  fs::path root = ResolveCase(folder);
+  fs::path real = ResolveCase(folder);
   std::error_code ec;
-  auto st = fs::symlink_status(root, ec);
-  if (!fs::exists(st)) return true;
-  // A link in place of the folder is removed itself; what it points at isn't ours.
-  if (fs::is_symlink(st)) return ::unlink(root.c_str()) == 0;
-  if (!fs::is_directory(st)) return false;
+  auto status = fs::symlink_status(real, ec);
+  if (!fs::exists(status)) return true;
+  if (!fs::is_directory(status)) return false;
 
-  if (label) label->SetCaption(program.GetText(text::ReadingLevelTree));
+  if (label) label->SetCaption(program.GetText(text::DeleteTreeListing));
   program.ui().DoEvents();
   FolderTreeWalker walker(&program.ui());
-  walker.WalkFolderTree(root);
+  walker.WalkFolderTree(real);
 
-  if (label) label->SetCaption(program.GetText(text::DeletingLevelTree));
-  bool ok = true;
-  for (const fs::path& file : walker.Files())
-    if (!DeleteFileForced(file)) ok = false;
+  if (label) label->SetCaption(program.GetText(text::DeleteTreeDeleting));
+  if (bar) bar->SetValue(0);
+  program.ui().DoEvents();
+  MakeWritable(real);
+  for (const fs::path& f : walker.Folders()) MakeWritable(f);
+  for (const fs::path& f : walker.Files()) DeleteFileForced(f);
 
-  // Deepest first, so that each folder is empty of folders when its turn comes.
+  // Deepest first, so that each folder is empty when its turn comes.
   std::vector<fs::path> folders = walker.Folders();
   std::stable_sort(folders.begin(), folders.end(), [](const fs::path& a, const fs::path& b) {
     return std::distance(a.begin(), a.end()) > std::distance(b.begin(), b.end());
   });
-  folders.push_back(root);
-  std::size_t done = 0;
-  for (const fs::path& sub : folders) {
-    RemoveLinksIn(sub);
-    if (!DeleteFolderTree(sub)) ok = false;
-    ++done;
-    if (bar)
-      SetProgressPercent(*bar, static_cast<double>(folders.size()), static_cast<double>(done));
+  folders.push_back(real);
+  for (std::size_t i = 0; i < folders.size(); ++i) {
+    RemoveLinksIn(folders[i]);
+    DeleteFolderTree(folders[i]);
+    if (bar) bar->SetValue(static_cast<int>((i + 1) * 100 / folders.size()));
     program.ui().DoEvents();
   }
+  if (label) label->SetCaption({});
   if (bar) bar->SetValue(0);
-  return ok && !fs::exists(fs::symlink_status(root, ec));
+  return !fs::exists(fs::symlink_status(real, ec));
 }
 
-bool ClearReadOnly(std::string_view pattern, const fs::path& folder) {
-  bool ok = true;
-  for (const fs::path& file : ListFiles(folder, pattern)) {
-    if (IsLink(file)) continue;
-    std::error_code ec;
-    fs::permissions(file, fs::perms::owner_write, fs::perm_options::add, ec);
-    if (ec || ::access(file.c_str(), W_OK) != 0) ok = false;
-  }
-  return ok;
-}
-
-fs::path FindCdRootWithLevels(const Program& program, const fs::path& drive) {
-  const std::string prefix = LevelNamePrefix(program);
-  for (const fs::path& sub : SubfoldersByName(drive))
-    for (const fs::path& inner : ListSubfolders(sub))
-      if (StartsWithNoCase(inner.filename().string(), prefix)) return sub;
+fs::path FindCdRootWithLevels(const fs::path& drive) {
+  if (drive.empty()) return {};
+  for (const fs::path& sub : SortedSubfolders(drive))
+    for (const fs::path& inner : SortedSubfolders(sub))
+      if (IsLevelFolderName(inner.filename().string())) return sub;
   return {};
 }
 
-fs::path FindLevelOnCd(const Program& program, std::int32_t code, const fs::path& drive) {
-  fs::path root = FindCdRootWithLevels(program, drive);
+fs::path FindLevelOnCd(std::int32_t code, const fs::path& drive) {
+  fs::path root = FindCdRootWithLevels(drive);
   if (root.empty()) return {};
-  const std::string prefix = LevelNamePrefix(program);
-  for (const fs::path& sub : SubfoldersByName(root))
-    if (CodeOfLevelName(sub.filename().string(), prefix) == code) return sub;
+  for (const fs::path& sub : SortedSubfolders(root)) {
+    std::string name = sub.filename().string();
+    std::int64_t number = -1;
+    if (IsLevelFolderName(name) && LevelNumberOf(name, number) && number == code) return sub;
+  }
   return {};
 }
 
-LevelOnCd FindLevelOnCdDrives(Program& program, std::int32_t code) {
-  for (const DriveInfo& drive : program.platform().ListDrives()) {
-    if (drive.type != kDriveCdRom || !drive.ready) continue;
-    fs::path folder = FindLevelOnCd(program, code, drive.letter);
-    if (!folder.empty()) return {drive.letter, folder};
+fs::path FindLevelOnAnyCd(Program& program, std::int32_t code, std::string* drive) {
+  for (const DriveInfo& info : program.platform().ListDrives()) {
+    if (info.type != kDriveCdRom || !info.ready) continue;
+    fs::path found = FindLevelOnCd(code, info.letter);
+    if (found.empty()) continue;
+    if (drive) *drive = info.letter;
+    return found;
   }
   return {};
 }

@@ -1,14 +1,11 @@
 #pragma once
-// Where a level's folders lie, how they are made and removed, and how a level is found on a
-// level CD. A level's own files lie flat in its `\files` sub-folder; the three folders that
-// play fills stay on hard disk even for a level whose files are on CD.
+// Where a level's folders lie and how they are made and removed. A level on hard disk lies in
+// SecondaryDir as LEVEL_ and its code; the base level lies in the program's folder; a level on
+// CD keeps its files folder on the CD and its user folders on hard disk.
 
 #include <cstdint>
 #include <filesystem>
 #include <string>
-#include <string_view>
-
-#include "archive/store_repair.h"
 
 namespace vardolin {
 
@@ -16,45 +13,36 @@ class Program;
 class Label;
 class ProgressBar;
 
-// LevelFolderName with the prefix of the language file (text 1647).
-std::string LevelFolderOf(const Program& program, std::int32_t code);
+// LevelFolderName with the prefix of the language file (text 1647): "\LEVEL_0012".
+std::string LevelFolderName(const Program& program, std::int32_t code);
 
-// The level's folder. The base level lies in the program's folder, every other level below
-// SecondaryDir (also a code not yet in the table). With `use_cd` set, a level whose files lie
-// on a CD gives an empty path with CdRefused set. CdRefused is cleared on every call. A
-// catalogue whose SecondaryDir is blank gives an empty path for every level but the base level.
+// The level's folder. With `use_cd` and a level whose CdNumber is above 0 the folder lies on
+// the CD; asking for that CD isn't possible in this build, so such a level gives an empty
+// folder with `program.CdRefused` set. A code not in the table gives the folder of a level to
+// come. CdRefused is cleared first.
 std::filesystem::path GetLevelFolder(Program& program, std::int32_t code, bool use_cd);
-// The level's `\files` folder (text 1631) inside GetLevelFolder; empty when that is.
+// The level's files folder (GetLevelFolder + `\files`); empty when the folder is.
 std::filesystem::path GetLevelFilesFolder(Program& program, std::int32_t code, bool use_cd);
 
-// Makes the level's folder and its four sub-folders (texts 1549 to 1552); true when all stand.
+// Makes the level's folder and its four sub-folders (texts 1549 to 1552, in that order); true
+// when all of them stand afterwards.
 bool CreateLevelFolders(Program& program, const std::filesystem::path& level_folder);
 
-// Removes a whole folder tree, read-only files and links inside it included (a link is
-// removed, never followed). The label, when given, tells the two stages; the bar follows the
-// folders removed. True when the folder is gone; a missing folder counts as gone.
+// Removes a whole folder tree, read-only files and folders included: first every file, then the
+// folders from the deepest up. The label tells the two phases and the bar follows the folders.
+// Links are removed, never followed. True when the folder is gone (a missing one counts).
 bool DeleteLevelTree(Program& program, const std::filesystem::path& folder, Label* label,
                      ProgressBar* bar);
 
-// Gives the owner write permission on each file of `folder` whose name matches `pattern`.
-// True when every matching file is now writable.
-bool ClearReadOnly(std::string_view pattern, const std::filesystem::path& folder);
-
-// The folder on a drive (a mount point) that holds the level folders of a level CD: the first
-// sub-folder of the drive's root, in name order, that holds a folder named `LEVEL_...`.
-// Empty when there is none.
-std::filesystem::path FindCdRootWithLevels(const Program& program,
-                                           const std::filesystem::path& drive);
-// The level's folder on the CD in `drive`; empty when the CD doesn't hold it.
-std::filesystem::path FindLevelOnCd(const Program& program, std::int32_t code,
-                                    const std::filesystem::path& drive);
-
-struct LevelOnCd {
-  std::string drive;             // the mount point of the CD drive
-  std::filesystem::path folder;  // the level's folder on it
-};
-// Looks for the level on every ready CD drive (drive type 4) in the platform's order; the
-// first that holds it answers. Empty when no CD in a drive holds the level.
-LevelOnCd FindLevelOnCdDrives(Program& program, std::int32_t code);
+// The folder just below the drive's root that holds sub-folders named LEVEL_... (case ignored);
+// empty when none does. Level CDs keep their levels one folder deep.
+std::filesystem::path FindCdRootWithLevels(const std::filesystem::path& drive);
+// The level's folder on the CD in `drive`: the LEVEL_ folder below FindCdRootWithLevels whose
+// number is the code. Empty when the CD doesn't hold it.
+std::filesystem::path FindLevelOnCd(std::int32_t code, const std::filesystem::path& drive);
+// FindLevelOnCd over the ready CD drives of the platform, in its order. `drive`, when given,
+// gets the mount point where the level was found.
+std::filesystem::path FindLevelOnAnyCd(Program& program, std::int32_t code,
+                                       std::string* drive = nullptr);
 
 }  // namespace vardolin

@@ -5,10 +5,11 @@ namespace vardolin {
 
 class Program;
 
-// Walks the levels from index 1 under a progress window. A level whose `\files` folder holds
-// `scroll.mcf` as its first media file but no `scroll*.tr4` (packed or plain) lost its scroll
-// files: its `scroll.mcf` and `\store` sub-folder are removed, since without them it makes no
-// media level. Gives the number of levels repaired.
+// For each level from index 1 whose files folder holds `scroll.mcf` as its first `*.mcf` and no
+// `scroll*.tr4` beside it: that media file no longer makes a media level, so it and the
+// `\store` sub-folder are removed. Conversions broken off by a crash are put right on the way.
+// Shows Dialog_Progress while it runs. Gives the number of levels whose scroll files were
+// removed.
 int RepairLevelStore(Program& program);
 
 }  // namespace vardolin
