@@ -2,6 +2,8 @@
 
 #include "foundation/settings/dialog_settings.h"
 #include "web/dialog_zip.h"
+#include "archive/dialog_new_arc.h"
+#include "archive/dialog_pref_arc.h"
 #include "archive/principale.h"
 #include "foundation/dialogs/dialog_get_dir.h"
 #include "foundation/dialogs/dialog_input_box.h"
@@ -29,6 +31,8 @@ const std::vector<FormFactory>& AllForms() {
       Entry<Dialog_MsgBox>("Dialog_MsgBox"), Entry<Dialog_Progress>("Dialog_Progress"),
       Entry<Dialog_Splash>("Dialog_Splash"), Entry<Dialog_Wait>("Dialog_Wait"),
       Entry<Principale>("Principale"),
+      Entry<Dialog_NewArc>("Dialog_NewArc"),
+      Entry<Dialog_PrefArc>("Dialog_PrefArc"),
   };
   return forms;
 }

@@ -1,0 +1,53 @@
+#include "foundation/startup/base_level.h"
+
+#include <filesystem>
+
+#include "foundation/program.h"
+#include "foundation/services/files.h"
+#include "foundation/services/paths.h"
+#include "foundation/text_ids.h"
+
+#if __has_include("archive/level_store.h")
+#include "archive/level_store.h"
+#define VARDOLIN_HAS_LEVEL_STORE 1
+#endif
+
+namespace vardolin {
+namespace fs = std::filesystem;
+
+namespace {
+
+bool MakeBaseFolders(Program& program, const fs::path& folder) {
+#ifdef VARDOLIN_HAS_LEVEL_STORE
+  return CreateLevelFolders(program, folder);
+#else
+  // Until the level store lands, only the folders the copies below need are made.
+  std::error_code ec;
+  fs::create_directories(folder, ec);
+  for (std::int32_t place : {text::BaseLevelPlace1, text::BaseLevelPlace2})
+    fs::create_directories(JoinFragment(program.Home(), program.GetText(place)).parent_path(), ec);
+  fs::create_directories(JoinFragment(program.Home(), program.GetText(text::BaseLevelPlace3)), ec);
+  return fs::is_directory(folder, ec);
+#endif
+}
+
+}  // namespace
+
+bool EnsureBaseLevel(Program& program) {
+  fs::path folder = JoinFragment(program.Home(), program.GetText(text::BaseLevelFolder));
+  if (FolderExists(folder)) return true;
+  if (!MakeBaseFolders(program, folder)) return false;
+  fs::path editor = program.prefs.EditorFolder;
+  // Copies replace what stands there; a file the editor lacks is simply not copied.
+  CopyFileOver(JoinFragment(editor, program.GetText(text::BaseLevelFile1)),
+               JoinFragment(program.Home(), program.GetText(text::BaseLevelPlace1)));
+  CopyFileOver(JoinFragment(editor, program.GetText(text::BaseLevelFile2)),
+               JoinFragment(program.Home(), program.GetText(text::BaseLevelPlace2)));
+  fs::path from = JoinFragment(editor, program.GetText(text::BaseLevelFiles3));
+  fs::path to = JoinFragment(program.Home(), program.GetText(text::BaseLevelPlace3));
+  for (const fs::path& file : ListFiles(from, "*.*")) CopyFileOver(file, to / file.filename());
+  program.BaseLevelBuilt = true;
+  return true;
+}
+
+}  // namespace vardolin
