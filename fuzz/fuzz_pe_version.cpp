@@ -1,0 +1,11 @@
+// The version-resource reader of Windows programs over arbitrary bytes.
+#include <cstddef>
+#include <cstdint>
+#include <string_view>
+
+#include "foundation/services/pe_version.h"
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+  vardolin::ParsePeFileVersion(std::string_view(reinterpret_cast<const char*>(data), size));
+  return 0;
+}

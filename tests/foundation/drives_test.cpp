@@ -1,0 +1,209 @@
+#include "foundation/services/drives.h"
+
+#include <gtest/gtest.h>
+
+#include "foundation/platform/linux_platform.h"
+#include "foundation/platform/mounts.h"
+#include "recording_platform.h"
+#include "temp_dir.h"
+
+namespace vardolin {
+namespace {
+
+using testing::RecordingPlatform;
+using testing::TempDir;
+
+TEST(MountsTest, ParsesTheMountTable) {
+  const char* text =
+      "/dev/sda1 / ext4 rw,relatime 0 0\n"
+      "proc /proc proc rw 0 0\n"
+      "/dev/sr0 /media/My\\040Disc iso9660 ro 0 0\n"
+      "\n"
+      "# a comment\n"
+      "broken-line\n"
+      "relative here ext4 rw 0 0\n"
+      "/dev/sdb1 /mnt/usb vfat rw 0 0\n"
+      "/dev/sdc1 /mnt/usb ext4 rw 0 0\n"
+      "server:/export\t/net/share\tnfs4\trw\t0\t0\r\n";
+  std::vector<MountEntry> mounts = ParseMounts(text);
+  ASSERT_EQ(mounts.size(), 5u);
+  EXPECT_EQ(mounts[0].device, "/dev/sda1");
+  EXPECT_EQ(mounts[0].options, "rw,relatime");
+  EXPECT_EQ(mounts[2].mount_point, "/media/My Disc");
+  EXPECT_EQ(mounts[3].device, "/dev/sdc1");  // mounted over the earlier one
+  EXPECT_EQ(mounts[3].fs_type, "ext4");
+  EXPECT_EQ(mounts[4].fs_type, "nfs4");
+  EXPECT_EQ(mounts[4].mount_point, "/net/share");
+}
+
+TEST(MountsTest, ClassifiesMountsAsDrives) {
+  TempDir sys;
+  sys.Write("block/sda/removable", "0\n");
+  sys.Write("block/sdb/removable", "1\n");
+  sys.Write("block/sdc/removable", "0\n");
+  sys.Write("block/sdc/device/type", "5\n");
+  sys.Write("block/nvme0n1/removable", "0\n");
+  sys.Write("block/mmcblk0/removable", "1\n");
+  const std::tuple<const char*, const char*, const char*, int> cases[] = {
+      {"/dev/sda1", "/", "ext4", kDriveFixed},
+      {"/dev/sdb1", "/media/u/STICK", "vfat", kDriveRemovable},
+      {"/dev/sdc", "/media/u/disc", "udf", kDriveCdRom},
+      {"/dev/sdc", "/media/u/disc2", "auto", kDriveCdRom},
+      {"/dev/sr0", "/media/u/TRLE", "iso9660", kDriveCdRom},
+      {"/dev/sr1", "/media/cdrom", "auto", kDriveCdRom},
+      {"/dev/nvme0n1p2", "/home", "btrfs", kDriveFixed},
+      {"/dev/mmcblk0p1", "/media/sd", "exfat", kDriveRemovable},
+      {"/dev/loop3", "/mnt/image", "ext4", kDriveFixed},
+      {"/dev/loop4", "/snap/core/1", "squashfs", -1},
+      {"/dev/loop5", "/mnt/squash", "squashfs", -1},
+      {"/home/u/img.iso", "/mnt/iso", "iso9660", kDriveCdRom},
+      {"server:/export", "/net/share", "nfs4", kDriveRemote},
+      {"//nas/levels", "/mnt/nas", "cifs", kDriveRemote},
+      {"u@host:", "/mnt/ssh", "fuse.sshfs", kDriveRemote},
+      {"overlay", "/", "overlay", kDriveFixed},
+      {"tmpfs", "/tmp", "tmpfs", kDriveFixed},
+      {"tmpfs", "/dev/shm", "tmpfs", -1},
+      {"tmpfs", "/run/user/1000", "tmpfs", -1},
+      {"proc", "/proc", "proc", -1},
+      {"sysfs", "/sys", "sysfs", -1},
+      {"cgroup2", "/sys/fs/cgroup", "cgroup2", -1},
+      {"/dev/sda2", "/run/media/x", "ext4", -1},
+      {"gvfsd-fuse", "/home/u/.gvfs", "fuse.gvfsd-fuse", -1},
+  };
+  for (const auto& [device, mount_point, fs_type, type] : cases)
+    EXPECT_EQ(ClassifyMount({device, mount_point, fs_type, "rw"}, sys.path()), type)
+        << device << " on " << mount_point;
+}
+
+DriveInfo Drive(std::string letter, int type, bool ready, double free) {
+  DriveInfo d;
+  d.letter = std::move(letter);
+  d.type = type;
+  d.ready = ready;
+  d.free_bytes = free;
+  d.total_bytes = free * 2;
+  d.volume_name = "VOL";
+  d.serial = 77;
+  d.share_name = "share";
+  return d;
+}
+
+struct NoFreeBytes : RecordingPlatform {
+  double FreeBytes(const std::filesystem::path&) override { return -1; }
+};
+
+struct DrivesTest : ::testing::Test {
+  NoFreeBytes platform;
+  void SetUp() override {
+    platform.drives = {
+        Drive("/", kDriveFixed, true, 100),       Drive("/media/cd", kDriveCdRom, true, 0),
+        Drive("/home", kDriveFixed, true, 500),   Drive("/data", kDriveFixed, true, 500),
+        Drive("/dev/sr1", kDriveCdRom, false, 0), Drive("/mnt/stick", kDriveRemovable, true, 900),
+        Drive("/big", kDriveFixed, false, 9000)};
+  }
+};
+
+TEST_F(DrivesTest, ThePathBelongsToTheLongestMountPoint) {
+  const std::pair<const char*, const char*> cases[] = {
+      {"/home/u/levels", "/home"},
+      {"/home", "/home"},
+      {"/homework/x", "/"},
+      {"/media/cd/LEVEL_1", "/media/cd"},
+      {"/media/cd2", "/"},
+      {"/etc/../home/x", "/home"},
+      {"", ""},
+  };
+  for (const auto& [path, drive] : cases) EXPECT_EQ(DriveOfPath(platform, path), drive) << path;
+  EXPECT_EQ(DriveTypeOfPath(platform, "/media/cd/x"), kDriveCdRom);
+  EXPECT_EQ(DriveOfPath(std::vector<DriveInfo>{}, "/x"), "");
+  RecordingPlatform none;
+  EXPECT_EQ(DriveTypeOfPath(none, "/x"), kDriveUnknown);
+}
+
+TEST_F(DrivesTest, ListsDrivesByType) {
+  EXPECT_EQ(ListCdDrives(platform), (std::vector<std::string>{"/media/cd", "/dev/sr1"}));
+  EXPECT_EQ(ListFixedDrives(platform), (std::vector<std::string>{"/", "/home", "/data", "/big"}));
+}
+
+TEST_F(DrivesTest, DriveInfoOfReadyAbsentAndNotReadyDrives) {
+  DriveInfo info;
+  ASSERT_TRUE(GetDriveInfo(platform, "/home", info));
+  EXPECT_EQ(info.free_bytes, 500);
+  EXPECT_EQ(info.volume_name, "VOL");
+
+  ASSERT_TRUE(GetDriveInfo(platform, "/dev/sr1", info));
+  EXPECT_EQ(info.letter, "/dev/sr1");
+  EXPECT_EQ(info.type, kDriveCdRom);
+  EXPECT_FALSE(info.ready);
+  EXPECT_EQ(info.share_name, "share");
+  EXPECT_EQ(info.volume_name, "");
+  EXPECT_EQ(info.serial, 0u);
+  EXPECT_EQ(info.total_bytes, 0);
+
+  EXPECT_FALSE(GetDriveInfo(platform, "/nowhere", info));
+  EXPECT_EQ(info.letter, "");
+  EXPECT_EQ(info.type, kDriveUnknown);
+}
+
+TEST_F(DrivesTest, FreeBytesFallBackOnTheDriveRecord) {
+  EXPECT_EQ(DiskFreeBytes(platform, "/home/u"), 500);
+  EXPECT_EQ(DriveFreeBytes(platform, "/mnt/stick/x"), 900);
+  EXPECT_EQ(DriveFreeBytes(platform, "/big/x"), 0);  // not ready
+  RecordingPlatform answers;                         // a platform that can tell is asked directly
+  EXPECT_EQ(DiskFreeBytes(answers, "/anything"), 1e12);
+}
+
+TEST_F(DrivesTest, BestFreeDriveIsTheFirstReadyFixedDriveWithMostRoom) {
+  double free = 0;
+  EXPECT_EQ(BestFreeDrive(platform, free), "/home");
+  EXPECT_EQ(free, 500);
+  platform.drives.clear();
+  EXPECT_EQ(BestFreeDrive(platform, free), "");
+  EXPECT_EQ(free, 0);
+}
+
+TEST(LinuxDrivesTest, ListsTheMountsOfACannedTable) {
+  TempDir dir;
+  std::filesystem::create_directories(dir / "mnt/usb stick");
+  std::filesystem::create_directories(dir / "sys/block/sdb");
+  dir.Write("sys/block/sdb/removable", "1");
+  std::filesystem::create_directories(dir / "sys/block/sr0");
+  std::filesystem::create_directories(dir / "sys/block/sr1");
+  dir.Write("mounted-file", "");
+  std::string root = dir.path().string();
+  dir.Write("mounts",
+            "proc /proc proc rw 0 0\n"
+            "/dev/sdb1 " +
+                root +
+                "/mnt/usb\\040stick vfat rw 0 0\n"
+                "/dev/sda1 " +
+                root +
+                "/mounted-file ext4 rw 0 0\n"
+                "/dev/sr0 " +
+                root +
+                " iso9660 ro 0 0\n"
+                "/dev/sda2 " +
+                root + "/gone ext4 rw 0 0\n");
+  LinuxPlatform::Options options;
+  options.mounts_file = dir / "mounts";
+  options.sys_root = dir / "sys";
+  LinuxPlatform linux_platform(options);
+  std::vector<DriveInfo> drives = linux_platform.ListDrives();
+  ASSERT_EQ(drives.size(), 3u);
+  EXPECT_EQ(drives[0].letter, root + "/mnt/usb stick");
+  EXPECT_EQ(drives[0].type, kDriveRemovable);
+  EXPECT_TRUE(drives[0].ready);
+  EXPECT_GT(drives[0].total_bytes, 0);
+  EXPECT_EQ(drives[1].letter, root);
+  EXPECT_EQ(drives[1].type, kDriveCdRom);
+  // The second optical drive has no disc mounted: there, but not ready.
+  EXPECT_EQ(drives[2].letter, "/dev/sr1");
+  EXPECT_EQ(drives[2].type, kDriveCdRom);
+  EXPECT_FALSE(drives[2].ready);
+
+  EXPECT_GT(linux_platform.FreeBytes(dir.path()), 0);
+  EXPECT_EQ(linux_platform.FreeBytes(dir / "not/yet/made"), linux_platform.FreeBytes(dir.path()));
+}
+
+}  // namespace
+}  // namespace vardolin

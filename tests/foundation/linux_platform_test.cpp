@@ -1,0 +1,264 @@
+#include "foundation/platform/linux_platform.h"
+
+#include <gtest/gtest.h>
+#include <stdlib.h>
+
+#include <chrono>
+#include <thread>
+
+#include "foundation/platform/virtual_keys.h"
+#include "temp_dir.h"
+
+#include <X11/keysym.h>
+
+namespace vardolin {
+namespace {
+
+namespace fs = std::filesystem;
+using std::chrono::milliseconds;
+using testing::ReadFile;
+using testing::TempDir;
+
+fs::path StandinsDir() {
+  const char* env = getenv("VARDOLIN_STANDINS");
+  return env && *env ? fs::path(env) : fs::path(VARDOLIN_BUILD_DIR) / "standins";
+}
+
+fs::path Echo() {
+  return StandinsDir() / "standin_echo";
+}
+
+// Sets an environment variable for the length of a test.
+class ScopedEnv {
+ public:
+  ScopedEnv(const char* name, const std::string& value) : name_(name) {
+    const char* old = getenv(name);
+    had_ = old != nullptr;
+    if (had_) old_ = old;
+    setenv(name, value.c_str(), 1);
+  }
+  ~ScopedEnv() {
+    if (had_)
+      setenv(name_, old_.c_str(), 1);
+    else
+      unsetenv(name_);
+  }
+
+ private:
+  const char* name_;
+  bool had_;
+  std::string old_;
+};
+
+std::vector<std::string> Capture(LinuxPlatform& platform, const StartRequest& request,
+                                 int* code = nullptr) {
+  std::vector<std::string> lines;
+  int rc = platform.RunCapturing(request, [&](const std::string& line) {
+    lines.push_back(line);
+    return true;
+  });
+  if (code) *code = rc;
+  return lines;
+}
+
+bool WaitForFile(const fs::path& p) {
+  for (int i = 0; i < 300 && !fs::exists(p); ++i) std::this_thread::sleep_for(milliseconds(10));
+  std::this_thread::sleep_for(milliseconds(20));
+  return fs::exists(p);
+}
+
+struct LinuxPlatformTest : ::testing::Test {
+  TempDir dir;
+  LinuxPlatform platform;
+  void SetUp() override { ASSERT_TRUE(fs::exists(Echo())) << Echo(); }
+};
+
+TEST_F(LinuxPlatformTest, RunsInTheProgramsOwnFolderUnlessToldOtherwise) {
+  int code = 0;
+  auto lines = Capture(platform, {Echo(), {"one", "two words", ""}, {}, true}, &code);
+  EXPECT_EQ(lines, (std::vector<std::string>{"cwd " + fs::canonical(StandinsDir()).string(),
+                                             "arg one", "arg two words", "arg "}));
+  EXPECT_EQ(code, 0);
+  lines = Capture(platform, {Echo(), {}, dir.path(), false});
+  EXPECT_EQ(lines.at(0), "cwd " + fs::canonical(dir.path()).string());
+}
+
+TEST_F(LinuxPlatformTest, LineEndsOfEitherKindAndALastLineWithoutOne) {
+  auto crlf = Capture(platform, {Echo(), {"--crlf", "--lines", "2"}, dir.path(), false});
+  auto lf = Capture(platform, {Echo(), {"--lines", "2"}, dir.path(), false});
+  ASSERT_EQ(crlf.size(), 6u);
+  EXPECT_EQ(crlf[4], "line 1");
+  EXPECT_EQ(crlf[5], "line 2");
+  EXPECT_EQ(lf.back(), "line 2");
+
+  fs::path script = dir.Write("printf.sh", "#!/bin/sh\nprintf 'a\\r\\nb\\rc\\n\\nd'\n");
+  fs::permissions(script, fs::perms::owner_all);
+  EXPECT_EQ(Capture(platform, {script, {}, {}, false}),
+            (std::vector<std::string>{"a", "b", "c", "", "d"}));
+}
+
+TEST_F(LinuxPlatformTest, ExitCodesWaitsAndTimeouts) {
+  auto quick = platform.Start({Echo(), {"--out", "/dev/null", "--exit", "7"}, dir.path(), false});
+  ASSERT_TRUE(quick);
+  EXPECT_EQ(platform.Wait(*quick, milliseconds(5000)), WaitResult::Ended);
+  EXPECT_EQ(platform.ExitCode(*quick), 7);
+  EXPECT_FALSE(platform.IsRunning(*quick));
+  EXPECT_EQ(platform.Wait(*quick, milliseconds(10)), WaitResult::Ended);  // asked again
+
+  auto slow =
+      platform.Start({Echo(), {"--out", "/dev/null", "--sleep", "20000"}, dir.path(), false});
+  ASSERT_TRUE(slow);
+  EXPECT_EQ(platform.Wait(*slow, milliseconds(30)), WaitResult::TimedOut);
+  EXPECT_TRUE(platform.IsRunning(*slow));
+  EXPECT_EQ(platform.ExitCode(*slow), -1);
+  platform.End(*slow);
+  EXPECT_FALSE(platform.IsRunning(*slow));
+  EXPECT_EQ(platform.ExitCode(*slow), 128 + 15);
+
+  Process none;
+  EXPECT_EQ(platform.Wait(none, milliseconds(10)), WaitResult::Failed);
+  EXPECT_FALSE(platform.IsRunning(none));
+}
+
+TEST_F(LinuxPlatformTest, AProgramThatIgnoresTheRequestToEndIsKilled) {
+  fs::path script = dir.Write("stubborn.sh", "#!/bin/sh\ntrap '' TERM\nsleep 30 & wait\n");
+  fs::permissions(script, fs::perms::owner_all);
+  LinuxPlatform::Options options;
+  options.end_grace = milliseconds(100);
+  LinuxPlatform quick_to_kill(options);
+  auto p = quick_to_kill.Start({script, {}, {}, false});
+  ASSERT_TRUE(p);
+  std::this_thread::sleep_for(milliseconds(100));
+  quick_to_kill.End(*p);
+  EXPECT_FALSE(quick_to_kill.IsRunning(*p));
+  EXPECT_EQ(quick_to_kill.ExitCode(*p), 128 + 9);
+}
+
+TEST_F(LinuxPlatformTest, TheHandlerCanBreakOffTheProgram) {
+  std::vector<std::string> seen;
+  int code =
+      platform.RunCapturing({Echo(), {"--lines", "1000000", "--sleep", "20000"}, dir.path(), false},
+                            [&](const std::string& line) {
+                              seen.push_back(line);
+                              return line != "line 3";
+                            });
+  EXPECT_EQ(seen.back(), "line 3");
+  EXPECT_EQ(code, 128 + 15);
+}
+
+TEST_F(LinuxPlatformTest, MissingProgramsDontStart) {
+  EXPECT_FALSE(platform.Start({dir / "nothing", {}, {}, false}));
+  EXPECT_FALSE(platform.Start({"no-such-program-vardolin", {}, {}, false}));
+  EXPECT_FALSE(platform.Start({Echo(), {}, dir / "no-folder", false}));
+  EXPECT_FALSE(platform.Start({dir.path(), {}, {}, false}));
+  EXPECT_EQ(platform.RunCapturing({dir / "nothing", {}, {}, false},
+                                  [](const std::string&) { return true; }),
+            -1);
+}
+
+TEST_F(LinuxPlatformTest, ProgramsOnThePathAndInAnotherCase) {
+  ScopedEnv path("PATH", StandinsDir().string() + ":/usr/bin:/bin");
+  auto lines = Capture(platform, {"standin_echo", {"x"}, dir.path(), false});
+  EXPECT_EQ(lines.size(), 2u);
+  fs::copy_file(Echo(), dir / "Tool");
+  EXPECT_EQ(Capture(platform, {dir / "TOOL", {}, {}, false}).size(), 1u);
+}
+
+TEST_F(LinuxPlatformTest, WindowsProgramsGoThroughWine) {
+  fs::path game = dir.Write("Game/TOMB4.EXE", std::string("MZ\x90\0", 4) + "rest");
+  fs::path native = dir / "Game/native.exe";
+  fs::copy_file(Echo(), native);
+  ScopedEnv wine("VARDOLIN_WINE", "\"" + Echo().string() + "\" --as-wine");
+
+  StartRequest request{dir / "game/tomb4.exe", {"-level", "2"}, {}, false};
+  EXPECT_EQ(platform.CommandLine(request),
+            (std::vector<std::string>{Echo().string(), "--as-wine", game.string(), "-level", "2"}));
+  auto lines = Capture(platform, request);
+  EXPECT_EQ(lines, (std::vector<std::string>{"cwd " + fs::canonical(dir / "Game").string(),
+                                             "arg --as-wine", "arg " + game.string(), "arg -level",
+                                             "arg 2"}));
+  // A native program that happens to end in .exe runs directly.
+  EXPECT_EQ(Capture(platform, {native, {"a"}, {}, false}).at(1), "arg a");
+
+  ScopedEnv no_wine("VARDOLIN_WINE", (dir / "no-wine-here").string());
+  EXPECT_FALSE(platform.Start(request));
+}
+
+TEST_F(LinuxPlatformTest, ShellOpenStartsProgramsAndHandsDocumentsToTheOpener) {
+  fs::path opener = dir.Write("opener.sh", "#!/bin/sh\necho \"$1|$(pwd)\" > \"$OPENED\"\n");
+  fs::permissions(opener, fs::perms::owner_all);
+  ScopedEnv opened("OPENED", (dir / "opened.txt").string());
+  LinuxPlatform::Options options;
+  options.opener = opener.string();
+  LinuxPlatform desktop(options);
+
+  fs::path doc = dir.Write("docs/readme.txt", "hi");
+  ASSERT_TRUE(desktop.ShellOpen(doc.string(), "", {}));
+  EXPECT_EQ(ReadFile(dir / "opened.txt"),
+            doc.string() + "|" + fs::canonical(dir / "docs").string() + "\n");
+
+  ASSERT_TRUE(desktop.ShellOpen("https://example.org/x", "", dir.path()));
+  EXPECT_EQ(ReadFile(dir / "opened.txt"),
+            "https://example.org/x|" + fs::canonical(dir.path()).string() + "\n");
+
+  fs::path out = dir / "program-out.txt";
+  ASSERT_TRUE(desktop.ShellOpen(Echo().string(), "--out \"" + out.string() + "\" \"a b\"", {}));
+  ASSERT_TRUE(WaitForFile(out));
+  std::string text = ReadFile(out);
+  EXPECT_NE(text.find("arg a b\n"), std::string::npos) << text;
+
+  LinuxPlatform::Options failing;
+  failing.opener = "false";
+  EXPECT_FALSE(LinuxPlatform(failing).ShellOpen(doc.string(), "", {}));
+  EXPECT_FALSE(desktop.ShellOpen("", "", {}));
+}
+
+TEST(CommandWordsTest, QuotesGroupBlanks) {
+  const std::pair<const char*, std::vector<std::string>> cases[] = {
+      {"wine", {"wine"}},
+      {"  wine64   --debug ", {"wine64", "--debug"}},
+      {"\"/opt/my wine/bin/wine\" x", {"/opt/my wine/bin/wine", "x"}},
+      {"a\"b c\"d", {"ab cd"}},
+      {"\"\"", {""}},
+      {"", {}},
+  };
+  for (const auto& [text, words] : cases) EXPECT_EQ(SplitCommandWords(text), words) << text;
+}
+
+TEST(VirtualKeysTest, WindowsKeyCodesMapToKeySyms) {
+  const std::pair<int, std::vector<unsigned long>> cases[] = {
+      {0x70, {XK_F1}},
+      {0x7B, {XK_F12}},
+      {44, {XK_Print}},
+      {17, {XK_Control_L, XK_Control_R}},
+      {16, {XK_Shift_L, XK_Shift_R}},
+      {18, {XK_Alt_L, XK_Alt_R}},
+      {'A', {XK_a}},
+      {'Z', {XK_z}},
+      {'0', {XK_0}},
+      {'9', {XK_9}},
+      {0x60, {XK_KP_0}},
+      {0x0D, {XK_Return, XK_KP_Enter}},
+      {0x07, {}},
+      {0xFF, {}},
+  };
+  for (const auto& [key, syms] : cases) EXPECT_EQ(KeySymsOfVirtualKey(key), syms) << key;
+}
+
+TEST(LinuxHardwareTest, WithoutDisplayJoystickOrSoundEverythingReadsIdle) {
+  ScopedEnv display("DISPLAY", "");
+  LinuxPlatform platform;
+  EXPECT_FALSE(platform.IsKeyDown(vk::kF1));
+  EXPECT_FALSE(platform.IsKeyDown(vk::kShift));
+  JoystickState state;
+  state.buttons = 0xABCD;
+  if (!platform.ReadJoystick(0, state)) {
+    EXPECT_EQ(state.buttons, 0xABCDu);  // untouched when there is no joystick
+  }
+  EXPECT_FALSE(platform.ReadJoystick(15, state));
+  EXPECT_FALSE(platform.ReadJoystick(-1, state));
+  platform.Beep(440, 20);  // no device here: quietly nothing
+}
+
+}  // namespace
+}  // namespace vardolin

@@ -1,0 +1,98 @@
+#include "foundation/platform/wine_registry.h"
+
+#include <gtest/gtest.h>
+#include <stdlib.h>
+
+#include "foundation/platform/linux_platform.h"
+#include "temp_dir.h"
+
+namespace vardolin {
+namespace {
+
+const char* kSystemReg =
+    "WINE REGISTRY Version 2\n"
+    ";; All keys relative to \\\\Machine\n"
+    "\n"
+    "#arch=win32\n"
+    "\n"
+    "[Software\\\\Microsoft\\\\Windows\\\\CurrentVersion\\\\App Paths\\\\winroomedit.exe] "
+    "1600000000\n"
+    "#time=1d6a2b3c4d5e6f7\n"
+    "@=\"C:\\\\Program Files\\\\TRLE\\\\winroomedit.exe\"\r\n"
+    "\"Path\"=str(2):\"C:\\\\Program Files\\\\TRLE\"\n"
+    "\n"
+    "[Software\\\\Vardolin] 1600000001\n"
+    "\"Count\"=dword:0000002a\n"
+    "\"Blob\"=hex:01,02,\\\n"
+    "  03,04\n"
+    "\"Quote \\\"q\\\"\"=\"say \\\"hi\\\"\\ttab\\x00e9\\x263a\"\n"
+    "\"Broken\"=\"no end\n"
+    "\"Multi\"=str(7):\"a\\0b\\0\"\n"
+    "[Software\\\\Classes\\\\.trl] 1\n"
+    "@=\"Vardolin.Catalogue\"\n";
+
+TEST(WineRegistryTest, FindsValuesWithoutRegardToCase) {
+  const std::tuple<const char*, const char*, std::optional<std::string>> cases[] = {
+      {"Software\\Microsoft\\Windows\\CurrentVersion\\App Paths\\winroomedit.exe", "",
+       "C:\\Program Files\\TRLE\\winroomedit.exe"},
+      {"SOFTWARE\\microsoft\\windows\\currentversion\\app paths\\WINROOMEDIT.EXE\\", "@",
+       "C:\\Program Files\\TRLE\\winroomedit.exe"},
+      {"Software\\Microsoft\\Windows\\CurrentVersion\\App Paths\\winroomedit.exe", "path",
+       "C:\\Program Files\\TRLE"},
+      {"Software\\Vardolin", "Count", "42"},
+      {"Software\\Vardolin", "Quote \"q\"", "say \"hi\"\ttab\xC3\xA9\xE2\x98\xBA"},
+      {"Software\\Vardolin", "Multi", std::string("a\0b\0", 4)},
+      {"Software\\Vardolin", "Blob", std::nullopt},
+      {"Software\\Vardolin", "Broken", std::nullopt},
+      {"Software\\Vardolin", "", std::nullopt},
+      {"Software\\Missing", "", std::nullopt},
+      {"Software", "Count", std::nullopt},
+  };
+  for (const auto& [key, name, data] : cases)
+    EXPECT_EQ(FindWineRegistryValue(kSystemReg, key, name), data) << key << " / " << name;
+}
+
+TEST(WineRegistryTest, VisitsValuesInFileOrder) {
+  std::vector<std::string> names;
+  ParseWineRegistry(kSystemReg, [&](const RegistryValue& v) {
+    names.push_back(v.name);
+    return names.size() < 4;
+  });
+  EXPECT_EQ(names, (std::vector<std::string>{"", "Path", "Count", "Quote \"q\""}));
+}
+
+TEST(WineRegistryTest, ReadsThePrefixFilesByRoot) {
+  testing::TempDir prefix;
+  prefix.Write("system.reg", kSystemReg);
+  prefix.Write("user.reg", "[Software\\\\Wine\\\\Direct3D] 1\n\"renderer\"=\"gl\"\n");
+  const std::tuple<const char*, const char*, const char*> cases[] = {
+      {"SOFTWARE\\Microsoft\\Windows\\CurrentVersion\\App Paths\\winroomedit.exe", "Path",
+       "C:\\Program Files\\TRLE"},
+      {"HKEY_LOCAL_MACHINE\\Software\\Vardolin", "Count", "42"},
+      {"HKLM\\Software\\Vardolin", "Count", "42"},
+      {"HKEY_CURRENT_USER\\Software\\Wine\\Direct3D", "renderer", "gl"},
+      {"HKCU\\Software\\Vardolin", "Count", ""},
+      {"HKEY_CLASSES_ROOT\\.trl", "", "Vardolin.Catalogue"},
+      {"HKEY_LOCAL_MACHINEX\\Software\\Vardolin", "Count", ""},
+  };
+  for (const auto& [key, name, data] : cases)
+    EXPECT_EQ(ReadWineRegistry(prefix.path(), key, name), data) << key;
+  EXPECT_EQ(ReadWineRegistry(prefix / "none", "Software\\Vardolin", "Count"), "");
+  EXPECT_EQ(ReadWineRegistry("", "Software\\Vardolin", "Count"), "");
+
+  // The platform reads the prefix Wine itself would use.
+  const char* old = getenv("WINEPREFIX");
+  std::string saved = old ? old : "";
+  setenv("WINEPREFIX", prefix.path().c_str(), 1);
+  LinuxPlatform platform;
+  EXPECT_EQ(platform.ReadRegistry("HKLM\\Software\\Vardolin", "Count"), "42");
+  setenv("WINEPREFIX", (prefix / "missing").c_str(), 1);
+  EXPECT_EQ(platform.ReadRegistry("HKLM\\Software\\Vardolin", "Count"), "");
+  if (old)
+    setenv("WINEPREFIX", saved.c_str(), 1);
+  else
+    unsetenv("WINEPREFIX");
+}
+
+}  // namespace
+}  // namespace vardolin
