@@ -62,15 +62,4 @@ CommandLineArgs ParseCommandLine(const Program& program, std::string_view text) 
   return args;
 }
 
-std::string JoinArguments(int argc, const char* const* argv) {
-  std::string line;
-  for (int i = 1; i < argc; ++i) {
-    if (!line.empty()) line += ' ';
-    line += '"';
-    line += argv[i];
-    line += '"';
-  }
-  return line;
-}
-
 }  // namespace vardolin

@@ -22,8 +22,4 @@ struct CommandLineArgs {
 // Cuts the trimmed text into quoted tokens; the last token of each kind wins.
 CommandLineArgs ParseCommandLine(const Program& program, std::string_view text);
 
-// The command line as one text from argv. On Linux the shell or the desktop has already cut
-// the words apart and taken their quotes away, so every argument counts as a quoted token.
-std::string JoinArguments(int argc, const char* const* argv);
-
 }  // namespace vardolin
