@@ -4,25 +4,11 @@
 
 #include "archive/text_ids.h"
 #include "foundation/program.h"
+#include "foundation/services/paths.h"
 #include "foundation/services/strings.h"
 #include "foundation/text_ids.h"
 
 namespace vardolin {
-
-std::string NextQuotedToken(std::string_view text, std::size_t& pos) {
-  std::size_t open = text.find('"', pos);
-  if (open == std::string_view::npos) {
-    pos = text.size() + 1;
-    return {};
-  }
-  std::size_t close = text.find('"', open + 1);
-  if (close == std::string_view::npos) {
-    pos = text.size() + 1;
-    return {};
-  }
-  pos = close + 1;
-  return std::string(text.substr(open + 1, close - open - 1));
-}
 
 namespace {
 

@@ -1,18 +1,13 @@
 #pragma once
-// The program's command line: a catalogue to open and a folder with the level editor's setup
+// The program's command line (tokens cut by NextQuotedToken of services/paths.h): a catalogue to open and a folder with the level editor's setup
 // files, each given as a token in double quotes. Words without quotes are not seen.
 
-#include <cstddef>
 #include <string>
 #include <string_view>
 
 namespace vardolin {
 
 class Program;
-
-// The text between the next pair of double quotes at or after `pos` (0-based), moving `pos`
-// behind the closing quote. Empty when no pair is left; `pos` then passes the end.
-std::string NextQuotedToken(std::string_view text, std::size_t& pos);
 
 struct CommandLineArgs {
   std::string catalogue;     // ends with the catalogue extension (text 1079)
