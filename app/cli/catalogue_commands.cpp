@@ -44,8 +44,7 @@ int CmdNewCatalogue(Program& program, std::ostream& out, std::ostream& err) {
   return 0;
 }
 
-int CmdOpen(Program& program, const std::string& catalogue, std::ostream& out,
-            std::ostream& err) {
+int CmdOpen(Program& program, const std::string& catalogue, std::ostream& out, std::ostream& err) {
   if (!LoadCatalogueFile(program, catalogue)) {
     err << "vardolin-cli: cannot open the catalogue " << catalogue << "\n";
     return 1;

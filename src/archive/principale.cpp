@@ -1,7 +1,7 @@
 #include "archive/principale.h"
 
-#include "foundation/settings/dialog_settings.h"
 #include "foundation/ports/ui.h"
+#include "foundation/settings/dialog_settings.h"
 
 #include <set>
 #include <string>

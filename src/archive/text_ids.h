@@ -164,7 +164,6 @@ inline constexpr std::int32_t CaptionPulSaveGames = 5207;
 inline constexpr std::int32_t CaptionFrameSaveGames = 5208;
 inline constexpr std::int32_t CaptionFrameScreenShots = 5209;
 
-
 // Start-up's first-run dialog, Dialog_NewArc.
 inline constexpr std::int32_t NewArcTitle = 5610;
 inline constexpr std::int32_t NewArcMessage = 5611;
@@ -201,8 +200,8 @@ inline constexpr std::int32_t PrefArcCancel = 5636;
 inline constexpr std::int32_t WavInMp3NotAvailable = 5637;  // ~1 CR LF
 
 // The whole-store conversion.
-inline constexpr std::int32_t ConvertingLevel = 1924;  // the level name follows
-inline constexpr std::int32_t ConversionSizes = 1947;  // ~1 before, ~2 after, ~3 CR LF
+inline constexpr std::int32_t ConvertingLevel = 1924;   // the level name follows
+inline constexpr std::int32_t ConversionSizes = 1947;   // ~1 before, ~2 after, ~3 CR LF
 inline constexpr std::int32_t ConversionFailed = 5638;  // ~1 level, ~2 file, ~3 CR LF
 
 }  // namespace vardolin::text

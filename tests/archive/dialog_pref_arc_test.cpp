@@ -49,7 +49,9 @@ struct PrefArcTest : ::testing::Test {
     }
     ASSERT_TRUE(SaveCatalogueFile(f.program, f.program.prefs.LastArchive));
   }
-  fs::path Files(int code) const { return archive / ("LEVEL_000" + std::to_string(code)) / "files"; }
+  fs::path Files(int code) const {
+    return archive / ("LEVEL_000" + std::to_string(code)) / "files";
+  }
 
   // Opens the dialog, sets the flags as the user would and presses OK.
   bool ChangeFlags(bool compress, bool wav, int answer) {

@@ -53,8 +53,9 @@ struct StartUpTest : ::testing::Test {
 };
 
 void ChooseNew(ScriptedUi& ui, const fs::path& folder) {
-  ui.OnForm("Dialog_NewArc", [](Form& f) { f.Find<Button>("Pul_New")->Click(); })
-      .Folder(folder.string());
+  ui.OnForm("Dialog_NewArc", [](Form& f) {
+      f.Find<Button>("Pul_New")->Click();
+    }).Folder(folder.string());
 }
 
 TEST_F(StartUpTest, FirstRunMakesANewArchiveAndTheSecondStartOpensItWithoutQuestions) {
@@ -76,7 +77,8 @@ TEST_F(StartUpTest, FirstRunMakesANewArchiveAndTheSecondStartOpensItWithoutQuest
     EXPECT_EQ(ReadFile(home / "LEVEL_0000" / "files" / "script.txt"), "[PSXExtensions]\r\n");
     EXPECT_EQ(run.program.BackupFolder, (home / "backup_trle").string());
     EXPECT_EQ(run.program.lists.WadFileExtensions.size(), 10u);
-    EXPECT_EQ(run.program.lists.EngineShortNames, (std::vector<std::string>{"<NONE>", "TR4", "TR5"}));
+    EXPECT_EQ(run.program.lists.EngineShortNames,
+              (std::vector<std::string>{"<NONE>", "TR4", "TR5"}));
     run.window.Unload();
   }
   EXPECT_EQ(SavedSettings().LastArchive, catalogue.string());
