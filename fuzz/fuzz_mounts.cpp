@@ -1,14 +1,15 @@
-// The mount table reader over arbitrary text.
-#include <cstddef>
+// The mount-table reader over arbitrary text: every entry it gives has an absolute mount point.
 #include <cstdint>
+#include <cstdlib>
 #include <string_view>
 
 #include "foundation/platform/mounts.h"
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-  std::string_view text(reinterpret_cast<const char*>(data), size);
-  auto mounts = vardolin::ParseMounts(text);
-  // Classifying reads /sys for device attributes; point it where nothing can be found.
-  for (const auto& m : mounts) vardolin::ClassifyMount(m, "/nonexistent-sys");
+  auto mounts = vardolin::ParseMounts(std::string_view(reinterpret_cast<const char*>(data), size));
+  for (const auto& m : mounts) {
+    if (m.mount_point.empty() || m.mount_point[0] != '/') std::abort();
+    vardolin::ClassifyMount(m, "/nonexistent-sys");
+  }
   return 0;
 }

@@ -1,5 +1,4 @@
-// The version-resource reader of Windows programs over arbitrary bytes.
-#include <cstddef>
+// The version-resource reader over arbitrary bytes: no crash, no read out of bounds.
 #include <cstdint>
 #include <string_view>
 

@@ -1,24 +1,55 @@
-// Any name from a package either is refused or lands inside the target folder.
-#include <cstddef>
+// SafeJoin must never give a path outside its target, whatever the name, with links in the
+// target pointing inside, outside and nowhere.
+#include <unistd.h>
+
 #include <cstdint>
 #include <cstdlib>
 #include <filesystem>
 #include <string>
-#include <string_view>
 
 #include "foundation/services/safe_join.h"
 
-extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-  static const std::filesystem::path target = [] {
-    auto t = std::filesystem::temp_directory_path() / "vardolin-fuzz-safe-join";
-    std::filesystem::create_directories(t / "sub");
-    return std::filesystem::canonical(t);
+namespace fs = std::filesystem;
+
+namespace {
+
+fs::path Target() {
+  static fs::path target = [] {
+    std::string tmpl = (fs::temp_directory_path() / "fuzz-safe-join-XXXXXX").string();
+    if (!mkdtemp(tmpl.data())) std::abort();
+    fs::path root = tmpl;
+    fs::create_directories(root / "target/Data/sub");
+    fs::create_directories(root / "outside");
+    fs::create_directory_symlink(root / "outside", root / "target/out");
+    fs::create_directory_symlink("../..", root / "target/Data/up");
+    fs::create_directory_symlink("sub", root / "target/Data/in");
+    fs::create_symlink("../../outside/x", root / "target/Data/dangling");
+    return fs::canonical(root / "target");
   }();
-  std::string_view name(reinterpret_cast<const char*>(data), size);
-  auto result = vardolin::SafeJoin(target, name);
-  if (!result.ok) return 0;
-  auto normal = result.path.lexically_normal();
-  auto rel = normal.lexically_relative(target);
-  if (rel.empty() || rel.begin()->string() == "..") std::abort();
+  return target;
+}
+
+// Where the path leads once every existing link is followed.
+bool LeadsInside(const fs::path& base, const fs::path& p) {
+  fs::path real = fs::weakly_canonical(p);
+  auto b = base.begin();
+  auto r = real.begin();
+  for (; b != base.end(); ++b, ++r)
+    if (r == real.end() || *r != *b) return false;
+  return true;
+}
+
+}  // namespace
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+  const fs::path& target = Target();
+  std::string name(reinterpret_cast<const char*>(data), size);
+  vardolin::SafeJoinResult r = vardolin::SafeJoin(target, name);
+  if (!r) {
+    if (r.error.empty()) std::abort();
+    return 0;
+  }
+  if (!LeadsInside(target, r.path.lexically_normal())) std::abort();
+  if (!LeadsInside(target, r.path)) std::abort();
   return 0;
 }

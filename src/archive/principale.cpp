@@ -8,7 +8,7 @@
 
 #include "archive/catalogue_file.h"
 #include "archive/dialog_pref_arc.h"
-#include "archive/store_conversion.h"
+#include "archive/whole_store_conversion.h"
 #include "archive/text_ids.h"
 #include "foundation/dialogs/shared_dialogs.h"
 #include "foundation/ports/ui.h"

@@ -1,17 +1,11 @@
 #pragma once
-// Bringing every level's stored files into the forms that the catalogue's flags now ask for:
-// packed `.zl` files and `load.jpg` with CompressFiles, plain files and `load.bmp` without.
-//
-// Each level converts as a whole: its new files are all written first, and only then are the
-// old ones deleted. A failure part way removes what was written for that level, so that every
-// level is left wholly in its old form or wholly in its new one and no file is lost. Levels
-// already in the wanted form are left as they are, so a conversion that stopped can be run
-// again to finish.
+// Turning a level's stored files between the plain form and the compressed form that the
+// catalogue's compression flag asks for: `.zl` files and `load.jpg`, or plain files and
+// `load.bmp`. The converted files are built beside the files folder and swapped in only when
+// complete, so a failure or a crash part way never loses a file.
 
+#include <cstdint>
 #include <filesystem>
-#include <string>
-
-#include "archive/catalogue_records.h"
 
 namespace vardolin {
 
@@ -19,25 +13,21 @@ class Program;
 class Label;
 class ProgressBar;
 
-struct StoreConversion {
-  bool ok = true;
-  int levels_converted = 0;
-  std::string failed_level;  // name of the level that stopped the run
-  std::string failed_file;
-  double bytes_before = 0;
-  double bytes_after = 0;
-};
+// Converts the stored files of one level to the compressed form (`compress`) or back to the
+// plain one. Packed are the files of the patterns texts 1930 to 1933, and `load.bmp` becomes a
+// JPEG of quality 90; expanded are all `.zl` files, and `load.jpg` becomes `load.bmp`. Files
+// already in the wanted form and sub-folders are carried over unchanged. The label shows text
+// 1924 with the level's name; the bar follows the files.
+// False, with the level's files as they were, when the code isn't in the table, the level lies
+// on CD, or a file can't be converted (text 5349 with the reason) or swapped in (text 5350).
+// A level without a files folder has nothing to convert and gives true. The caller recomputes
+// the sizes when its run is over.
+bool ConvertLevelStore(Program& program, std::int32_t code, bool compress, Label* label,
+                       ProgressBar* bar);
 
-// Converts one level's `\files` folder to the packed form (`compress`) or back. False, with
-// the folder as it was, on the first file that can't be converted; `failed_file` names it.
-bool ConvertLevelFiles(const std::filesystem::path& files_folder, bool compress,
-                       std::string& failed_file);
-
-// The whole-store run that the archive properties ask for when the compression flag changed.
-// `old_header` is the header as it was before. Levels on CD are not touched. On a failure the
-// user is told which level stopped, the header's flag goes back to its old value, and the
-// levels converted so far stay converted. Then the sizes are counted afresh and shown.
-StoreConversion ConvertWholeStore(Program& program, const CatalogueHeader& old_header, Label* label,
-                                  ProgressBar* bar);
+// Puts right a conversion that a crash broke off: a files folder that was moved aside is moved
+// back, half-built converted files are removed, and an old copy left after a finished swap is
+// deleted. True when the level's files folder is in order (or absent with nothing to restore).
+bool RecoverInterruptedConversion(Program& program, const std::filesystem::path& level_folder);
 
 }  // namespace vardolin

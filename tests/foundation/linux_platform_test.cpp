@@ -121,7 +121,8 @@ TEST_F(LinuxPlatformTest, ExitCodesWaitsAndTimeouts) {
 }
 
 TEST_F(LinuxPlatformTest, AProgramThatIgnoresTheRequestToEndIsKilled) {
-  fs::path script = dir.Write("stubborn.sh", "#!/bin/sh\ntrap '' TERM\nsleep 30 & wait\n");
+  fs::path script =
+      dir.Write("stubborn.sh", "#!/bin/sh\ntrap '' TERM\nsleep 3 >/dev/null 2>&1 & wait\n");
   fs::permissions(script, fs::perms::owner_all);
   LinuxPlatform::Options options;
   options.end_grace = milliseconds(100);

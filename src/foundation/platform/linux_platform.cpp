@@ -283,8 +283,8 @@ int LinuxPlatform::RunCapturing(const StartRequest& request,
     }
   }
   if (!broken && !line.empty()) broken = !on_line(line);
-  // End the program before closing our end of the pipe, so that it dies of our signal and not
-  // of a write into a closed pipe.
+  // Ended before the pipe closes, so that a break reads as the end we asked for and not as a
+  // broken pipe in the child.
   if (broken)
     End(*process);
   else

@@ -7,10 +7,7 @@
 #include "foundation/services/paths.h"
 #include "foundation/text_ids.h"
 
-#if __has_include("archive/level_store.h")
 #include "archive/level_store.h"
-#define VARDOLIN_HAS_LEVEL_STORE 1
-#endif
 
 namespace vardolin {
 namespace fs = std::filesystem;
@@ -18,17 +15,7 @@ namespace fs = std::filesystem;
 namespace {
 
 bool MakeBaseFolders(Program& program, const fs::path& folder) {
-#ifdef VARDOLIN_HAS_LEVEL_STORE
   return CreateLevelFolders(program, folder);
-#else
-  // Until the level store lands, only the folders the copies below need are made.
-  std::error_code ec;
-  fs::create_directories(folder, ec);
-  for (std::int32_t place : {text::BaseLevelPlace1, text::BaseLevelPlace2})
-    fs::create_directories(JoinFragment(program.Home(), program.GetText(place)).parent_path(), ec);
-  fs::create_directories(JoinFragment(program.Home(), program.GetText(text::BaseLevelPlace3)), ec);
-  return fs::is_directory(folder, ec);
-#endif
 }
 
 }  // namespace

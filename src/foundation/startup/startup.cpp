@@ -31,10 +31,7 @@
 #include "archive/editor_backup.h"
 #define VARDOLIN_HAS_EDITOR_BACKUP 1
 #endif
-#if __has_include("archive/level_store.h")
-#include "archive/level_store.h"
-#define VARDOLIN_HAS_LEVEL_STORE 1
-#endif
+#include "archive/store_repair.h"
 
 namespace vardolin {
 namespace fs = std::filesystem;
@@ -131,9 +128,7 @@ void ShowChosenPanel(Program& program) {
 // Step 21: what a new version cleans up once, after the settings file changed its format.
 void CleanUpAfterUpgrade(Program& program) {
   HideSplash(program);
-#ifdef VARDOLIN_HAS_LEVEL_STORE
   RepairLevelStore(program);
-#endif
 }
 
 }  // namespace
