@@ -1,7 +1,7 @@
 #include "all_forms.h"
 
-#include "foundation/settings/dialog_settings.h"
-#include "web/dialog_zip.h"
+#include "archive/dialog_new_arc.h"
+#include "archive/dialog_pref_arc.h"
 #include "archive/principale.h"
 #include "editor/dialog_tipo_exe.h"
 #include "editor/dialog_trova_trle.h"
@@ -11,6 +11,8 @@
 #include "foundation/dialogs/dialog_progress.h"
 #include "foundation/dialogs/dialog_splash.h"
 #include "foundation/dialogs/dialog_wait.h"
+#include "foundation/settings/dialog_settings.h"
+#include "web/dialog_zip.h"
 
 namespace vardolin {
 namespace {
@@ -24,15 +26,20 @@ FormFactory Entry(const char* name) {
 
 const std::vector<FormFactory>& AllForms() {
   static const std::vector<FormFactory> forms = {
-      // One line per form: Entry<Dialog_Name>("Dialog_Name"),
-      Entry<Dialog_Settings>("Dialog_Settings"),
-      Entry<web::Dialog_Zip>("Dialog_Zip"),
-      Entry<Dialog_GetDir>("Dialog_GetDir"), Entry<Dialog_InputBox>("Dialog_InputBox"),
-      Entry<Dialog_MsgBox>("Dialog_MsgBox"), Entry<Dialog_Progress>("Dialog_Progress"),
-      Entry<Dialog_Splash>("Dialog_Splash"), Entry<Dialog_Wait>("Dialog_Wait"),
+      // One line per form.
       Entry<Principale>("Principale"),
+      Entry<Dialog_Settings>("Dialog_Settings"),
+      Entry<Dialog_GetDir>("Dialog_GetDir"),
+      Entry<Dialog_InputBox>("Dialog_InputBox"),
+      Entry<Dialog_MsgBox>("Dialog_MsgBox"),
+      Entry<Dialog_Progress>("Dialog_Progress"),
+      Entry<Dialog_Splash>("Dialog_Splash"),
+      Entry<Dialog_Wait>("Dialog_Wait"),
+      Entry<Dialog_NewArc>("Dialog_NewArc"),
+      Entry<Dialog_PrefArc>("Dialog_PrefArc"),
       Entry<editor::Dialog_TrovaTrle>("Dialog_TrovaTrle"),
       Entry<editor::Dialog_TipoExe>("Dialog_TipoExe"),
+      Entry<web::Dialog_Zip>("Dialog_Zip"),
   };
   return forms;
 }

@@ -17,12 +17,17 @@ int main(int argc, char** argv) {
   QApplication::setQuitOnLastWindowClosed(false);
 
   std::string home_option;
+  // Each argument that isn't an option is a token of the program's command line; the shell
+  // took its quotes away, so it is quoted again here.
+  std::string command_line;
   QStringList args = QApplication::arguments();
   for (int i = 1; i < args.size(); ++i) {
     if (args[i] == u"--home" && i + 1 < args.size())
       home_option = args[++i].toStdString();
     else if (args[i].startsWith(u"--home="))
       home_option = args[i].mid(7).toStdString();
+    else if (!args[i].startsWith(u"--"))
+      command_line += (command_line.empty() ? "\"" : " \"") + args[i].toStdString() + "\"";
     // --demo names the demonstration home that `make run` prepares; the home decides the rest.
   }
 
@@ -38,6 +43,7 @@ int main(int argc, char** argv) {
   vardolin::LinuxPlatform platform;
   vardolin::Program program(home, ui, platform);
   ui.SetProgram(program);
+  program.CommandLine = command_line;
 
   vardolin::Principale main_window(program);
   main_window.Subscribe([](vardolin::Form&, vardolin::FormEvent event) {

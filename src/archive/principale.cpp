@@ -1,14 +1,19 @@
 #include "archive/principale.h"
 
-#include "foundation/settings/dialog_settings.h"
 #include "foundation/ports/ui.h"
+#include "foundation/settings/dialog_settings.h"
 
 #include <set>
 #include <string>
 
+#include "archive/catalogue_file.h"
+#include "archive/dialog_pref_arc.h"
+#include "archive/whole_store_conversion.h"
 #include "archive/text_ids.h"
 #include "foundation/dialogs/shared_dialogs.h"
+#include "foundation/ports/ui.h"
 #include "foundation/program.h"
+#include "foundation/startup/startup.h"
 #include "foundation/text_ids.h"
 
 namespace vardolin {
@@ -44,6 +49,11 @@ Principale::Principale(Program& program) : Form(program, "Principale", "Vardolin
     settings.ImpostaValori();
     this->program().ui().ShowModal(settings);
   });
+  mnu_New.SetHandler([this] { NewCatalogue(this->program()); });
+  mnu_Load.SetHandler([this] { BrowseForCatalogue(this->program()); });
+  mnu_Save.SetHandler([this] { SaveCatalogueMenu(this->program()); });
+  mnu_SaveAs.SetHandler([this] { SaveCatalogueAs(this->program()); });
+  mnu_PrefArchive.SetHandler([this] { mnu_PrefArchive_Click(); });
   // The pop-up menus of the savegame panel are opened by the panel, never from the bar.
   mnu_SaveGameHid.SetVisible(false);
   mnu_SaveGameHid2.SetVisible(false);
@@ -96,7 +106,8 @@ void Principale::Form_Load() {
   ApplyFormCharset(program(), *this);
   ShowSplash(program());
   Set_Caption_Texts();
-  ShowChosenPanel();
+  InstallCatalogueHooks(program());
+  StartUp(program(), PrefsLoad);
   HideSplash(program());
 }
 
@@ -108,6 +119,15 @@ void Principale::Form_Unload() {
 void Principale::ShowChosenPanel() {
   Frame_ScreenShots.SetVisible(program().prefs.ShowScreenshotPanel);
   Frame_SaveGames.SetVisible(!program().prefs.ShowScreenshotPanel);
+}
+
+void Principale::mnu_PrefArchive_Click() {
+  Program& p = program();
+  if (p.catalogue.levels.empty()) return;
+  Dialog_PrefArc dialog(p);
+  dialog.ImpostaValori(p.catalogue.header);
+  p.ui().ShowModal(dialog);
+  if (dialog.ConvertStore) ConvertWholeStore(p, dialog.SavedHeader(), &Label_Info, &ProgressBar1);
 }
 
 void Principale::Mnu_Exit_Click() {

@@ -159,6 +159,7 @@ class Principale : public Form {
   void Form_Load() override;
   void Form_Unload() override;
   void Mnu_Exit_Click();
+  void mnu_PrefArchive_Click();
   void DisableMissingWork();
 };
 

@@ -246,4 +246,43 @@ inline constexpr std::int32_t CopyFolderNotMade = 1092;  // the folder follows
 inline constexpr std::int32_t CopySkipCopied = 1093;     // fragment, same as 1091
 inline constexpr std::int32_t CopyFileNotCopied = 1094;  // the quoted file name follows
 
+// Start-up's first-run dialog, Dialog_NewArc.
+inline constexpr std::int32_t NewArcTitle = 5610;
+inline constexpr std::int32_t NewArcMessage = 5611;
+inline constexpr std::int32_t NewArcCreate = 5612;
+inline constexpr std::int32_t NewArcLoad = 5613;
+
+// The archive's properties, Dialog_PrefArc.
+inline constexpr std::int32_t PrefArcSomeOnCd = 741;
+inline constexpr std::int32_t PrefArcNoneOnCd = 742;
+inline constexpr std::int32_t AskConvertStore = 743;
+inline constexpr std::int32_t ChooseMainDirTitle = 2443;
+inline constexpr std::int32_t MainDirLevelPattern = 2444;  // fragment
+inline constexpr std::int32_t MainDirNoLevels = 2445;
+inline constexpr std::int32_t ChooseSecondaryDirTitle = 2446;
+inline constexpr std::int32_t SecondaryDirLevelPattern = 2447;  // fragment
+inline constexpr std::int32_t SecondaryDirNoLevels = 2448;
+inline constexpr std::int32_t PrefArcTitle = 5620;
+inline constexpr std::int32_t PrefArcReferences = 5621;
+inline constexpr std::int32_t PrefArcLevels = 5622;
+inline constexpr std::int32_t PrefArcFullPath = 5623;
+inline constexpr std::int32_t PrefArcTotCd = 5624;
+inline constexpr std::int32_t PrefArcOnCd = 5625;
+inline constexpr std::int32_t PrefArcFolderSize = 5626;
+inline constexpr std::int32_t PrefArcSizeCd = 5627;
+inline constexpr std::int32_t PrefArcSizeHd = 5628;
+inline constexpr std::int32_t PrefArcMainDir = 5629;
+inline constexpr std::int32_t PrefArcSecondaryDir = 5630;
+inline constexpr std::int32_t PrefArcBrowse = 5631;
+inline constexpr std::int32_t PrefArcCompression = 5632;
+inline constexpr std::int32_t PrefArcCompress = 5633;
+inline constexpr std::int32_t PrefArcWavInMp3 = 5634;
+inline constexpr std::int32_t PrefArcOk = 5635;
+inline constexpr std::int32_t PrefArcCancel = 5636;
+inline constexpr std::int32_t WavInMp3NotAvailable = 5637;  // ~1 CR LF
+
+// The whole-store conversion.
+inline constexpr std::int32_t ConversionSizes = 1947;   // ~1 before, ~2 after, ~3 CR LF
+inline constexpr std::int32_t ConversionFailed = 5638;  // ~1 level, ~2 CR LF
+
 }  // namespace vardolin::text

@@ -10,6 +10,7 @@
 #include "archive/catalogue_records.h"
 #include "foundation/forms/open_forms.h"
 #include "foundation/settings/preferences.h"
+#include "foundation/startup/data_lists.h"
 #include "foundation/texts/text_catalogue.h"
 
 namespace vardolin {
@@ -59,6 +60,12 @@ class Program {
   bool CdRefused = false;
   bool GameRunning = false;
   bool MediaPlay = false;
+  // Built by start-up.
+  DataLists lists;
+  // The command line as one text, each argument a quoted token; read by start-up.
+  std::string CommandLine;
+  // Start-up runs once per process, even when the main window loads again.
+  bool StartedUp = false;
 
   // Set by the archive so that writing the settings first saves or gives up a changed
   // catalogue, without the foundation knowing the catalogue.

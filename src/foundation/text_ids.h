@@ -109,4 +109,7 @@ inline constexpr std::int32_t SettingsCancel = 5028;
 inline constexpr std::int32_t NewFolderFailed = 5090;  // ~1 the quoted path
 inline constexpr std::int32_t MsgBoxIgnore = 5091;
 
+// Start-up's own names.
+inline constexpr std::int32_t BackupFolderName = 5600;  // fragment "\backup_trle"
+
 }  // namespace vardolin::text

@@ -2,7 +2,7 @@
 
 #include <filesystem>
 
-#include "archive/principale.h"
+#include "bare_main_window.h"
 #include "foundation/dialogs/ask.h"
 #include "foundation/dialogs/dialog_get_dir.h"
 #include "foundation/dialogs/dialog_input_box.h"
@@ -335,7 +335,7 @@ TEST_F(DialogsTest, OpenFormsReplaceByNameAndCloseAll) {
 
 TEST_F(DialogsTest, ClearMainProgressEmptiesTheMainWindowsFoot) {
   ClearMainProgress(program);  // no main window yet: nothing to do, nothing breaks
-  Principale main(program);
+  testing::BareMainWindow main(program);
   main.Label_Info.SetCaption("busy");
   main.ProgressBar1.SetValue(70);
   ClearMainProgress(program);

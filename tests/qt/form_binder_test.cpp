@@ -11,7 +11,7 @@
 #include <QPushButton>
 #include <filesystem>
 
-#include "archive/principale.h"
+#include "bare_main_window.h"
 #include "form_binder.h"
 #include "foundation/dialogs/dialog_get_dir.h"
 #include "foundation/dialogs/dialog_input_box.h"
@@ -139,7 +139,7 @@ TEST_F(BinderTest, ListsAndCombosFollowBothWays) {
 }
 
 TEST_F(BinderTest, MenusAndTimersOfTheMainWindow) {
-  Principale main(p.program);
+  testing::BareMainWindow main(p.program);
   main.Load();
   ASSERT_TRUE(main.IsLoaded());
   FormBinder binder(main);

@@ -6,7 +6,7 @@
 #include <QWidget>
 #include <filesystem>
 
-#include "archive/principale.h"
+#include "bare_main_window.h"
 #include "qt_test_support.h"
 
 namespace vardolin {
@@ -79,7 +79,7 @@ TEST_F(QtUiTest, AskInputAndAskFolderUseTheirForms) {
 }
 
 TEST_F(QtUiTest, ModelessFormsStayUpUntilTheyUnload) {
-  Principale main(p.program);
+  testing::BareMainWindow main(p.program);
   main.Load();
   p.ui.ShowModeless(main);
   QWidget* window = p.ui.WindowOf(main);

@@ -1,0 +1,55 @@
+#include "archive/whole_store_conversion.h"
+
+#include "archive/archive_ask.h"
+#include "archive/catalogue_file.h"
+#include "archive/catalogue_sizes.h"
+#include "archive/store_conversion.h"
+#include "archive/text_ids.h"
+#include "foundation/forms/controls.h"
+#include "foundation/program.h"
+#include "foundation/services/paths.h"
+#include "foundation/services/strings.h"
+
+namespace vardolin {
+
+StoreConversion ConvertWholeStore(Program& program, const CatalogueHeader& old_header, Label* label,
+                                  ProgressBar* bar) {
+  StoreConversion result;
+  CatalogueHeader& header = program.catalogue.header;
+  result.bytes_before = header.TotalFilesSize;
+  bool compress = header.CompressFiles;
+  if (compress != old_header.CompressFiles) {
+    // Codes first: the table doesn't change during the run, but a conversion saves it.
+    std::vector<std::pair<std::int32_t, std::string>> levels;
+    for (std::size_t i = 1; i < program.catalogue.levels.size(); ++i) {
+      const LevelRecord& r = program.catalogue.levels[i];
+      if (r.CdNumber == 0) levels.emplace_back(r.Code, Trim(r.Name));
+    }
+    for (const auto& [code, name] : levels) {
+      program.ui().DoEvents();
+      if (!ConvertLevelStore(program, code, compress, label, bar)) {
+        result.ok = false;
+        result.failed_level = name;
+        break;
+      }
+      ++result.levels_converted;
+    }
+  }
+  if (!result.ok) {
+    header.CompressFiles = old_header.CompressFiles;
+    CatalogueChanged(program);
+    ArchiveAsk(program, program.GetText(text::ConversionFailed, {result.failed_level, "\r\n"}),
+               msg::kError);
+  }
+  RecomputeAllSizes(program, true);
+  result.bytes_after = header.TotalFilesSize;
+  if (label) label->SetCaption({});
+  if (bar) bar->SetValue(0);
+  ArchiveAsk(program,
+             program.GetText(text::ConversionSizes, {FormatFileSize(result.bytes_before),
+                                                     FormatFileSize(result.bytes_after), "\r\n"}),
+             msg::kInformation);
+  return result;
+}
+
+}  // namespace vardolin

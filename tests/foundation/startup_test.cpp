@@ -1,0 +1,238 @@
+// Start-up and shut-down end to end: the main window loads, runs the whole start-up against a
+// stand-in editor folder with the scripted Ui, and unloads.
+
+#include "foundation/startup/startup.h"
+
+#include <gtest/gtest.h>
+
+#include "../archive/archive_fixture.h"
+#include "archive/principale.h"
+#include "archive/text_ids.h"
+#include "foundation/program_home.h"
+#include "foundation/text_ids.h"
+#include "standin_editor.h"
+
+namespace vardolin {
+namespace {
+
+namespace fs = std::filesystem;
+using testing::ArchiveFixture;
+using testing::ReadFile;
+using testing::ScriptedUi;
+using testing::WriteBytes;
+
+// One run of the program over a home that lasts between runs.
+struct ProgramRun {
+  ScriptedUi ui;
+  testing::RecordingPlatform platform;
+  Program program;
+  Principale window{program};
+
+  ProgramRun(const fs::path& home, const std::string& command_line = {})
+      : program(home, ui, platform) {
+    program.CommandLine = command_line;
+  }
+};
+
+struct StartUpTest : ::testing::Test {
+  testing::TempDir dir;
+  fs::path home = dir / "home";
+  fs::path editor = testing::MakeStandinEditor(dir);
+  fs::path archive = dir / "archive";
+
+  void SetUp() override {
+    ASSERT_TRUE(PrepareHome(home));
+    // The safe copy of the editor's files stands, as after any earlier start.
+    fs::copy(editor, home / "backup_trle", fs::copy_options::recursive);
+  }
+
+  fs::path SettingsFile() const { return home / "Vardolin.prf"; }
+  void WriteSettings(Preferences p, std::size_t length = Preferences::kFileSize) {
+    if (p.EditorFolder.empty()) p.EditorFolder = editor.string();
+    std::string bytes = SerializePreferences(p);
+    bytes.resize(length);
+    WriteBytes(SettingsFile(), bytes);
+  }
+  Preferences SavedSettings() const { return ParsePreferences(ReadFile(SettingsFile())).prefs; }
+};
+
+void ChooseNew(ScriptedUi& ui, const fs::path& folder) {
+  ui.OnForm("Dialog_NewArc", [](Form& f) {
+      f.Find<Button>("Pul_New")->Click();
+    }).Folder(folder.string());
+}
+
+TEST_F(StartUpTest, FirstRunMakesANewArchiveAndTheSecondStartOpensItWithoutQuestions) {
+  WriteSettings({});
+  fs::remove_all(home / "backup_trle");
+  fs::path catalogue;
+  {
+    ProgramRun run(home);
+    run.ui.Answer(msg::kYes, editor.string()).Answer(msg::kNo);  // this editor folder, partly
+    ChooseNew(run.ui, archive);
+    run.window.Load();
+    ASSERT_TRUE(run.window.IsLoaded());
+    EXPECT_TRUE(run.ui.Done());
+    ASSERT_EQ(run.program.catalogue.levels.size(), 1u);
+    catalogue = run.program.prefs.LastArchive;
+    EXPECT_TRUE(fs::is_regular_file(catalogue));
+    EXPECT_EQ(run.program.catalogue.header.SecondaryDir, archive.string());
+    // The base level was built from the editor folder.
+    EXPECT_TRUE(run.program.BaseLevelBuilt);
+    EXPECT_EQ(ReadFile(home / "LEVEL_0000" / "play" / "script.dat"), "script of the base level");
+    EXPECT_EQ(ReadFile(home / "LEVEL_0000" / "files" / "script.txt"), "[PSXExtensions]\r\n");
+    EXPECT_EQ(run.program.BackupFolder, (home / "backup_trle").string());
+    EXPECT_EQ(run.program.lists.WadFileExtensions.size(), 10u);
+    EXPECT_EQ(run.program.lists.EngineShortNames,
+              (std::vector<std::string>{"<NONE>", "TR4", "TR5"}));
+    run.window.Unload();
+  }
+  EXPECT_EQ(SavedSettings().LastArchive, catalogue.string());
+  {
+    ProgramRun run(home);
+    run.window.Load();
+    EXPECT_TRUE(run.ui.Questions().empty());
+    EXPECT_EQ(run.program.prefs.LastArchive, catalogue.string());
+    EXPECT_EQ(run.program.catalogue.levels.size(), 1u);
+    EXPECT_FALSE(run.program.BaseLevelBuilt);  // it stood already
+    run.window.Unload();
+  }
+}
+
+TEST_F(StartUpTest, AQuotedCatalogueOnTheCommandLineReplacesTheStoredOneUnquotedIsIgnored) {
+  fs::path first, second;
+  for (fs::path* made : {&first, &second}) {
+    WriteSettings({});  // no archive known: the first-run dialog makes one
+    ProgramRun run(home);
+    ChooseNew(run.ui, dir / ("archive" + std::to_string(made == &first ? 1 : 2)));
+    run.window.Load();
+    *made = run.program.prefs.LastArchive;
+    run.window.Unload();
+  }
+  ASSERT_NE(first, second);
+  ASSERT_EQ(SavedSettings().LastArchive, second.string());
+  struct Case {
+    std::string command_line;
+    fs::path opened;
+  };
+  const Case cases[] = {
+      {first.string(), second},               // unquoted: not seen
+      {"\"" + first.string() + "\"", first},  // quoted: opened, and kept for the next run
+      {"", first},
+  };
+  for (const Case& c : cases) {
+    ProgramRun run(home, c.command_line);
+    run.window.Load();
+    EXPECT_EQ(run.program.prefs.LastArchive, c.opened.string()) << c.command_line;
+    run.window.Unload();
+    EXPECT_EQ(SavedSettings().LastArchive, c.opened.string()) << c.command_line;
+  }
+}
+
+TEST_F(StartUpTest, SettlesTheCheckIntervalAndAMissingJoystickAndWritesThemBack) {
+  struct Case {
+    std::int32_t tenths;
+    bool joystick;
+    std::int32_t used_tenths;
+    bool enabled;
+  };
+  const Case cases[] = {{25, false, 10, false}, {5, true, 5, true}, {10, false, 10, false}};
+  for (const Case& c : cases) {
+    Preferences p;
+    p.CheckTenths = c.tenths;
+    p.EnableJoystick = true;
+    p.Reserved = true;
+    WriteSettings(p);
+    ProgramRun run(home);
+    run.platform.joystick_present = c.joystick;
+    ChooseNew(run.ui, dir / ("arc" + std::to_string(c.tenths)));
+    run.window.Load();
+    EXPECT_EQ(run.program.prefs.CheckTenths, c.used_tenths);
+    EXPECT_EQ(run.window.Timer1.Interval(), c.used_tenths * 100);
+    EXPECT_EQ(run.program.prefs.EnableJoystick, c.enabled);
+    run.window.Unload();
+    Preferences saved = SavedSettings();
+    EXPECT_EQ(saved.EnableJoystick, c.enabled);
+    EXPECT_FALSE(saved.Reserved);
+  }
+}
+
+TEST_F(StartUpTest, AVanishedCatalogueIsToldAndTheFirstRunDialogFollows) {
+  Preferences p;
+  p.LastArchive = (dir / "gone" / "old.vdc").string();
+  WriteSettings(p);
+  ProgramRun run(home);
+  run.ui.Answer(msg::kOk, "doesn't exist any more: " + p.LastArchive);
+  ChooseNew(run.ui, archive);
+  run.window.Load();
+  EXPECT_TRUE(run.ui.Done());
+  EXPECT_NE(run.program.prefs.LastArchive, p.LastArchive);
+  EXPECT_EQ(run.program.catalogue.levels.size(), 1u);
+  run.window.Unload();
+}
+
+TEST_F(StartUpTest, LoadingArchiveInsteadOfCreatingOpensTheChosenFile) {
+  WriteSettings({});
+  fs::path made;
+  {
+    ProgramRun run(home);
+    ChooseNew(run.ui, archive);
+    run.window.Load();
+    made = run.program.prefs.LastArchive;
+    run.window.Unload();
+  }
+  Preferences p;
+  WriteSettings(p);  // forgets the archive
+  ProgramRun run(home);
+  run.ui.OnForm("Dialog_NewArc", [](Form& f) { f.Find<Button>("Pul_Load")->Click(); })
+      .OpenFile(made.string());
+  run.window.Load();
+  EXPECT_EQ(run.program.prefs.LastArchive, made.string());
+  EXPECT_EQ(run.program.catalogue.header.SecondaryDir, archive.string());
+  run.window.Unload();
+}
+
+TEST_F(StartUpTest, AnOlderSettingsFileStartsNormallyAndRunsTheCleanUp) {
+  WriteSettings({});
+  fs::remove_all(home / "backup_trle");
+  fs::path catalogue;
+  {
+    ProgramRun run(home);
+    run.ui.Answer(msg::kYes, editor.string()).Answer(msg::kNo);  // this editor folder, partly
+    ChooseNew(run.ui, archive);
+    run.window.Load();
+    catalogue = run.program.prefs.LastArchive;
+    run.window.Unload();
+  }
+  Preferences p;
+  p.LastArchive = catalogue.string();
+  p.AutoSave = true;
+  p.CheckTenths = 7;  // beyond offset 1296: back to its default
+  WriteSettings(p, Preferences::kOldFileSize);
+  ProgramRun run(home);
+  run.window.Load();
+  EXPECT_TRUE(run.window.PrefsLoad.PrefsUpgraded);
+  EXPECT_TRUE(run.ui.Questions().empty());
+  EXPECT_EQ(run.program.prefs.LastArchive, catalogue.string());
+  EXPECT_EQ(run.program.prefs.CheckTenths, Preferences{}.CheckTenths);
+  EXPECT_EQ(run.program.catalogue.levels.size(), 1u);
+  run.window.Unload();
+  EXPECT_EQ(fs::file_size(SettingsFile()), Preferences::kFileSize);
+}
+
+TEST_F(StartUpTest, WithoutAnEditorFolderTheWindowStaysUpWithNoCatalogue) {
+  Preferences p;
+  p.EditorFolder = (dir / "nowhere").string();
+  WriteSettings(p);
+  ProgramRun run(home);
+  // The user says there is no editor on this machine.
+  run.ui.OnForm("Dialog_TrovaTrle", [](Form& f) { f.Find<Button>("Pul_Cancel")->Click(); })
+      .AllowAnyMessage();
+  run.window.Load();
+  EXPECT_TRUE(run.window.IsLoaded());
+  EXPECT_TRUE(run.program.catalogue.levels.empty());
+  run.window.Unload();
+}
+
+}  // namespace
+}  // namespace vardolin
