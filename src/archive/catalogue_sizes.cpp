@@ -7,6 +7,7 @@
 #include "archive/catalogue_file.h"
 #include "archive/catalogue_ops.h"
 #include "archive/level_folder_name.h"
+#include "archive/level_store.h"
 #include "foundation/forms/controls.h"
 #include "foundation/program.h"
 #include "foundation/services/strings.h"
@@ -15,11 +16,6 @@ namespace vardolin {
 namespace fs = std::filesystem;
 
 namespace {
-
-std::string LevelFolderOf(const Program& program, std::int32_t code) {
-  std::string prefix = program.GetText(text::LevelFolderPrefix);
-  return LevelFolderName(code, prefix.empty() ? kLevelFolderPrefix : std::string_view(prefix));
-}
 
 // Sizes as the totals box shows them: bytes, whole Kb, then Mb and Gb with one decimal.
 std::string SizeForTotals(double bytes) {
@@ -47,7 +43,7 @@ void ShowProgress(Program& program, const std::string& text, std::size_t done, s
 fs::path HardDiskLevelFolder(const Program& program, std::int32_t code) {
   fs::path base =
       code == 0 ? program.Home() : fs::path(Trim(program.catalogue.header.SecondaryDir));
-  return JoinFragment(base, LevelFolderOf(program, code));
+  return JoinFragment(base, LevelFolderName(program, code));
 }
 
 double FolderBytes(const fs::path& folder) {
@@ -64,9 +60,10 @@ double FolderBytes(const fs::path& folder) {
   return total;
 }
 
-double FilesBytesOfLevel(const Program& program, std::int32_t code) {
-  return FolderBytes(
-      JoinFragment(HardDiskLevelFolder(program, code), program.GetText(text::FilesFolder)));
+double FilesBytesOfLevel(Program& program, std::int32_t code) {
+  // A level on CD gives an empty folder here (no CD is asked for), and so no bytes.
+  fs::path files = GetLevelFilesFolder(program, code, true);
+  return files.empty() ? 0 : FolderBytes(files);
 }
 
 double UserBytesOfLevel(const Program& program, std::int32_t code, std::int32_t first_text) {

@@ -15,8 +15,8 @@ class Program;
 std::filesystem::path HardDiskLevelFolder(const Program& program, std::int32_t code);
 // Bytes of all files below a folder; 0 when it is missing.
 double FolderBytes(const std::filesystem::path& folder);
-// Bytes of the level's own files on hard disk (its files folder).
-double FilesBytesOfLevel(const Program& program, std::int32_t code);
+// Bytes of the level's own files: its files folder as GetLevelFolder gives it.
+double FilesBytesOfLevel(Program& program, std::int32_t code);
 // Bytes of what play produced: the three user folders, named by three consecutive texts
 // (1632 to 1634, or the same folders as 1546 to 1548).
 double UserBytesOfLevel(const Program& program, std::int32_t code,

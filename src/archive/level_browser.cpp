@@ -5,7 +5,7 @@
 
 #include "archive/archive_ask.h"
 #include "archive/catalogue_ops.h"
-#include "archive/level_folder_name.h"
+#include "archive/level_store.h"
 #include "archive/principale.h"
 #include "archive/text_ids.h"
 #include "foundation/dialogs/shared_dialogs.h"
@@ -67,28 +67,6 @@ bool Matches(const std::string& entry, const std::string& needle) {
 
 }  // namespace
 
-std::filesystem::path LevelHardDiskFolder(const Program& program, std::int32_t code) {
-  if (code == 0) return JoinFragment(program.Home(), LevelFolderName(0));
-  return JoinFragment(Trim(program.catalogue.header.SecondaryDir), LevelFolderName(code));
-}
-
-std::filesystem::path LevelFolderOnMountedCd(Program& program, std::int32_t code) {
-  // A CD keeps its levels one folder deep: the first root folder that holds LEVEL_ folders.
-  for (const DriveInfo& drive : program.platform().ListDrives()) {
-    if (drive.type != kDriveCdRom || !drive.ready) continue;
-    for (const auto& top : ListSubfolders(drive.letter)) {
-      bool holds_levels = false;
-      for (const auto& sub : ListSubfolders(top))
-        if (StartsWithNoCase(sub.filename().string(), "LEVEL_")) holds_levels = true;
-      if (!holds_levels) continue;
-      const std::filesystem::path wanted = JoinFragment(top, LevelFolderName(code));
-      if (FolderExists(wanted)) return ResolveCase(wanted);
-      break;
-    }
-  }
-  return {};
-}
-
 void RefreshLevelList(Principale& main) {
   Program& program = main.program();
   ClearMainProgress(program);
@@ -118,7 +96,7 @@ bool SelectLevelByCode(Program& program, std::int32_t code) {
 }
 
 std::string LevelInfoDirText(Program& program, const LevelRecord& level, std::int32_t active_code) {
-  const std::filesystem::path folder = LevelHardDiskFolder(program, level.Code);
+  const std::filesystem::path folder = GetLevelFolder(program, level.Code, false);
   // While the level is in the editor folder the game keeps its savegames there.
   const std::filesystem::path current =
       level.Code == active_code
@@ -177,13 +155,14 @@ void ShowMoreInfo(Principale& main) {
     ArchiveAsk(program, program.GetText(text::MoreInfoNone, {"\r\n"}), msg::kInformation);
     return;
   }
-  const std::filesystem::path hd = LevelHardDiskFolder(program, code);
+  const std::filesystem::path hd = GetLevelFolder(program, code, false);
   std::filesystem::path found =
       JoinFragment(hd, program.GetText(text::MoreInfoFolder) + "\\" + file);
   if (!FileExists(found)) {
     std::filesystem::path folder = hd;
     if (level->CdNumber > 0) {
-      folder = LevelFolderOnMountedCd(program, code);
+      // Only a CD that stands in a drive now: asking for one comes with the CD work.
+      folder = FindLevelOnAnyCd(program, code);
       program.CdRefused = folder.empty();
     }
     if (folder.empty()) {

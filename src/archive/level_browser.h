@@ -12,12 +12,6 @@ class Program;
 class Principale;
 struct LevelRecord;
 
-// The level's folder on hard disk: the program's folder for the base level, else below the
-// archive's writable folder.
-std::filesystem::path LevelHardDiskFolder(const Program& program, std::int32_t code);
-// The level's folder on a CD that stands in a drive now, or empty. The user isn't asked for it.
-std::filesystem::path LevelFolderOnMountedCd(Program& program, std::int32_t code);
-
 // Rebuilds Combo_Livelli from the catalogue, keeping the chosen level when it is still there.
 void RefreshLevelList(Principale& main);
 // The same on the program's main window, when it has one.

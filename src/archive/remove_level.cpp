@@ -1,15 +1,14 @@
 #include "archive/remove_level.h"
 
-#include <algorithm>
 #include <string>
 
 #include "archive/archive_ask.h"
 #include "archive/catalogue_file.h"
 #include "archive/catalogue_ops.h"
 #include "archive/level_browser.h"
+#include "archive/level_store.h"
 #include "archive/principale.h"
 #include "archive/text_ids.h"
-#include "foundation/dialogs/progress.h"
 #include "foundation/dialogs/shared_dialogs.h"
 #include "foundation/program.h"
 #include "foundation/services/files.h"
@@ -17,32 +16,6 @@
 #include "play/active_level.h"
 
 namespace vardolin {
-
-bool DeleteLevelFolderTree(const std::filesystem::path& folder, Label* label, ProgressBar* bar) {
-  if (!FolderExists(folder)) return true;
-  FolderTreeWalker walker;
-  if (!walker.WalkFolderTree(folder)) return false;
-  const double steps = static_cast<double>(walker.Files().size() + walker.Folders().size() + 1);
-  double done = 0;
-  bool ok = true;
-  if (label) label->SetCaption(folder.string());
-  for (const auto& file : walker.Files()) {
-    ok = DeleteFileForced(file) && ok;
-    if (bar) SetProgressPercent(*bar, steps, ++done);
-  }
-  // Deepest first: a folder goes only once its sub-folders are gone.
-  std::vector<std::filesystem::path> folders = walker.Folders();
-  std::sort(folders.begin(), folders.end(), [](const auto& a, const auto& b) {
-    return std::distance(a.begin(), a.end()) > std::distance(b.begin(), b.end());
-  });
-  for (const auto& sub : folders) {
-    ok = DeleteFolderTree(sub) && ok;
-    if (bar) SetProgressPercent(*bar, steps, ++done);
-  }
-  ok = DeleteFolderTree(folder) && ok;
-  if (bar) SetProgressPercent(*bar, steps, steps);
-  return ok && !FolderExists(folder);
-}
 
 void RemoveChosenLevel(Principale& main) {
   Program& program = main.program();
@@ -75,7 +48,7 @@ void RemoveChosenLevel(Principale& main) {
   if (ArchiveAsk(program, program.GetText(text::RemoveLevelQuestion) + " \"" + name + "\" ?",
                  msg::kYesNo) != msg::kYes)
     return;
-  const std::filesystem::path folder = LevelHardDiskFolder(program, code);
+  const std::filesystem::path folder = GetLevelFolder(program, code, false);
   const double files_size = catalogue.levels[index].FilesSize;
   const double user_size = catalogue.levels[index].UserSize;
   catalogue.levels[index] = catalogue.levels.back();
@@ -90,7 +63,7 @@ void RemoveChosenLevel(Principale& main) {
                  msg::kYesNo) != msg::kYes)
     return;
   ShowWaitMessage(program, program.GetText(text::RemoveLevelFilesWait));
-  if (!DeleteLevelFolderTree(folder, &main.Label_Info, &main.ProgressBar1))
+  if (!DeleteLevelTree(program, folder, &main.Label_Info, &main.ProgressBar1))
     ArchiveAsk(program, program.GetText(text::RemoveLevelFilesFailed) + folder.string(),
                msg::kError);
   HideWaitMessage(program);

@@ -195,4 +195,46 @@ inline constexpr std::int32_t InfoPagePatternPng = 1618;   // fragment
 inline constexpr std::int32_t InfoPageExtension4 = 1619;   // fragment, last four chars
 inline constexpr std::int32_t InfoPageExtension5 = 1620;   // fragment, last five chars
 
+// Level store: the level's sub-folders, preparing its files for the game, deleting its tree.
+inline constexpr std::int32_t PlayFolder = 1125;                 // fragment, same as 1546 and 1632
+inline constexpr std::int32_t LevelSubfolderFiles = 1549;        // fragment, same as 1631
+inline constexpr std::int32_t LevelSubfolderPlay = 1550;         // fragment, same as 1546
+inline constexpr std::int32_t LevelSubfolderSavegames = 1551;    // fragment, same as 1547
+inline constexpr std::int32_t LevelSubfolderScreenshots = 1552;  // fragment, same as 1548
+inline constexpr std::int32_t PackedFilesPattern = 1225;         // fragment "\*.zl"
+inline constexpr std::int32_t PreparingLevelFiles = 1226;
+inline constexpr std::int32_t CopyingToTemporary = 1227;
+inline constexpr std::int32_t ExpandingFile = 1228;        // ~1 the packed file's name
+inline constexpr std::int32_t PackedCopiesPattern = 1230;  // fragment, same as 1225
+inline constexpr std::int32_t StoredLoadPicture = 1235;    // fragment "\load.jpg"
+inline constexpr std::int32_t LoadPictureSource = 1236;    // fragment, same as 1235
+inline constexpr std::int32_t LoadPictureBitmap = 1237;    // fragment "\load.bmp"
+inline constexpr std::int32_t LoadPictureJpegCopy = 1238;  // fragment, same as 1235
+inline constexpr std::int32_t DeleteTreeListing = 1327;
+inline constexpr std::int32_t DeleteTreeDeleting = 1328;
+inline constexpr std::int32_t TemporaryFilesFolder = 1613;  // fragment
+
+// Level store: turning a whole level between plain and compressed form.
+inline constexpr std::int32_t ConvertingLevel = 1924;       // ~1 the level's name
+inline constexpr std::int32_t ConvertFilesFolder = 1925;    // fragment, same as 1631
+inline constexpr std::int32_t PackPattern1 = 1930;          // fragment
+inline constexpr std::int32_t PackPattern2 = 1931;          // fragment
+inline constexpr std::int32_t PackPattern3 = 1932;          // fragment
+inline constexpr std::int32_t PackPattern4 = 1933;          // fragment
+inline constexpr std::int32_t ConvertLoadBitmap = 1945;     // fragment, same as 1237
+inline constexpr std::int32_t ConvertLoadJpeg = 1946;       // fragment, same as 1235
+inline constexpr std::int32_t ConvertedFilesFolder = 5347;  // fragment, beside the files folder
+inline constexpr std::int32_t ReplacedFilesFolder = 5348;   // fragment, beside the files folder
+inline constexpr std::int32_t ConvertFileFailed = 5349;     // ~1 file, ~2 level, ~3 reason
+inline constexpr std::int32_t ConvertSwapFailed = 5350;     // ~1 level
+
+// Level store: media levels and the repair after an upgrade.
+inline constexpr std::int32_t RepairStoreCaption = 5340;  // "Repair Level Archive"
+inline constexpr std::int32_t RepairStoreLabel = 5341;
+inline constexpr std::int32_t MediaFilesPattern = 5342;   // fragment "\*.mcf"
+inline constexpr std::int32_t ScrollMediaFile = 5343;     // "scroll.mcf", no backslash
+inline constexpr std::int32_t ScrollLevelPattern = 5344;  // "scroll*.tr4", no backslash
+inline constexpr std::int32_t MediaStoreFolder = 5345;    // fragment "\store"
+inline constexpr std::int32_t MediaPlayFile = 5346;       // fragment "\media.mpf"
+
 }  // namespace vardolin::text

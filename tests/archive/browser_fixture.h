@@ -8,7 +8,7 @@
 #include <vector>
 
 #include "archive/level_browser.h"
-#include "archive/level_folder_name.h"
+#include "archive/level_store.h"
 #include "archive/principale.h"
 #include "archive_fixture.h"
 #include "foundation/services/paths.h"
@@ -37,9 +37,7 @@ struct BrowserFixture : ArchiveFixture {
     main = std::make_unique<Principale>(program);
   }
 
-  std::filesystem::path Folder(std::int32_t code) const {
-    return LevelHardDiskFolder(program, code);
-  }
+  std::filesystem::path Folder(std::int32_t code) { return GetLevelFolder(program, code, false); }
   // Writes the editor folder's marker naming `code`, as activation writes it.
   void MarkActive(std::int32_t code) {
     char number[8];

@@ -102,17 +102,5 @@ TEST(RemoveLevel, RefusalsChangeNothing) {
   }
 }
 
-TEST(RemoveLevel, DeletingTheFolderTreeTakesNestedFoldersAndReadOnlyFiles) {
-  testing::TempDir dir;
-  const fs::path level = dir / "LEVEL_0009";
-  WriteBytes(level / "files" / "a.tr4", "a");
-  WriteBytes(level / "savegames" / "set1" / "deep" / "savegame.2", "s");
-  fs::create_directories(level / "empty" / "inner");
-  fs::permissions(level / "files" / "a.tr4", fs::perms::owner_read);
-  EXPECT_TRUE(DeleteLevelFolderTree(level, nullptr, nullptr));
-  EXPECT_FALSE(fs::exists(level));
-  EXPECT_TRUE(DeleteLevelFolderTree(level, nullptr, nullptr)) << "a missing folder is gone";
-}
-
 }  // namespace
 }  // namespace vardolin

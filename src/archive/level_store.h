@@ -1,0 +1,48 @@
+#pragma once
+// Where a level's folders lie and how they are made and removed. A level on hard disk lies in
+// SecondaryDir as LEVEL_ and its code; the base level lies in the program's folder; a level on
+// CD keeps its files folder on the CD and its user folders on hard disk.
+
+#include <cstdint>
+#include <filesystem>
+#include <string>
+
+namespace vardolin {
+
+class Program;
+class Label;
+class ProgressBar;
+
+// LevelFolderName with the prefix of the language file (text 1647): "\LEVEL_0012".
+std::string LevelFolderName(const Program& program, std::int32_t code);
+
+// The level's folder. With `use_cd` and a level whose CdNumber is above 0 the folder lies on
+// the CD; asking for that CD isn't possible in this build, so such a level gives an empty
+// folder with `program.CdRefused` set. A code not in the table gives the folder of a level to
+// come. CdRefused is cleared first.
+std::filesystem::path GetLevelFolder(Program& program, std::int32_t code, bool use_cd);
+// The level's files folder (GetLevelFolder + `\files`); empty when the folder is.
+std::filesystem::path GetLevelFilesFolder(Program& program, std::int32_t code, bool use_cd);
+
+// Makes the level's folder and its four sub-folders (texts 1549 to 1552, in that order); true
+// when all of them stand afterwards.
+bool CreateLevelFolders(Program& program, const std::filesystem::path& level_folder);
+
+// Removes a whole folder tree, read-only files and folders included: first every file, then the
+// folders from the deepest up. The label tells the two phases and the bar follows the folders.
+// Links are removed, never followed. True when the folder is gone (a missing one counts).
+bool DeleteLevelTree(Program& program, const std::filesystem::path& folder, Label* label,
+                     ProgressBar* bar);
+
+// The folder just below the drive's root that holds sub-folders named LEVEL_... (case ignored);
+// empty when none does. Level CDs keep their levels one folder deep.
+std::filesystem::path FindCdRootWithLevels(const std::filesystem::path& drive);
+// The level's folder on the CD in `drive`: the LEVEL_ folder below FindCdRootWithLevels whose
+// number is the code. Empty when the CD doesn't hold it.
+std::filesystem::path FindLevelOnCd(std::int32_t code, const std::filesystem::path& drive);
+// FindLevelOnCd over the ready CD drives of the platform, in its order. `drive`, when given,
+// gets the mount point where the level was found.
+std::filesystem::path FindLevelOnAnyCd(Program& program, std::int32_t code,
+                                       std::string* drive = nullptr);
+
+}  // namespace vardolin

@@ -1,0 +1,122 @@
+#include "archive/store_conversion.h"
+
+#include <gtest/gtest.h>
+
+#include "archive/text_ids.h"
+#include "foundation/forms/controls.h"
+#include "foundation/forms/form.h"
+#include "store_fixture.h"
+
+namespace vardolin::testing {
+namespace {
+
+namespace fs = std::filesystem;
+
+struct ConvertTest : StoreFixture, ::testing::Test {
+  fs::path files = Files(1);
+  std::map<std::string, std::string> plain;
+
+  void MakePlainLevel() {
+    unsigned seed = 1;
+    for (const char* name : {"level.tr4", "title.TR4", "script.dat", "song.wav", "fmv.pak",
+                             "readme.txt", "store/inner.dat"}) {
+      plain[name] = LevelBytes(seed++);
+      WriteBytes(files / name, plain[name]);
+    }
+    WritePicture(files / "load.bmp");
+  }
+};
+
+TEST_F(ConvertTest, PlainToCompressedAndBackComesBackByteForByte) {
+  MakePlainLevel();
+  ASSERT_TRUE(ConvertLevelStore(program, 1, true, nullptr, nullptr));
+  EXPECT_EQ(Names(Snapshot(files)),
+            (std::vector<std::string>{"fmv.pak.zl", "level.tr4.zl", "load.jpg", "readme.txt",
+                                      "script.dat.zl", "song.wav.zl", "store/inner.dat",
+                                      "title.TR4.zl"}));
+  EXPECT_EQ(Names(Snapshot(files.parent_path())).size(), 8u) << "nothing left beside";
+
+  ASSERT_TRUE(ConvertLevelStore(program, 1, false, nullptr, nullptr));
+  auto back = Snapshot(files);
+  Bitmap picture;
+  EXPECT_EQ(ReadPictureFile(files / "load.bmp", picture), PictureResult::Ok);
+  EXPECT_EQ(picture.width, 32);
+  EXPECT_EQ(picture.height, 24);
+  back.erase("load.bmp");
+  EXPECT_EQ(back, plain);
+  EXPECT_TRUE(ui.Questions().empty());
+}
+
+TEST_F(ConvertTest, CompressedToPlainAndBackGivesTheSamePackedFiles) {
+  WriteBytes(Path("src/level.tr4"), LevelBytes(7, 300000));
+  WriteBytes(Path("src/english.dat"), LevelBytes(8));
+  fs::create_directories(files);
+  Pack(Path("src/level.tr4"), files / "level.tr4.zl");
+  Pack(Path("src/english.dat"), files / "english.dat.zl");
+  WriteBytes(files / "notes.txt", "kept as it is");
+  const auto packed = Snapshot(files);
+
+  ASSERT_TRUE(ConvertLevelStore(program, 1, false, nullptr, nullptr));
+  EXPECT_EQ(ReadFile(files / "level.tr4"), ReadFile(Path("src/level.tr4")));
+  EXPECT_EQ(ReadFile(files / "english.dat"), ReadFile(Path("src/english.dat")));
+  ASSERT_TRUE(ConvertLevelStore(program, 1, true, nullptr, nullptr));
+  EXPECT_EQ(Snapshot(files), packed);
+}
+
+TEST_F(ConvertTest, AFileThatCannotBeConvertedIsReportedAndNothingIsLost) {
+  struct Case {
+    const char* what;
+    bool compress;
+    std::function<void(const fs::path&)> damage;
+    const char* named;
+  };
+  const std::vector<Case> cases = {
+      {"corrupt .zl", false,
+       [](const fs::path& f) {
+         WriteBytes(f / "broken.tr4.zl", "VZL\x01 but nothing that expands");
+       },
+       "broken.tr4.zl"},
+      {"load.bmp that isn't a picture", true,
+       [](const fs::path& f) { WriteBytes(f / "load.bmp", "not a bitmap"); }, "load.bmp"},
+  };
+  for (const Case& c : cases) {
+    SCOPED_TRACE(c.what);
+    fs::remove_all(files.parent_path());
+    MakePlainLevel();
+    if (!c.compress) {
+      ASSERT_TRUE(ConvertLevelStore(program, 1, true, nullptr, nullptr));
+    }
+    c.damage(files);
+    const auto before = Snapshot(files.parent_path());
+    ui.Answer(msg::kOk, c.named);
+    EXPECT_FALSE(ConvertLevelStore(program, 1, c.compress, nullptr, nullptr));
+    EXPECT_EQ(Snapshot(files.parent_path()), before);
+    EXPECT_TRUE(ui.Done());
+  }
+}
+
+TEST_F(ConvertTest, OnlyLevelsOnHardDiskAreConverted) {
+  WriteBytes(Files(3) / "level.tr4", "on CD");
+  EXPECT_FALSE(ConvertLevelStore(program, 3, true, nullptr, nullptr));
+  EXPECT_FALSE(ConvertLevelStore(program, 99, true, nullptr, nullptr));
+  EXPECT_TRUE(ConvertLevelStore(program, 2, true, nullptr, nullptr)) << "no files: nothing to do";
+  EXPECT_EQ(ReadFile(Files(3) / "level.tr4"), "on CD");
+  EXPECT_TRUE(ui.Questions().empty());
+}
+
+TEST_F(ConvertTest, TheLabelNamesTheLevelAndTheBarFollowsTheFiles) {
+  struct Window : Form {
+    explicit Window(Program& p) : Form(p, "Window", "") {}
+    Label info{*this, "info"};
+    ProgressBar bar{*this, "bar"};
+  } window(program);
+  std::vector<int> values;
+  window.bar.Subscribe([&](Control&, Change) { values.push_back(window.bar.Value()); });
+  MakePlainLevel();
+  ASSERT_TRUE(ConvertLevelStore(program, 1, true, &window.info, &window.bar));
+  EXPECT_EQ(window.info.Caption(), program.GetText(text::ConvertingLevel, {"Level 1"}));
+  EXPECT_NE(std::find(values.begin(), values.end(), 100), values.end());
+}
+
+}  // namespace
+}  // namespace vardolin::testing

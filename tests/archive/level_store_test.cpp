@@ -1,0 +1,163 @@
+#include "archive/level_store.h"
+
+#include <gtest/gtest.h>
+
+#include "archive/catalogue_sizes.h"
+#include "foundation/forms/controls.h"
+#include "foundation/forms/form.h"
+#include "store_fixture.h"
+
+namespace vardolin::testing {
+namespace {
+
+namespace fs = std::filesystem;
+
+struct LevelStoreTest : StoreFixture, ::testing::Test {};
+
+TEST_F(LevelStoreTest, LevelFoldersByCodeAndCd) {
+  struct Case {
+    std::int32_t code;
+    bool use_cd;
+    fs::path folder;
+    bool refused;
+  };
+  program.catalogue.levels[2].Code = 12345;
+  const std::vector<Case> cases = {
+      {0, true, Path("home") / "LEVEL_0000", false},
+      {1, true, archive / "LEVEL_0001", false},
+      {12345, true, archive / "LEVEL_12345", false},
+      {77, true, archive / "LEVEL_0077", false},  // a level to come
+      {3, true, {}, true},                        // on CD 2: the CD counts as refused
+      {3, false, archive / "LEVEL_0003", false},  // its user folders stay on hard disk
+  };
+  for (const Case& c : cases) {
+    program.CdRefused = !c.refused;  // every call starts by clearing it
+    EXPECT_EQ(GetLevelFolder(program, c.code, c.use_cd), c.folder) << c.code;
+    EXPECT_EQ(program.CdRefused, c.refused) << c.code;
+  }
+  EXPECT_TRUE(GetLevelFilesFolder(program, 3, true).empty());
+  EXPECT_EQ(GetLevelFilesFolder(program, 1, true), archive / "LEVEL_0001" / "files");
+}
+
+TEST_F(LevelStoreTest, SizesOfACdLevelAskForNoCd) {
+  WriteBytes(archive / "LEVEL_0003" / "files" / "a.tr4", std::string(500, 'x'));
+  WriteBytes(archive / "LEVEL_0001" / "files" / "a.tr4", std::string(700, 'x'));
+  EXPECT_EQ(FilesBytesOfLevel(program, 3), 0);
+  EXPECT_EQ(FilesBytesOfLevel(program, 1), 700);
+  program.catalogue.levels[3].FilesSize = 4242;
+  program.prefs.AutoSave = false;
+  ASSERT_TRUE(UpdateLevelSizes(program, 3));
+  EXPECT_EQ(program.catalogue.levels[3].FilesSize, 4242);
+  EXPECT_TRUE(ui.Questions().empty());
+}
+
+TEST_F(LevelStoreTest, CreateLevelFoldersMakesTheFourSubfoldersTheSizesCount) {
+  fs::path level = archive / "LEVEL_0009";
+  ASSERT_TRUE(CreateLevelFolders(program, level));
+  for (const char* sub : {"files", "play", "savegames", "screenshots"})
+    EXPECT_TRUE(fs::is_directory(level / sub)) << sub;
+  // The four names are the folders the sizes and the files of a level are looked for in.
+  EXPECT_EQ(program.GetText(text::LevelSubfolderFiles), program.GetText(text::FilesFolder));
+  for (int i = 0; i < 3; ++i) {
+    EXPECT_EQ(program.GetText(text::LevelSubfolderPlay + i),
+              program.GetText(text::SizeFolderPlay + i));
+    EXPECT_EQ(program.GetText(text::LevelSubfolderPlay + i),
+              program.GetText(text::UserFolderPlay + i));
+  }
+  EXPECT_EQ(program.GetText(text::PlayFolder), program.GetText(text::SizeFolderPlay));
+  EXPECT_TRUE(CreateLevelFolders(program, level)) << "folders that stand already count";
+  WriteBytes(Path("blocker"), "a file where a folder should go");
+  EXPECT_FALSE(CreateLevelFolders(program, Path("blocker")));
+}
+
+struct ProgressForm : Form {
+  explicit ProgressForm(Program& p) : Form(p, "ProgressForm", "") {}
+  Label info{*this, "info"};
+  ProgressBar bar{*this, "bar"};
+};
+
+TEST_F(LevelStoreTest, DeleteLevelTreeRemovesReadOnlyPartsAndNeverFollowsLinks) {
+  fs::path level = archive / "LEVEL_0001";
+  WriteBytes(level / "files" / "a.tr4", "a");
+  WriteBytes(level / "files" / "store" / "deep" / "b.dat", "b");
+  WriteBytes(level / "play" / "savegame.0", "s");
+  WriteBytes(Path("outside") / "keep.txt", "keep");
+  fs::create_directory_symlink(Path("outside"), level / "files" / "link");
+  fs::permissions(level / "files" / "a.tr4", fs::perms::owner_read);
+  fs::permissions(level / "files" / "store" / "deep",
+                  fs::perms::owner_read | fs::perms::owner_exec);
+
+  ProgressForm form(program);
+  std::vector<std::string> labels;
+  form.info.Subscribe([&](Control& c, Change) { labels.push_back(c.Caption()); });
+  EXPECT_TRUE(DeleteLevelTree(program, level, &form.info, &form.bar));
+  EXPECT_FALSE(fs::exists(level));
+  EXPECT_EQ(ReadFile(Path("outside") / "keep.txt"), "keep");
+  EXPECT_NE(std::find(labels.begin(), labels.end(), program.GetText(text::DeleteTreeListing)),
+            labels.end());
+  EXPECT_NE(std::find(labels.begin(), labels.end(), program.GetText(text::DeleteTreeDeleting)),
+            labels.end());
+  EXPECT_TRUE(DeleteLevelTree(program, level, nullptr, nullptr)) << "a missing tree is gone";
+  WriteBytes(Path("plain.txt"), "x");
+  EXPECT_FALSE(DeleteLevelTree(program, Path("plain.txt"), nullptr, nullptr));
+}
+
+TEST_F(LevelStoreTest, CdRootIsTheFirstFolderHoldingLevelFolders) {
+  struct Case {
+    std::vector<std::string> folders;  // below the drive
+    std::string root;                  // expected, relative to the drive; empty: none
+  };
+  const std::vector<Case> cases = {
+      {{"Archive1/LEVEL_0001"}, "Archive1"},
+      {{"LEVEL_0001"}, ""},  // levels must lie one folder deep
+      {{"docs/readme", "Vardolin2/level_0003"}, "Vardolin2"},
+      {{"a/LEVEL_0001", "b/LEVEL_0002"}, "a"},
+      {{"deep/er/LEVEL_0001"}, ""},
+      {{}, ""},
+  };
+  int n = 0;
+  for (const Case& c : cases) {
+    fs::path drive = Path("drive" + std::to_string(n++));
+    fs::create_directories(drive);
+    for (const std::string& f : c.folders) fs::create_directories(drive / f);
+    fs::path expected = c.root.empty() ? fs::path() : drive / c.root;
+    EXPECT_EQ(FindCdRootWithLevels(drive), expected) << n;
+  }
+}
+
+TEST_F(LevelStoreTest, LevelOnCdByTheNumberOfItsFolder) {
+  fs::path drive = Path("cd");
+  for (const char* f : {"Arc1/LEVEL_0003", "Arc1/LEVEL_12345", "Arc1/LEVEL_0004x", "Arc1/LEVEL_"})
+    fs::create_directories(drive / f);
+  struct Case {
+    std::int32_t code;
+    std::string folder;
+  };
+  for (const Case& c :
+       std::vector<Case>{{3, "LEVEL_0003"}, {12345, "LEVEL_12345"}, {4, ""}, {0, ""}, {2345, ""}}) {
+    fs::path expected = c.folder.empty() ? fs::path() : drive / "Arc1" / c.folder;
+    EXPECT_EQ(FindLevelOnCd(c.code, drive), expected) << c.code;
+  }
+}
+
+TEST_F(LevelStoreTest, LevelIsLookedForOnReadyCdDrivesOnly) {
+  auto drive = [&](const std::string& name, int type, bool ready, bool holds) {
+    fs::path mount = Path(name);
+    fs::create_directories(mount / "Arc" / (holds ? "LEVEL_0003" : "LEVEL_0001"));
+    DriveInfo info;
+    info.letter = mount.string();
+    info.type = type;
+    info.ready = ready;
+    return info;
+  };
+  platform.drives = {
+      drive("fixed", kDriveFixed, true, true), drive("cd_not_ready", kDriveCdRom, false, true),
+      drive("cd_other", kDriveCdRom, true, false), drive("cd_good", kDriveCdRom, true, true)};
+  std::string found_on;
+  EXPECT_EQ(FindLevelOnAnyCd(program, 3, &found_on), Path("cd_good") / "Arc" / "LEVEL_0003");
+  EXPECT_EQ(found_on, Path("cd_good").string());
+  EXPECT_TRUE(FindLevelOnAnyCd(program, 7).empty());
+}
+
+}  // namespace
+}  // namespace vardolin::testing

@@ -1,0 +1,151 @@
+#include "archive/level_files.h"
+
+#include <gtest/gtest.h>
+
+#include "store_fixture.h"
+
+namespace vardolin::testing {
+namespace {
+
+namespace fs = std::filesystem;
+
+struct PrepareTest : StoreFixture, ::testing::Test {
+  fs::path files = Files(1);
+  // The game form of every file of the level, kept aside to compare with.
+  std::map<std::string, std::string> plain;
+
+  // Stores `name` with its bytes, packed when `packed`.
+  void Store(const std::string& name, unsigned seed, bool packed) {
+    std::string bytes = LevelBytes(seed);
+    plain[name] = bytes;
+    if (!packed) return WriteBytes(files / name, bytes);
+    WriteBytes(Path("plain") / name, bytes);
+    fs::create_directories(files);
+    Pack(Path("plain") / name, files / (name + ".zl"));
+  }
+};
+
+TEST_F(PrepareTest, EachStoredFormEndsInTheGameForm) {
+  struct Case {
+    const char* what;
+    std::vector<std::pair<std::string, bool>> files;  // name, stored packed
+    const char* picture;                              // stored loading picture, or null
+    bool temporary;
+  };
+  const std::vector<Case> cases = {
+      {"plain level", {{"level.tr4", false}, {"script.dat", false}}, "load.bmp", false},
+      {"packed files",
+       {{"level.tr4", true}, {"english.dat", true}, {"readme.txt", false}},
+       nullptr,
+       true},
+      {"jpeg only", {{"level.tr4", false}}, "load.jpg", true},
+      {"packed and jpeg", {{"a.tr4", true}, {"b.tr4", true}}, "load.jpg", true},
+      {"jpeg in capitals", {{"level.tr4", false}}, "LOAD.JPG", true},
+      {"media store", {{"level.tr4", true}, {"store/inner.dat", false}}, nullptr, true},
+  };
+  for (const Case& c : cases) {
+    SCOPED_TRACE(c.what);
+    fs::remove_all(files);
+    plain.clear();
+    fs::create_directories(files);
+    unsigned seed = 1;
+    for (const auto& [name, packed] : c.files) Store(name, seed++, packed);
+    if (c.picture) WritePicture(files / c.picture);
+    const auto stored = Snapshot(files);
+
+    fs::path temporary = "not cleared";
+    ASSERT_TRUE(PrepareLevelFiles(program, files, temporary));
+    EXPECT_EQ(Snapshot(files), stored) << "the store is never changed";
+    if (!c.temporary) {
+      EXPECT_TRUE(temporary.empty());
+      continue;
+    }
+    ASSERT_EQ(temporary, TemporaryFilesFolder(program));
+    auto ready = Snapshot(temporary);
+    if (c.picture) {
+      ASSERT_EQ(ready.count("load.bmp"), 1u);
+      Bitmap bitmap;
+      EXPECT_EQ(ReadPictureFile(temporary / "load.bmp", bitmap), PictureResult::Ok);
+      EXPECT_EQ(bitmap.width, 32);
+      ready.erase("load.bmp");
+    }
+    EXPECT_EQ(ready, plain) << "no .zl, no jpeg, every file as the game wants it";
+    fs::remove_all(temporary);
+  }
+  EXPECT_TRUE(ui.Questions().empty());
+}
+
+TEST_F(PrepareTest, PackedFilesAreExpandedUnderTheZipWindow) {
+  Store("level.tr4", 1, true);
+  fs::path temporary;
+  ASSERT_TRUE(PrepareLevelFiles(program, files, temporary));
+  EXPECT_EQ(ui.ModelessShown(), std::vector<std::string>{"Dialog_Zip"});
+}
+
+TEST_F(PrepareTest, ALeftoverTemporaryFolderIsEmptiedFirst) {
+  WriteBytes(TemporaryFilesFolder(program) / "stale.tr4", "from an earlier run");
+  WriteBytes(TemporaryFilesFolder(program) / "sub" / "stale.dat", "from an earlier run");
+  Store("level.tr4", 1, true);
+  fs::path temporary;
+  ASSERT_TRUE(PrepareLevelFiles(program, files, temporary));
+  EXPECT_EQ(Snapshot(temporary), plain);
+}
+
+TEST_F(PrepareTest, ADamagedPackedFileIsReportedAndNothingIsLeft) {
+  struct Case {
+    const char* what;
+    std::function<void(const fs::path&)> damage;
+  };
+  const std::vector<Case> cases = {
+      {"cut short", [](const fs::path& p) { fs::resize_file(p, fs::file_size(p) / 2); }},
+      {"flipped byte",
+       [](const fs::path& p) {
+         std::string bytes = ReadFile(p);
+         bytes[bytes.size() / 2] ^= 0x40;
+         WriteBytes(p, bytes);
+       }},
+      {"not packed at all", [](const fs::path& p) { WriteBytes(p, "plain text, not a .zl"); }},
+  };
+  for (const Case& c : cases) {
+    SCOPED_TRACE(c.what);
+    fs::remove_all(files);
+    Store("a.tr4", 1, true);
+    Store("b.tr4", 2, true);
+    Store("load.bmp", 3, false);
+    c.damage(files / "b.tr4.zl");
+    const auto stored = Snapshot(files);
+    ui.Answer(msg::kOk, "b.tr4.zl");
+
+    fs::path temporary = "not cleared";
+    EXPECT_FALSE(PrepareLevelFiles(program, files, temporary));
+    EXPECT_TRUE(temporary.empty());
+    EXPECT_FALSE(fs::exists(TemporaryFilesFolder(program)));
+    EXPECT_EQ(Snapshot(files), stored);
+  }
+}
+
+TEST_F(PrepareTest, MakeTempFilesCopiesTheWholeFolderAndNoLinks) {
+  Store("level.tr4", 1, false);
+  Store("store/x.dat", 2, false);
+  WriteBytes(Path("secret") / "s.txt", "outside");
+  fs::create_directory_symlink(Path("secret"), files / "escape");
+  fs::create_symlink(Path("secret") / "s.txt", files / "s.txt");
+  fs::path temporary = MakeTempFiles(program, files);
+  ASSERT_FALSE(temporary.empty());
+  EXPECT_EQ(Snapshot(temporary), plain);
+}
+
+TEST_F(PrepareTest, ClearReadOnlyTakesTheMarkOffMatchingFilesOnly) {
+  Store("a.tr4", 1, false);
+  Store("b.dat", 2, false);
+  for (const char* f : {"a.tr4", "b.dat"}) fs::permissions(files / f, fs::perms::owner_read);
+  EXPECT_TRUE(ClearReadOnly("*.TR4", files));
+  auto writable = [&](const char* f) {
+    return (fs::status(files / f).permissions() & fs::perms::owner_write) != fs::perms::none;
+  };
+  EXPECT_TRUE(writable("a.tr4"));
+  EXPECT_FALSE(writable("b.dat"));
+}
+
+}  // namespace
+}  // namespace vardolin::testing
