@@ -3,6 +3,8 @@
 #include "foundation/settings/dialog_settings.h"
 #include "web/dialog_zip.h"
 #include "archive/principale.h"
+#include "editor/dialog_tipo_exe.h"
+#include "editor/dialog_trova_trle.h"
 #include "foundation/dialogs/dialog_get_dir.h"
 #include "foundation/dialogs/dialog_input_box.h"
 #include "foundation/dialogs/dialog_msg_box.h"
@@ -29,6 +31,8 @@ const std::vector<FormFactory>& AllForms() {
       Entry<Dialog_MsgBox>("Dialog_MsgBox"), Entry<Dialog_Progress>("Dialog_Progress"),
       Entry<Dialog_Splash>("Dialog_Splash"), Entry<Dialog_Wait>("Dialog_Wait"),
       Entry<Principale>("Principale"),
+      Entry<editor::Dialog_TrovaTrle>("Dialog_TrovaTrle"),
+      Entry<editor::Dialog_TipoExe>("Dialog_TipoExe"),
   };
   return forms;
 }

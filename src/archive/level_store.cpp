@@ -87,7 +87,10 @@ fs::path GetLevelFolder(Program& program, std::int32_t code, bool use_cd) {
     program.CdRefused = true;
     return {};
   }
-  return HardDiskLevelFolder(program, code);
+  // Without an archive folder the level's folder would lie wherever the program happens to
+  // run; callers stop on an empty answer instead of making or deleting folders there.
+  fs::path folder = HardDiskLevelFolder(program, code);
+  return folder.is_absolute() ? folder : fs::path();
 }
 
 fs::path GetLevelFilesFolder(Program& program, std::int32_t code, bool use_cd) {

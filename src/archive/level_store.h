@@ -19,7 +19,8 @@ std::string LevelFolderName(const Program& program, std::int32_t code);
 // The level's folder. With `use_cd` and a level whose CdNumber is above 0 the folder lies on
 // the CD; asking for that CD isn't possible in this build, so such a level gives an empty
 // folder with `program.CdRefused` set. A code not in the table gives the folder of a level to
-// come. CdRefused is cleared first.
+// come. CdRefused is cleared first. A catalogue whose SecondaryDir is blank or relative gives an
+// empty folder for every level but the base level.
 std::filesystem::path GetLevelFolder(Program& program, std::int32_t code, bool use_cd);
 // The level's files folder (GetLevelFolder + `\files`); empty when the folder is.
 std::filesystem::path GetLevelFilesFolder(Program& program, std::int32_t code, bool use_cd);

@@ -16,6 +16,7 @@
 #include "foundation/services/paths.h"
 #include "foundation/services/strings.h"
 #include "foundation/services/wildcard.h"
+#include "web/text_ids.h"
 
 namespace vardolin {
 namespace fs = std::filesystem;
@@ -44,6 +45,8 @@ int RepairLevelStore(Program& program) {
   const std::string media_pattern = BareName(program, text::MediaFilesPattern);
   const std::string scroll_media = program.GetText(text::ScrollMediaFile);
   const std::string scroll_levels = program.GetText(text::ScrollLevelPattern);
+  // In a compressed store the scroll levels stand packed, as `scroll1.tr4.zl`.
+  const std::string packed_levels = scroll_levels + program.GetText(web::text::PackedSuffix);
   ShowProgressDialog(program, program.GetText(text::RepairStoreLabel));
   Dialog_Progress* dialog = ProgressDialog(program);
   if (dialog) dialog->SetCaption(program.GetText(text::RepairStoreCaption));
@@ -60,7 +63,8 @@ int RepairLevelStore(Program& program) {
     if (!FolderExists(files)) continue;
     const fs::path first = FirstMediaFile(files, media_pattern);
     if (first.empty() || !WildcardMatch(first.filename().string(), scroll_media)) continue;
-    if (!ListFiles(files, scroll_levels).empty()) continue;
+    if (!ListFiles(files, scroll_levels).empty() || !ListFiles(files, packed_levels).empty())
+      continue;
     DeleteFileForced(first);
     DeleteLevelTree(program, JoinFragment(files, program.GetText(text::MediaStoreFolder)), nullptr,
                     nullptr);

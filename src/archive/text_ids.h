@@ -236,5 +236,45 @@ inline constexpr std::int32_t ScrollMediaFile = 5343;     // "scroll.mcf", no ba
 inline constexpr std::int32_t ScrollLevelPattern = 5344;  // "scroll*.tr4", no backslash
 inline constexpr std::int32_t MediaStoreFolder = 5345;    // fragment "\store"
 inline constexpr std::int32_t MediaPlayFile = 5346;       // fragment "\media.mpf"
+// The editor backup: confirming the editor folder, full or partial, room, progress.
+inline constexpr std::int32_t ConfirmEditorLine1 = 1106;  // a CR LF follows
+inline constexpr std::int32_t ConfirmEditorLine2 = 1107;  // the editor folder follows
+inline constexpr std::int32_t ConfirmEditorLine3 = 1108;
+inline constexpr std::int32_t EditorRefused1 = 1109;
+inline constexpr std::int32_t EditorRefused2 = 1110;
+inline constexpr std::int32_t AskFullBackup1 = 1270;
+inline constexpr std::int32_t AskFullBackup2 = 1271;
+inline constexpr std::int32_t BackupLittleRoom = 1272;     // the drive and free size follow
+inline constexpr std::int32_t BackupRoomFree = 2280;       // behind the free size
+inline constexpr std::int32_t FullBackupMarker1 = 1273;    // fragment: must stand in a full copy
+inline constexpr std::int32_t FullBackupMarker2 = 1274;    // fragment: must stand in a full copy
+inline constexpr std::int32_t BackupFolderNotMade = 1275;  // the folder follows
+inline constexpr std::int32_t BackupProgressCaption = 1276;
+inline constexpr std::int32_t BackupMakingFolders = 1277;
+inline constexpr std::int32_t BackupSubfolderFirst = 1278;  // fragments 1278 to 1289
+inline constexpr std::int32_t BackupSubfolderLast = 1289;
+inline constexpr std::int32_t BackupCopyingFiles = 1290;
+inline constexpr std::int32_t BackupFileSetFirst = 1291;  // fragments 1291 to 1295, then 3160
+inline constexpr std::int32_t BackupFileSetLast = 1295;
+inline constexpr std::int32_t BackupFileSetSixth = 3160;
+inline constexpr std::int32_t BackupCopyingTree1 = 1296;
+inline constexpr std::int32_t BackupTree1 = 1297;  // fragment
+inline constexpr std::int32_t BackupCopyingTree2 = 1298;
+inline constexpr std::int32_t BackupTree2 = 1299;          // fragment
+inline constexpr std::int32_t BackupCompleteFile1 = 1610;  // fragment
+inline constexpr std::int32_t BackupCompleteFile2 = 1611;  // fragment
+inline constexpr std::int32_t BackupCompleteFile3 = 1612;  // fragment
+
+// Copying a folder tree: with a bar (the editor install) and with Dialog_Progress (the rest).
+inline constexpr std::int32_t TreeTargetNotMade = 1538;  // the folder follows
+inline constexpr std::int32_t TreeSkipCounted = 1539;    // fragment: marks files left out
+inline constexpr std::int32_t TreeFolderNotMade = 1540;  // the folder follows
+inline constexpr std::int32_t TreeSkipCopied = 1541;     // fragment, same as 1539
+inline constexpr std::int32_t TreeFileNotCopied = 1542;  // the quoted file name follows
+inline constexpr std::int32_t CopyTargetNotMade = 1090;  // the folder follows
+inline constexpr std::int32_t CopySkipCounted = 1091;    // fragment "\files\": stays on a CD
+inline constexpr std::int32_t CopyFolderNotMade = 1092;  // the folder follows
+inline constexpr std::int32_t CopySkipCopied = 1093;     // fragment, same as 1091
+inline constexpr std::int32_t CopyFileNotCopied = 1094;  // the quoted file name follows
 
 }  // namespace vardolin::text

@@ -37,6 +37,12 @@ TEST_F(LevelStoreTest, LevelFoldersByCodeAndCd) {
   }
   EXPECT_TRUE(GetLevelFilesFolder(program, 3, true).empty());
   EXPECT_EQ(GetLevelFilesFolder(program, 1, true), archive / "LEVEL_0001" / "files");
+
+  for (const char* blank : {"", "   ", "archive"}) {
+    program.catalogue.header.SecondaryDir = blank;
+    EXPECT_EQ(GetLevelFolder(program, 1, false), fs::path()) << "never below the working folder";
+    EXPECT_EQ(GetLevelFolder(program, 0, false), Path("home") / "LEVEL_0000");
+  }
 }
 
 TEST_F(LevelStoreTest, SizesOfACdLevelAskForNoCd) {

@@ -24,6 +24,10 @@ TEST_F(RepairTest, ScrollMediaFileStaysOnlyBesideItsScrollLevels) {
       {{"scroll.mcf"}, false},
       {{"scroll.mcf", "other.tr4", "title.tr4"}, false},
       {{"a.mcf", "scroll.mcf"}, true},  // the first media file isn't the scroll one
+      // A compressed store packs the level files and leaves the media files as they are.
+      {{"scroll.mcf", "scroll1.tr4.zl"}, true},
+      {{"scroll.mcf", "SCROLL3.TR4.ZL", "title.tr4.zl"}, true},
+      {{"scroll.mcf", "title.tr4.zl", "scroll.dat.zl"}, false},
   };
   for (const Case& c : cases) {
     SCOPED_TRACE(c.files.front() + " with " + std::to_string(c.files.size() - 1) + " more");

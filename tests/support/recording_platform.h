@@ -17,6 +17,10 @@ class RecordingPlatform : public Platform {
   bool joystick_present = false;
   JoystickState joystick;
   std::vector<DriveInfo> drives;
+  // What FreeBytes tells for any path.
+  double free_bytes = 1e12;
+  // Registry values by key and value name, as the Wine prefix would hold them.
+  std::map<std::pair<std::string, std::string>, std::string> registry;
 
   std::optional<Process> Start(const StartRequest& r) override {
     calls.push_back("start " + r.program.string());
@@ -26,8 +30,7 @@ class RecordingPlatform : public Platform {
   bool IsRunning(const Process&) override { return false; }
   void End(Process&) override { calls.push_back("end"); }
   int ExitCode(const Process&) override { return -1; }
-  int RunCapturing(const StartRequest& r,
-                   const std::function<bool(const std::string&)>&) override {
+  int RunCapturing(const StartRequest& r, const std::function<bool(const std::string&)>&) override {
     calls.push_back("run " + r.program.string());
     return -1;
   }
@@ -42,13 +45,16 @@ class RecordingPlatform : public Platform {
   }
   void Beep(int hz, int ms) override { calls.push_back("beep " + std::to_string(hz)); }
   std::vector<DriveInfo> ListDrives() override { return drives; }
-  double FreeBytes(const std::filesystem::path&) override { return 1e12; }
+  double FreeBytes(const std::filesystem::path&) override { return free_bytes; }
   bool ShellOpen(const std::string& doc, const std::string&,
                  const std::filesystem::path&) override {
     calls.push_back("open " + doc);
     return true;
   }
-  std::string ReadRegistry(const std::string&, const std::string&) override { return {}; }
+  std::string ReadRegistry(const std::string& key, const std::string& value) override {
+    auto it = registry.find({key, value});
+    return it == registry.end() ? std::string() : it->second;
+  }
 };
 
 }  // namespace vardolin::testing

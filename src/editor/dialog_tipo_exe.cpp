@@ -1,0 +1,56 @@
+#include "editor/dialog_tipo_exe.h"
+
+#include <filesystem>
+#include <system_error>
+
+#include "editor/text_ids.h"
+#include "foundation/dialogs/ask.h"
+#include "foundation/ports/ui.h"
+#include "foundation/program.h"
+#include "foundation/services/strings.h"
+
+namespace vardolin::editor {
+
+Dialog_TipoExe::Dialog_TipoExe(Program& program)
+    : Form(program, "Dialog_TipoExe", " Where are the copied files?") {
+  Label_Warning.SetCaption("Warning: click  buttons  only AFTER setup is finished");
+  Pul_Help.SetEnabled(false);
+}
+
+void Dialog_TipoExe::Set_Caption_Texts() {
+  Program& p = program();
+  SetCaption(p.GetText(text::TipoExeCaption));
+  Label_Warning.SetCaption(p.GetText(text::TipoExeWarning));
+  Pul_Trle.SetCaption(p.GetText(text::TipoExeTrle));
+  Pul_Sfoglia.SetCaption(p.GetText(text::TipoExeOtherFolder));
+  Pul_Help.SetCaption(p.GetText(text::TipoExeHelp));
+}
+
+void Dialog_TipoExe::ImpostaValori() {
+  ExitValue = false;
+  Mask.clear();
+}
+
+void Dialog_TipoExe::Pul_Trle_Click() {
+  Folder = Trim(program().prefs.EditorFolder);
+  Mask = program().GetText(text::SetupDestinationTrle);
+  ExitValue = true;
+  Unload();
+}
+
+void Dialog_TipoExe::Pul_Sfoglia_Click() {
+  Program& p = program();
+  std::error_code ec;
+  std::string start = std::filesystem::current_path(ec).string();
+  std::string chosen = p.ui().AskFolder(start, p.GetText(text::SetupFolderTitle));
+  if (chosen.empty()) {
+    AskUser(p, p.GetText(text::SetupFolderNotChosen), msg::kWarning);
+    return;
+  }
+  Folder = chosen;
+  Mask = p.GetText(text::SetupDestinationOther);
+  ExitValue = true;
+  Unload();
+}
+
+}  // namespace vardolin::editor

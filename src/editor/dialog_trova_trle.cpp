@@ -1,0 +1,73 @@
+#include "editor/dialog_trova_trle.h"
+
+#include "editor/find_editor.h"
+#include "editor/text_ids.h"
+#include "foundation/dialogs/ask.h"
+#include "foundation/ports/ui.h"
+#include "foundation/program.h"
+#include "foundation/services/strings.h"
+
+namespace vardolin::editor {
+
+Dialog_TrovaTrle::Dialog_TrovaTrle(Program& program)
+    : Form(program, "Dialog_TrovaTrle", " Where is Tomb Raider Level Editor folder ?") {
+  Pul_InstallCompresso.SetEnabled(false);
+  Pul_InstallTrleCD.SetEnabled(false);
+  Pul_Help.SetEnabled(false);
+}
+
+void Dialog_TrovaTrle::Set_Caption_Texts() {
+  Program& p = program();
+  SetCaption(p.GetText(text::TrovaTrleCaption));
+  Pul_Sfoglia.SetCaption(p.GetText(text::TrovaTrleBrowse));
+  Pul_Ok.SetCaption(p.GetText(text::TrovaTrleOk));
+  Pul_Cancel.SetCaption(p.GetText(text::TrovaTrleCancel));
+  Pul_InstallCompresso.SetCaption(p.GetText(text::TrovaTrleInstallCompressed));
+  Pul_InstallTrleCD.SetCaption(p.GetText(text::TrovaTrleInstallCd));
+  Pul_Help.SetCaption(p.GetText(text::TrovaTrleHelp));
+}
+
+bool Dialog_TrovaTrle::ImpostaValori() {
+  Program& p = program();
+  if (!Trim(p.prefs.EditorFolder).empty() && CheckEditorFolder(p, p.prefs.EditorFolder, false))
+    return true;
+  std::string found = FindEditorInRegistry(p);
+  if (!found.empty()) {
+    Label_Path.SetCaption(found);
+    p.prefs.EditorFolder = found;
+  }
+  ExitValue = false;
+  return false;
+}
+
+void Dialog_TrovaTrle::Pul_Sfoglia_Click() {
+  Program& p = program();
+  std::string chosen =
+      p.ui().AskFolder(p.prefs.EditorFolder, p.GetText(text::FindEditorBrowseTitle));
+  if (chosen.empty()) return;
+  if (CheckEditorFolder(p, chosen, true)) Label_Path.SetCaption(chosen);
+}
+
+void Dialog_TrovaTrle::Pul_Ok_Click() {
+  Program& p = program();
+  std::string folder = Trim(Label_Path.Caption());
+  if (!CheckEditorFolder(p, folder, true)) return;
+  p.prefs.EditorFolder = folder;
+  ExitValue = true;
+  Unload();
+}
+
+void Dialog_TrovaTrle::Pul_Cancel_Click() {
+  Program& p = program();
+  AskUser(p, p.GetText(text::NoEditorInfo, {"\r\n"}), msg::kInformation);
+  ExitValue = false;
+  Unload();
+}
+
+void Dialog_TrovaTrle::Pul_InstallTrleCD_Click() {
+  if (!AskInstallFolder(program(), Label_Info, ProgressBar1)) return;
+  Label_Path.SetCaption(program().prefs.EditorFolder);
+  Pul_Ok_Click();
+}
+
+}  // namespace vardolin::editor

@@ -1,0 +1,204 @@
+#include <gtest/gtest.h>
+
+#include "editor/dialog_tipo_exe.h"
+#include "editor/dialog_trova_trle.h"
+#include "editor/find_editor.h"
+#include "editor/text_ids.h"
+#include "editor_test_fixture.h"
+
+namespace vardolin::testing {
+namespace {
+namespace fs = std::filesystem;
+using editor::CheckEditorFolder;
+using editor::Dialog_TipoExe;
+using editor::Dialog_TrovaTrle;
+using editor::FindEditorFolder;
+using editor::RestoreGameExe;
+
+struct CheckCase {
+  const char* name;
+  EditorFolderOptions options;
+  bool show;
+  bool valid;
+  const char* message;  // part of the one error shown, or null for none
+};
+
+TEST(CheckEditorFolderTest, TellsAnEditorFolderByItsTwoFiles) {
+  const CheckCase cases[] = {
+      {"whole install", {}, true, true, nullptr},
+      // A level's installer may take the game away: the folder is still the editor's.
+      {"no game anywhere", {.with_game = false, .with_title_level = false}, true, true, nullptr},
+      {"no compiler, told", {.with_compiler = false}, true, false, "tom2pc.exe is missing in /"},
+      {"no compiler, quiet", {.with_compiler = false}, false, false, nullptr},
+      {"no room editor, told", {.with_room_editor = false}, true, false, "winroomedit.exe"},
+      {"neither", {.with_compiler = false, .with_room_editor = false}, true, false, "tom2pc.exe"},
+  };
+  for (const CheckCase& c : cases) {
+    SCOPED_TRACE(c.name);
+    EditorTest t(c.options);
+    if (c.message) t.ui.Answer(msg::kOk, c.message);
+    EXPECT_EQ(CheckEditorFolder(t.program, t.editor.path().string(), c.show), c.valid);
+    EXPECT_EQ(t.ui.Messages().size(), c.message ? 1u : 0u);
+    if (c.message) {
+      EXPECT_NE(t.ui.Messages()[0].find(t.editor.path().string()), std::string::npos);
+    }
+  }
+}
+
+TEST(CheckEditorFolderTest, FindsTheFilesInAnotherCase) {
+  EditorTest t;
+  fs::rename(t.editor / "tom2pc.exe", t.editor / "TOM2PC.EXE");
+  fs::rename(t.editor / "winroomedit.exe", t.editor / "WinRoomEdit.exe");
+  EXPECT_TRUE(CheckEditorFolder(t.program, t.editor.path().string(), true));
+}
+
+TEST(CheckEditorFolderTest, NeitherMarkerFileIsTheGame) {
+  EditorTest t;
+  for (std::int32_t id : {editor::text::EditorMarkerFile1, editor::text::EditorMarkerFile2})
+    EXPECT_EQ(t.program.GetText(id).find("tomb4"), std::string::npos);
+}
+
+struct RestoreCase {
+  const char* name;
+  bool level_in_data;
+  bool game_in_editor;
+  bool game_in_backup;
+  bool game_in_home;
+  const char* expected;  // the game's bytes in the editor folder afterwards, null for none
+};
+
+TEST(RestoreGameExeTest, BringsTheGameBackFromTheBackupFirst) {
+  const RestoreCase cases[] = {
+      {"game there stays", true, true, true, true, "editor"},
+      {"from the backup", true, false, true, true, "backup"},
+      {"from the program's folder", true, false, false, true, "home"},
+      {"nowhere to take it from", true, false, false, false, nullptr},
+      {"not an installed editor", false, false, true, true, nullptr},
+  };
+  for (const RestoreCase& c : cases) {
+    SCOPED_TRACE(c.name);
+    EditorTest t({.with_game = false, .with_title_level = c.level_in_data});
+    if (c.game_in_editor) WriteBytes(t.editor / "tomb4.exe", "editor");
+    if (c.game_in_backup) WriteBytes(t.Path("home/backup_trle/TOMB4.EXE"), "backup");
+    if (c.game_in_home) WriteBytes(t.Path("home/tomb4.exe"), "home");
+    RestoreGameExe(t.program);
+    if (c.expected)
+      EXPECT_EQ(ReadFile(t.editor / "tomb4.exe"), c.expected);
+    else
+      EXPECT_FALSE(fs::exists(t.editor / "tomb4.exe"));
+  }
+}
+
+TEST(RestoreGameExeTest, MissingEditorFolderIsLeftAlone) {
+  EditorTest t;
+  t.program.prefs.EditorFolder = t.Path("nowhere").string();
+  WriteBytes(t.Path("home/tomb4.exe"), "home");
+  RestoreGameExe(t.program);
+  EXPECT_FALSE(fs::exists(t.Path("nowhere")));
+}
+
+TEST(FindEditorFolderTest, AValidKnownFolderShowsNoDialog) {
+  EditorTest t;
+  EXPECT_TRUE(FindEditorFolder(t.program));
+  EXPECT_TRUE(t.ui.Questions().empty());
+}
+
+TEST(FindEditorFolderTest, BrowsingToTheFolderAndAcceptingSetsIt) {
+  EditorTest t;
+  t.program.prefs.EditorFolder.clear();
+  t.ui.OnForm("Dialog_TrovaTrle", [&](Form& f) {
+    auto& d = static_cast<Dialog_TrovaTrle&>(f);
+    EXPECT_EQ(d.Label_Path.Caption(), "");
+    d.Pul_Sfoglia.Click();
+    EXPECT_EQ(d.Label_Path.Caption(), t.editor.path().string());
+    d.Pul_Ok.Click();
+  });
+  t.ui.Folder(t.editor.path().string());
+  EXPECT_TRUE(FindEditorFolder(t.program));
+  EXPECT_EQ(t.program.prefs.EditorFolder, t.editor.path().string());
+}
+
+TEST(FindEditorFolderTest, AWrongFolderKeepsTheDialogUpUntilTheUserGivesUp) {
+  EditorTest t;
+  t.program.prefs.EditorFolder = t.Path("old").string();
+  t.ui.OnForm("Dialog_TrovaTrle", [&](Form& f) {
+    auto& d = static_cast<Dialog_TrovaTrle&>(f);
+    d.Pul_Sfoglia.Click();  // a folder that isn't the editor's is not taken
+    EXPECT_EQ(d.Label_Path.Caption(), "");
+    d.Label_Path.SetCaption(t.Path("home").string());
+    d.Pul_Ok.Click();
+    EXPECT_TRUE(d.IsLoaded());
+    d.Pul_Cancel.Click();
+    EXPECT_FALSE(d.IsLoaded());
+  });
+  t.ui.Folder(t.Path("home").string());
+  t.ui.Answer(msg::kOk, "tom2pc.exe is missing");
+  t.ui.Answer(msg::kOk, "tom2pc.exe is missing");
+  t.ui.Answer(msg::kOk, "Without the Tomb Raider Level Editor");
+  EXPECT_FALSE(FindEditorFolder(t.program));
+  EXPECT_EQ(t.program.prefs.EditorFolder, t.Path("old").string());
+}
+
+TEST(FindEditorFolderTest, TheRegistryProposesTheFolderOfItsPrefix) {
+  EditorTest t;
+  ScopedWinePrefix prefix(t.Path("wine"));
+  BuildEditorFolder(t.Path("wine/drive_c/program files/core design/trle"));
+  t.program.prefs.EditorFolder.clear();
+  t.platform.registry[{editor::kRoomEditorAppPathKey, ""}] =
+      "C:\\Program Files\\Core Design\\TRLE\\WinRoomEdit.exe";
+  std::string proposed;
+  t.ui.OnForm("Dialog_TrovaTrle", [&](Form& f) {
+    auto& d = static_cast<Dialog_TrovaTrle&>(f);
+    proposed = d.Label_Path.Caption();
+    d.Pul_Ok.Click();
+  });
+  EXPECT_TRUE(FindEditorFolder(t.program));
+  EXPECT_EQ(proposed, t.Path("wine/drive_c/program files/core design/trle").string());
+  EXPECT_EQ(t.program.prefs.EditorFolder, proposed);
+}
+
+TEST(DialogTrovaTrleTest, CantBeClosedByItsBoxAndOffersNoInstallYet) {
+  EditorTest t;
+  Dialog_TrovaTrle d(t.program);
+  d.Load();
+  EXPECT_FALSE(d.QueryUnload());
+  EXPECT_EQ(d.Caption(), " Where is Tomb Raider Level Editor folder ?");
+  EXPECT_EQ(d.Pul_Cancel.Caption(), "I've not it");
+  EXPECT_FALSE(d.Pul_InstallCompresso.Enabled());
+  EXPECT_FALSE(d.Pul_InstallTrleCD.Enabled());
+  d.Pul_InstallTrleCD.Click();  // disabled: nothing is asked
+  EXPECT_TRUE(t.ui.Questions().empty());
+}
+
+TEST(DialogTipoExeTest, TellsWhereTheSetupCopiedItsFiles) {
+  EditorTest t;
+  Dialog_TipoExe d(t.program);
+  d.ImpostaValori();
+  d.Load();
+  d.Pul_Trle.Click();
+  EXPECT_TRUE(d.ExitValue);
+  EXPECT_EQ(d.Folder, t.editor.path().string());
+  EXPECT_EQ(d.Mask, t.program.GetText(editor::text::SetupDestinationTrle));
+
+  d.ImpostaValori();
+  EXPECT_FALSE(d.ExitValue);
+  EXPECT_EQ(d.Mask, "");
+  d.Load();
+  t.ui.Folder("").Answer(msg::kOk, "No folder was chosen");
+  d.Pul_Sfoglia.Click();
+  EXPECT_TRUE(d.IsLoaded());
+  EXPECT_FALSE(d.ExitValue);
+  t.ui.Folder(t.Path("elsewhere").string());
+  d.Pul_Sfoglia.Click();
+  EXPECT_FALSE(d.IsLoaded());
+  EXPECT_TRUE(d.ExitValue);
+  EXPECT_EQ(d.Folder, t.Path("elsewhere").string());
+  EXPECT_EQ(d.Mask, t.program.GetText(editor::text::SetupDestinationOther));
+
+  d.Load();
+  EXPECT_TRUE(d.QueryUnload());
+  EXPECT_FALSE(d.ExitValue);
+}
+
+}  // namespace
+}  // namespace vardolin::testing

@@ -1,0 +1,48 @@
+#pragma once
+// A stand-in Tomb Raider Level Editor folder: the folder layout and file names of a real
+// install (the ones the program's texts name), each file a few bytes that tell its name. For
+// start-up tests, the editor and backup tests, and the demo home.
+
+#include <filesystem>
+#include <string>
+#include <vector>
+
+#include "temp_dir.h"
+
+namespace vardolin::testing {
+
+struct EditorFolderOptions {
+  // tomb4.exe in the folder (a level's installer may have taken it away).
+  bool with_game = true;
+  // data\title.tr4, the title level; with no *.tr4 in data the folder isn't an installed editor.
+  bool with_title_level = true;
+  // tom2pc.exe and winroomedit.exe: the two files that make a folder the editor's.
+  bool with_compiler = true;
+  bool with_room_editor = true;
+};
+
+// Relative paths ('/'-separated) of every file a full stand-in folder holds.
+const std::vector<std::string>& EditorFolderFiles();
+// Relative paths of the sub-folders it holds (some of them empty, as in a fresh install).
+const std::vector<std::string>& EditorFolderSubfolders();
+// The bytes the stand-in file of that relative path holds.
+std::string EditorFileContent(const std::string& relative);
+
+// Builds the folder (and its parents) at `folder`; false when something couldn't be written.
+bool BuildEditorFolder(const std::filesystem::path& folder,
+                       const EditorFolderOptions& options = {});
+
+// A stand-in editor folder in a temporary folder of its own, removed afterwards.
+class EditorFolderFixture {
+ public:
+  explicit EditorFolderFixture(const EditorFolderOptions& options = {});
+  // The editor folder: <temp>/trle.
+  const std::filesystem::path& path() const { return folder_; }
+  std::filesystem::path operator/(std::string_view rel) const { return folder_ / rel; }
+
+ private:
+  TempDir dir_;
+  std::filesystem::path folder_;
+};
+
+}  // namespace vardolin::testing
