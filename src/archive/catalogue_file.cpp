@@ -8,10 +8,12 @@
 #include "archive/catalogue_ops.h"
 #include "archive/catalogue_sizes.h"
 #include "archive/choose_setup_folder.h"
+#include "archive/level_browser.h"
 #include "archive/level_folder_name.h"
 #include "archive/text_ids.h"
 #include "foundation/program.h"
 #include "foundation/services/atomic_file.h"
+#include "play/active_level.h"
 
 namespace vardolin {
 namespace fs = std::filesystem;
@@ -90,6 +92,8 @@ bool LoadCatalogueFile(Program& program, const fs::path& path) {
   }
   RefreshPendingUserSizes(program);
   UpdateMainTitle(program);
+  RefreshLevelList(program);
+  SelectLevelByCode(program, GetActiveLevelCode(program));
   return true;
 }
 

@@ -1,18 +1,19 @@
 #include "archive/principale.h"
 
-#include "foundation/ports/ui.h"
-#include "foundation/settings/dialog_settings.h"
-
 #include <set>
 #include <string>
 
 #include "archive/catalogue_file.h"
 #include "archive/dialog_pref_arc.h"
-#include "archive/whole_store_conversion.h"
+#include "archive/level_browser.h"
+#include "archive/remove_level.h"
 #include "archive/text_ids.h"
+#include "archive/whole_store_conversion.h"
 #include "foundation/dialogs/shared_dialogs.h"
+#include "foundation/platform/virtual_keys.h"
 #include "foundation/ports/ui.h"
 #include "foundation/program.h"
+#include "foundation/settings/dialog_settings.h"
 #include "foundation/startup/startup.h"
 #include "foundation/text_ids.h"
 
@@ -59,18 +60,27 @@ Principale::Principale(Program& program) : Form(program, "Principale", "Vardolin
   mnu_SaveGameHid2.SetVisible(false);
   Timer_Joystick.SetInterval(kJoystickTickMs);
   Timer_Joystick.SetEnabled(false);
-  // The level chooser and its panels come alive with the catalogue's browser.
-  for (Control* c : std::initializer_list<Control*>{
-           &Frame_Livelli, &Combo_Livelli, &Text_Search, &Pul_Search, &Pul_Prima, &Pul_Dopo,
-           &Pul_Play, &Pul_MoreInfo, &Pul_ScreenShots, &Pul_SaveGames, &Label_InfoLevel,
-           &Label_InfoDir, &Frame_SaveGames, &Frame_ScreenShots})
-    c->SetEnabled(false);
+  WireLevelBrowser();
   DisableMissingWork();
   program.main = {this, &Label_Info, &ProgressBar1, &Timer1};
 }
 
 Principale::~Principale() {
   if (program().main.form == this) program().main = {};
+}
+
+void Principale::WireLevelBrowser() {
+  Pul_Search.SetHandler([this] { SearchLevel(*this, SearchWay::FromTop); });
+  Pul_Dopo.SetHandler([this] { SearchLevel(*this, SearchWay::Down); });
+  Pul_Prima.SetHandler([this] { SearchLevel(*this, SearchWay::Up); });
+  Pul_MoreInfo.SetHandler([this] { ShowMoreInfo(*this); });
+  Pul_SaveGames.SetHandler([this] { ChoosePanel(false); });
+  Pul_ScreenShots.SetHandler([this] { ChoosePanel(true); });
+  mnu_ShowSavegames.SetHandler([this] { ChoosePanel(false); });
+  mnu_ShowScreenShot.SetHandler([this] { ChoosePanel(true); });
+  mnu_RemoveLevel.SetHandler([this] { RemoveChosenLevel(*this); });
+  // Playing comes with activation; until then the button stays grey.
+  Pul_Play.SetEnabled(false);
 }
 
 void Principale::DisableMissingWork() {
@@ -109,6 +119,7 @@ void Principale::Form_Load() {
   InstallCatalogueHooks(program());
   StartUp(program(), PrefsLoad);
   HideSplash(program());
+  RefreshLevelList(*this);
 }
 
 void Principale::Form_Unload() {
@@ -128,6 +139,19 @@ void Principale::mnu_PrefArchive_Click() {
   dialog.ImpostaValori(p.catalogue.header);
   p.ui().ShowModal(dialog);
   if (dialog.ConvertStore) ConvertWholeStore(p, dialog.SavedHeader(), &Label_Info, &ProgressBar1);
+}
+
+void Principale::ChoosePanel(bool screenshots) {
+  program().prefs.ShowScreenshotPanel = screenshots;
+  ShowChosenPanel();
+}
+
+void Principale::Combo_Livelli_Click() {
+  AggiornaDatiLivello(*this);
+}
+
+void Principale::Form_KeyDown(int key_code, int /*shift*/) {
+  if (key_code == vk::kF12) StartCheckVardo(program());
 }
 
 void Principale::Mnu_Exit_Click() {

@@ -132,7 +132,7 @@ class Principale : public Form {
 
   // The level chooser.
   Frame Frame_Livelli{*this, "Frame_Livelli", "  Choose a custom level  "};
-  ComboBox Combo_Livelli{*this, "Combo_Livelli", true};
+  ComboBox Combo_Livelli{*this, "Combo_Livelli", true, [this] { Combo_Livelli_Click(); }};
   TextBox Text_Search{*this, "Text_Search"};
   Button Pul_Search{*this, "Pul_Search", "Find", {}};
   Button Pul_Prima{*this, "Pul_Prima", "Previous", {}};
@@ -158,8 +158,12 @@ class Principale : public Form {
   void Set_Caption_Texts() override;
   void Form_Load() override;
   void Form_Unload() override;
+  void Form_KeyDown(int key_code, int shift) override;
   void Mnu_Exit_Click();
   void mnu_PrefArchive_Click();
+  void Combo_Livelli_Click();
+  void ChoosePanel(bool screenshots);
+  void WireLevelBrowser();
   void DisableMissingWork();
 };
 

@@ -164,6 +164,37 @@ inline constexpr std::int32_t CaptionPulSaveGames = 5207;
 inline constexpr std::int32_t CaptionFrameSaveGames = 5208;
 inline constexpr std::int32_t CaptionFrameScreenShots = 5209;
 
+// The level browser of the main window, its more-info file and the removal of a level.
+inline constexpr std::int32_t LevelCodeNotFound = 1834;        // the code follows
+inline constexpr std::int32_t CurrentSavegamesFolder = 1835;   // fragment, same as 1546
+inline constexpr std::int32_t CurrentSavegamesPattern = 1836;  // fragment
+inline constexpr std::int32_t InfoDirCdNote = 1837;            // the CD number follows
+inline constexpr std::int32_t InfoDirSummary = 1838;        // ~1 folder and CD note, ~2 shot count
+inline constexpr std::int32_t ArchivedSavegameMark = 2416;  // fragment of a file name
+inline constexpr std::int32_t RemoveNoSelection = 1949;
+inline constexpr std::int32_t RemoveBaseLevel = 1950;           // ~1 CR LF
+inline constexpr std::int32_t RemoveLevelQuestion = 1951;       // name and " ?" follow
+inline constexpr std::int32_t RemoveLevelFilesQuestion = 1952;  // name, (folder) follow
+inline constexpr std::int32_t RemoveLevelFilesWait = 1953;
+inline constexpr std::int32_t RemoveLevelFilesFailed = 1954;  // the folder follows
+inline constexpr std::int32_t RemoveLevelDone = 1955;
+inline constexpr std::int32_t RemoveActiveLevelRefused = 5210;  // ~1 the level's name
+inline constexpr std::int32_t MoreInfoCodeNotFound = 1972;      // the code follows
+inline constexpr std::int32_t MoreInfoNone = 1973;              // ~1 CR LF
+inline constexpr std::int32_t MoreInfoFolder = 1974;            // fragment, hard disk
+inline constexpr std::int32_t MoreInfoFolderCd = 1975;          // fragment, CD allowed
+inline constexpr std::int32_t MoreInfoCdRefused = 1976;
+inline constexpr std::int32_t MoreInfoMissing = 1977;     // ~1 the path
+inline constexpr std::int32_t MoreInfoCopyFolder = 1978;  // fragment, same as 1974
+inline constexpr std::int32_t MoreInfoCopyFailed = 1979;  // ~1 the found path; folder, "]" follow
+inline constexpr std::int32_t SearchNotFound = 1993;
+inline constexpr std::int32_t InfoPagePatternPage = 1615;  // fragment: "*" goes before
+inline constexpr std::int32_t InfoPagePatternJpg = 1616;   // fragment
+inline constexpr std::int32_t InfoPagePatternGif = 1617;   // fragment
+inline constexpr std::int32_t InfoPagePatternPng = 1618;   // fragment
+inline constexpr std::int32_t InfoPageExtension4 = 1619;   // fragment, last four chars
+inline constexpr std::int32_t InfoPageExtension5 = 1620;   // fragment, last five chars
+
 // Level store: the level's sub-folders, preparing its files for the game, deleting its tree.
 inline constexpr std::int32_t PlayFolder = 1125;                 // fragment, same as 1546 and 1632
 inline constexpr std::int32_t LevelSubfolderFiles = 1549;        // fragment, same as 1631

@@ -1,0 +1,77 @@
+#include "archive/remove_level.h"
+
+#include <string>
+
+#include "archive/archive_ask.h"
+#include "archive/catalogue_file.h"
+#include "archive/catalogue_ops.h"
+#include "archive/level_browser.h"
+#include "archive/level_store.h"
+#include "archive/principale.h"
+#include "archive/text_ids.h"
+#include "foundation/dialogs/shared_dialogs.h"
+#include "foundation/program.h"
+#include "foundation/services/files.h"
+#include "foundation/services/strings.h"
+#include "play/active_level.h"
+
+namespace vardolin {
+
+void RemoveChosenLevel(Principale& main) {
+  Program& program = main.program();
+  Catalogue& catalogue = program.catalogue;
+  const int row = main.Combo_Livelli.ListIndex();
+  if (row < 0) {
+    ArchiveAsk(program, program.GetText(text::RemoveNoSelection), msg::kError);
+    return;
+  }
+  const auto code = static_cast<std::int32_t>(main.Combo_Livelli.ItemData(row));
+  const int index = FindLevelIndex(catalogue, code);
+  if (index < 0) {
+    ArchiveAsk(program, program.GetText(text::LevelCodeNotFound) + std::to_string(code),
+               msg::kError);
+    return;
+  }
+  if (CheckLevelNotOnCd(program, index)) return;
+  if (code == 0) {
+    ArchiveAsk(program, program.GetText(text::RemoveBaseLevel, {"\r\n"}), msg::kError);
+    return;
+  }
+  const std::string name = Trim(catalogue.levels[index].Name);
+  // Taking the level out of the editor folder belongs to activation, which this
+  // window can't ask for yet: a level standing there keeps its record, so the marker never names a
+  // level the archive has lost.
+  if (code == GetActiveLevelCode(program)) {
+    ArchiveAsk(program, program.GetText(text::RemoveActiveLevelRefused, {name}), msg::kError);
+    return;
+  }
+  if (ArchiveAsk(program, program.GetText(text::RemoveLevelQuestion) + " \"" + name + "\" ?",
+                 msg::kYesNo) != msg::kYes)
+    return;
+  const std::filesystem::path folder = GetLevelFolder(program, code, false);
+  const double files_size = catalogue.levels[index].FilesSize;
+  const double user_size = catalogue.levels[index].UserSize;
+  catalogue.levels[index] = catalogue.levels.back();
+  catalogue.levels.pop_back();
+  catalogue.header.LevelCount = static_cast<std::int32_t>(catalogue.levels.size());
+  CatalogueChanged(program);
+  RefreshLevelList(main);
+
+  if (ArchiveAsk(program,
+                 program.GetText(text::RemoveLevelFilesQuestion) + " \"" + name + "\" (" +
+                     folder.string() + ")",
+                 msg::kYesNo) != msg::kYes)
+    return;
+  ShowWaitMessage(program, program.GetText(text::RemoveLevelFilesWait));
+  if (!DeleteLevelTree(program, folder, &main.Label_Info, &main.ProgressBar1))
+    ArchiveAsk(program, program.GetText(text::RemoveLevelFilesFailed) + folder.string(),
+               msg::kError);
+  HideWaitMessage(program);
+  ArchiveAsk(program, program.GetText(text::RemoveLevelDone), msg::kInformation);
+  catalogue.header.TotalFilesSize -= files_size;
+  catalogue.header.TotalUserSize -= user_size;
+  CatalogueChanged(program);
+  RefreshLevelList(main);
+}
+
+}  // namespace vardolin

@@ -1,0 +1,60 @@
+#pragma once
+// The main window over a small catalogue whose levels live in a real archive folder, with an
+// editor folder beside it, for the tests of the level browser.
+
+#include <filesystem>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "archive/level_browser.h"
+#include "archive/level_store.h"
+#include "archive/principale.h"
+#include "archive_fixture.h"
+#include "foundation/services/paths.h"
+
+namespace vardolin::testing {
+
+struct BrowserFixture : ArchiveFixture {
+  std::filesystem::path archive = Path("archive");
+  std::filesystem::path editor = Path("trle");
+  std::unique_ptr<Principale> main;
+
+  // Levels by name; their codes are 0, 1, 2 ... in this order and each gets its folder.
+  explicit BrowserFixture(const std::vector<std::string>& names) {
+    std::filesystem::create_directories(editor);
+    program.prefs.EditorFolder = editor.string();
+    program.prefs.AutoSave = false;
+    Catalogue& c = program.catalogue;
+    c.header.MainDir = c.header.SecondaryDir = archive.string();
+    for (std::size_t i = 0; i < names.size(); ++i) {
+      LevelRecord r = SampleLevel(static_cast<std::int32_t>(i));
+      r.Name = names[i];
+      c.levels.push_back(r);
+      std::filesystem::create_directories(Folder(r.Code) / "files");
+    }
+    c.header.LevelCount = static_cast<std::int32_t>(names.size());
+    main = std::make_unique<Principale>(program);
+  }
+
+  std::filesystem::path Folder(std::int32_t code) { return GetLevelFolder(program, code, false); }
+  // Writes the editor folder's marker naming `code`, as activation writes it.
+  void MarkActive(std::int32_t code) {
+    char number[8];
+    std::snprintf(number, sizeof number, "%04d", code);
+    WriteBytes(editor / "vardolin_active_level.txt",
+               "Written by Vardolin\r\n\r\n\r\n \r\nLevel code:" + std::string(number) +
+                   "#\r\nLevel name:x#\r\nReplaced:#\r\nFiles:#\r\n");
+  }
+  std::vector<std::string> Entries() const {
+    std::vector<std::string> out;
+    for (const ListItem& item : main->Combo_Livelli.Items()) out.push_back(item.text);
+    return out;
+  }
+  std::string Selected() const { return main->Combo_Livelli.SelectedText(); }
+  void Choose(const std::string& text) {
+    main->Combo_Livelli.SetListIndex(main->Combo_Livelli.FindText(text));
+  }
+};
+
+}  // namespace vardolin::testing

@@ -1,0 +1,246 @@
+#include <gtest/gtest.h>
+
+#include "archive/level_browser.h"
+#include "browser_fixture.h"
+#include "foundation/platform/virtual_keys.h"
+#include "play/active_level.h"
+
+namespace vardolin {
+namespace {
+
+using testing::BrowserFixture;
+using testing::WriteBytes;
+namespace fs = std::filesystem;
+
+const std::vector<std::string> kNames = {"Base level", "Alpha Ruins", "beta Temple", "Gamma RUINS",
+                                         "Zeta"};
+
+TEST(LevelList, IsSortedCarriesCodesAndMarksTheActiveLevel) {
+  BrowserFixture f(kNames);
+  f.MarkActive(2);
+  RefreshLevelList(*f.main);
+  EXPECT_EQ(f.Entries(), (std::vector<std::string>{"Alpha Ruins", "Base level", "beta Temple (*)",
+                                                   "Gamma RUINS", "Zeta"}));
+  EXPECT_EQ(f.main->Combo_Livelli.ItemData(2), 2);
+  EXPECT_EQ(f.main->Combo_Livelli.ListIndex(), 0) << "nothing chosen before: the first";
+}
+
+TEST(LevelList, WithoutAMarkerTheBaseLevelIsTheActiveOne) {
+  BrowserFixture f(kNames);
+  EXPECT_EQ(GetActiveLevelCode(f.program), 0);
+  RefreshLevelList(*f.main);
+  EXPECT_EQ(f.main->Combo_Livelli.List(1), "Base level (*)");
+}
+
+TEST(LevelList, MarkersThatNameNoCodeCountAsTheBaseLevel) {
+  struct Case {
+    std::string marker;
+    std::int32_t code;
+  };
+  const Case cases[] = {
+      {"", 0},
+      {"notice\r\nLevel name:x#\r\n", 0},
+      {"LEVEL CODE:  0042 #", 42},
+      {"Level code:#", 0},
+      {"Level code:abc#", 0},
+  };
+  BrowserFixture f(kNames);
+  for (const Case& c : cases) {
+    SCOPED_TRACE(c.marker);
+    WriteBytes(f.editor / "vardolin_active_level.txt", c.marker);
+    EXPECT_EQ(GetActiveLevelCode(f.program), c.code);
+  }
+}
+
+TEST(LevelList, RefreshKeepsTheChosenLevelAndItsMarkThroughARename) {
+  BrowserFixture f(kNames);
+  f.MarkActive(3);
+  RefreshLevelList(*f.main);
+  f.Choose("Gamma RUINS (*)");
+  f.program.catalogue.levels[3].Name = "Aardvark Caves  ";
+  RefreshLevelList(*f.main);
+  EXPECT_EQ(f.Selected(), "Aardvark Caves (*)");
+  EXPECT_EQ(f.main->Label_InfoLevel.Caption(), "note of 3");
+
+  // The chosen level gone from the table: the first entry is chosen.
+  f.program.catalogue.levels.erase(f.program.catalogue.levels.begin() + 3);
+  RefreshLevelList(*f.main);
+  EXPECT_EQ(f.main->Combo_Livelli.ListIndex(), 0);
+  EXPECT_EQ(f.Selected(), "Alpha Ruins");
+}
+
+TEST(LevelSearch, FindNextAndPreviousFollowTheTextOrTheList) {
+  struct Case {
+    int start;
+    std::string text;
+    SearchWay way;
+    int expected;
+    bool told;
+  };
+  // Rows: 0 Alpha Ruins, 1 Base level (*), 2 beta Temple, 3 Gamma RUINS, 4 Zeta.
+  const Case cases[] = {
+      {3, "", SearchWay::FromTop, 0, false},      {3, "  ", SearchWay::FromTop, 0, false},
+      {4, "", SearchWay::Down, 4, false},         {1, "", SearchWay::Down, 2, false},
+      {0, "", SearchWay::Up, 0, false},           {2, "", SearchWay::Up, 1, false},
+      {4, "ruins", SearchWay::FromTop, 0, false}, {4, " TEMPLE ", SearchWay::FromTop, 2, false},
+      {0, "ruins", SearchWay::Down, 3, false},    {3, "ruins", SearchWay::Down, 3, false},
+      {4, "ruins", SearchWay::Up, 3, false},      {3, "RuInS", SearchWay::Up, 0, false},
+      {0, "ruins", SearchWay::Up, 0, false},      {2, "nothing", SearchWay::FromTop, 2, true},
+      {2, "nothing", SearchWay::Down, 2, false},  {2, "(*)", SearchWay::Up, 1, false},
+  };
+  for (const Case& c : cases) {
+    SCOPED_TRACE(std::to_string(c.start) + " '" + c.text + "' " +
+                 std::to_string(static_cast<int>(c.way)));
+    BrowserFixture f(kNames);
+    RefreshLevelList(*f.main);
+    f.main->Combo_Livelli.SetListIndex(c.start);
+    f.main->Text_Search.SetText(c.text);
+    if (c.told) f.ui.Answer(msg::kOk, "No level name holds");
+    Button& button = c.way == SearchWay::FromTop ? f.main->Pul_Search
+                     : c.way == SearchWay::Down  ? f.main->Pul_Dopo
+                                                 : f.main->Pul_Prima;
+    button.Click();
+    EXPECT_EQ(f.main->Combo_Livelli.ListIndex(), c.expected);
+    EXPECT_TRUE(f.ui.Done());
+  }
+}
+
+TEST(LevelSummary, CountsShotsAndSavegamesFromTheDisk) {
+  struct Case {
+    std::int32_t code;
+    std::int32_t cd;
+    bool active;
+    std::string expected_tail;
+  };
+  const Case cases[] = {
+      {1, 0, false, "  -       Screenshots: 3     Savegames (archived + current): 2 + 2"},
+      {1, 2, false,
+       "  -  on CD number 2     Screenshots: 3     Savegames (archived + current): 2 + 2"},
+      {1, 0, true, "  -       Screenshots: 3     Savegames (archived + current): 2 + 1"},
+      {2, 0, false, "  -       Screenshots: 0     Savegames (archived + current): 0 + 0"},
+  };
+  for (const Case& c : cases) {
+    SCOPED_TRACE(c.expected_tail);
+    BrowserFixture f(kNames);
+    const fs::path level = f.Folder(1);
+    for (const char* shot : {"a.jpg", "b.JPG", "c.bmp", "notes.txt"})
+      WriteBytes(level / "screenshots" / shot, "x");
+    // Archived savegames lie in sets below the archive root, beside their note files.
+    WriteBytes(level / "savegames" / "set1" / "savegame.3", "x");
+    WriteBytes(level / "savegames" / "set2" / "savegame.7", "x");
+    WriteBytes(level / "savegames" / "set2" / "note_7.txt", "x");
+    WriteBytes(level / "play" / "savegame.0", "x");
+    WriteBytes(level / "play" / "SAVEGAME.1", "x");
+    WriteBytes(f.editor / "savegame.4", "x");
+    f.program.catalogue.levels[c.code].CdNumber = c.cd;
+    if (c.active) f.MarkActive(c.code);
+    RefreshLevelList(*f.main);
+    f.main->Combo_Livelli.SetListIndex(f.main->Combo_Livelli.FindData(c.code));
+    EXPECT_EQ(f.main->Label_InfoDir.Caption(),
+              "Folder: \"" + f.Folder(c.code).string() + "\"" + c.expected_tail);
+    EXPECT_EQ(f.main->Label_InfoLevel.Caption(), "note of " + std::to_string(c.code));
+  }
+}
+
+TEST(LevelSummary, ALevelCodeMissingFromTheTableIsAnError) {
+  BrowserFixture f(kNames);
+  f.main->Combo_Livelli.AddItem("Ghost", 77);
+  f.ui.Answer(msg::kOk, "Level code not found in the archive: 77");
+  f.main->Combo_Livelli.SetListIndex(f.main->Combo_Livelli.FindData(77));
+  EXPECT_TRUE(f.ui.Done());
+}
+
+TEST(MoreInfo, OpensTheFileAndCopiesItFromTheCdOnce) {
+  BrowserFixture f(kNames);
+  RefreshLevelList(*f.main);
+  LevelRecord& cd_level = f.program.catalogue.levels[3];
+  cd_level.CdNumber = 1;
+  cd_level.MoreInfoFile = "Readme.HTM";
+  // A CD in a drive keeps its levels one folder deep.
+  const fs::path cd = f.Path("cdrom");
+  WriteBytes(cd / "VARDO" / "LEVEL_0003" / "info" / "readme.htm", "<html>");
+  WriteBytes(cd / "VARDO" / "LEVEL_0003" / "info" / "map.jpg", "jpg");
+  WriteBytes(cd / "VARDO" / "LEVEL_0003" / "info" / "other.txt", "txt");
+  DriveInfo drive;
+  drive.letter = cd.string();
+  drive.type = kDriveCdRom;
+  drive.ready = true;
+  f.platform.drives.push_back(drive);
+
+  f.Choose("Gamma RUINS");
+  f.main->Pul_MoreInfo.Click();
+  ASSERT_EQ(f.platform.calls.size(), 1u);
+  EXPECT_EQ(f.platform.calls[0],
+            "open " + (cd / "VARDO" / "LEVEL_0003" / "info" / "readme.htm").string());
+  // The page took its picture along, and nothing else.
+  const fs::path copied = f.Folder(3) / "info";
+  EXPECT_TRUE(fs::exists(copied / "readme.htm"));
+  EXPECT_TRUE(fs::exists(copied / "map.jpg"));
+  EXPECT_FALSE(fs::exists(copied / "other.txt"));
+
+  // The next time the copy on hard disk is opened, even with the CD gone.
+  f.platform.drives.pop_back();
+  f.main->Pul_MoreInfo.Click();
+  EXPECT_EQ(f.platform.calls.back(), "open " + (copied / "readme.htm").string());
+}
+
+TEST(MoreInfo, TellsWhyNothingOpens) {
+  struct Case {
+    std::string file;
+    std::int32_t cd;
+    std::string told;
+  };
+  const Case cases[] = {
+      {"  ", 0, "has no file with more information.\r\nIts author"},
+      {"readme.txt", 0, "was not found:\r\n"},
+      {"readme.txt", 1, "The CD of the level is not in a drive"},
+  };
+  for (const Case& c : cases) {
+    SCOPED_TRACE(c.told);
+    BrowserFixture f(kNames);
+    RefreshLevelList(*f.main);
+    f.program.catalogue.levels[4].MoreInfoFile = c.file;
+    f.program.catalogue.levels[4].CdNumber = c.cd;
+    f.Choose("Zeta");
+    f.ui.Answer(msg::kOk, c.told);
+    f.main->Pul_MoreInfo.Click();
+    EXPECT_TRUE(f.platform.calls.empty());
+    EXPECT_TRUE(f.ui.Done());
+  }
+}
+
+TEST(MainWindowKeys, F12StartsTheCheckHelperOnlyWhenItIsThere) {
+  BrowserFixture f(kNames);
+  f.main->KeyDown(vk::kF12, 0);
+  EXPECT_TRUE(f.platform.calls.empty());
+  WriteBytes(f.program.Home() / "CheckVardo.exe", "MZ");
+  f.main->KeyDown(vk::kF1 + 10, 0);
+  EXPECT_TRUE(f.platform.calls.empty());
+  f.main->KeyDown(vk::kF12, 0);
+  EXPECT_EQ(f.platform.calls,
+            (std::vector<std::string>{"open " + (f.program.Home() / "CheckVardo.exe").string()}));
+}
+
+TEST(MainWindowPanels, ButtonsAndMenusChooseThePanelAndTheSetting) {
+  BrowserFixture f(kNames);
+  struct Step {
+    Control* trigger;
+    bool screenshots;
+  };
+  const Step steps[] = {{&f.main->Pul_SaveGames, false},
+                        {&f.main->mnu_ShowScreenShot, true},
+                        {&f.main->mnu_ShowSavegames, false},
+                        {&f.main->Pul_ScreenShots, true}};
+  for (const Step& s : steps) {
+    if (auto* b = dynamic_cast<Button*>(s.trigger)) b->Click();
+    if (auto* m = dynamic_cast<Menu*>(s.trigger)) m->Click();
+    EXPECT_EQ(f.program.prefs.ShowScreenshotPanel, s.screenshots);
+    EXPECT_EQ(f.main->Frame_ScreenShots.Visible(), s.screenshots);
+    EXPECT_EQ(f.main->Frame_SaveGames.Visible(), !s.screenshots);
+  }
+  EXPECT_FALSE(f.main->Pul_Play.Enabled()) << "playing comes with activation";
+  EXPECT_TRUE(f.main->mnu_RemoveLevel.Enabled());
+}
+
+}  // namespace
+}  // namespace vardolin
