@@ -116,6 +116,8 @@ void Principale::Form_Load() {
   ApplyFormCharset(program(), *this);
   ShowSplash(program());
   Set_Caption_Texts();
+  // Start-up may stop before it chooses the panel; the window never shows both.
+  ShowChosenPanel();
   InstallCatalogueHooks(program());
   StartUp(program(), PrefsLoad);
   HideSplash(program());
