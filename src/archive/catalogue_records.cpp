@@ -100,6 +100,8 @@ CatalogueParse ParseCatalogue(std::string_view bytes, Catalogue& out, int cp) {
 
 std::string SerializeCatalogue(const Catalogue& c, int cp) {
   ByteWriter out;
+  // One allocation for the whole image: large catalogues otherwise pay for repeated growth.
+  out.Reserve(CatalogueHeader::kSize + LevelRecord::kSize * c.levels.size());
   WriteCatalogueHeader(out, c.header, static_cast<std::int32_t>(c.levels.size()), cp);
   for (const LevelRecord& r : c.levels) WriteLevelRecord(out, r, cp);
   return out.Take();

@@ -54,6 +54,7 @@ class ByteWriter {
   void FixedString(std::string_view text, size_t width, int codepage = 1252);
   void Raw(std::string_view bytes) { out_.append(bytes); }
   void Zeros(size_t width) { out_.append(width, '\0'); }
+  void Reserve(size_t bytes) { out_.reserve(bytes); }
 
   const std::string& Bytes() const { return out_; }
   std::string Take() { return std::move(out_); }
