@@ -8,6 +8,7 @@
 #include "foundation/dialogs/progress.h"
 #include "foundation/forms/form.h"
 #include "foundation/ports/ui.h"
+#include "foundation/forms/open_forms.h"
 #include "foundation/program.h"
 #include "foundation/services/codepage.h"
 #include "foundation/services/strings.h"
@@ -85,6 +86,7 @@ bool LoadLanguage(Program& program) {
   std::string setting = Trim(program.prefs.Language);
   std::vector<fs::path> files = ListLanguageFiles(program.Home());
   if (files.empty()) {
+    program.open_forms.Close("Dialog_Splash");
     program.ui().AskUser(
         "UNRECOVERABLE ERROR: missing files .trc with texts of Vardolin in installation folder: " +
             program.Home().string() + "\r\n" + VisitSiteAdvice(),
@@ -96,6 +98,7 @@ bool LoadLanguage(Program& program) {
   for (const fs::path& f : files)
     if (EqualsNoCase(f.stem().string(), kEnglish)) english = f;
   if (!ReadTextFile(program, english, texts.EnglishTexts)) {
+    program.open_forms.Close("Dialog_Splash");
     program.ui().AskUser(
         "WARNING: missing 'english.trc' file in application folder. It's better let english "
         "language file in application folder also if you use another language for Vardolin. "
@@ -119,6 +122,7 @@ bool LoadLanguage(Program& program) {
   if (EqualsNoCase(program.prefs.Language, kEnglish)) {
     texts.CurrentTexts = texts.EnglishTexts;
   } else if (!ReadTextFile(program, chosen, texts.CurrentTexts)) {
+    program.open_forms.Close("Dialog_Splash");
     program.ui().AskUser("ERROR loading texts of Vardolin for language " + program.prefs.Language +
                              "\r\n" + VisitSiteAdvice(),
                          msg::kError, "");
