@@ -6,6 +6,7 @@
 #include "foundation/program.h"
 #include "foundation/settings/dialog_settings.h"
 #include "foundation/text_ids.h"
+#include "language_file.h"
 #include "recording_platform.h"
 #include "scripted_ui.h"
 #include "temp_dir.h"
@@ -18,11 +19,7 @@ using testing::RecordingPlatform;
 using testing::ScriptedUi;
 using testing::TempDir;
 
-std::string Trc(std::vector<std::pair<int, std::string>> entries) {
-  std::string out = std::to_string(entries.size()) + "\r\n";
-  for (auto& [id, text] : entries) out += std::to_string(id) + "\r\n\"\"\r\n\"" + text + "\"\r\n";
-  return out;
-}
+using testing::Trc;
 
 class MainWindow : public Form {
  public:

@@ -4,6 +4,7 @@
 #include "foundation/program.h"
 #include "foundation/settings/preferences.h"
 #include "foundation/texts/text_catalogue.h"
+#include "language_file.h"
 #include "recording_platform.h"
 #include "scripted_ui.h"
 #include "temp_dir.h"
@@ -15,12 +16,7 @@ using testing::RecordingPlatform;
 using testing::ScriptedUi;
 using testing::TempDir;
 
-// A language file with one entry per (id, text).
-std::string Trc(std::vector<std::pair<int, std::string>> entries) {
-  std::string out = std::to_string(entries.size()) + "\r\n";
-  for (auto& [id, text] : entries) out += std::to_string(id) + "\r\n\"\"\r\n\"" + text + "\"\r\n";
-  return out;
-}
+using testing::Trc;
 
 class MainWindow : public Form {
  public:
