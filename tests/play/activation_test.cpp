@@ -224,6 +224,40 @@ TEST_F(ActivationTest, AMissingScriptOrLanguageFileComesFromTheBackup) {
   EXPECT_EQ(ReadFile(editor / "script.dat"), testing::EditorFileContent("script.dat"));
 }
 
+TEST_F(ActivationTest, ACopyThatFailsEndsWithTheMessageAndTheNextActivationPutsThingsRight) {
+  const auto base = Snapshot(editor);
+  const auto store = Snapshot(Files(1));
+  // A folder where a file of the level should go: its copy fails as on a full disk.
+  fs::create_directories(editor / "readme_a.txt");
+  ui.Answer(msg::kOk, "could not be made ready");
+  EXPECT_FALSE(SetLevelInTrle(program, 1));
+  EXPECT_EQ(GetActiveLevelCode(program), 1);  // what was copied is on the lists
+  fs::remove(editor / "readme_a.txt");
+  ASSERT_TRUE(SetLevelInTrle(program, 2));
+  ASSERT_TRUE(ResetToBaseLevel(program));
+  EXPECT_EQ(Snapshot(editor), base);
+  EXPECT_EQ(Snapshot(Files(1)), store);
+}
+
+TEST_F(ActivationTest, AStoreFolderComesWithTheLevelAndGoesWithIt) {
+  WriteFile(Files(2) / "store" / "track.mcf", "stored media");
+  const auto store = Snapshot(Files(2));
+  ASSERT_TRUE(SetLevelInTrle(program, 2));
+  EXPECT_EQ(ReadFile(editor / "store/track.mcf"), "stored media");
+  ASSERT_TRUE(ResetToBaseLevel(program));
+  EXPECT_FALSE(fs::exists(editor / "store"));
+  EXPECT_EQ(Snapshot(Files(2)), store);
+}
+
+TEST_F(ActivationTest, ALevelWithOnlyItsScriptKeepsTheEditorsLanguageFile) {
+  WriteLevel(3, {{"script.dat", "c's script"}});
+  fs::create_directories(GetLevelFolder(program, 3, false));
+  program.catalogue.levels[3].CdNumber = 0;
+  ASSERT_TRUE(SetLevelInTrle(program, 3));
+  EXPECT_EQ(ReadFile(editor / "script.dat"), "c's script");
+  EXPECT_EQ(ReadFile(editor / "english.dat"), testing::EditorFileContent("english.dat"));
+}
+
 TEST(ActivationTargets, ByExtension) {
   const std::vector<std::pair<std::string, std::string>> cases = {
       {"x.tr4", "\\data\\"},  {"X.TR4", "\\data\\"}, {"y.pak", "\\data\\"}, {"z.wav", "\\audio\\"},
