@@ -21,6 +21,7 @@
 #include "play/active_level.h"
 #include "play/active_level_file.h"
 #include "play/text_ids.h"
+#include "web/text_ids.h"
 
 namespace vardolin {
 
@@ -154,6 +155,33 @@ bool RemoveLevelFiles(Program& program, const std::string& marker) {
   return true;
 }
 
+// A marker cut short after its head (a crash during the copy) has no lists. What the level can
+// have put into the folder is read from its own store instead: each such file is taken out and
+// the backup's copy, when there is one, goes back in its place.
+void RemoveUnlistedLevelFiles(Program& program, std::int32_t code) {
+  const fs::path editor = Editor(program);
+  const fs::path backup = Backup(program);
+  const std::string packed = ToLower(program.GetText(web::text::PackedSuffix));
+  for (const fs::path& file : ListFiles(GetLevelFilesFolder(program, code, false), "*.*")) {
+    std::string name = file.filename().string();
+    if (!packed.empty() && name.size() > packed.size() && ToLower(name).ends_with(packed))
+      name.resize(name.size() - packed.size());
+    const std::string entry = LevelFileTarget(name) + name;
+    if (!program.prefs.FullBackupDone &&
+        ToLower(entry.substr(0, 7)) == ToLower(program.GetText(text::AudioFolderPrefix)))
+      continue;
+    const SafeJoinResult target = Inside(editor, entry);
+    if (!target) continue;
+    FaultPoint("activation-remove");
+    DeleteFileForced(target.path);
+    const SafeJoinResult from = Inside(backup, entry);
+    if (from && FileExists(from.path)) {
+      FaultPoint("activation-copy");
+      if (CopyFileOver(from.path, target.path)) ClearReadOnlyFile(target.path);
+    }
+  }
+}
+
 bool WriteMarker(const fs::path& path, const std::string& bytes) {
   return AtomicWriteFile(path, bytes);
 }
@@ -230,7 +258,11 @@ std::int32_t RemoveCurrentLevel(Program& program, std::int32_t next_code) {
         {text::LevelPlayFolder3, text::LevelPlayKeep3, text::LevelPlayDelete3}};
     for (const auto& t : triples)
       MovePlayFiles(program, JoinFragment(folder, program.GetText(t[0])), t[1], t[2]);
-    if (previous != 0 && !RemoveLevelFiles(program, marker)) return 0;
+    const std::string files_key = ToLower(program.GetText(text::MarkerFilesReadKey));
+    if (previous != 0 && ToLower(marker).find(files_key) == std::string::npos)
+      RemoveUnlistedLevelFiles(program, previous);
+    else if (previous != 0 && !RemoveLevelFiles(program, marker))
+      return 0;
   }
   CleanEditorFolder(program);
   FaultPoint("activation-remove");

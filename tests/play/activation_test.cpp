@@ -138,9 +138,13 @@ TEST_F(ActivationTest, AMarkerCutAfterItsHeadIsSweptByTheNextActivation) {
       "Level 1"));
   WriteFile(editor / "readme_a.txt", "a's notes");
   WriteFile(editor / "half_copied.dat.part", "cut");
+  WriteFile(editor / "data/a.tr4", "level a");
+  WriteFile(editor / "data/title.tr4", "a's ti");  // cut in the middle of its copy
   ASSERT_TRUE(SetLevelInTrle(program, 2));
   EXPECT_FALSE(fs::exists(editor / "readme_a.txt"));
   EXPECT_FALSE(fs::exists(editor / "half_copied.dat.part"));
+  EXPECT_FALSE(fs::exists(editor / "data/a.tr4"));
+  EXPECT_EQ(ReadFile(editor / "data/title.tr4"), testing::EditorFileContent("data/title.tr4"));
   EXPECT_EQ(GetActiveLevelCode(program), 2);
   ASSERT_TRUE(ResetToBaseLevel(program));
   EXPECT_EQ(Snapshot(editor), base);
