@@ -10,6 +10,7 @@
 #include <string>
 
 #include "../archive/store_fixture.h"
+#include "archive/level_files.h"
 #include "editor_folder_fixture.h"
 #include "foundation/services/paths.h"
 #include "play/active_level.h"
@@ -260,6 +261,20 @@ TEST_F(ActivationTest, ALevelWithOnlyItsScriptKeepsTheEditorsLanguageFile) {
   ASSERT_TRUE(SetLevelInTrle(program, 3));
   EXPECT_EQ(ReadFile(editor / "script.dat"), "c's script");
   EXPECT_EQ(ReadFile(editor / "english.dat"), testing::EditorFileContent("english.dat"));
+}
+
+TEST_F(ActivationTest, APackedLevelIsExpandedOnTheWayAndItsStoreStaysPacked) {
+  testing::Pack(Files(1) / "a.tr4", Files(1) / "a.tr4.zl");
+  fs::remove(Files(1) / "a.tr4");
+  const auto store = Snapshot(Files(1));
+  const auto base = Snapshot(editor);
+  ASSERT_TRUE(SetLevelInTrle(program, 1));
+  EXPECT_EQ(ReadFile(editor / "data/a.tr4"), "level a");
+  EXPECT_FALSE(fs::exists(editor / "a.tr4.zl"));
+  EXPECT_FALSE(fs::exists(TemporaryFilesFolder(program)));
+  ASSERT_TRUE(ResetToBaseLevel(program));
+  EXPECT_EQ(Snapshot(editor), base);
+  EXPECT_EQ(Snapshot(Files(1)), store);
 }
 
 TEST(ActivationTargets, ByExtension) {
