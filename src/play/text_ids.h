@@ -10,4 +10,76 @@ namespace vardolin::text {
 inline constexpr std::int32_t ActiveLevelFileName = 1124;  // fragment, same as 1183 and 1573
 inline constexpr std::int32_t ActiveLevelCodeKey = 1192;   // same as 1133 and 1574
 
+// Activation: the marker's fields and notice.
+inline constexpr std::int32_t MarkerNotice1 = 1130;
+inline constexpr std::int32_t MarkerNotice2 = 1131;
+inline constexpr std::int32_t MarkerNotice3 = 1132;
+inline constexpr std::int32_t MarkerCodeKey = 1133;  // same as 1192 and 1574
+inline constexpr std::int32_t MarkerNameKey = 1134;
+inline constexpr std::int32_t MarkerReplacedKey = 1149;  // same as 1214
+inline constexpr std::int32_t MarkerFilesKey = 1150;     // same as 1209
+inline constexpr std::int32_t MarkerFilesReadKey = 1209;
+inline constexpr std::int32_t MarkerReplacedReadKey = 1214;
+inline constexpr std::int32_t MarkerFileNameWrite = 1183;  // fragment
+
+// Activation: folders and patterns (fragments).
+inline constexpr std::int32_t PlayFolderBaseCopy = 1125;
+inline constexpr std::int32_t PlayFolderIn = 1126;
+inline constexpr std::int32_t FilesFolder = 1127;
+inline constexpr std::int32_t LanguagePattern = 1145;
+inline constexpr std::int32_t ScriptNameLanguageStep = 1146;
+inline constexpr std::int32_t LanguageExtension = 1147;
+inline constexpr std::int32_t ScriptNameLanguageStep2 = 1148;
+inline constexpr std::int32_t PlayFolderBaseOut = 1184;
+inline constexpr std::int32_t BasePlayKeep1 = 1185;
+inline constexpr std::int32_t BasePlayDelete1 = 1186;
+inline constexpr std::int32_t BasePlayKeep2 = 1187;
+inline constexpr std::int32_t BasePlayDelete2 = 1188;
+inline constexpr std::int32_t BasePlayKeep3 = 1189;
+inline constexpr std::int32_t BasePlayDelete3 = 1190;
+inline constexpr std::int32_t PlayFolderOut = 1198;
+inline constexpr std::int32_t LevelPlayFolder1 = 1200;
+inline constexpr std::int32_t LevelPlayKeep1 = 1201;
+inline constexpr std::int32_t LevelPlayDelete1 = 1202;
+inline constexpr std::int32_t LevelPlayFolder2 = 1203;
+inline constexpr std::int32_t LevelPlayKeep2 = 1204;
+inline constexpr std::int32_t LevelPlayDelete2 = 1205;
+inline constexpr std::int32_t LevelPlayFolder3 = 1206;
+inline constexpr std::int32_t LevelPlayKeep3 = 1207;
+inline constexpr std::int32_t LevelPlayDelete3 = 1208;
+inline constexpr std::int32_t AudioFolderPrefix = 1211;
+inline constexpr std::int32_t CompleteLevelFile = 2488;
+inline constexpr std::int32_t MediaFilesFolder = 2970;
+inline constexpr std::int32_t KeptRootExtension = 2979;
+inline constexpr std::int32_t CleanedFolder1 = 2980;
+inline constexpr std::int32_t CleanedFolder2 = 2981;
+inline constexpr std::int32_t CleanedFolder3 = 2982;
+inline constexpr std::int32_t CleanedFolder4 = 3157;
+inline constexpr std::int32_t BasicFileFrom1 = 2988;
+inline constexpr std::int32_t BasicFileTo1 = 2989;
+inline constexpr std::int32_t BasicFileFrom2 = 2990;
+inline constexpr std::int32_t BasicFileTo2 = 2991;
+inline constexpr std::int32_t BasicFilesPattern = 2992;
+inline constexpr std::int32_t SavegamePattern = 2993;
+inline constexpr std::int32_t ScriptPattern = 2994;
+inline constexpr std::int32_t ScriptName = 2995;
+inline constexpr std::int32_t ScriptFromBackup = 2996;
+inline constexpr std::int32_t ScriptToEditor = 2997;
+inline constexpr std::int32_t BackupLanguagePattern = 2998;
+inline constexpr std::int32_t BackupScriptName = 2999;
+
+// Activation: messages.
+inline constexpr std::int32_t LevelCdRefused = 1128;
+inline constexpr std::int32_t MarkerNotCreated = 1129;
+inline constexpr std::int32_t LevelFilesNotReady = 1135;
+inline constexpr std::int32_t CopyingLevelCaption = 1144;
+inline constexpr std::int32_t ActiveFolderGone = 1193;
+inline constexpr std::int32_t MarkerWithoutLevel = 1197;
+inline constexpr std::int32_t PlayFilesNotSaved = 1199;
+inline constexpr std::int32_t RemovingLevelCaption = 1210;
+inline constexpr std::int32_t LevelFileNotDeleted = 1213;
+inline constexpr std::int32_t RestoringEditorCaption = 1215;
+inline constexpr std::int32_t LevelIncompleteAsk = 2489;
+inline constexpr std::int32_t RepairNotAvailable = 8310;
+
 }  // namespace vardolin::text

@@ -1,0 +1,506 @@
+#include "play/activation.h"
+
+#include <filesystem>
+#include <optional>
+#include <string>
+#include <system_error>
+
+#include "archive/archive_ask.h"
+#include "archive/editor_backup.h"
+#include "archive/level_browser.h"
+#include "archive/level_files.h"
+#include "archive/level_store.h"
+#include "foundation/dialogs/dialog_progress.h"
+#include "foundation/dialogs/shared_dialogs.h"
+#include "foundation/program.h"
+#include "foundation/services/atomic_file.h"
+#include "foundation/services/files.h"
+#include "foundation/services/paths.h"
+#include "foundation/services/safe_join.h"
+#include "foundation/services/strings.h"
+#include "play/active_level.h"
+#include "play/active_level_file.h"
+#include "play/text_ids.h"
+#include "web/text_ids.h"
+
+namespace vardolin {
+
+namespace fs = std::filesystem;
+
+namespace {
+
+constexpr const char* kLineEnd = "\r\n";
+
+fs::path Editor(const Program& program) {
+  return fs::path(Trim(program.prefs.EditorFolder));
+}
+
+fs::path Backup(const Program& program) {
+  return EditorBackupFolder(program);
+}
+
+// A pattern text may be written as a fragment ("\*.dat"); ListFiles wants the bare pattern.
+std::string Pattern(const Program& program, std::int32_t id) {
+  std::string p = program.GetText(id);
+  while (!p.empty() && (p.front() == '\\' || p.front() == '/')) p.erase(0, 1);
+  return p;
+}
+
+bool SameName(std::string_view a, std::string_view b) {
+  return ToLower(a) == ToLower(b);
+}
+
+// The marker's entries are written relative to the editor folder with a leading backslash; what
+// follows it is joined as a name that can't be trusted.
+SafeJoinResult Inside(const fs::path& folder, std::string_view entry) {
+  while (!entry.empty() && (entry.front() == '\\' || entry.front() == '/')) entry.remove_prefix(1);
+  return SafeJoin(folder, entry);
+}
+
+void ShowActivationError(Program& program, const std::string& message) {
+  ArchiveAsk(program, message, msg::kError);
+}
+
+ActiveLevelTexts MarkerTexts(const Program& program) {
+  ActiveLevelTexts t;
+  t.notice1 = program.GetText(text::MarkerNotice1);
+  t.notice2 = program.GetText(text::MarkerNotice2);
+  t.notice3 = program.GetText(text::MarkerNotice3);
+  t.code_key = program.GetText(text::MarkerCodeKey);
+  t.name_key = program.GetText(text::MarkerNameKey);
+  t.replaced_key = program.GetText(text::MarkerReplacedKey);
+  t.files_key = program.GetText(text::MarkerFilesKey);
+  return t;
+}
+
+std::string LevelName(const Program& program, std::int32_t code) {
+  for (const auto& level : program.catalogue.levels)
+    if (level.Code == code) return Trim(level.Name);
+  return {};
+}
+
+void ClearReadOnlyFile(const fs::path& file) {
+  std::error_code ec;
+  fs::permissions(file, fs::perms::owner_write, fs::perm_options::add, ec);
+}
+
+void SetBar(Program& program, int value, int max) {
+  if (Dialog_Progress* dialog = ProgressDialog(program)) {
+    dialog->ProgressBar1.SetMax(max);
+    dialog->ProgressBar1.SetValue(value);
+  }
+  program.ui().DoEvents();
+}
+
+// Saves play files into `folder` and takes them out of the editor folder.
+void MovePlayFiles(Program& program, const fs::path& folder, std::int32_t keep,
+                   std::int32_t remove) {
+  const fs::path editor = Editor(program);
+  CopyMatchingFiles(program, editor, folder, true, Pattern(program, keep));
+  DeleteMatchingFiles(editor, Pattern(program, remove));
+}
+
+// The base level is in the folder: its play files go to its play folder.
+void SaveBasePlayFiles(Program& program) {
+  const fs::path folder =
+      JoinFragment(GetLevelFolder(program, 0, false), program.GetText(text::PlayFolderBaseOut));
+  std::error_code ec;
+  fs::create_directories(folder, ec);
+  DeleteMatchingFiles(folder, "*");
+  MovePlayFiles(program, folder, text::BasePlayKeep1, text::BasePlayDelete1);
+  MovePlayFiles(program, folder, text::BasePlayKeep2, text::BasePlayDelete2);
+  MovePlayFiles(program, folder, text::BasePlayKeep3, text::BasePlayDelete3);
+}
+
+// Deletes the level's files named by the marker. False (and the user told) at the first file
+// that won't go. Names that would lead out of the editor folder are never acted on.
+bool RemoveLevelFiles(Program& program, const std::string& marker) {
+  const fs::path editor = Editor(program);
+  const std::vector<std::string> files =
+      SplitMarkerList(ReadMarkerField(marker, program.GetText(text::MarkerFilesReadKey)));
+  const std::string audio = ToLower(program.GetText(text::AudioFolderPrefix));
+  if (!files.empty()) ShowProgressDialog(program, program.GetText(text::RemovingLevelCaption));
+  int done = 0;
+  for (const std::string& entry : files) {
+    SetBar(program, done++, static_cast<int>(files.size()));
+    // Without a full backup the audio files the level replaced can't be given back, so the
+    // level's ones are the best the folder can keep.
+    if (!program.prefs.FullBackupDone && ToLower(entry.substr(0, 7)) == audio) continue;
+    const SafeJoinResult target = Inside(editor, entry);
+    if (!target) continue;
+    FaultPoint("activation-remove");
+    if (!DeleteFileForced(target.path)) {
+      HideProgressDialog(program);
+      ShowActivationError(program,
+                          program.GetText(text::LevelFileNotDeleted) + target.path.string());
+      return false;
+    }
+  }
+  if (!files.empty()) HideProgressDialog(program);
+
+  const std::vector<std::string> replaced =
+      SplitMarkerList(ReadMarkerField(marker, program.GetText(text::MarkerReplacedReadKey)));
+  if (!replaced.empty()) ShowProgressDialog(program, program.GetText(text::RestoringEditorCaption));
+  const fs::path backup = Backup(program);
+  done = 0;
+  for (const std::string& entry : replaced) {
+    SetBar(program, done++, static_cast<int>(replaced.size()));
+    const SafeJoinResult from = Inside(backup, entry);
+    const SafeJoinResult to = Inside(editor, entry);
+    if (!from || !to || !FileExists(from.path)) continue;
+    FaultPoint("activation-copy");
+    if (CopyFileOver(from.path, to.path)) ClearReadOnlyFile(to.path);
+  }
+  if (!replaced.empty()) HideProgressDialog(program);
+  return true;
+}
+
+// A marker cut short after its head (a crash during the copy) has no lists. What the level can
+// have put into the folder is read from its own store instead: each such file is taken out and
+// the backup's copy, when there is one, goes back in its place.
+void RemoveUnlistedLevelFiles(Program& program, std::int32_t code) {
+  const fs::path editor = Editor(program);
+  const fs::path backup = Backup(program);
+  const std::string packed = ToLower(program.GetText(web::text::PackedSuffix));
+  for (const fs::path& file : ListFiles(GetLevelFilesFolder(program, code, false), "*.*")) {
+    std::string name = file.filename().string();
+    if (!packed.empty() && name.size() > packed.size() && ToLower(name).ends_with(packed))
+      name.resize(name.size() - packed.size());
+    const std::string entry = LevelFileTarget(name) + name;
+    if (!program.prefs.FullBackupDone &&
+        ToLower(entry.substr(0, 7)) == ToLower(program.GetText(text::AudioFolderPrefix)))
+      continue;
+    const SafeJoinResult target = Inside(editor, entry);
+    if (!target) continue;
+    FaultPoint("activation-remove");
+    DeleteFileForced(target.path);
+    const SafeJoinResult from = Inside(backup, entry);
+    if (from && FileExists(from.path)) {
+      FaultPoint("activation-copy");
+      if (CopyFileOver(from.path, target.path)) ClearReadOnlyFile(target.path);
+    }
+  }
+}
+
+bool WriteMarker(const fs::path& path, const std::string& bytes) {
+  return AtomicWriteFile(path, bytes);
+}
+
+// The editor's language file: the first of its .dat files that isn't the script file.
+std::string EditorLanguageFile(Program& program) {
+  const std::string script = program.GetText(text::ScriptNameLanguageStep);
+  for (const fs::path& file : ListFiles(Editor(program), Pattern(program, text::LanguagePattern))) {
+    const std::string name = file.filename().string();
+    if (!SameName(name, script)) return name;
+  }
+  return {};
+}
+
+}  // namespace
+
+const std::vector<std::string>& EditorStandardNames() {
+  static const std::vector<std::string> names = {
+      "EDGEPTR.PCX",       "load.bmp",      "OBJECTS.H",       "script.DAT",      "Setup tomb4.lnk",
+      "tom2pc.exe",        "tomb4.exe",     "Uninst.isu",      "winroomedit.exe", "kvle.exe",
+      "Tomb_Kelverin.dll", "KV_Tom2Pc.exe", "kv_constants.txt"};
+  return names;
+}
+
+std::string LevelFileTarget(std::string_view file_name) {
+  const std::string ext = ToLower(ExtractExtension(file_name));
+  if (ext == ".tr4" || ext == ".pak") return "\\data\\";
+  if (ext == ".wav") return "\\audio\\";
+  return "\\";
+}
+
+std::int32_t RemoveCurrentLevel(Program& program, std::int32_t next_code) {
+  const fs::path marker_path = ActiveLevelFilePath(program);
+  if (!FileExists(marker_path)) {
+    SaveBasePlayFiles(program);
+    RefreshLevelList(program);
+    return 0;
+  }
+  const std::string marker = ReadWholeFile(marker_path);
+  std::int32_t previous = -1;
+  fs::path folder;
+  if (!marker.empty()) {
+    const std::optional<std::int32_t> code =
+        ParseMarkerCode(ReadMarkerField(marker, program.GetText(text::ActiveLevelCodeKey)));
+    if (code) {
+      previous = *code;
+      folder = GetLevelFolder(program, previous, false);
+      if (!folder.empty() && !FolderExists(folder)) {
+        ShowActivationError(program,
+                            program.GetText(text::ActiveFolderGone, {folder.string(), kLineEnd}));
+        return previous;
+      }
+    }
+  }
+  if (previous == next_code) return previous;
+
+  if (previous < 0 || folder.empty()) {
+    // A marker that names no level can't say what to take out; the root is swept below.
+    if (!marker.empty())
+      ShowActivationError(program, program.GetText(text::MarkerWithoutLevel,
+                                                   {"\"" + marker_path.string() + "\"", kLineEnd}));
+  } else {
+    SaveMediaFiles(program, JoinFragment(folder, program.GetText(text::MediaFilesFolder)));
+    const fs::path play = JoinFragment(folder, program.GetText(text::PlayFolderOut));
+    std::error_code ec;
+    fs::create_directories(play, ec);
+    if (!DeleteMatchingFiles(play, "*")) {
+      ShowActivationError(program, program.GetText(text::PlayFilesNotSaved, {play.string()}));
+      return 0;
+    }
+    const std::int32_t triples[3][3] = {
+        {text::LevelPlayFolder1, text::LevelPlayKeep1, text::LevelPlayDelete1},
+        {text::LevelPlayFolder2, text::LevelPlayKeep2, text::LevelPlayDelete2},
+        {text::LevelPlayFolder3, text::LevelPlayKeep3, text::LevelPlayDelete3}};
+    for (const auto& t : triples)
+      MovePlayFiles(program, JoinFragment(folder, program.GetText(t[0])), t[1], t[2]);
+    const std::string files_key = ToLower(program.GetText(text::MarkerFilesReadKey));
+    if (previous != 0 && ToLower(marker).find(files_key) == std::string::npos)
+      RemoveUnlistedLevelFiles(program, previous);
+    else if (previous != 0 && !RemoveLevelFiles(program, marker))
+      return 0;
+  }
+  CleanEditorFolder(program);
+  FaultPoint("activation-remove");
+  DeleteFileForced(marker_path);
+  RefreshLevelList(program);
+  return previous;
+}
+
+namespace {
+// A failed activation leaves the base level in the folder: its play files, kept aside when the
+// previous level was taken out, come back, or the next removal would empty their folder.
+bool BackToBase(Program& program) {
+  if (!FileExists(ActiveLevelFilePath(program)))
+    CopyMatchingFiles(
+        program,
+        JoinFragment(GetLevelFolder(program, 0, false), program.GetText(text::PlayFolderBaseCopy)),
+        Editor(program), true, "*");
+  return false;
+}
+}  // namespace
+
+bool SetLevelInTrle(Program& program, std::int32_t code) {
+  const fs::path editor = Editor(program);
+  const std::int32_t previous = RemoveCurrentLevel(program, code);
+  if (previous == code) {
+    if (code == 0)
+      CopyMatchingFiles(program,
+                        JoinFragment(GetLevelFolder(program, 0, false),
+                                     program.GetText(text::PlayFolderBaseCopy)),
+                        editor, true, "*");
+    return true;
+  }
+  const fs::path marker_path = ActiveLevelFilePath(program);
+  const fs::path level_folder = GetLevelFolder(program, code, false);
+
+  fs::path source;
+  fs::path temporary;
+  if (code != 0) {
+    const fs::path files = GetLevelFilesFolder(program, code, true);
+    if (program.CdRefused) {
+      ShowActivationError(program, program.GetText(text::LevelCdRefused));
+      return BackToBase(program);
+    }
+    if (!PrepareLevelFiles(program, files, temporary)) {
+      ShowActivationError(program, program.GetText(text::LevelFilesNotReady));
+      DeleteFileForced(marker_path);
+      return BackToBase(program);
+    }
+    source = temporary.empty() ? ResolveCase(files) : temporary;
+    if (!FileExists(JoinFragment(source, program.GetText(text::CompleteLevelFile)))) {
+      if (!temporary.empty()) DeleteLevelTree(program, temporary, nullptr, nullptr);
+      DeleteFileForced(marker_path);
+      if (ArchiveAsk(program, program.GetText(text::LevelIncompleteAsk, {kLineEnd, kLineEnd}),
+                     msg::kYesNo) == msg::kYes)
+        ShowActivationError(program, program.GetText(text::RepairNotAvailable));
+      return BackToBase(program);
+    }
+  }
+
+  CopyMatchingFiles(program, JoinFragment(level_folder, program.GetText(text::PlayFolderIn)),
+                    editor, true, "*");
+  if (code == 0) {
+    DeleteFileForced(marker_path);
+    RefreshLevelList(program);
+    return true;
+  }
+
+  // The head goes down before any file moves: a crash from here on leaves a marker that names
+  // the level, and the next activation sweeps what it finds.
+  const ActiveLevelTexts marker_texts = MarkerTexts(program);
+  const std::string head = FormatActiveLevelHead(marker_texts, code, LevelName(program, code));
+  if (!WriteMarker(marker_path, head)) {
+    if (!temporary.empty()) DeleteLevelTree(program, temporary, nullptr, nullptr);
+    ShowActivationError(program, program.GetText(text::MarkerNotCreated) + marker_path.string());
+    return BackToBase(program);
+  }
+
+  std::vector<fs::path> sources;
+  std::vector<std::string> targets;
+  for (const fs::path& file : ListFiles(source, "*.*")) {
+    const std::string name = file.filename().string();
+    sources.push_back(file);
+    targets.push_back(LevelFileTarget(name) + name);
+  }
+
+  const fs::path store_source = JoinFragment(source, program.GetText(text::CleanedFolder1));
+  if (FolderExists(store_source)) {
+    const fs::path store = JoinFragment(editor, program.GetText(text::CleanedFolder1));
+    DeleteLevelTree(program, store, nullptr, nullptr);
+    CopyLevelTree(store_source, store);
+  }
+
+  // Known before the copy, so that the level's own language file isn't taken for the editor's.
+  const std::string language = EditorLanguageFile(program);
+
+  std::vector<std::string> replaced;
+  std::vector<std::string> copied;
+  bool copy_failed = false;
+  if (!sources.empty()) ShowProgressDialog(program, program.GetText(text::CopyingLevelCaption));
+  for (std::size_t i = 0; i < sources.size(); ++i) {
+    SetBar(program, static_cast<int>(i), static_cast<int>(sources.size()));
+    const SafeJoinResult target = Inside(editor, targets[i]);
+    if (!target) continue;
+    std::error_code ec;
+    fs::create_directories(target.path.parent_path(), ec);
+    const bool stood = FileExists(target.path);
+    FaultPoint("activation-copy");
+    if (!CopyFileOver(sources[i], target.path)) {
+      copy_failed = true;
+      // What stood there may be half overwritten: the backup's copy comes back when the level
+      // leaves.
+      if (stood) replaced.push_back(targets[i]);
+      copied.push_back(targets[i]);
+      break;
+    }
+    if (stood) replaced.push_back(targets[i]);
+    copied.push_back(targets[i]);
+  }
+  if (!sources.empty()) HideProgressDialog(program);
+
+  if (!copy_failed && !language.empty()) {
+    const std::string script = program.GetText(text::ScriptNameLanguageStep2);
+    const std::string extension = ToLower(program.GetText(text::LanguageExtension));
+    bool brings_same = false;
+    bool brings_other = false;
+    for (const fs::path& file : sources) {
+      const std::string name = file.filename().string();
+      if (SameName(name, language)) brings_same = true;
+      const std::string lower = ToLower(name);
+      if (lower.size() >= 4 && lower.substr(lower.size() - 4) == extension &&
+          !SameName(name, script))
+        brings_other = true;
+    }
+    if (!brings_same && brings_other) {
+      FaultPoint("activation-remove");
+      if (DeleteFileForced(editor / language)) replaced.push_back("\\" + language);
+    }
+  }
+
+  WriteMarker(marker_path, head + FormatActiveLevelLists(marker_texts, replaced, copied));
+  if (!temporary.empty()) DeleteLevelTree(program, temporary, nullptr, nullptr);
+  if (copy_failed) {
+    ShowActivationError(program, program.GetText(text::LevelFilesNotReady));
+    return false;
+  }
+  FixScriptFiles(program);
+  RefreshLevelList(program);
+  return true;
+}
+
+bool ResetToBaseLevel(Program& program) {
+  return SetLevelInTrle(program, 0);
+}
+
+void CleanEditorFolder(Program& program) {
+  const fs::path editor = Editor(program);
+  if (editor.empty()) return;
+  // Without a backup nothing deleted here could come back.
+  if (BackupComplete(program)) {
+    const std::string kept = ToLower(program.GetText(text::KeptRootExtension));
+    const std::string marker = ToLower(ActiveLevelFilePath(program).filename().string());
+    for (const fs::path& file : ListFiles(editor, "*")) {
+      const std::string name = file.filename().string();
+      if (ToLower(name) == marker) continue;
+      if (!kept.empty() && ToLower(ExtractExtension(name)) == kept) continue;
+      bool standard = false;
+      for (const std::string& s : EditorStandardNames()) standard = standard || SameName(s, name);
+      if (standard) continue;
+      FaultPoint("activation-remove");
+      DeleteFileForced(file);
+    }
+  }
+  for (std::int32_t id :
+       {text::CleanedFolder1, text::CleanedFolder2, text::CleanedFolder3, text::CleanedFolder4}) {
+    const fs::path folder = JoinFragment(editor, program.GetText(id));
+    if (FolderExists(folder)) DeleteFolderTree(folder);
+  }
+  RestoreEditorBasics(program);
+}
+
+void RestoreEditorBasics(Program& program) {
+  const fs::path editor = Editor(program);
+  const fs::path backup = Backup(program);
+  if (editor.empty()) return;
+  const std::int32_t pairs[2][2] = {{text::BasicFileFrom1, text::BasicFileTo1},
+                                    {text::BasicFileFrom2, text::BasicFileTo2}};
+  for (const auto& p : pairs) {
+    const fs::path from = JoinFragment(backup, program.GetText(p[0]));
+    if (!FileExists(from)) continue;
+    FaultPoint("activation-copy");
+    CopyFileOver(from, JoinFragment(editor, program.GetText(p[1])));
+  }
+  for (const fs::path& file : ListFiles(backup, Pattern(program, text::BasicFilesPattern))) {
+    FaultPoint("activation-copy");
+    CopyFileOver(file, editor / file.filename());
+  }
+  PruneSavegames(program);
+}
+
+void PruneSavegames(Program& program) {
+  for (const fs::path& file : ListFiles(Editor(program), Pattern(program, text::SavegamePattern))) {
+    const std::string ext = ExtractExtension(file.filename().string());
+    const std::optional<std::int32_t> slot =
+        ext.size() > 1 ? ParseMarkerCode(std::string_view(ext).substr(1)) : std::nullopt;
+    if (slot && *slot >= 0 && *slot <= 14) continue;
+    FaultPoint("activation-remove");
+    DeleteFileForced(file);
+  }
+}
+
+void FixScriptFiles(Program& program) {
+  const fs::path editor = Editor(program);
+  const fs::path backup = Backup(program);
+  if (editor.empty()) return;
+  const std::string script = program.GetText(text::ScriptName);
+  bool has_script = false;
+  bool has_language = false;
+  for (const fs::path& file : ListFiles(editor, Pattern(program, text::ScriptPattern))) {
+    if (SameName(file.filename().string(), script))
+      has_script = true;
+    else
+      has_language = true;
+  }
+  if (!has_script) {
+    const fs::path from = JoinFragment(backup, program.GetText(text::ScriptFromBackup));
+    if (FileExists(from)) {
+      FaultPoint("activation-copy");
+      CopyFileOver(from, JoinFragment(editor, program.GetText(text::ScriptToEditor)));
+    }
+  }
+  if (has_language) return;
+  const std::string backup_script = program.GetText(text::BackupScriptName);
+  for (const fs::path& file : ListFiles(backup, Pattern(program, text::BackupLanguagePattern))) {
+    if (SameName(file.filename().string(), backup_script)) continue;
+    FaultPoint("activation-copy");
+    CopyFileOver(file, editor / file.filename());
+    return;
+  }
+}
+
+}  // namespace vardolin

@@ -1,0 +1,41 @@
+#pragma once
+// Putting a level into the editor folder and taking it out again. The game and the editor share
+// that one folder, so only one level stands there at a time; the marker file on disk (not any
+// memory of the run) says which, so every step here is safe to run again after a crash.
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace vardolin {
+
+class Program;
+
+// The 13 names that stay in the root of the editor folder when it is cleaned.
+const std::vector<std::string>& EditorStandardNames();
+// Where a level file goes in the editor folder by its extension (case ignored): "\data\" for
+// .tr4 and .pak, "\audio\" for .wav, "\" for any other.
+std::string LevelFileTarget(std::string_view file_name);
+
+// Takes the level in the folder out and puts the level `code` in (0: the base level). True
+// when the level stands in the editor folder afterwards. Messages go to the user.
+bool SetLevelInTrle(Program& program, std::int32_t code);
+// Takes out the level that stands in the editor folder, saving its play files in its play
+// folder. The code that stood there: 0 with no marker (the base level), -1 when the marker
+// names none; 0 also when a file of the level couldn't be deleted (the marker then stays).
+std::int32_t RemoveCurrentLevel(Program& program, std::int32_t next_code);
+// The base level in the editor folder: a clean folder for whoever changes it next.
+bool ResetToBaseLevel(Program& program);
+// Deletes from the root what isn't the editor's own, removes the folders levels bring, then
+// RestoreEditorBasics.
+void CleanEditorFolder(Program& program);
+// Copies the editor's basic files back from the backup, then PruneSavegames.
+void RestoreEditorBasics(Program& program);
+// Deletes savegame files whose slot the game can't have (it has 0 to 14).
+void PruneSavegames(Program& program);
+// Sees to it that the script file and a language file stand in the editor folder, taking them
+// from the backup when missing.
+void FixScriptFiles(Program& program);
+
+}  // namespace vardolin

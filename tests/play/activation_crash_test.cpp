@@ -1,0 +1,119 @@
+// Activation killed at chosen points: a child process (this test program run again) is killed
+// by SIGKILL in the middle of the copy or the removal, and the next activations must still bring
+// the editor folder back to its base state without touching any level's store.
+#include <gtest/gtest.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <csignal>
+#include <cstdio>
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+#include <string>
+
+#include "../archive/store_fixture.h"
+#include "editor_folder_fixture.h"
+#include "play/activation.h"
+
+namespace vardolin {
+namespace {
+
+namespace fs = std::filesystem;
+using testing::Snapshot;
+
+constexpr const char* kChildVariable = "VARDOLIN_ACTIVATION_CHILD";
+
+// The program's state lies on disk, so a Program made afresh on the same folders is what a new
+// run of Vardolin would see.
+void Configure(Program& program, const fs::path& root) {
+  program.prefs.EditorFolder = (root / "trle").string();
+  program.BackupFolder = (root / "home/backup_trle").string();
+  program.prefs.FullBackupDone = true;
+  program.catalogue = testing::SampleCatalogue(4, (root / "archive").string());
+}
+
+void WriteFile(const fs::path& path, const std::string& bytes) {
+  fs::create_directories(path.parent_path());
+  std::ofstream(path, std::ios::binary) << bytes;
+}
+
+// Runs only as the child: activates the level named in the variable ("code|root") and is killed
+// on the way by the fault point the parent chose.
+TEST(ActivationCrashChild, Activate) {
+  const char* job = std::getenv(kChildVariable);
+  if (!job || !*job) GTEST_SKIP() << "runs only as the child of the crash test";
+  const std::string text = job;
+  const std::size_t bar = text.find('|');
+  testing::ScriptedUi ui;
+  ui.AllowAnyMessage();
+  testing::RecordingPlatform platform;
+  const fs::path root = text.substr(bar + 1);
+  Program program(root / "home", ui, platform);
+  program.texts.EnglishTexts = testing::ReadEnglishForTests();
+  Configure(program, root);
+  SetLevelInTrle(program, std::stoi(text.substr(0, bar)));
+}
+
+// 0 when the child finished, 1 when the fault point killed it.
+int RunChild(std::int32_t code, const fs::path& root, const std::string& point) {
+  const pid_t pid = fork();
+  if (pid == 0) {
+    const std::string job = std::to_string(code) + "|" + root.string();
+    setenv(kChildVariable, job.c_str(), 1);
+    setenv("VARDOLIN_FAULT_POINT", point.c_str(), 1);
+    std::freopen("/dev/null", "w", stdout);
+    execl("/proc/self/exe", "test_play", "--gtest_filter=ActivationCrashChild.Activate",
+          static_cast<char*>(nullptr));
+    _exit(127);
+  }
+  int status = 0;
+  waitpid(pid, &status, 0);
+  if (WIFSIGNALED(status) && WTERMSIG(status) == SIGKILL) return 1;
+  EXPECT_TRUE(WIFEXITED(status) && WEXITSTATUS(status) == 0) << point;
+  return 0;
+}
+
+struct ActivationCrashTest : ::testing::Test, testing::ArchiveFixture {
+  ActivationCrashTest() {
+    testing::BuildEditorFolder(Path("trle"));
+    fs::copy(Path("trle"), Path("home/backup_trle"), fs::copy_options::recursive);
+    Configure(program, dir.path());
+    for (const auto& [code, files] : std::vector<std::pair<int, std::vector<std::string>>>{
+             {1,
+              {"a.tr4", "title.tr4", "load.bmp", "script.dat", "french.dat", "044.wav", "a.txt"}},
+             {2, {"b.tr4", "script.dat", "english.dat", "new.wav", "tut1.tr4"}}})
+      for (const std::string& name : files)
+        WriteFile(GetLevelFolder(program, code, false) / "files" / name,
+                  std::string(3000, static_cast<char>('a' + code)) + name);
+  }
+};
+
+TEST_F(ActivationCrashTest, KilledActivationsLeaveNothingBehind) {
+  const auto base = Snapshot(Path("trle"));
+  const auto stores = Snapshot(Path("archive"));
+  int kills = 0;
+  struct Round {
+    std::int32_t before, killed, after;
+  };
+  for (const Round& round : {Round{1, 2, 1}, Round{0, 1, 2}, Round{2, 0, 1}})
+    for (const char* point : {"activation-copy", "activation-remove"})
+      for (int n = 1; n <= 40; ++n) {
+        const std::string fault = std::string(point) + ":" + std::to_string(n);
+        SCOPED_TRACE(std::to_string(round.killed) + " " + fault);
+        ASSERT_TRUE(SetLevelInTrle(program, round.before));
+        const int killed = RunChild(round.killed, dir.path(), fault);
+        kills += killed;
+        ASSERT_TRUE(SetLevelInTrle(program, round.after));
+        ASSERT_TRUE(SetLevelInTrle(program, 0));
+        ASSERT_EQ(Snapshot(Path("trle")), base);
+        ASSERT_EQ(Snapshot(Path("archive")), stores);
+        if (!killed) break;  // the operation has fewer points of this kind
+      }
+  // Most points lie inside the operation; the report of the run names the count.
+  EXPECT_GE(kills, 50);
+  std::printf("activation killed at %d points\n", kills);
+}
+
+}  // namespace
+}  // namespace vardolin

@@ -1,0 +1,77 @@
+// The marker's text: what the activation writes must read back, and whatever a crash or a
+// person left in the file must read without harm.
+#include "play/active_level_file.h"
+
+#include <gtest/gtest.h>
+
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace vardolin {
+namespace {
+
+ActiveLevelTexts Texts() {
+  return {"notice one",  "notice two",      "notice three", "Level code:",
+          "Level name:", "Replaced files:", "Level files:"};
+}
+
+TEST(ActiveLevelFile, HeadAndListsAreTheEightLinesInOrder) {
+  const std::string text = FormatActiveLevelHead(Texts(), 12, "  Lara's Home  ") +
+                           FormatActiveLevelLists(Texts(), {"\\load.bmp"},
+                                                  {"\\data\\x.tr4", "\\audio\\y.wav", "\\z.txt"});
+  EXPECT_EQ(text,
+            "notice one\r\nnotice two\r\nnotice three\r\n\r\nLevel code:0012#\r\n"
+            "Level name:Lara's Home#\r\nReplaced files:\\load.bmp#\r\n"
+            "Level files:\\data\\x.tr4|\\audio\\y.wav|\\z.txt#\r\n");
+}
+
+TEST(ActiveLevelFile, FieldsReadBack) {
+  struct Case {
+    std::string marker;
+    std::string key;
+    std::string value;
+  };
+  const std::string full = FormatActiveLevelHead(Texts(), 7, "Name") +
+                           FormatActiveLevelLists(Texts(), {}, {"\\a.txt", "\\data\\b.tr4"});
+  const std::vector<Case> cases = {
+      {full, "Level code:", "0007"},
+      {full, "LEVEL CODE:", "0007"},  // keys ignore case
+      {full, "Level files:", "\\a.txt|\\data\\b.tr4"},
+      {full, "Replaced files:", ""},
+      {FormatActiveLevelHead(Texts(), 7, "Name"), "Level files:", ""},  // head only: a crash
+      {"", "Level code:", ""},
+      {"Level code:  42  ", "Level code:", "42"},  // no closing '#': up to the end
+      {"Level code:1#", "", ""},
+      // A '#' in a name cuts the name, and nothing else: the code stands before it.
+      {FormatActiveLevelHead(Texts(), 3, "A#B"), "Level name:", "A"},
+      {FormatActiveLevelHead(Texts(), 3, "A#B"), "Level code:", "0003"},
+  };
+  for (const Case& c : cases)
+    EXPECT_EQ(ReadMarkerField(c.marker, c.key), c.value) << c.marker << " / " << c.key;
+}
+
+TEST(ActiveLevelFile, CodesParse) {
+  const std::vector<std::pair<std::string, std::optional<std::int32_t>>> cases = {
+      {"0012", 12},
+      {"0", 0},
+      {"", std::nullopt},
+      {"12a", std::nullopt},
+      {"abc", std::nullopt},
+      {"99999999999", std::nullopt},
+      {"-1", -1}};
+  for (const auto& [text, code] : cases) EXPECT_EQ(ParseMarkerCode(text), code) << text;
+}
+
+TEST(ActiveLevelFile, ListsSplit) {
+  const std::vector<std::pair<std::string, std::vector<std::string>>> cases = {
+      {"", {}},
+      {"\\a", {"\\a"}},
+      {"\\a|\\data\\b.tr4", {"\\a", "\\data\\b.tr4"}},
+      {"|| \\a ||", {"\\a"}},
+  };
+  for (const auto& [text, list] : cases) EXPECT_EQ(SplitMarkerList(text), list) << text;
+}
+
+}  // namespace
+}  // namespace vardolin
