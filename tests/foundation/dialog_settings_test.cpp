@@ -10,32 +10,18 @@
 #include "recording_platform.h"
 #include "scripted_ui.h"
 #include "temp_dir.h"
+#include "test_program.h"
 
 namespace vardolin {
 namespace {
 
 using testing::ReadFile;
-using testing::RecordingPlatform;
-using testing::ScriptedUi;
-using testing::TempDir;
 
 using testing::Trc;
 
-class MainWindow : public Form {
- public:
-  explicit MainWindow(Program& p) : Form(p, "Principale") {}
-  Timer Timer1{*this, "Timer1"};
-  Label Label_Title{*this, "Label_Title"};
+using MainWindow = testing::StandInMainWindow;
 
- protected:
-  void Set_Caption_Texts() override { Label_Title.SetCaption(program().GetText(1)); }
-};
-
-struct DialogSettingsTest : ::testing::Test {
-  TempDir home;
-  ScriptedUi ui;
-  RecordingPlatform platform;
-  Program program{home.path(), ui, platform};
+struct DialogSettingsTest : ::testing::Test, testing::TestProgram {
   MainWindow main{program};
 
   DialogSettingsTest() {

@@ -8,34 +8,18 @@
 #include "recording_platform.h"
 #include "scripted_ui.h"
 #include "temp_dir.h"
+#include "test_program.h"
 
 namespace vardolin {
 namespace {
 
-using testing::RecordingPlatform;
-using testing::ScriptedUi;
 using testing::TempDir;
 
 using testing::Trc;
 
-class MainWindow : public Form {
- public:
-  explicit MainWindow(Program& p) : Form(p, "Principale") {}
-  Label Label_Info{*this, "Label_Info"};
-  ProgressBar ProgressBar1{*this, "ProgressBar1"};
-  Timer Timer1{*this, "Timer1"};
-  Label Label_Title{*this, "Label_Title"};
+using MainWindow = testing::StandInMainWindow;
 
- protected:
-  void Set_Caption_Texts() override { Label_Title.SetCaption(program().GetText(1)); }
-};
-
-struct LanguageTest : ::testing::Test {
-  TempDir home;
-  ScriptedUi ui;
-  RecordingPlatform platform;
-  Program program{home.path(), ui, platform};
-};
+struct LanguageTest : ::testing::Test, testing::TestProgram {};
 
 TEST_F(LanguageTest, WhichLanguageFileIsUsed) {
   struct Case {

@@ -8,17 +8,14 @@
 #include "recording_platform.h"
 #include "scripted_ui.h"
 #include "temp_dir.h"
+#include "test_program.h"
 
 namespace vardolin {
 namespace {
 
 using testing::ReadFile;
 
-struct LogTest : ::testing::Test {
-  testing::TempDir home;
-  testing::ScriptedUi ui;
-  testing::RecordingPlatform platform;
-  Program program{home.path(), ui, platform};
+struct LogTest : ::testing::Test, testing::TestProgram {
   void SetUp() override {
     TextEntry title{"", text::ProgramTitle, "Vardolin"};
     program.texts.EnglishTexts.entries.push_back(title);

@@ -8,14 +8,13 @@
 #include "recording_platform.h"
 #include "scripted_ui.h"
 #include "temp_dir.h"
+#include "test_program.h"
 
 namespace vardolin {
 namespace {
 
 using testing::ReadFile;
-using testing::RecordingPlatform;
 using testing::ScriptedUi;
-using testing::TempDir;
 
 // A full image whose every field differs from its default.
 Preferences Unusual() {
@@ -133,12 +132,7 @@ TEST(PreferencesImage, ShortFileKeepsWhatItHasAndDefaultsBehind) {
   EXPECT_EQ(ParsePreferences("").prefs, Preferences{});
 }
 
-struct PreferencesFileTest : ::testing::Test {
-  TempDir home;
-  ScriptedUi ui;
-  RecordingPlatform platform;
-  Program program{home.path(), ui, platform};
-};
+struct PreferencesFileTest : ::testing::Test, testing::TestProgram {};
 
 TEST_F(PreferencesFileTest, MissingFileIsAFirstRunWithDefaults) {
   program.prefs.EditorFolder = "left over";
