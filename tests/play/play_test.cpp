@@ -39,6 +39,9 @@ TEST(Play, AChosenLevelIsPlayedWatchedToItsEndAndReplacedByTheNext) {
   f.program.prefs.CheckTenths = 3;
   std::vector<std::string> steps;
   f.main->Watcher.joystick = [&] { steps.push_back("joystick"); };
+  f.main->Watcher.f9_archive = [&] { steps.push_back("f9"); };
+  f.main->Watcher.f11_restore = [&] { steps.push_back("f11"); };
+  f.main->Watcher.full_slots = [&] { steps.push_back("full"); };
   f.main->Watcher.screenshot = [&] { steps.push_back("screenshot"); };
   f.main->Watcher.collect_media_shots = [&] { steps.push_back("media"); };
 
@@ -57,7 +60,7 @@ TEST(Play, AChosenLevelIsPlayedWatchedToItsEndAndReplacedByTheNext) {
   // The game runs in the editor folder and saves there; the watcher runs its steps meanwhile.
   ASSERT_TRUE(testing::WaitFor([&] { return fs::exists(f.editor / "standin_started.txt"); }));
   f.main->Timer1.Tick();
-  EXPECT_EQ(steps, (std::vector<std::string>{"joystick", "screenshot"}));
+  EXPECT_EQ(steps, (std::vector<std::string>{"joystick", "f9", "f11", "full", "screenshot"}));
   WriteBytes(f.editor / "standin_commands.txt", "save 2 Beta\nexit 0\n");
   f.program.ShotCount = 5;
   ASSERT_TRUE(f.TickUntilEnded());

@@ -1,5 +1,6 @@
 #include "foundation/services/files.h"
 
+#include <dirent.h>
 #include <fcntl.h>
 #include <sys/stat.h>
 #include <unistd.h>
@@ -200,13 +201,22 @@ bool CopyMatchingFiles(Program& program, const fs::path& source_folder,
 std::vector<fs::path> ListFiles(const fs::path& folder, std::string_view pattern) {
   std::vector<fs::path> out;
   if (folder.empty()) return out;
-  std::error_code ec;
-  for (fs::directory_iterator it(ResolveCase(folder), ec), end; !ec && it != end;
-       it.increment(ec)) {
-    std::error_code type_ec;
-    if (it->is_regular_file(type_ec) && WildcardMatch(it->path().filename().string(), pattern))
-      out.push_back(it->path());
+  const fs::path real = ResolveCase(folder);
+  // readdir, matching each name in place: the watcher lists the editor folder on every tick,
+  // and a path built for every entry would cost more than the listing itself.
+  DIR* dir = ::opendir(real.c_str());
+  if (!dir) return out;
+  while (const dirent* entry = ::readdir(dir)) {
+    const std::string_view name = entry->d_name;
+    if (name == "." || name == ".." || !WildcardMatch(name, pattern)) continue;
+    bool file = entry->d_type == DT_REG;
+    if (entry->d_type == DT_LNK || entry->d_type == DT_UNKNOWN) {
+      struct stat st {};
+      file = ::stat((real / name).c_str(), &st) == 0 && S_ISREG(st.st_mode);
+    }
+    if (file) out.push_back(real / name);
   }
+  ::closedir(dir);
   return out;
 }
 

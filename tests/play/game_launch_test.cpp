@@ -1,4 +1,5 @@
-// The watcher's tick over real child processes, and the launch helpers on real folders.
+// The launch helpers on real folders and the pair of screenshots shown after a game. The
+// watcher's tick itself is driven through the main window in play_test.cpp.
 #include "play/game_watcher.h"
 
 #include <gtest/gtest.h>
@@ -15,69 +16,12 @@ namespace vardolin {
 namespace {
 
 namespace fs = std::filesystem;
-using namespace std::chrono_literals;
 using testing::ReadFile;
 using testing::WriteBytes;
 
 TEST(GameWatcher, TheLastPairStartsAtAnEvenIndexAndNeverBelowZero) {
   const std::pair<int, int> cases[] = {{0, 0}, {1, 0}, {2, 0}, {3, 2}, {4, 2}, {5, 4}, {-3, 0}};
   for (const auto& [count, index] : cases) EXPECT_EQ(LastPairIndex(count), index) << count;
-}
-
-TEST(GameWatcher, EachBranchOfTheTickDoesItsOwnWorkOnly) {
-  enum class Game { None, Alive, Ended, NeverStarted };
-  struct Case {
-    std::string name;
-    bool running;
-    bool media;
-    Game game;
-    WatchEvent event;
-    std::vector<std::string> steps;
-    bool running_after;
-  };
-  const std::vector<std::string> common = {"joystick", "f9", "f11", "full", "shot"};
-  const std::vector<Case> cases = {
-      {"idle", false, false, Game::Alive, WatchEvent::Idle, {}, false},
-      {"common alive", true, false, Game::Alive, WatchEvent::CommonAlive, common, true},
-      {"common ended", true, false, Game::Ended, WatchEvent::CommonEnded, {}, false},
-      {"common gone", true, false, Game::NeverStarted, WatchEvent::CommonEnded, {}, false},
-      {"media alive", true, true, Game::Alive, WatchEvent::MediaAlive, {}, true},
-      {"media ended", true, true, Game::Ended, WatchEvent::MediaEnded, {"media"}, false},
-  };
-  for (const Case& c : cases) {
-    SCOPED_TRACE(c.name);
-    testing::PlayFixture f({"Base level"});
-    std::vector<std::string> seen;
-    WatcherSteps steps;
-    steps.joystick = [&] { seen.push_back("joystick"); };
-    steps.f9_archive = [&] { seen.push_back("f9"); };
-    steps.f11_restore = [&] { seen.push_back("f11"); };
-    steps.full_slots = [&] { seen.push_back("full"); };
-    steps.screenshot = [&] { seen.push_back("shot"); };
-    steps.collect_media_shots = [&] { seen.push_back("media"); };
-    Process game;
-    if (c.game != Game::NeverStarted) {
-      auto started = f.platform.Start({testing::Standin("standin_game"), {}, f.editor, false});
-      ASSERT_TRUE(started);
-      game = *started;
-      if (c.game == Game::Ended) {
-        f.EndGame();
-        ASSERT_EQ(f.platform.Wait(game, 5000ms), WaitResult::Ended);
-      }
-    }
-    (c.media ? f.program.MediaProcess : f.program.GameProcess) = game;
-    f.program.GameRunning = c.running;
-    f.program.MediaPlay = c.media;
-    f.program.ShotCount = 3;
-    EXPECT_EQ(WatchGame(f.program, steps), c.event);
-    EXPECT_EQ(seen, c.steps);
-    EXPECT_EQ(f.program.GameRunning, c.running_after);
-    if (c.event == WatchEvent::CommonEnded) {
-      EXPECT_FALSE(f.program.GameProcess.Valid());
-      EXPECT_EQ(f.program.FirstShotShown, 2);
-    }
-    if (game.Valid()) f.platform.End(game);
-  }
 }
 
 TEST(GameLaunch, TheSettingsSilenceTheToneAndNothingElse) {
