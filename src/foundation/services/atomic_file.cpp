@@ -12,16 +12,29 @@
 
 namespace vardolin {
 
-void FaultPoint(const char* name) {
-  static const char* spec = std::getenv("VARDOLIN_FAULT_POINT");
-  if (!spec || !*spec) return;
+bool FaultPoint(const char* name) {
+  const char* spec = std::getenv("VARDOLIN_FAULT_POINT");
+  if (!spec || !*spec) return false;
+  static std::string counted_for;
+  static std::map<std::string, long> hits;
   std::string s(spec);
+  if (s != counted_for) {
+    counted_for = s;
+    hits.clear();
+  }
+  bool full_disk = false;
+  if (s.size() > 7 && s.compare(s.size() - 7, 7, ":enospc") == 0) {
+    full_disk = true;
+    s.resize(s.size() - 7);
+  }
   auto colon = s.rfind(':');
   std::string point = colon == std::string::npos ? s : s.substr(0, colon);
   long target = colon == std::string::npos ? 1 : std::strtol(s.c_str() + colon + 1, nullptr, 10);
-  if (point != name) return;
-  static std::map<std::string, long> hits;
-  if (++hits[point] == target) ::kill(::getpid(), SIGKILL);
+  if (point != name) return false;
+  if (++hits[point] != target) return false;
+  if (!full_disk) ::kill(::getpid(), SIGKILL);
+  errno = ENOSPC;
+  return true;
 }
 
 namespace {

@@ -12,7 +12,10 @@ namespace vardolin {
 bool AtomicWriteFile(const std::filesystem::path& path, std::string_view bytes);
 
 // Test hook: when the environment variable VARDOLIN_FAULT_POINT names a point, the process
-// kills itself the n-th time that point is reached ("name:n"). A no-op otherwise.
-void FaultPoint(const char* name);
+// kills itself the n-th time that point is reached ("name:n"). With "name:n:enospc" the n-th
+// hit doesn't kill: it answers true with errno set to ENOSPC, and the caller fails that step as
+// a full disk would make it fail. False (a no-op) otherwise. The variable is read at each hit,
+// and the hits are counted afresh whenever it changes.
+bool FaultPoint(const char* name);
 
 }  // namespace vardolin
