@@ -61,6 +61,7 @@ Principale::Principale(Program& program) : Form(program, "Principale", "Vardolin
   Timer_Joystick.SetInterval(kJoystickTickMs);
   Timer_Joystick.SetEnabled(false);
   WireLevelBrowser();
+  WirePlay();
   DisableMissingWork();
   program.main = {this, &Label_Info, &ProgressBar1, &Timer1};
 }
@@ -79,8 +80,6 @@ void Principale::WireLevelBrowser() {
   mnu_ShowSavegames.SetHandler([this] { ChoosePanel(false); });
   mnu_ShowScreenShot.SetHandler([this] { ChoosePanel(true); });
   mnu_RemoveLevel.SetHandler([this] { RemoveChosenLevel(*this); });
-  // Playing comes with activation; until then the button stays grey.
-  Pul_Play.SetEnabled(false);
 }
 
 void Principale::DisableMissingWork() {

@@ -8,6 +8,7 @@
 
 #include "foundation/forms/form.h"
 #include "foundation/settings/preferences.h"
+#include "play/game_watcher.h"
 
 namespace vardolin {
 
@@ -154,6 +155,10 @@ class Principale : public Form {
   Timer Timer1{*this, "Timer1"};
   Timer Timer_Joystick{*this, "Timer_Joystick"};
 
+  // Play and the game watcher: what Timer1 runs while a common game is alive and after a media
+  // game ended, set by the subsystems that own those steps.
+  WatcherSteps Watcher;
+
  private:
   void Set_Caption_Texts() override;
   void Form_Load() override;
@@ -165,6 +170,10 @@ class Principale : public Form {
   void ChoosePanel(bool screenshots);
   void WireLevelBrowser();
   void DisableMissingWork();
+
+  // Play and the game watcher (play/principale_play.cpp).
+  void WirePlay();
+  void Timer1_Timer();
 };
 
 }  // namespace vardolin

@@ -9,6 +9,7 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include <cerrno>
 #include <cmath>
 #include <cstdlib>
 #include <fstream>
@@ -207,7 +208,11 @@ std::optional<Process> LinuxPlatform::Spawn(const StartRequest& request, int std
   int rc = posix_spawn(&pid, executable.c_str(), &actions, &attr, argv.data(), environ);
   posix_spawn_file_actions_destroy(&actions);
   posix_spawnattr_destroy(&attr);
-  if (rc != 0 || pid <= 0) return std::nullopt;
+  if (rc != 0 || pid <= 0) {
+    // Callers log the system's error code of a failed start.
+    errno = rc != 0 ? rc : ECHILD;
+    return std::nullopt;
+  }
   return Process{pid};
 }
 
