@@ -158,6 +158,7 @@ struct Bench {
          {"tomb4.exe", "tom2pc.exe", "winroomedit.exe", "script.exe", "script.dat", "english.dat",
           "load.bmp", "data/title.tr4", "data/tut1.tr4", "audio/044.wav", "graphics/wads/tut1.wad"})
       Write(editor / file, RandomBytes(200000, 7));
+    fs::create_directories(backup.parent_path());
     fs::copy(editor, backup, fs::copy_options::recursive);
 
     // The program's own texts name the folders and files the activation works with.

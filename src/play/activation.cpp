@@ -180,8 +180,11 @@ void RemoveUnlistedLevelFiles(Program& program, std::int32_t code) {
   }
 }
 
-bool WriteMarker(const fs::path& path, const std::string& bytes) {
-  return AtomicWriteFile(path, bytes);
+// The head goes to disk before any file is copied: after a crash it names the level whose files
+// may stand in the folder. The lists aren't flushed: the files they name weren't either, and
+// waiting for the disk to take a whole level's files would cost more than the copy itself.
+bool WriteMarker(const fs::path& path, const std::string& bytes, bool flush) {
+  return AtomicWriteFile(path, bytes, flush);
 }
 
 // The editor's language file: the first of its .dat files that isn't the script file.
@@ -332,7 +335,7 @@ bool SetLevelInTrle(Program& program, std::int32_t code) {
   // the level, and the next activation sweeps what it finds.
   const ActiveLevelTexts marker_texts = MarkerTexts(program);
   const std::string head = FormatActiveLevelHead(marker_texts, code, LevelName(program, code));
-  if (!WriteMarker(marker_path, head)) {
+  if (!WriteMarker(marker_path, head, true)) {
     if (!temporary.empty()) DeleteLevelTree(program, temporary, nullptr, nullptr);
     ShowActivationError(program, program.GetText(text::MarkerNotCreated) + marker_path.string());
     return BackToBase(program);
@@ -399,7 +402,7 @@ bool SetLevelInTrle(Program& program, std::int32_t code) {
     }
   }
 
-  WriteMarker(marker_path, head + FormatActiveLevelLists(marker_texts, replaced, copied));
+  WriteMarker(marker_path, head + FormatActiveLevelLists(marker_texts, replaced, copied), false);
   if (!temporary.empty()) DeleteLevelTree(program, temporary, nullptr, nullptr);
   if (copy_failed) {
     ShowActivationError(program, program.GetText(text::LevelFilesNotReady));

@@ -60,12 +60,12 @@ bool WriteAll(int fd, std::string_view bytes) {
 
 }  // namespace
 
-bool AtomicWriteFile(const std::filesystem::path& path, std::string_view bytes) {
+bool AtomicWriteFile(const std::filesystem::path& path, std::string_view bytes, bool flush) {
   std::filesystem::path temp = path;
   temp += ".new~";
   int fd = ::open(temp.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC, 0644);
   if (fd < 0) return false;
-  bool ok = WriteAll(fd, bytes) && ::fsync(fd) == 0;
+  bool ok = WriteAll(fd, bytes) && (!flush || ::fsync(fd) == 0);
   ok = (::close(fd) == 0) && ok;
   FaultPoint("atomic-before-rename");
   if (ok) ok = ::rename(temp.c_str(), path.c_str()) == 0;
@@ -73,8 +73,10 @@ bool AtomicWriteFile(const std::filesystem::path& path, std::string_view bytes) 
     ::unlink(temp.c_str());
     return false;
   }
+  if (!flush) return true;
   // Make the rename itself durable.
-  int dir = ::open(path.has_parent_path() ? path.parent_path().c_str() : ".", O_RDONLY | O_DIRECTORY);
+  int dir =
+      ::open(path.has_parent_path() ? path.parent_path().c_str() : ".", O_RDONLY | O_DIRECTORY);
   if (dir >= 0) {
     ::fsync(dir);
     ::close(dir);

@@ -13,8 +13,8 @@
 
 #include "foundation/dialogs/ask.h"
 #include "foundation/ports/ui.h"
-#include "foundation/services/atomic_file.h"
 #include "foundation/program.h"
+#include "foundation/services/atomic_file.h"
 #include "foundation/services/paths.h"
 #include "foundation/services/strings.h"
 #include "foundation/services/wildcard.h"
@@ -170,8 +170,8 @@ bool CopyFileOver(const fs::path& source, const fs::path& target, const char* fa
     // What a full disk leaves: the target begun and cut off part way.
     std::ifstream in(src, std::ios::binary);
     std::string head((std::istreambuf_iterator<char>(in)), std::istreambuf_iterator<char>());
-    std::ofstream(dst, std::ios::binary).write(head.data(),
-                                               static_cast<std::streamsize>(head.size() / 2));
+    std::ofstream(dst, std::ios::binary)
+        .write(head.data(), static_cast<std::streamsize>(head.size() / 2));
   } else if (fs::copy_file(src, dst, fs::copy_options::none, ec) && !ec) {
     CopyTimes(src, dst);
     return true;
