@@ -62,6 +62,7 @@ Principale::Principale(Program& program) : Form(program, "Principale", "Vardolin
   Timer_Joystick.SetEnabled(false);
   WireLevelBrowser();
   WirePlay();
+  WireEditorSettings();
   DisableMissingWork();
   program.main = {this, &Label_Info, &ProgressBar1, &Timer1};
 }

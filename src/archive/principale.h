@@ -174,6 +174,10 @@ class Principale : public Form {
   // Play and the game watcher (play/principale_play.cpp).
   void WirePlay();
   void Timer1_Timer();
+
+  // The editor's game settings (editor/setup_trle.cpp).
+  void WireEditorSettings();
+  void mnu_SetupTrle_Click();
 };
 
 }  // namespace vardolin

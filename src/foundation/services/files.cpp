@@ -5,14 +5,17 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <cerrno>
 #include <ctime>
 #include <fstream>
+#include <iterator>
 #include <optional>
 #include <sstream>
 
 #include "foundation/dialogs/ask.h"
 #include "foundation/ports/ui.h"
 #include "foundation/program.h"
+#include "foundation/services/atomic_file.h"
 #include "foundation/services/paths.h"
 #include "foundation/services/strings.h"
 #include "foundation/services/wildcard.h"
@@ -152,7 +155,8 @@ bool DeleteFolderTree(const fs::path& folder) {
   return ::rmdir(real.c_str()) == 0;
 }
 
-bool CopyFileOver(const fs::path& source, const fs::path& target) {
+bool CopyFileOver(const fs::path& source, const fs::path& target, const char* fault_point) {
+  const bool disk_full = fault_point && FaultPoint(fault_point);
   if (source.empty() || target.empty()) return false;
   fs::path src = ResolveCase(source);
   if (!IsFile(src)) return false;
@@ -161,14 +165,23 @@ bool CopyFileOver(const fs::path& source, const fs::path& target) {
   if (Stands(dst)) {
     if (fs::equivalent(src, dst, ec)) return true;  // removing it would lose the source
     if (IsFolder(dst)) return false;
-    DeleteFileForced(dst);
+    if (!DeleteFileForced(dst)) return false;
   }
-  bool copied = fs::copy_file(src, dst, fs::copy_options::none, ec) && !ec;
-  if (copied) {
+  if (disk_full) {
+    // What a full disk leaves: the target begun and cut off part way.
+    std::ifstream in(src, std::ios::binary);
+    std::string head((std::istreambuf_iterator<char>(in)), std::istreambuf_iterator<char>());
+    std::ofstream(dst, std::ios::binary)
+        .write(head.data(), static_cast<std::streamsize>(head.size() / 2));
+  } else if (fs::copy_file(src, dst, fs::copy_options::none, ec) && !ec) {
     CopyTimes(src, dst);
     return true;
   }
-  return IsFile(dst);
+  // A copy broken off (a full disk) must not pass for the file.
+  const int error = errno;
+  fs::remove(dst, ec);
+  errno = disk_full ? ENOSPC : error;
+  return false;
 }
 
 std::string ReplaceFileQuestion(const fs::path& new_file, const fs::path& old_file) {
