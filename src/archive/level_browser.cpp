@@ -115,7 +115,7 @@ std::string LevelInfoDirText(Program& program, const LevelRecord& level, std::in
          std::to_string(archived) + " + " + std::to_string(current_count);
 }
 
-void AggiornaDatiLivello(Principale& main) {
+void AggiornaDatiLivello(Principale& main, int first_shot) {
   Program& program = main.program();
   const LevelRecord* level = ChosenLevel(main, nullptr, text::LevelCodeNotFound);
   if (!level) return;
