@@ -61,6 +61,7 @@ Principale::Principale(Program& program) : Form(program, "Principale", "Vardolin
   Timer_Joystick.SetInterval(kJoystickTickMs);
   Timer_Joystick.SetEnabled(false);
   WireLevelBrowser();
+  WireCapture();
   DisableMissingWork();
   program.main = {this, &Label_Info, &ProgressBar1, &Timer1};
 }

@@ -8,6 +8,7 @@
 
 #include "foundation/forms/form.h"
 #include "foundation/settings/preferences.h"
+#include "savegames/capture_source.h"
 
 namespace vardolin {
 
@@ -154,6 +155,9 @@ class Principale : public Form {
   Timer Timer1{*this, "Timer1"};
   Timer Timer_Joystick{*this, "Timer_Joystick"};
 
+  // Screen capture: Print Screen as the watcher samples it (savegames/capture_source.h).
+  PrintScreenKey PrintScreen;
+
  private:
   void Set_Caption_Texts() override;
   void Form_Load() override;
@@ -165,6 +169,10 @@ class Principale : public Form {
   void ChoosePanel(bool screenshots);
   void WireLevelBrowser();
   void DisableMissingWork();
+
+  // Screen capture: its menu entry (wired in principale_menu.cpp, savegames/capture_menu.cpp).
+  void WireCapture();
+  void mnu_CaptureScreen_Click();
 };
 
 }  // namespace vardolin

@@ -99,4 +99,9 @@ const std::vector<MenuPlace>& PrincipaleMenuTree() {
   return tree;
 }
 
+// Screen capture: the entry only tells how a screenshot is taken while playing.
+void Principale::WireCapture() {
+  mnu_CaptureScreen.SetHandler([this] { mnu_CaptureScreen_Click(); });
+}
+
 }  // namespace vardolin

@@ -81,4 +81,15 @@ inline constexpr std::int32_t CaptionPulPrimaScreenShot = 5776;
 inline constexpr std::int32_t CaptionPulDopoScreenShot = 5777;
 inline constexpr std::int32_t CaptionPulUltimoShot = 5778;
 
+// Screen capture while the game runs, and the pictures play_the_game.exe leaves behind.
+inline constexpr std::int32_t CaptureSaveFilter = 265;
+inline constexpr std::int32_t CaptureNotSaved = 266;      // ~1 the path between CR LF; reason behind
+inline constexpr std::int32_t CaptureHowTo = 1845;        // ~1 CR LF
+inline constexpr std::int32_t MediaShotsFolder = 2963;    // fragment behind the editor folder
+inline constexpr std::int32_t MediaShotsPattern = 2964;   // pattern of the files in it
+inline constexpr std::int32_t CatturaCaption = 5891;
+inline constexpr std::int32_t CatturaAutoSave = 5892;
+inline constexpr std::int32_t CatturaPulSave = 5893;
+inline constexpr std::int32_t CatturaPulCancel = 5894;
+
 }  // namespace vardolin::text

@@ -194,8 +194,8 @@ bool ActivateX11Window(Display* d, WindowHandle handle) {
   XWindowAttributes attributes;
   if (!XGetWindowAttributes(d, w, &attributes) || trap.Failed()) return false;
   Window root = DefaultRootWindow(d);
-  bool managed = !ReadProperty<long>(d, root, AtomOf(d, "_NET_SUPPORTING_WM_CHECK"), XA_WINDOW, 32)
-                      .empty();
+  bool managed =
+      !ReadProperty<long>(d, root, AtomOf(d, "_NET_SUPPORTING_WM_CHECK"), XA_WINDOW, 32).empty();
   XMapRaised(d, w);
   if (managed) {
     constexpr long kAdd = 1, kFromPager = 2;
