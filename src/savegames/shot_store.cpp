@@ -37,6 +37,14 @@ std::uintmax_t FileLength(const std::filesystem::path& path) {
 
 }  // namespace
 
+ShotTime ShotFileDate(const std::filesystem::path& path) {
+  std::error_code ec;
+  const auto written = std::filesystem::last_write_time(path, ec);
+  if (ec) return {};
+  return std::chrono::time_point_cast<ShotTime::duration>(
+      std::chrono::file_clock::to_sys(written));
+}
+
 std::filesystem::path ShotFolder(Program& program, int level_index, std::int32_t fragment) {
   if (level_index < 0 || level_index >= static_cast<int>(program.catalogue.levels.size()))
     return {};

@@ -15,6 +15,9 @@ class Program;
 
 using ShotTime = std::chrono::system_clock::time_point;
 
+// A file's modification time, which orders the shots; the epoch when it can't be read.
+ShotTime ShotFileDate(const std::filesystem::path& path);
+
 // The shot folder of the level at catalogue index `level_index`, on hard disk. `fragment` is the
 // text id of the folder's path piece at the caller's place of use (all of them say the same).
 std::filesystem::path ShotFolder(Program& program, int level_index, std::int32_t fragment);
