@@ -21,8 +21,7 @@ bool WriteBitmapFile(const std::filesystem::path& path, const Bitmap& picture) {
 
 }  // namespace
 
-Dialog_Resize::Dialog_Resize(Program& program)
-    : Form(program, "Dialog_Resize", "Resize and save") {
+Dialog_Resize::Dialog_Resize(Program& program) : Form(program, "Dialog_Resize", "Resize and save") {
   Picture1.SetStretch(false);
 }
 
@@ -78,8 +77,7 @@ void Dialog_Resize::Pul_Save_Click() {
   const std::string chosen = p.ui().AskSaveFile(request);
   if (chosen.empty() || painted_.Empty()) return;
   const std::string jpeg = p.GetText(text::ResizeJpegExtension);
-  const bool as_jpeg =
-      chosen.size() >= 4 && EqualsNoCase(chosen.substr(chosen.size() - 4), jpeg);
+  const bool as_jpeg = chosen.size() >= 4 && EqualsNoCase(chosen.substr(chosen.size() - 4), jpeg);
   if (as_jpeg) {
     const int row = Combo_JpgQuality.ListIndex();
     const int quality = row >= 0 ? kJpegQualities[row] : kJpegQualities[kDefaultQualityRow];
@@ -93,8 +91,7 @@ void Dialog_Resize::Pul_Save_Click() {
     return;
   }
   p.ui().SetClipboardText(chosen);
-  ArchiveAsk(p, p.GetText(text::ResizedPathCopied, {"\"" + chosen + "\"\r\n"}),
-             msg::kInformation);
+  ArchiveAsk(p, p.GetText(text::ResizedPathCopied, {"\"" + chosen + "\"\r\n"}), msg::kInformation);
   Unload();
 }
 

@@ -9,6 +9,7 @@
 #include "archive/catalogue_ops.h"
 #include "archive/principale.h"
 #include "foundation/pictures/picture_file.h"
+#include "foundation/ports/platform.h"
 #include "foundation/program.h"
 #include "foundation/services/files.h"
 #include "foundation/services/paths.h"
@@ -112,8 +113,7 @@ void AddScreenshot(Principale& main) {
   std::filesystem::path target = ResolveCase(folder / name);
   if (FileExists(target)) {
     const int answer = ArchiveAsk(
-        program, program.GetText(text::AddShotExists, {name, "\r\n\r\n", "\r\n\r\n"}),
-        msg::kYesNo | msg::kQuestion);
+        program, program.GetText(text::AddShotExists, {name, "\r\n\r\n", "\r\n\r\n"}), msg::kYesNo);
     if (answer == msg::kNo) {
       target = NextShotFileName(program, level, Last4(name));
       ArchiveAsk(program,
@@ -144,8 +144,8 @@ void DeleteShot(Principale& main) {
     return;
   }
   const std::filesystem::path shot = main.Shots.shots[at].path;
-  if (ArchiveAsk(program, program.GetText(text::DeleteShotQuestion) + Quoted(shot),
-                 msg::kYesNo | msg::kQuestion) != msg::kYes)
+  if (ArchiveAsk(program, program.GetText(text::DeleteShotQuestion) + Quoted(shot), msg::kYesNo) !=
+      msg::kYes)
     return;
   const double length = FileLength(shot);
   DeleteFileForced(shot);
@@ -171,8 +171,8 @@ void RenameShot(Principale& main) {
   // The new name stays in the shot folder: a typed folder part is refused, not followed.
   const SafeJoinResult joined = SafeJoin(shot.parent_path(), typed);
   std::error_code ec;
-  const bool taken = joined && FileExists(joined.path) &&
-                     !std::filesystem::equivalent(joined.path, shot, ec);
+  const bool taken =
+      joined && FileExists(joined.path) && !std::filesystem::equivalent(joined.path, shot, ec);
   if (!joined || joined.path.parent_path() != shot.parent_path() || taken) {
     Error(program, text::RenameShotFailed, {typed});
     return;
@@ -195,10 +195,10 @@ void SaveShotCopy(Principale& main) {
   request.title = program.GetText(text::SaveShotTitle);
   request.file_name = name;
   request.start_folder = program.Home().string();
-  request.filter = program.GetText(EqualsNoCase(Last4(name),
-                                                program.GetText(text::SaveShotJpegExtension))
-                                       ? text::SaveShotFilterJpeg
-                                       : text::SaveShotFilterBmp);
+  request.filter =
+      program.GetText(EqualsNoCase(Last4(name), program.GetText(text::SaveShotJpegExtension))
+                          ? text::SaveShotFilterJpeg
+                          : text::SaveShotFilterBmp);
   const std::string chosen = program.ui().AskSaveFile(request);
   if (chosen.empty()) return;
   if (!CopyFileOver(shot, chosen)) Error(program, text::SaveShotFailed, {chosen});
@@ -227,10 +227,10 @@ void ShowShotProperties(Principale& main) {
   Bitmap picture;
   ReadPictureFile(shot.path, picture);
   const std::string text =
-      program.GetText(text::ShotProperties,
-                      {Quoted(shot.path) + kLineBreak, FormatShotDate(shot.date) + kLineBreak,
-                       FormatFileSize(FileLength(shot.path)) + kLineBreak,
-                       std::to_string(picture.width)}) +
+      program.GetText(
+          text::ShotProperties,
+          {Quoted(shot.path) + kLineBreak, FormatShotDate(shot.date) + kLineBreak,
+           FormatFileSize(FileLength(shot.path)) + kLineBreak, std::to_string(picture.width)}) +
       std::to_string(picture.height) + ")";
   ArchiveAsk(program, text, msg::kInformation);
 }
@@ -287,8 +287,7 @@ bool ChooseImageForSavegame(Principale& main, const std::filesystem::path& saveg
       shots.Count() == 1 &&
       EqualsNoCase(shots[0].path.filename().string(), program.GetText(text::NoImageFileName));
   if (shots.Count() == 0 || only_no_image) {
-    ArchiveAsk(program, program.GetText(text::ChooseImageNoShots, {kLineBreak}),
-               msg::kInformation);
+    ArchiveAsk(program, program.GetText(text::ChooseImageNoShots, {kLineBreak}), msg::kInformation);
     return false;
   }
   FileRequest request;

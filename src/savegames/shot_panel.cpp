@@ -64,8 +64,7 @@ bool ShowScreenshotPair(Principale& main, int index) {
   Program& program = main.program();
   ShotPanelState& state = main.Shots;
   const std::filesystem::path no_image = NoImageOfBaseLevel(program, text::NoImageOfBaseLevel);
-  const std::filesystem::path first =
-      state.shots.Holds(index) ? state.shots[index].path : no_image;
+  const std::filesystem::path first = state.shots.Holds(index) ? state.shots[index].path : no_image;
   if (!FileExists(first)) {
     ArchiveAsk(program, program.GetText(text::ShotMissing1, {first.string()}), msg::kError);
     return false;

@@ -41,8 +41,7 @@ ShotTime ShotFileDate(const std::filesystem::path& path) {
   std::error_code ec;
   const auto written = std::filesystem::last_write_time(path, ec);
   if (ec) return {};
-  return std::chrono::time_point_cast<ShotTime::duration>(
-      std::chrono::file_clock::to_sys(written));
+  return std::chrono::time_point_cast<ShotTime::duration>(std::chrono::file_clock::to_sys(written));
 }
 
 std::filesystem::path ShotFolder(Program& program, int level_index, std::int32_t fragment) {
@@ -84,9 +83,8 @@ int ActiveLevelIndex(Program& program) {
   return FindLevelIndex(program.catalogue, GetActiveLevelCode(program));
 }
 
-std::filesystem::path AddPictureToActiveLevel(Program& program,
-                                              const std::filesystem::path& source, int quality,
-                                              std::optional<ShotTime> date) {
+std::filesystem::path AddPictureToActiveLevel(Program& program, const std::filesystem::path& source,
+                                              int quality, std::optional<ShotTime> date) {
   const int level = ActiveLevelIndex(program);
   if (level < 0) return {};
   const std::filesystem::path folder = ShotFolder(program, level, text::ShotFolderCapture);
@@ -107,8 +105,8 @@ void ShowNewestShots(Program& program) {
   if (!main) return;
   const int row = main->Combo_Livelli.ListIndex();
   if (row < 0) return;
-  const int level = FindLevelIndex(
-      program.catalogue, static_cast<std::int32_t>(main->Combo_Livelli.ItemData(row)));
+  const int level = FindLevelIndex(program.catalogue,
+                                   static_cast<std::int32_t>(main->Combo_Livelli.ItemData(row)));
   const std::filesystem::path folder = ShotFolder(program, level, text::ShotFolderCapture);
   const int count = static_cast<int>(
       ListFiles(folder, ExtractFileName(program.GetText(text::ShotMaskJpeg))).size() +

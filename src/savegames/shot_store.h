@@ -42,8 +42,8 @@ int ActiveLevelIndex(Program& program);
 // `quality` under NextShotFileName, its length counted to the level's user size, and its file
 // dates set to `date` when one is given (else the new file's own date, now, sorts it last). The
 // new shot's path, or empty when no level is active or the conversion failed. The source stays.
-std::filesystem::path AddPictureToActiveLevel(Program& program,
-                                              const std::filesystem::path& source, int quality,
+std::filesystem::path AddPictureToActiveLevel(Program& program, const std::filesystem::path& source,
+                                              int quality,
                                               std::optional<ShotTime> date = std::nullopt);
 
 // The index of the pair that shows the newest of `count` shots: the count, less 1 when odd.
