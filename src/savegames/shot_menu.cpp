@@ -45,15 +45,6 @@ double FileLength(const std::filesystem::path& path) {
   return ec ? 0.0 : static_cast<double>(length);
 }
 
-std::string FormatShotDate(ShotTime when) {
-  const std::time_t t = std::chrono::system_clock::to_time_t(when);
-  std::tm local{};
-  localtime_r(&t, &local);
-  char text[32];
-  std::strftime(text, sizeof text, "%d/%m/%Y %H:%M:%S", &local);
-  return text;
-}
-
 void Error(Program& program, std::int32_t id, const std::vector<std::string>& values = {}) {
   ArchiveAsk(program, program.GetText(id, values), msg::kError);
 }
@@ -229,7 +220,7 @@ void ShowShotProperties(Principale& main) {
   const std::string text =
       program.GetText(
           text::ShotProperties,
-          {Quoted(shot.path) + kLineBreak, FormatShotDate(shot.date) + kLineBreak,
+          {Quoted(shot.path) + kLineBreak, ShotDateText(shot.date) + kLineBreak,
            FormatFileSize(FileLength(shot.path)) + kLineBreak, std::to_string(picture.width)}) +
       std::to_string(picture.height) + ")";
   ArchiveAsk(program, text, msg::kInformation);

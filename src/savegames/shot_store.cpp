@@ -1,5 +1,6 @@
 #include "savegames/shot_store.h"
 
+#include <ctime>
 #include <string>
 
 #include "archive/catalogue_ops.h"
@@ -42,6 +43,15 @@ ShotTime ShotFileDate(const std::filesystem::path& path) {
   const auto written = std::filesystem::last_write_time(path, ec);
   if (ec) return {};
   return std::chrono::time_point_cast<ShotTime::duration>(std::chrono::file_clock::to_sys(written));
+}
+
+std::string ShotDateText(ShotTime when) {
+  const std::time_t t = std::chrono::system_clock::to_time_t(when);
+  std::tm local{};
+  localtime_r(&t, &local);
+  char text[32];
+  std::strftime(text, sizeof text, "%d/%m/%Y %H:%M:%S", &local);
+  return text;
 }
 
 std::filesystem::path ShotFolder(Program& program, int level_index, std::int32_t fragment) {

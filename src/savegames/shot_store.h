@@ -7,6 +7,7 @@
 #include <cstdint>
 #include <filesystem>
 #include <optional>
+#include <string>
 #include <string_view>
 
 namespace vardolin {
@@ -17,6 +18,9 @@ using ShotTime = std::chrono::system_clock::time_point;
 
 // A file's modification time, which orders the shots; the epoch when it can't be read.
 ShotTime ShotFileDate(const std::filesystem::path& path);
+
+// A shot's date as the program shows it: day/month/year hours:minutes:seconds, local time.
+std::string ShotDateText(ShotTime when);
 
 // The shot folder of the level at catalogue index `level_index`, on hard disk. `fragment` is the
 // text id of the folder's path piece at the caller's place of use (all of them say the same).
