@@ -12,6 +12,8 @@
 #include "foundation/dialogs/dialog_splash.h"
 #include "foundation/dialogs/dialog_wait.h"
 #include "foundation/settings/dialog_settings.h"
+#include "savegames/dialog_resize.h"
+#include "savegames/dialog_screen_shot.h"
 #include "savegames/dialog_cattura.h"
 #include "web/dialog_zip.h"
 
@@ -42,6 +44,8 @@ const std::vector<FormFactory>& AllForms() {
       Entry<editor::Dialog_TrovaTrle>("Dialog_TrovaTrle"),
       Entry<editor::Dialog_TipoExe>("Dialog_TipoExe"),
       Entry<web::Dialog_Zip>("Dialog_Zip"),
+      Entry<Dialog_Resize>("Dialog_Resize"),
+      Entry<Dialog_ScreenShot>("Dialog_ScreenShot"),
   };
   return forms;
 }

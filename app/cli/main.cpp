@@ -13,6 +13,7 @@
 #include "foundation/program_home.h"
 #include "foundation/settings/preferences.h"
 #include "foundation/texts/text_catalogue.h"
+#include "shot_commands.h"
 #include "terminal_ui.h"
 
 
@@ -36,6 +37,8 @@ int main(int argc, char** argv) {
   std::int32_t code = 0;
   auto* info_cmd = app.add_subcommand("info", "show one level of the current catalogue");
   info_cmd->add_option("CODE", code, "level code")->required();
+  auto* shots_cmd = app.add_subcommand("shots", "list one level's screenshots, oldest first");
+  shots_cmd->add_option("CODE", code, "level code")->required();
   CLI11_PARSE(app, argc, argv);
 
   auto home = vardolin::ResolveHome(home_option);
@@ -65,6 +68,8 @@ int main(int argc, char** argv) {
     rc = vardolin::CmdList(program, std::cout, std::cerr);
   else if (*info_cmd)
     rc = vardolin::CmdInfo(program, code, std::cout, std::cerr);
+  else if (*shots_cmd)
+    rc = vardolin::CmdShots(program, code, std::cout, std::cerr);
   // Writing the settings first saves a changed catalogue, as leaving the program does.
   vardolin::SavePreferences(program);
   return rc;

@@ -16,6 +16,7 @@
 #include "foundation/services/strings.h"
 #include "intake/copy_info_file.h"
 #include "play/active_level.h"
+#include "savegames/shot_panel.h"
 
 namespace vardolin {
 namespace {
@@ -119,6 +120,9 @@ void AggiornaDatiLivello(Principale& main, int first_shot) {
   Program& program = main.program();
   const LevelRecord* level = ChosenLevel(main, nullptr, text::LevelCodeNotFound);
   if (!level) return;
+  LoadLevelScreenshots(main, static_cast<int>(level - program.catalogue.levels.data()),
+                       first_shot);
+  SelectShotImage(main, main.Shots.selected_image);
   main.Label_InfoLevel.SetCaption(level->Note);
   main.Label_InfoDir.SetCaption(LevelInfoDirText(program, *level, GetActiveLevelCode(program)));
 }

@@ -9,6 +9,7 @@
 #include "foundation/forms/form.h"
 #include "foundation/settings/preferences.h"
 #include "savegames/capture_source.h"
+#include "savegames/shot_panel_state.h"
 
 namespace vardolin {
 
@@ -155,6 +156,20 @@ class Principale : public Form {
   Timer Timer1{*this, "Timer1"};
   Timer Timer_Joystick{*this, "Timer_Joystick"};
 
+  // The screenshot panel: the pair of pictures, their names, the marker of the selected one,
+  // paging by pairs, and the chosen level's screenshot list behind them.
+  Image Image1{*this, "Image1"};
+  Image Image2{*this, "Image2"};
+  Label Label_InfoImage1{*this, "Label_InfoImage1"};
+  Label Label_InfoImage2{*this, "Label_InfoImage2"};
+  Label Shape_Image1{*this, "Shape_Image1"};
+  Label Shape_Image2{*this, "Shape_Image2"};
+  Button Pul_PrimoShot{*this, "Pul_PrimoShot", "|<", {}};
+  Button Pul_PrimaScreenShot{*this, "Pul_PrimaScreenShot", "<", {}};
+  Button Pul_DopoScreenShot{*this, "Pul_DopoScreenShot", ">", {}};
+  Button Pul_UltimoShot{*this, "Pul_UltimoShot", ">|", {}};
+  ShotPanelState Shots;
+
   // Screen capture: Print Screen as the watcher samples it (savegames/capture_source.h).
   PrintScreenKey PrintScreen;
 
@@ -169,6 +184,11 @@ class Principale : public Form {
   void ChoosePanel(bool screenshots);
   void WireLevelBrowser();
   void DisableMissingWork();
+
+  // The screenshot panel: its controls (savegames/shot_panel.cpp) and its menu entries
+  // (principale_menu.cpp).
+  void WireScreenshotPanel();
+  void WireScreenshotMenus();
 
   // Screen capture: its menu entry (wired in principale_menu.cpp, savegames/capture_menu.cpp).
   void WireCapture();

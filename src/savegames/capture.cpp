@@ -1,7 +1,5 @@
 #include "savegames/capture.h"
 
-#include <chrono>
-#include <optional>
 #include <system_error>
 
 #include "archive/catalogue_ops.h"
@@ -37,14 +35,6 @@ double FileBytes(const fs::path& path) {
   std::error_code ec;
   std::uintmax_t bytes = fs::file_size(path, ec);
   return ec ? 0.0 : static_cast<double>(bytes);
-}
-
-// A file's modification time; none when it can't be read, and the shot is then dated now.
-std::optional<ShotTime> PictureDate(const fs::path& path) {
-  std::error_code ec;
-  const fs::file_time_type when = fs::last_write_time(path, ec);
-  if (ec) return std::nullopt;
-  return std::chrono::time_point_cast<ShotTime::duration>(fs::file_time_type::clock::to_sys(when));
 }
 
 }  // namespace
@@ -136,7 +126,8 @@ int CollectMediaShots(Program& program) {
     const std::string pattern = ExtractFileName(program.GetText(text::MediaShotsPattern));
     for (const fs::path& file : ListFiles(folder, pattern)) {
       // The launcher's own order of the pictures lies in their dates.
-      if (!AddPictureToActiveLevel(program, file, kMediaShotJpegQuality, PictureDate(file)).empty())
+      if (!AddPictureToActiveLevel(program, file, kMediaShotJpegQuality, ShotFileDate(file))
+               .empty())
         ++stored;
       DeleteFileForced(file);
     }

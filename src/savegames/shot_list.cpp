@@ -3,7 +3,11 @@
 #include <algorithm>
 #include <cstdint>
 
+#include "foundation/program.h"
+#include "foundation/services/files.h"
+#include "foundation/services/paths.h"
 #include "foundation/services/strings.h"
+#include "savegames/text_ids.h"
 
 namespace vardolin {
 namespace {
@@ -28,6 +32,17 @@ int ShotList::IndexOf(const std::filesystem::path& path) const {
   for (int i = 0; i < Count(); ++i)
     if (EqualsNoCase(entries_[i].path.string(), wanted)) return i;
   return -1;
+}
+
+ShotList ListLevelShots(Program& program, int level_index) {
+  ShotList shots;
+  const std::filesystem::path folder = ShotFolder(program, level_index, text::ShotFolderLoad);
+  if (folder.empty()) return shots;
+  for (std::int32_t mask : {text::ShotMaskJpeg, text::ShotMaskBmp})
+    for (const std::filesystem::path& file :
+         ListFiles(folder, ExtractFileName(program.GetText(mask))))
+      shots.InsertShotByDate(file, ShotFileDate(file));
+  return shots;
 }
 
 int NearestShotWithin(const ShotList& shots, ShotTime when, int minutes) {

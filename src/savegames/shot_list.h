@@ -10,6 +10,8 @@
 
 namespace vardolin {
 
+class Program;
+
 struct ShotEntry {
   std::filesystem::path path;
   ShotTime date;
@@ -32,6 +34,10 @@ class ShotList {
  private:
   std::vector<ShotEntry> entries_;
 };
+
+// The level's shots as the panel lists them: the JPEG files, then the BMP files, each placed
+// by its file date.
+ShotList ListLevelShots(Program& program, int level_index);
 
 // The shot whose date lies nearest to `when`, counted in whole seconds, when that distance is at
 // most `minutes`; of equal distances the first in the list. -1 without such a shot.

@@ -1,5 +1,6 @@
 #include "savegames/shot_store.h"
 
+#include <ctime>
 #include <string>
 
 #include "archive/catalogue_ops.h"
@@ -36,6 +37,22 @@ std::uintmax_t FileLength(const std::filesystem::path& path) {
 }
 
 }  // namespace
+
+ShotTime ShotFileDate(const std::filesystem::path& path) {
+  std::error_code ec;
+  const auto written = std::filesystem::last_write_time(path, ec);
+  if (ec) return {};
+  return std::chrono::time_point_cast<ShotTime::duration>(std::chrono::file_clock::to_sys(written));
+}
+
+std::string ShotDateText(ShotTime when) {
+  const std::time_t t = std::chrono::system_clock::to_time_t(when);
+  std::tm local{};
+  localtime_r(&t, &local);
+  char text[32];
+  std::strftime(text, sizeof text, "%d/%m/%Y %H:%M:%S", &local);
+  return text;
+}
 
 std::filesystem::path ShotFolder(Program& program, int level_index, std::int32_t fragment) {
   if (level_index < 0 || level_index >= static_cast<int>(program.catalogue.levels.size()))
@@ -76,9 +93,8 @@ int ActiveLevelIndex(Program& program) {
   return FindLevelIndex(program.catalogue, GetActiveLevelCode(program));
 }
 
-std::filesystem::path AddPictureToActiveLevel(Program& program,
-                                              const std::filesystem::path& source, int quality,
-                                              std::optional<ShotTime> date) {
+std::filesystem::path AddPictureToActiveLevel(Program& program, const std::filesystem::path& source,
+                                              int quality, std::optional<ShotTime> date) {
   const int level = ActiveLevelIndex(program);
   if (level < 0) return {};
   const std::filesystem::path folder = ShotFolder(program, level, text::ShotFolderCapture);
@@ -99,8 +115,8 @@ void ShowNewestShots(Program& program) {
   if (!main) return;
   const int row = main->Combo_Livelli.ListIndex();
   if (row < 0) return;
-  const int level = FindLevelIndex(
-      program.catalogue, static_cast<std::int32_t>(main->Combo_Livelli.ItemData(row)));
+  const int level = FindLevelIndex(program.catalogue,
+                                   static_cast<std::int32_t>(main->Combo_Livelli.ItemData(row)));
   const std::filesystem::path folder = ShotFolder(program, level, text::ShotFolderCapture);
   const int count = static_cast<int>(
       ListFiles(folder, ExtractFileName(program.GetText(text::ShotMaskJpeg))).size() +

@@ -7,6 +7,7 @@
 #include <cstdint>
 #include <filesystem>
 #include <optional>
+#include <string>
 #include <string_view>
 
 namespace vardolin {
@@ -14,6 +15,12 @@ namespace vardolin {
 class Program;
 
 using ShotTime = std::chrono::system_clock::time_point;
+
+// A file's modification time, which orders the shots; the epoch when it can't be read.
+ShotTime ShotFileDate(const std::filesystem::path& path);
+
+// A shot's date as the program shows it: day/month/year hours:minutes:seconds, local time.
+std::string ShotDateText(ShotTime when);
 
 // The shot folder of the level at catalogue index `level_index`, on hard disk. `fragment` is the
 // text id of the folder's path piece at the caller's place of use (all of them say the same).
@@ -39,8 +46,8 @@ int ActiveLevelIndex(Program& program);
 // `quality` under NextShotFileName, its length counted to the level's user size, and its file
 // dates set to `date` when one is given (else the new file's own date, now, sorts it last). The
 // new shot's path, or empty when no level is active or the conversion failed. The source stays.
-std::filesystem::path AddPictureToActiveLevel(Program& program,
-                                              const std::filesystem::path& source, int quality,
+std::filesystem::path AddPictureToActiveLevel(Program& program, const std::filesystem::path& source,
+                                              int quality,
                                               std::optional<ShotTime> date = std::nullopt);
 
 // The index of the pair that shows the newest of `count` shots: the count, less 1 when odd.

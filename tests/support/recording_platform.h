@@ -14,6 +14,8 @@ namespace vardolin::testing {
 class RecordingPlatform : public Platform {
  public:
   std::vector<std::string> calls;
+  // The parameters of each ShellOpen, in order.
+  std::vector<std::string> shell_parameters;
   std::map<int, bool> keys_down;
   bool joystick_present = false;
   JoystickState joystick;
@@ -52,9 +54,10 @@ class RecordingPlatform : public Platform {
   void Beep(int hz, int ms) override { calls.push_back("beep " + std::to_string(hz)); }
   std::vector<DriveInfo> ListDrives() override { return drives; }
   double FreeBytes(const std::filesystem::path&) override { return free_bytes; }
-  bool ShellOpen(const std::string& doc, const std::string&,
+  bool ShellOpen(const std::string& doc, const std::string& parameters,
                  const std::filesystem::path&) override {
     calls.push_back("open " + doc);
+    shell_parameters.push_back(parameters);
     return true;
   }
   std::string ReadRegistry(const std::string& key, const std::string& value) override {
