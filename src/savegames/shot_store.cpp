@@ -1,6 +1,7 @@
 #include "savegames/shot_store.h"
 
 #include <ctime>
+#include <algorithm>
 #include <string>
 
 #include "archive/catalogue_ops.h"
@@ -121,7 +122,8 @@ void ShowNewestShots(Program& program) {
   const int count = static_cast<int>(
       ListFiles(folder, ExtractFileName(program.GetText(text::ShotMaskJpeg))).size() +
       ListFiles(folder, ExtractFileName(program.GetText(text::ShotMaskBmp))).size());
-  AggiornaDatiLivello(*main, NewestPairIndex(count));
+  // The count is taken after the new shots came: the newest one stands at count - 1.
+  AggiornaDatiLivello(*main, NewestPairIndex(std::max(count - 1, 0)));
 }
 
 }  // namespace vardolin
