@@ -282,13 +282,13 @@ std::set<int> ProcessFamily(int pid, const fs::path& proc) {
     if (std::sscanf(stat.c_str() + close + 1, " %c %d", &state, &parent) == 2)
       children.emplace(parent, std::stoi(name));
   }
-  std::vector<int> todo{pid};
-  while (!todo.empty()) {
-    int p = todo.back();
-    todo.pop_back();
+  std::vector<int> pending{pid};
+  while (!pending.empty()) {
+    int p = pending.back();
+    pending.pop_back();
     if (!family.insert(p).second) continue;
     auto [first, last] = children.equal_range(p);
-    for (auto it = first; it != last; ++it) todo.push_back(it->second);
+    for (auto it = first; it != last; ++it) pending.push_back(it->second);
   }
   return family;
 }
