@@ -16,6 +16,7 @@
 #include "foundation/settings/preferences.h"
 #include "foundation/texts/text_catalogue.h"
 #include "play_commands.h"
+#include "shot_commands.h"
 #include "terminal_ui.h"
 
 int main(int argc, char** argv) {
@@ -51,6 +52,8 @@ int main(int argc, char** argv) {
       app.add_subcommand("active", "print the code of the level in the editor folder");
   auto* demo_cmd = app.add_subcommand(
       "demo", "make a demo home: a stand-in editor folder and an archive of three levels");
+  auto* shots_cmd = app.add_subcommand("shots", "list one level's screenshots, oldest first");
+  shots_cmd->add_option("CODE", code, "level code")->required();
   CLI11_PARSE(app, argc, argv);
 
   auto home = vardolin::ResolveHome(home_option);
@@ -90,6 +93,8 @@ int main(int argc, char** argv) {
     rc = vardolin::CmdActive(program, std::cout, std::cerr);
   else if (*demo_cmd)
     rc = vardolin::CmdDemo(program, vardolin::FindStandinGame(), std::cout, std::cerr);
+  else if (*shots_cmd)
+    rc = vardolin::CmdShots(program, code, std::cout, std::cerr);
   // Writing the settings first saves a changed catalogue, as leaving the program does.
   vardolin::SavePreferences(program);
   return rc;
