@@ -20,7 +20,8 @@ void EnsureBaseNoImage(Program& program) {
   if (wanted.empty() || FileExists(wanted)) return;
   const std::filesystem::path shipped = NoImageOfProgram(program, text::NoImageZoom);
   if (!FileExists(shipped)) return;
-  if (!FolderExists(wanted.parent_path())) MakeFolder(wanted.parent_path());
+  std::error_code ec;
+  std::filesystem::create_directories(wanted.parent_path(), ec);
   CopyFileOver(shipped, wanted);
 }
 

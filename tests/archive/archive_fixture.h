@@ -54,6 +54,9 @@ struct ArchiveFixture {
 
   ArchiveFixture() {
     std::filesystem::create_directories(dir / "home");
+    // The shipped no-image picture stands in every home, as the first start puts it there.
+    std::filesystem::copy_file(std::filesystem::path(VARDOLIN_RESOURCES_DIR) / "no_image.jpg",
+                               dir / "home" / "no_image.jpg");
     program.texts.EnglishTexts = ReadEnglishForTests();
     // The one fixed drive is the test's folder, so that proposals of new folders stay in it.
     DriveInfo drive;

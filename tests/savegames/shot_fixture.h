@@ -27,9 +27,7 @@ inline void WritePicture(const std::filesystem::path& path, int width = 8, int h
 }
 
 struct ShotFixture : BrowserFixture {
-  ShotFixture() : BrowserFixture({"Base", "My level"}) {
-    WritePicture(program.Home() / "no_image.jpg", 4, 3, 0);
-  }
+  ShotFixture() : BrowserFixture({"Base", "My level"}) {}
   std::filesystem::path ShotDir(std::int32_t code = 1) { return Folder(code) / "screenshots"; }
   // A picture in the level's shot folder dated `seconds` after the epoch.
   std::filesystem::path Shot(const std::string& name, int seconds, std::int32_t code = 1) {

@@ -167,3 +167,17 @@ TEST(ShotPanel, AMissingPictureIsToldAndThePanelStays) {
 
 }  // namespace
 }  // namespace vardolin::testing
+
+namespace vardolin::testing {
+namespace {
+
+TEST(ShotPanel, TheBaseLevelGetsItsNoImagePictureBackFromTheProgramsFolder) {
+  ShotFixture f;
+  std::filesystem::remove_all(f.Folder(0));
+  f.ChooseMyLevel();
+  EXPECT_TRUE(std::filesystem::exists(f.Folder(0) / "screenshots" / "no_image.jpg"));
+  EXPECT_EQ(f.Shown(f.main->Image1), "no_image.jpg");
+}
+
+}  // namespace
+}  // namespace vardolin::testing

@@ -1,0 +1,177 @@
+// Refreshing the main window's panels (AggiornaDatiLivello) for a level with 200 to 2,000
+// screenshots and 500 archived savegames. The screenshot list is rebuilt from file dates at
+// every refresh, so its cost must grow in step with the files; each figure is set against a
+// plain std::filesystem walk over the same folders, with the date of every file read, in the
+// same run.
+
+#include <benchmark/benchmark.h>
+
+#include <cstdlib>
+#include <filesystem>
+#include <string>
+
+#include "archive/level_browser.h"
+#include "archive/level_store.h"
+#include "archive/principale.h"
+#include "foundation/pictures/picture_file.h"
+#include "foundation/ports/platform.h"
+#include "foundation/ports/ui.h"
+#include "foundation/program.h"
+#include "foundation/services/files.h"
+#include "foundation/texts/text_catalogue.h"
+
+namespace vardolin {
+namespace {
+namespace fs = std::filesystem;
+
+constexpr int kArchivedSavegames = 500;
+constexpr int kSavegamesPerSet = 15;
+
+class SilentUi : public Ui {
+ public:
+  int AskUser(const std::string&, int, const std::string&) override { return msg::kOk; }
+  std::string AskInput(const std::string&, const std::string&, const std::string&) override {
+    return {};
+  }
+  std::string AskFolder(const std::string&, const std::string&) override { return {}; }
+  std::string AskOpenFile(const FileRequest&) override { return {}; }
+  std::string AskSaveFile(const FileRequest&) override { return {}; }
+  void ShowModal(Form&) override {}
+  void ShowModeless(Form&) override {}
+  void DoEvents() override {}
+  void SetClipboardText(const std::string&) override {}
+  std::string ClipboardText() override { return {}; }
+};
+
+class NoPlatform : public Platform {
+ public:
+  std::optional<Process> Start(const StartRequest&) override { return std::nullopt; }
+  WaitResult Wait(Process&, std::chrono::milliseconds) override { return WaitResult::Failed; }
+  bool IsRunning(const Process&) override { return false; }
+  void End(Process&) override {}
+  int ExitCode(const Process&) override { return -1; }
+  int RunCapturing(const StartRequest&, const std::function<bool(const std::string&)>&) override {
+    return -1;
+  }
+  bool IsKeyDown(int) override { return false; }
+  bool ReadJoystick(int, JoystickState&) override { return false; }
+  void Beep(int, int) override {}
+  std::vector<DriveInfo> ListDrives() override { return {}; }
+  double FreeBytes(const fs::path&) override { return 0; }
+  bool ShellOpen(const std::string&, const std::string&, const fs::path&) override { return false; }
+  std::string ReadRegistry(const std::string&, const std::string&) override { return {}; }
+};
+
+// A home, an archive with the base level and one level holding `shots` screenshots (dated a
+// second apart, JPEG and BMP mixed) and the archived savegames in sets of 15.
+struct Bench {
+  fs::path folder;
+  SilentUi ui;
+  NoPlatform platform;
+  Program program;
+  fs::path level;
+
+  explicit Bench(int shots) : folder(MakeFolder()), program(folder / "home", ui, platform) {
+    fs::create_directories(folder / "home");
+    ReadTextFile(program, fs::path(VARDOLIN_SOURCE_DIR) / "resources" / "english.trc",
+                 program.texts.EnglishTexts);
+    fs::copy_file(fs::path(VARDOLIN_SOURCE_DIR) / "resources" / "no_image.jpg",
+                  folder / "home" / "no_image.jpg");
+    program.prefs.AutoSave = false;
+    program.prefs.EditorFolder = (folder / "trle").string();
+    fs::create_directories(folder / "trle");
+    Catalogue& c = program.catalogue;
+    c.header.MainDir = c.header.SecondaryDir = (folder / "archive").string();
+    for (int code : {0, 1}) {
+      LevelRecord r;
+      r.Code = code;
+      r.Name = code ? "My level" : "Base";
+      c.levels.push_back(r);
+    }
+    c.header.LevelCount = 2;
+    level = GetLevelFolder(program, 1, false);
+    const fs::path shot_folder = level / "screenshots";
+    fs::create_directories(shot_folder);
+    Bitmap picture = Bitmap::Make(32, 24);
+    WritePictureFile(folder / "one.jpg", picture, 60);
+    WritePictureFile(folder / "one.bmp", picture);
+    const auto start = std::chrono::system_clock::now() - std::chrono::hours(24 * 30);
+    for (int i = 0; i < shots; ++i) {
+      const bool bmp = i % 5 == 0;
+      const fs::path shot =
+          shot_folder / (std::to_string(i + 1) + ") My level" + (bmp ? ".bmp" : ".jpg"));
+      fs::copy_file(folder / (bmp ? "one.bmp" : "one.jpg"), shot);
+      // Dates out of the listing's order, so that the sorted insertion does real work.
+      SetFileDateTime(shot, start + std::chrono::seconds((i * 7919) % (shots * 3)));
+    }
+    for (int i = 0; i < kArchivedSavegames; ++i) {
+      const fs::path set = level / "savegames" / std::to_string(i / kSavegamesPerSet + 1);
+      fs::create_directories(set);
+      std::FILE* f =
+          std::fopen((set / ("savegame." + std::to_string(i % kSavegamesPerSet))).c_str(), "wb");
+      std::fputs("My level,\n", f);
+      std::fclose(f);
+    }
+  }
+  ~Bench() {
+    std::error_code ec;
+    fs::remove_all(folder, ec);
+  }
+  static fs::path MakeFolder() {
+    std::string tmpl = (fs::temp_directory_path() / "vardolin-bench-XXXXXX").string();
+    if (!mkdtemp(tmpl.data())) std::abort();
+    return tmpl;
+  }
+};
+
+void PerShot(benchmark::State& state, const char* reference) {
+  state.counters["ns_per_shot"] = benchmark::Counter(
+      static_cast<double>(state.range(0)) * 1e-9,
+      benchmark::Counter::kIsIterationInvariantRate | benchmark::Counter::kInvert);
+  state.SetLabel(std::string("vs:") + reference);
+}
+
+void BM_AggiornaDatiLivello(benchmark::State& state) {
+  Bench b(static_cast<int>(state.range(0)));
+  Principale main(b.program);
+  RefreshLevelList(main);
+  main.Combo_Livelli.SetListIndex(main.Combo_Livelli.FindData(1));
+  if (main.Shots.shots.Count() != state.range(0)) state.SkipWithError("shots not listed");
+  for (auto _ : state) AggiornaDatiLivello(main, 0);
+  PerShot(state, "BM_WalkLevelFolders");
+}
+
+// The reference: every file of the shot folder and of the savegame sets found and its date
+// read, with nothing of the program around it.
+void BM_WalkLevelFolders(benchmark::State& state) {
+  Bench b(static_cast<int>(state.range(0)));
+  for (auto _ : state) {
+    std::size_t seen = 0;
+    for (const fs::directory_entry& e : fs::directory_iterator(b.level / "screenshots")) {
+      benchmark::DoNotOptimize(e.last_write_time());
+      ++seen;
+    }
+    for (const fs::directory_entry& e : fs::recursive_directory_iterator(b.level / "savegames"))
+      seen += e.is_regular_file();
+    benchmark::DoNotOptimize(seen);
+  }
+  PerShot(state, "");
+}
+
+BENCHMARK(BM_AggiornaDatiLivello)
+    ->Arg(200)
+    ->Arg(500)
+    ->Arg(1000)
+    ->Arg(2000)
+    ->Unit(benchmark::kMillisecond);
+BENCHMARK(BM_WalkLevelFolders)
+    ->Arg(200)
+    ->Arg(500)
+    ->Arg(1000)
+    ->Arg(2000)
+    ->Unit(benchmark::kMillisecond);
+
+}  // namespace
+}  // namespace vardolin
+
+BENCHMARK_MAIN();
