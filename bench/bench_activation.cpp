@@ -31,6 +31,7 @@
 
 #include "archive/catalogue_records.h"
 #include "archive/level_store.h"
+#include "bench_ports.h"
 #include "foundation/ports/platform.h"
 #include "foundation/ports/ui.h"
 #include "foundation/program.h"
@@ -51,45 +52,6 @@ constexpr std::size_t kFileSize = 5 * 1000 * 1000;
 constexpr int kFilesPerKind = 20;
 constexpr std::int32_t kPlainLevel = 1;
 constexpr std::int32_t kPackedLevel = 2;
-
-// Nobody is asked anything while a level moves in good order.
-class SilentUi : public Ui {
- public:
-  int AskUser(const std::string& text, int, const std::string&) override {
-    std::fprintf(stderr, "bench_activation: %s\n", text.c_str());
-    return msg::kOk;
-  }
-  std::string AskInput(const std::string&, const std::string&, const std::string&) override {
-    return {};
-  }
-  std::string AskFolder(const std::string&, const std::string&) override { return {}; }
-  std::string AskOpenFile(const FileRequest&) override { return {}; }
-  std::string AskSaveFile(const FileRequest&) override { return {}; }
-  void ShowModal(Form&) override {}
-  void ShowModeless(Form&) override {}
-  void DoEvents() override {}
-  void SetClipboardText(const std::string&) override {}
-  std::string ClipboardText() override { return {}; }
-};
-
-class NoPlatform : public Platform {
- public:
-  std::optional<Process> Start(const StartRequest&) override { return std::nullopt; }
-  WaitResult Wait(Process&, std::chrono::milliseconds) override { return WaitResult::Failed; }
-  bool IsRunning(const Process&) override { return false; }
-  void End(Process&) override {}
-  int ExitCode(const Process&) override { return -1; }
-  int RunCapturing(const StartRequest&, const std::function<bool(const std::string&)>&) override {
-    return -1;
-  }
-  bool IsKeyDown(int) override { return false; }
-  bool ReadJoystick(int, JoystickState&) override { return false; }
-  void Beep(int, int) override {}
-  std::vector<DriveInfo> ListDrives() override { return {}; }
-  double FreeBytes(const fs::path&) override { return 1e12; }
-  bool ShellOpen(const std::string&, const std::string&, const fs::path&) override { return false; }
-  std::string ReadRegistry(const std::string&, const std::string&) override { return {}; }
-};
 
 // Bytes that look like an LZ77 stream's output: literal runs and copies of what came shortly
 // before. gzip -9 takes them to about half.
@@ -143,8 +105,8 @@ bool Run(std::vector<std::string> args) {
 // replace the editor's files of those names, as most levels do.
 struct Bench {
   fs::path root;
-  SilentUi ui;
-  NoPlatform platform;
+  bench::SilentUi ui;
+  bench::NoPlatform platform;
   Program program;
   fs::path editor, backup, plain_files, packed_files, gz_files;
   std::vector<std::string> names;

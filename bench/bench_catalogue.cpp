@@ -12,6 +12,7 @@
 
 #include "archive/catalogue_file.h"
 #include "archive/catalogue_records.h"
+#include "bench_ports.h"
 #include "foundation/ports/platform.h"
 #include "foundation/ports/ui.h"
 #include "foundation/program.h"
@@ -20,54 +21,10 @@ namespace vardolin {
 namespace {
 namespace fs = std::filesystem;
 
-// Nobody is asked anything while a catalogue loads or saves in good order.
-class SilentUi : public Ui {
- public:
-  int AskUser(const std::string&, int, const std::string&) override { return msg::kOk; }
-  std::string AskInput(const std::string&, const std::string&, const std::string&) override {
-    return {};
-  }
-  std::string AskFolder(const std::string&, const std::string&) override { return {}; }
-  std::string AskOpenFile(const FileRequest&) override { return {}; }
-  std::string AskSaveFile(const FileRequest&) override { return {}; }
-  void ShowModal(Form&) override {}
-  void ShowModeless(Form&) override {}
-  void DoEvents() override {}
-  void SetClipboardText(const std::string&) override {}
-  std::string ClipboardText() override { return {}; }
-  bool ClipboardHasImage() override { return false; }
-  bool ClipboardImage(Bitmap&) override { return false; }
-  bool SetClipboardImage(const Bitmap&) override { return false; }
-  void ClearClipboard() override {}
-};
-
-class NoPlatform : public Platform {
- public:
-  std::optional<Process> Start(const StartRequest&) override { return std::nullopt; }
-  WaitResult Wait(Process&, std::chrono::milliseconds) override { return WaitResult::Failed; }
-  bool IsRunning(const Process&) override { return false; }
-  void End(Process&) override {}
-  int ExitCode(const Process&) override { return -1; }
-  int RunCapturing(const StartRequest&, const std::function<bool(const std::string&)>&) override {
-    return -1;
-  }
-  bool IsKeyDown(int) override { return false; }
-  bool ReadJoystick(int, JoystickState&) override { return false; }
-  void Beep(int, int) override {}
-  std::vector<DriveInfo> ListDrives() override { return {}; }
-  double FreeBytes(const fs::path&) override { return 0; }
-  bool ShellOpen(const std::string&, const std::string&, const fs::path&) override { return false; }
-  std::string ReadRegistry(const std::string&, const std::string&) override { return {}; }
-  std::vector<TopWindow> ListTopWindows() override { return {}; }
-  WindowHandle FindProcessWindow(const Process&) override { return 0; }
-  bool ActivateWindow(WindowHandle) override { return false; }
-  bool GrabWindow(WindowHandle, Bitmap&) override { return false; }
-};
-
 struct Bench {
   fs::path folder;
-  SilentUi ui;
-  NoPlatform platform;
+  bench::SilentUi ui;
+  bench::NoPlatform platform;
   Program program;
   fs::path file;
 

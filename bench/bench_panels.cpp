@@ -13,6 +13,7 @@
 #include "archive/level_browser.h"
 #include "archive/level_store.h"
 #include "archive/principale.h"
+#include "bench_ports.h"
 #include "foundation/pictures/picture_file.h"
 #include "foundation/ports/platform.h"
 #include "foundation/ports/ui.h"
@@ -27,47 +28,12 @@ namespace fs = std::filesystem;
 constexpr int kArchivedSavegames = 500;
 constexpr int kSavegamesPerSet = 15;
 
-class SilentUi : public Ui {
- public:
-  int AskUser(const std::string&, int, const std::string&) override { return msg::kOk; }
-  std::string AskInput(const std::string&, const std::string&, const std::string&) override {
-    return {};
-  }
-  std::string AskFolder(const std::string&, const std::string&) override { return {}; }
-  std::string AskOpenFile(const FileRequest&) override { return {}; }
-  std::string AskSaveFile(const FileRequest&) override { return {}; }
-  void ShowModal(Form&) override {}
-  void ShowModeless(Form&) override {}
-  void DoEvents() override {}
-  void SetClipboardText(const std::string&) override {}
-  std::string ClipboardText() override { return {}; }
-};
-
-class NoPlatform : public Platform {
- public:
-  std::optional<Process> Start(const StartRequest&) override { return std::nullopt; }
-  WaitResult Wait(Process&, std::chrono::milliseconds) override { return WaitResult::Failed; }
-  bool IsRunning(const Process&) override { return false; }
-  void End(Process&) override {}
-  int ExitCode(const Process&) override { return -1; }
-  int RunCapturing(const StartRequest&, const std::function<bool(const std::string&)>&) override {
-    return -1;
-  }
-  bool IsKeyDown(int) override { return false; }
-  bool ReadJoystick(int, JoystickState&) override { return false; }
-  void Beep(int, int) override {}
-  std::vector<DriveInfo> ListDrives() override { return {}; }
-  double FreeBytes(const fs::path&) override { return 0; }
-  bool ShellOpen(const std::string&, const std::string&, const fs::path&) override { return false; }
-  std::string ReadRegistry(const std::string&, const std::string&) override { return {}; }
-};
-
 // A home, an archive with the base level and one level holding `shots` screenshots (dated a
 // second apart, JPEG and BMP mixed) and the archived savegames in sets of 15.
 struct Bench {
   fs::path folder;
-  SilentUi ui;
-  NoPlatform platform;
+  bench::SilentUi ui;
+  bench::NoPlatform platform;
   Program program;
   fs::path level;
 

@@ -20,6 +20,7 @@
 #include <fstream>
 #include <string>
 
+#include "bench_ports.h"
 #include "foundation/platform/linux_platform.h"
 #include "foundation/ports/ui.h"
 #include "foundation/program.h"
@@ -32,22 +33,6 @@ namespace fs = std::filesystem;
 
 constexpr int kFiles = 2000;
 constexpr double kIntervalSeconds = 0.1;
-
-class SilentUi : public Ui {
- public:
-  int AskUser(const std::string&, int, const std::string&) override { return msg::kOk; }
-  std::string AskInput(const std::string&, const std::string&, const std::string&) override {
-    return {};
-  }
-  std::string AskFolder(const std::string&, const std::string&) override { return {}; }
-  std::string AskOpenFile(const FileRequest&) override { return {}; }
-  std::string AskSaveFile(const FileRequest&) override { return {}; }
-  void ShowModal(Form&) override {}
-  void ShowModeless(Form&) override {}
-  void DoEvents() override {}
-  void SetClipboardText(const std::string&) override {}
-  std::string ClipboardText() override { return {}; }
-};
 
 fs::path StandinGame() {
   const char* env = std::getenv("VARDOLIN_STANDINS");
@@ -65,7 +50,7 @@ double ThreadCpuSeconds() {
 // The editor folder with 2,000 files, 14 of them savegames, and the stand-in game running in it.
 struct LiveGame {
   fs::path folder;
-  SilentUi ui;
+  bench::SilentUi ui;
   LinuxPlatform platform;
   Program program;
   bool ok = false;
