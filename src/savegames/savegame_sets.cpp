@@ -281,7 +281,7 @@ bool RestoreSavegameToSlot(Program& program, std::int32_t code, const fs::path& 
   if (static_cast<int>(ListWithMask(program, slots, text::SavegameMaskRestoreOne).size()) >=
       kSavegameSlots) {
     const std::string question = program.GetText(text::RestoreOneSlotsFull, {kLineBreak});
-    if (AskUser(program, question, msg::kYesNo | msg::kQuestion) != msg::kYes) return false;
+    if (AskUser(program, question, msg::kYesNo) != msg::kYes) return false;
     std::int32_t all = kSavegameSlots;
     ArchiveSlotSavegames(program, code, all);
   }
