@@ -105,7 +105,6 @@ bool RecoverSavegameWork(Program& program) {
 
   std::vector<fs::path> files = ListWithMask(program, work, text::SavegameMaskRecover);
   const std::vector<int> order = SortIndexByValue(SaveNumbers(program, files), true);
-  bool placed = false;
   for (int index : order) {
     const fs::path& file = files[static_cast<std::size_t>(index)];
     if (const fs::path twin = TwinIn(program, home, file); !twin.empty()) {
@@ -125,7 +124,6 @@ bool RecoverSavegameWork(Program& program) {
     if (target.empty()) target = overflow.NextName();
     if (!set_twin.empty()) KeepNote(program, set_twin, file);
     if (!CopySavegame(program, file, target, true)) return false;
-    placed = true;
     // The copy in the set came from the slots on its way in, or is on its way out: either way
     // the one now at home is the savegame.
     if (!set_twin.empty()) DeleteSavegame(program, set_twin);
@@ -135,7 +133,8 @@ bool RecoverSavegameWork(Program& program) {
   TidyFolder(program, overflow.folder);
   if (!set.empty() && ListFiles(set, "*").empty()) RemoveEmptyFolder(set);
   if (!EndSavegameWork(program, work, "savegame-recover")) return false;
-  if (placed && known_home) CompactSlots(program, home);
+  // Every operation that names a slot folder leaves it renumbered; so does its recovery.
+  if (known_home) CompactSlots(program, home);
   return true;
 }
 
