@@ -1,5 +1,6 @@
 #include "savegames/savegame_work.h"
 
+#include <charconv>
 #include <string>
 
 #include "foundation/program.h"
@@ -57,14 +58,16 @@ bool EndSavegameWork(const Program& program, const fs::path& work, const char* f
 }
 
 std::optional<SavegameWork> ReadSavegameWork(const Program& program, const fs::path& work) {
-  const std::string text = ReadWholeFile(JournalPath(program, work));
-  if (text.empty()) return std::nullopt;
+  return ParseSavegameWork(ReadWholeFile(JournalPath(program, work)));
+}
+
+std::optional<SavegameWork> ParseSavegameWork(std::string_view text) {
   SavegameWork journal;
   bool has_operation = false;
   for (std::size_t at = 0; at < text.size();) {
     std::size_t end = text.find('\n', at);
     if (end == std::string::npos) end = text.size();
-    const std::string line = text.substr(at, end - at);
+    const std::string line(text.substr(at, end - at));
     at = end + 1;
     const std::size_t blank = line.find(' ');
     const std::string key = line.substr(0, blank);
@@ -76,11 +79,9 @@ std::optional<SavegameWork> ReadSavegameWork(const Program& program, const fs::p
           has_operation = true;
         }
     } else if (key == "level") {
-      try {
-        journal.level = std::stoi(value);
-      } catch (...) {
-        return std::nullopt;
-      }
+      const auto [rest, error] =
+          std::from_chars(value.data(), value.data() + value.size(), journal.level);
+      if (error != std::errc() || rest != value.data() + value.size()) return std::nullopt;
     } else if (key == "home") {
       journal.home = value;
     } else if (key == "set") {

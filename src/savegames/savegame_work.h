@@ -6,6 +6,7 @@
 #include <cstdint>
 #include <filesystem>
 #include <optional>
+#include <string_view>
 
 namespace vardolin {
 
@@ -31,6 +32,8 @@ bool CommitSavegameWork(const Program& program, const std::filesystem::path& wor
 // hook reached after each file.
 bool EndSavegameWork(const Program& program, const std::filesystem::path& work,
                      const char* fault_point);
+// A journal's text; empty when it names no operation or no slot folder.
+std::optional<SavegameWork> ParseSavegameWork(std::string_view text);
 // The journal of a work folder; empty when it is missing or can't be read.
 std::optional<SavegameWork> ReadSavegameWork(const Program& program,
                                              const std::filesystem::path& work);
