@@ -15,6 +15,7 @@
 #include "foundation/program_home.h"
 #include "foundation/settings/preferences.h"
 #include "foundation/texts/text_catalogue.h"
+#include "savegame_commands.h"
 #include "play_commands.h"
 #include "shot_commands.h"
 #include "terminal_ui.h"
@@ -39,6 +40,19 @@ int main(int argc, char** argv) {
   std::int32_t code = 0;
   auto* info_cmd = app.add_subcommand("info", "show one level of the current catalogue");
   info_cmd->add_option("CODE", code, "level code")->required();
+  // The savegame commands.
+  std::int32_t save_count = 15;
+  auto* savegames_cmd =
+      app.add_subcommand("savegames", "list a level's savegames, slots and archive");
+  savegames_cmd->add_option("CODE", code, "level code")->required();
+  auto* archive_cmd =
+      app.add_subcommand("archive", "archive the oldest savegames of a level's slots");
+  archive_cmd->add_option("CODE", code, "level code")->required();
+  archive_cmd->add_option("COUNT", save_count,
+                          "how many of the oldest (default 15: all but the newest)");
+  auto* restore_cmd =
+      app.add_subcommand("restore", "bring a level's newest archive set back into its slots");
+  restore_cmd->add_option("CODE", code, "level code")->required();
   auto* play_cmd = app.add_subcommand(
       "play", "put a level into the editor folder, start the game, wait for its end");
   play_cmd->add_option("CODE", code, "level code")->required();
@@ -83,6 +97,12 @@ int main(int argc, char** argv) {
     rc = vardolin::CmdList(program, std::cout, std::cerr);
   else if (*info_cmd)
     rc = vardolin::CmdInfo(program, code, std::cout, std::cerr);
+  else if (*savegames_cmd)
+    rc = vardolin::CmdSavegames(program, code, std::cout, std::cerr);
+  else if (*archive_cmd)
+    rc = vardolin::CmdArchiveSavegames(program, code, save_count, std::cout, std::cerr);
+  else if (*restore_cmd)
+    rc = vardolin::CmdRestoreSavegames(program, code, std::cout, std::cerr);
   else if (*play_cmd)
     rc = vardolin::CmdPlay(program, code, std::cout, std::cerr);
   else if (*activate_cmd)

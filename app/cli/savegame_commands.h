@@ -1,0 +1,21 @@
+#pragma once
+// The savegame commands of vardolin-cli. Each gives the process's exit code: 0 done, 1 the
+// command failed or had nothing to do (the reason went to the error stream).
+
+#include <cstdint>
+#include <iosfwd>
+
+namespace vardolin {
+
+class Program;
+
+// Both savegame lists of a level with their row texts: the slots (slot number first), then the
+// archived savegames sorted by row text (path first).
+int CmdSavegames(Program& program, std::int32_t code, std::ostream& out, std::ostream& err);
+// Archives the `count` oldest savegames of the level's slots into a new archive set.
+int CmdArchiveSavegames(Program& program, std::int32_t code, std::int32_t count, std::ostream& out,
+                        std::ostream& err);
+// Brings the newest archive set of the level back into its free slots.
+int CmdRestoreSavegames(Program& program, std::int32_t code, std::ostream& out, std::ostream& err);
+
+}  // namespace vardolin
