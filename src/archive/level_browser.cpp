@@ -16,6 +16,7 @@
 #include "foundation/services/strings.h"
 #include "intake/copy_info_file.h"
 #include "play/active_level.h"
+#include "savegames/savegame_panel.h"
 
 namespace vardolin {
 namespace {
@@ -119,6 +120,7 @@ void AggiornaDatiLivello(Principale& main) {
   Program& program = main.program();
   const LevelRecord* level = ChosenLevel(main, nullptr, text::LevelCodeNotFound);
   if (!level) return;
+  LoadLevelSavegames(main);
   main.Label_InfoLevel.SetCaption(level->Note);
   main.Label_InfoDir.SetCaption(LevelInfoDirText(program, *level, GetActiveLevelCode(program)));
 }

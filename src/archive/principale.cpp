@@ -16,6 +16,8 @@
 #include "foundation/settings/dialog_settings.h"
 #include "foundation/startup/startup.h"
 #include "foundation/text_ids.h"
+#include "savegames/savegame_panel.h"
+#include "savegames/text_ids.h"
 
 namespace vardolin {
 namespace {
@@ -39,6 +41,13 @@ const CaptionText kCaptions[] = {
     {"Pul_SaveGames", text::CaptionPulSaveGames},
     {"Frame_SaveGames", text::CaptionFrameSaveGames},
     {"Frame_ScreenShots", text::CaptionFrameScreenShots},
+    // The savegame panel.
+    {"Label_SaveGameTomb", text::CaptionLabelSaveGameTomb},
+    {"Label_SaveGameArchiviati", text::CaptionLabelSaveGameArchiviati},
+    {"Label_NoteSaveGame", text::CaptionLabelNoteSaveGame},
+    {"Pul_RestoreSaveGame", text::CaptionPulRestoreSaveGame},
+    {"Pul_DeleteSavegame", text::CaptionPulDeleteSavegame},
+    {"Pul_ArchiviaSavegames", text::CaptionPulArchiviaSavegames},
 };
 
 }  // namespace
@@ -61,6 +70,8 @@ Principale::Principale(Program& program) : Form(program, "Principale", "Vardolin
   Timer_Joystick.SetInterval(kJoystickTickMs);
   Timer_Joystick.SetEnabled(false);
   WireLevelBrowser();
+  WireSavegamePanel();
+  WireSavegameMenus();
   DisableMissingWork();
   program.main = {this, &Label_Info, &ProgressBar1, &Timer1};
 }
@@ -152,7 +163,8 @@ void Principale::Combo_Livelli_Click() {
   AggiornaDatiLivello(*this);
 }
 
-void Principale::Form_KeyDown(int key_code, int /*shift*/) {
+void Principale::Form_KeyDown(int key_code, int shift) {
+  if (SavegameSearchKey(*this, key_code, shift)) return;
   if (key_code == vk::kF12) StartCheckVardo(program());
 }
 

@@ -8,6 +8,7 @@
 
 #include "foundation/forms/form.h"
 #include "foundation/settings/preferences.h"
+#include "savegames/savegame_panel_state.h"
 
 namespace vardolin {
 
@@ -154,6 +155,25 @@ class Principale : public Form {
   Timer Timer1{*this, "Timer1"};
   Timer Timer_Joystick{*this, "Timer_Joystick"};
 
+  // The savegame panel: the chosen level's savegames in the game's slots and in its archive
+  // sets, the note and the picture of the selected one, and what the panel knows of the level.
+  Label Label_SaveGameTomb{*this, "Label_SaveGameTomb", "Savegames in the Tomb Raider slots"};
+  ListBox List_SaveGameTomb{*this, "List_SaveGameTomb", false,
+                            [this] { List_SaveGameTomb_Click(); }};
+  Label Label_SaveGameArchiviati{*this, "Label_SaveGameArchiviati", "Archived savegames"};
+  ListBox List_SaveGameArchiviati{*this, "List_SaveGameArchiviati", true,
+                                  [this] { List_SaveGameArchiviati_Click(); }};
+  Label Label_NoteSaveGame{*this, "Label_NoteSaveGame", "Note (click to write it)"};
+  TextBox Text_NoteSaveGame{*this, "Text_NoteSaveGame"};
+  Image Image_SaveGame{*this, "Image_SaveGame"};
+  Button Pul_RestoreSaveGame{*this, "Pul_RestoreSaveGame",
+                             "Copy in tombraider slots the selected savegame", {}};
+  Button Pul_DeleteSavegame{*this, "Pul_DeleteSavegame", "Delete savegame", {}};
+  Button Pul_ArchiviaSavegames{
+      *this, "Pul_ArchiviaSavegames",
+      "Archive all savegames and free tombraider slots (let only most recent savegame)", {}};
+  SavegamePanelState Savegames;
+
  private:
   void Set_Caption_Texts() override;
   void Form_Load() override;
@@ -165,6 +185,13 @@ class Principale : public Form {
   void ChoosePanel(bool screenshots);
   void WireLevelBrowser();
   void DisableMissingWork();
+
+  // The savegame panel: its controls (savegames/savegame_panel.cpp) and its menu entries
+  // (principale_menu.cpp).
+  void WireSavegamePanel();
+  void WireSavegameMenus();
+  void List_SaveGameTomb_Click();
+  void List_SaveGameArchiviati_Click();
 };
 
 }  // namespace vardolin

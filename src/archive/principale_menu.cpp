@@ -2,6 +2,7 @@
 
 #include "archive/principale.h"
 #include "archive/text_ids.h"
+#include "savegames/savegame_panel.h"
 
 namespace vardolin {
 
@@ -97,6 +98,17 @@ const std::vector<MenuPlace>& PrincipaleMenuTree() {
       {"mnu_PropertySavegame", "mnu_SaveGameHid2", text::MnuPropertySavegame},
   };
   return tree;
+}
+
+void Principale::WireSavegameMenus() {
+  mnu_BackupSavegame.SetHandler([this] { ArchiveLevelSavegames(*this, true); });
+  mnu_RestoreSavegames.SetHandler([this] { RestoreLevelSavegames(*this); });
+  mnu_DelSavegame.SetHandler([this] { DeleteSelectedSavegame(*this); });
+  mnu_SalvaSavegame.SetHandler([this] { SaveSelectedSavegameAs(*this); });
+  mnu_PropertySavegame.SetHandler([this] { ShowSavegameProperties(*this); });
+  mnu_FindSavegameNote.SetHandler([this] { FindSavegameNoteAsk(*this); });
+  mnu_FineNextSavegame.SetHandler([this] { FindNextSavegameNote(*this); });
+  mnu_FindPreviousSavegame.SetHandler([this] { FindPreviousSavegameNote(*this); });
 }
 
 }  // namespace vardolin

@@ -25,6 +25,10 @@ void TextBox::SetText(std::string text) {
   if (on_change_) on_change_();
 }
 
+void TextBox::Click() {
+  if (Enabled() && on_click_) on_click_();
+}
+
 void TextBox::SetLocked(bool locked) {
   if (locked == locked_) return;
   locked_ = locked;
@@ -117,6 +121,14 @@ void Image::SetPicture(std::string path) {
 
 void Image::Click() {
   if (Enabled() && on_click_) on_click_();
+}
+
+void Image::DblClick() {
+  if (Enabled() && on_dbl_click_) on_dbl_click_();
+}
+
+void Image::MouseDown(int button) {
+  if (Enabled() && on_down_) on_down_(button);
 }
 
 Menu::Menu(Form& form, std::string name, std::string caption, Handler on_click)
