@@ -166,12 +166,14 @@ class Principale : public Form {
   Label Label_NoteSaveGame{*this, "Label_NoteSaveGame", "Note (click to write it)"};
   TextBox Text_NoteSaveGame{*this, "Text_NoteSaveGame"};
   Image Image_SaveGame{*this, "Image_SaveGame"};
-  Button Pul_RestoreSaveGame{*this, "Pul_RestoreSaveGame",
-                             "Copy in tombraider slots the selected savegame", {}};
+  Button Pul_RestoreSaveGame{
+      *this, "Pul_RestoreSaveGame", "Copy in tombraider slots the selected savegame", {}};
   Button Pul_DeleteSavegame{*this, "Pul_DeleteSavegame", "Delete savegame", {}};
   Button Pul_ArchiviaSavegames{
-      *this, "Pul_ArchiviaSavegames",
-      "Archive all savegames and free tombraider slots (let only most recent savegame)", {}};
+      *this,
+      "Pul_ArchiviaSavegames",
+      "Archive all savegames and free tombraider slots (let only most recent savegame)",
+      {}};
   SavegamePanelState Savegames;
 
  private:

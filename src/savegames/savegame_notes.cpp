@@ -92,8 +92,8 @@ void FindSavegameNoteAsk(Principale& main) {
     return;
   }
   const std::string typed =
-      AskInput(program, program.GetText(text::FindNotePrompt),
-               program.GetText(text::FindNoteTitle), main.Savegames.search_text);
+      AskInput(program, program.GetText(text::FindNotePrompt), program.GetText(text::FindNoteTitle),
+               main.Savegames.search_text);
   if (typed.empty()) return;
   main.Savegames.search_text = typed;
   FindSavegameNote(main, 1, 0);

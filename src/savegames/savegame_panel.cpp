@@ -99,8 +99,7 @@ void LoadLevelSavegames(Principale& main) {
                                          static_cast<std::int64_t>(i));
   if (state.slot_folder.empty()) return;
   for (const std::filesystem::path& file : ListSavegames(program, state.slot_folder))
-    main.List_SaveGameTomb.AddItem(SavegameListCaption(program, file),
-                                   SlotNumberOf(file.string()));
+    main.List_SaveGameTomb.AddItem(SavegameListCaption(program, file), SlotNumberOf(file.string()));
 }
 
 void ShowSelectedSavegame(Principale& main) {
@@ -137,8 +136,7 @@ void Principale::WireSavegamePanel() {
       [this](int button) { SavegameListMouseDown(*this, List_SaveGameTomb, button); });
   List_SaveGameArchiviati.SetMouseDownHandler(
       [this](int button) { SavegameListMouseDown(*this, List_SaveGameArchiviati, button); });
-  Image_SaveGame.SetMouseDownHandler(
-      [this](int button) { SavegameImageMouseDown(*this, button); });
+  Image_SaveGame.SetMouseDownHandler([this](int button) { SavegameImageMouseDown(*this, button); });
   Text_NoteSaveGame.SetMultiLine(true);
   Text_NoteSaveGame.SetLocked(true);
   Text_NoteSaveGame.SetClickHandler([this] { EditSavegameNote(*this); });
