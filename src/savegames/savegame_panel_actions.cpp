@@ -55,7 +55,7 @@ void DeleteSelectedSavegame(Principale& main) {
   if (path.empty()) return;
   const std::string question =
       program.GetText(text::DeleteSavegameQuestion) + SelectedRowText(main, archived) + "] ?";
-  if (ArchiveAsk(program, question, msg::kYesNo + msg::kQuestion) != msg::kYes) return;
+  if (ArchiveAsk(program, question, msg::kYesNo) != msg::kYes) return;
   DeleteSavegame(program, path);
   if (!archived) CompactSlots(program, main.Savegames.slot_folder);
   ReloadSavegamePanel(main);

@@ -27,7 +27,7 @@ TEST(SavegameNotes, TheEditedNoteIsWrittenOrRemoved) {
   };
   const Case cases[] = {
       {"", type("Boss beaten\r\nnext: the lever"), true, "Boss beaten\r\nnext: the lever"},
-      {"old", type("  \r\n "), false, ""},
+      {"old", type("   "), false, ""},
       {"old",
        [](Dialog_InputTesto& d) {
          d.Pul_Svuota.Click();

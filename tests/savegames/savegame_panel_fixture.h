@@ -59,6 +59,7 @@ struct SavegamePanelFixture : BrowserFixture {
   }
   // Chooses the level in Combo_Livelli, which loads the panel.
   void ChooseLevel(std::int32_t code) {
+    if (main->Combo_Livelli.ListCount() == 0) RefreshLevelList(*main);
     main->Combo_Livelli.SetListIndex(-1);
     main->Combo_Livelli.SetListIndex(main->Combo_Livelli.FindData(code));
   }
