@@ -25,6 +25,7 @@
 #include "archive/editor_backup.h"
 #include "archive/store_repair.h"
 #include "editor/find_editor.h"
+#include "savegames/savegame_sets.h"
 
 namespace vardolin {
 namespace fs = std::filesystem;
@@ -144,6 +145,7 @@ void StartUp(Program& program, const LoadResult& prefs) {
     return;
   }
   if (!OpenCatalogue(program)) return;
+  RecoverSavegameWork(program);
   ShowChosenPanel(program);
   if (prefs.PrefsUpgraded) CleanUpAfterUpgrade(program);
 }

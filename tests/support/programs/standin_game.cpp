@@ -34,28 +34,16 @@
 #include <thread>
 #include <vector>
 
+#include "../savegame_bytes.h"
+
 namespace {
-
-constexpr std::size_t kTitleWidth = 75;
-constexpr std::size_t kSavegameSize = 0x3A00;  // about what the game writes per slot
-
-void Put16(std::string& out, std::size_t at, int value) {
-  out[at] = static_cast<char>(value & 0xFF);
-  out[at + 1] = static_cast<char>((value >> 8) & 0xFF);
-}
 
 void Put32(std::string& out, std::uint32_t value) {
   for (int i = 0; i < 4; ++i) out.push_back(static_cast<char>((value >> (8 * i)) & 0xFF));
 }
 
 bool WriteSavegame(int number, const std::string& title) {
-  std::string bytes(kSavegameSize, '\0');
-  std::string field = title.substr(0, kTitleWidth - 1) + ",";
-  field.resize(kTitleWidth, ' ');
-  bytes.replace(0, kTitleWidth, field);
-  Put16(bytes, kTitleWidth, number);
-  for (std::size_t i = kTitleWidth + 2; i < bytes.size(); ++i)
-    bytes[i] = static_cast<char>((i * 7 + number) & 0xFF);
+  const std::string bytes = vardolin::testing::GameSavegameBytes(number, title);
   std::ofstream out("savegame." + std::to_string(number), std::ios::binary | std::ios::trunc);
   out.write(bytes.data(), static_cast<std::streamsize>(bytes.size()));
   return static_cast<bool>(out);

@@ -1,0 +1,13 @@
+// The journal of the savegame work folder is read back after a crash, when it may have been cut
+// anywhere: its reader must take any bytes.
+#include <cstddef>
+#include <cstdint>
+#include <string_view>
+
+#include "savegames/savegame_work.h"
+
+extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
+  const std::string_view text(reinterpret_cast<const char*>(data), size);
+  (void)vardolin::ParseSavegameWork(text);
+  return 0;
+}

@@ -1,0 +1,46 @@
+#include "savegames/savegame_header.h"
+
+#include <fstream>
+
+#include "foundation/program.h"
+#include "foundation/services/binary_io.h"
+#include "foundation/services/codepage.h"
+#include "foundation/services/strings.h"
+#include "savegames/text_ids.h"
+
+namespace vardolin {
+
+namespace {
+constexpr std::size_t kHeaderSize = kSavegameNumberOffset + 2;
+}  // namespace
+
+SavegameHeader ParseSavegameHeader(std::string_view bytes) {
+  SavegameHeader header;
+  // A file too short to hold the save number is a slot the game never finished writing.
+  if (bytes.size() < kHeaderSize) return header;
+  // The game writes the title as a text field: it ends at a comma or a line end. NUL ends it as
+  // well, since no title holds one and a padded field would otherwise carry it along.
+  const std::string_view field = bytes.substr(0, kSavegameTitleWidth);
+  const std::size_t end = field.find_first_of(std::string_view(",\r\n\0", 4));
+  header.title = Trim(ToUtf8Lossy(field.substr(0, end), 1252));
+  ByteReader reader(bytes.substr(kSavegameNumberOffset, 2));
+  header.save_number = reader.I16();
+  header.readable = true;
+  return header;
+}
+
+std::int32_t ReadSavegameHeader(const Program& program, const std::filesystem::path& path,
+                                std::string& title) {
+  title = program.GetText(text::UnreadableSavegameTitle);
+  std::ifstream in(path, std::ios::binary);
+  if (!in) return 0;
+  std::string bytes(kHeaderSize, '\0');
+  in.read(bytes.data(), static_cast<std::streamsize>(bytes.size()));
+  bytes.resize(static_cast<std::size_t>(in.gcount()));
+  const SavegameHeader header = ParseSavegameHeader(bytes);
+  if (!header.readable) return 0;
+  title = header.title;
+  return header.save_number;
+}
+
+}  // namespace vardolin

@@ -1,0 +1,93 @@
+#pragma once
+// A program with an editor folder and an archive of four levels on disk, for the savegame store
+// tests. No marker stands in the editor folder, so level 0 is the active one and its slots are the
+// editor folder; every other level keeps its slots in its play folder.
+
+#include <algorithm>
+#include <filesystem>
+#include <map>
+#include <string>
+#include <vector>
+
+#include "../archive/archive_fixture.h"
+#include "archive/level_store.h"
+#include "savegame_bytes.h"
+#include "savegames/savegame_header.h"
+#include "savegames/savegame_store.h"
+
+namespace vardolin::testing {
+
+// One savegame as the tests know it: its save number, its bytes and its note ("" for none).
+struct SavedGame {
+  std::string bytes;
+  std::string note;
+  bool operator<(const SavedGame& o) const {
+    return std::tie(bytes, note) < std::tie(o.bytes, o.note);
+  }
+  bool operator==(const SavedGame& o) const { return bytes == o.bytes && note == o.note; }
+};
+
+struct SavegameFixture : ArchiveFixture {
+  SavegameFixture() {
+    std::filesystem::create_directories(Path("trle"));
+    program.prefs.EditorFolder = Path("trle").string();
+    program.catalogue = SampleCatalogue(4, Path("archive").string());
+  }
+
+  // Writes savegame.<slot> with `number` as save number and, when given, its note.
+  std::filesystem::path Put(const std::filesystem::path& folder, int slot, int number,
+                            const std::string& note = {}, unsigned salt = 0) {
+    const auto path = folder / ("savegame." + std::to_string(slot));
+    WriteBytes(path, GameSavegameBytes(number, "Level " + std::to_string(number), salt, 200));
+    if (!note.empty()) WriteBytes(SavegameNoteFile(program, path), note);
+    return path;
+  }
+  // Fills slots 0.. with the given save numbers, each with the note "n<number>".
+  void Fill(const std::filesystem::path& folder, const std::vector<int>& numbers) {
+    for (std::size_t i = 0; i < numbers.size(); ++i)
+      Put(folder, static_cast<int>(i), numbers[i], "n" + std::to_string(numbers[i]));
+  }
+  // "savegame.<slot>" -> save number, for the savegames of a folder.
+  std::map<std::string, int> Slots(const std::filesystem::path& folder) {
+    std::map<std::string, int> out;
+    for (const auto& file : ListSavegames(program, folder)) {
+      std::string title;
+      out[file.filename().string()] = ReadSavegameHeader(program, file, title);
+    }
+    return out;
+  }
+  // Save numbers by slot number, checking on the way that each note names its savegame's number.
+  std::vector<int> Numbers(const std::filesystem::path& folder) {
+    std::vector<std::pair<int, int>> bySlot;
+    for (const auto& file : ListSavegames(program, folder)) {
+      std::string title;
+      const int number = ReadSavegameHeader(program, file, title);
+      const std::string note = ReadFile(SavegameNoteFile(program, file));
+      if (!note.empty()) EXPECT_EQ(note, "n" + std::to_string(number)) << file;
+      bySlot.emplace_back(SlotNumberOf(file.string()), number);
+    }
+    std::sort(bySlot.begin(), bySlot.end());
+    std::vector<int> out;
+    for (std::size_t i = 0; i < bySlot.size(); ++i) {
+      EXPECT_EQ(bySlot[i].first, static_cast<int>(i)) << "gap in " << folder;
+      out.push_back(bySlot[i].second);
+    }
+    return out;
+  }
+  std::filesystem::path SlotsOf(std::int32_t code) { return SlotFolder(program, code); }
+  std::filesystem::path Set(std::int32_t code, int k) { return ArchiveSetFolder(program, code, k); }
+
+  // Every savegame under the folders with its note, as a sorted list.
+  std::vector<SavedGame> Everything(std::int32_t code) {
+    std::vector<SavedGame> out;
+    auto take = [&](const std::filesystem::path& file) {
+      out.push_back({ReadFile(file), ReadFile(SavegameNoteFile(program, file))});
+    };
+    for (const auto& file : ListSavegames(program, SlotsOf(code))) take(file);
+    for (const auto& file : ListArchivedSavegames(program, code)) take(file);
+    std::sort(out.begin(), out.end());
+    return out;
+  }
+};
+
+}  // namespace vardolin::testing

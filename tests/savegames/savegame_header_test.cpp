@@ -1,0 +1,126 @@
+// The header reader and the names built from a savegame's path: the game's files as it writes
+// them, and the damaged ones a crash of the game leaves.
+#include <gtest/gtest.h>
+
+#include <ctime>
+
+#include <unistd.h>
+
+#include "archive/text_ids.h"
+#include "foundation/services/files.h"
+#include "foundation/services/wildcard.h"
+#include "savegame_fixture.h"
+#include "savegames/text_ids.h"
+
+namespace vardolin {
+namespace {
+
+using testing::GameSavegameBytes;
+
+struct HeaderCase {
+  const char* what;
+  std::string bytes;
+  bool readable;
+  const char* title;
+  int number;
+};
+
+std::string WithNumberAt75(std::string head, int number) {
+  head.resize(75, ' ');
+  head += static_cast<char>(number & 0xFF);
+  head += static_cast<char>((number >> 8) & 0xFF);
+  return head;
+}
+
+TEST(SavegameHeader, ReadsTitleAndSaveNumber) {
+  const std::string long_title(80, 'x');
+  const HeaderCase cases[] = {
+      {"as the game writes it", GameSavegameBytes(12, "The Tomb"), true, "The Tomb", 12},
+      {"title ends at the first comma", WithNumberAt75("Karnak, part 2,", 3), true, "Karnak", 3},
+      {"title ends at a line end", WithNumberAt75("  Cairo  \r\nrest", 4), true, "Cairo", 4},
+      {"title without an end runs to 75 bytes", WithNumberAt75(long_title, 5), true,
+       "xxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxx", 5},
+      {"a NUL-padded title", WithNumberAt75(std::string("Giza\0\0\0", 7), 6), true, "Giza", 6},
+      {"negative save number", GameSavegameBytes(-2, "Odd"), true, "Odd", -2},
+      {"highest save number", GameSavegameBytes(32767, "Late"), true, "Late", 32767},
+      {"ANSI title becomes UTF-8", WithNumberAt75("Caf\xE9,", 7), true, "Caf\xC3\xA9", 7},
+      {"exactly 77 bytes", WithNumberAt75("Short,", 9), true, "Short", 9},
+      {"empty file", "", false, "", 0},
+      {"short file", std::string(40, 'a'), false, "", 0},
+      {"one byte short of the number", WithNumberAt75("T,", 9).substr(0, 76), false, "", 0},
+  };
+  for (const HeaderCase& c : cases) {
+    SCOPED_TRACE(c.what);
+    const SavegameHeader header = ParseSavegameHeader(c.bytes);
+    EXPECT_EQ(header.readable, c.readable);
+    EXPECT_EQ(header.title, c.title);
+    EXPECT_EQ(header.save_number, c.number);
+  }
+}
+
+struct StoreNames : ::testing::Test, testing::SavegameFixture {};
+
+TEST_F(StoreNames, UnreadableEmptyAndShortFilesListAsUnreadable) {
+  const std::string unreadable = program.GetText(text::UnreadableSavegameTitle);
+  ASSERT_FALSE(unreadable.empty());
+  const auto folder = Path("slots");
+  testing::WriteBytes(folder / "savegame.0", "");
+  testing::WriteBytes(folder / "savegame.1", "too short");
+  testing::WriteBytes(folder / "savegame.2", GameSavegameBytes(8, "Fine"));
+  testing::WriteBytes(folder / "savegame.3", GameSavegameBytes(9, "Locked"));
+  std::filesystem::permissions(folder / "savegame.3", std::filesystem::perms::none);
+  const bool root = ::geteuid() == 0;  // root reads whatever the permissions say
+  struct Row {
+    const char* name;
+    int number;
+    std::string title;
+  } rows[] = {{"savegame.0", 0, unreadable},
+              {"savegame.1", 0, unreadable},
+              {"savegame.2", 8, "Fine"},
+              {"savegame.3", root ? 9 : 0, root ? "Locked" : unreadable},
+              {"savegame.4", 0, unreadable}};  // missing
+  for (const Row& row : rows) {
+    SCOPED_TRACE(row.name);
+    std::string title = "left over";
+    EXPECT_EQ(ReadSavegameHeader(program, folder / row.name, title), row.number);
+    EXPECT_EQ(title, row.title);
+    if (row.number == 0 && std::string(row.name) != "savegame.4")
+      EXPECT_TRUE(
+          SavegameListCaption(program, folder / row.name).starts_with("   0 " + unreadable));
+  }
+  // Unreadable files are still savegames of the folder.
+  EXPECT_EQ(ListSavegames(program, folder).size(), 4u);
+}
+
+TEST_F(StoreNames, SlotNumbersNotesAndRowTexts) {
+  struct Slot {
+    const char* path;
+    int slot;
+  } slots[] = {{"/a/savegame.0", 0},  {"/a/savegame.14", 14}, {"/a/SAVEGAME.7", 7},
+               {"/a/savegame.x", 0},  {"/a/savegame.", 0},    {"/a/savegame", 0},
+               {"/a.b/savegame", 0},  {"/a/savegame.1a", 0},  {"/a/savegame.99999999999", 0},
+               {"/a/savegame.-3", 0}, {"/a/b.c.12", 12}};
+  for (const Slot& s : slots) EXPECT_EQ(SlotNumberOf(s.path), s.slot) << s.path;
+
+  const auto note = SavegameNoteFile(program, "/x/play/savegame.12");
+  EXPECT_EQ(note.parent_path(), "/x/play");
+  EXPECT_EQ(note.filename().string(), program.GetText(text::NoteFileName, {"12"}).substr(1));
+  // A note must not look like a savegame to either listing.
+  EXPECT_EQ(note.filename().string().find(program.GetText(text::ArchivedSavegameMark)),
+            std::string::npos);
+  EXPECT_FALSE(WildcardMatch(note.filename().string(), "savegame.*"));
+
+  const auto file = Put(Path("slots"), 3, 7);
+  std::tm when{};
+  when.tm_year = 2004 - 1900, when.tm_mon = 2, when.tm_mday = 9, when.tm_hour = 17, when.tm_min = 5,
+  when.tm_isdst = -1;
+  ASSERT_TRUE(SetFileDateTime(file, std::chrono::system_clock::from_time_t(std::mktime(&when))));
+  EXPECT_EQ(SavegameListCaption(program, file), "   7 Level 7  (09/03/2004 17:05) ");
+  Put(Path("slots"), 4, 12345);
+  EXPECT_TRUE(SavegameListCaption(program, Path("slots/savegame.4")).starts_with("12345 Level"));
+  Put(Path("slots"), 5, -12);
+  EXPECT_TRUE(SavegameListCaption(program, Path("slots/savegame.5")).starts_with(" -12 Level"));
+}
+
+}  // namespace
+}  // namespace vardolin

@@ -1,0 +1,229 @@
+// Archiving into sets and restoring from them, on the play folder of a level that isn't active
+// and on the editor folder of the active one.
+#include <gtest/gtest.h>
+
+#include "foundation/services/atomic_file.h"
+#include "foundation/services/files.h"
+#include "savegame_fixture.h"
+#include "savegames/savegame_sets.h"
+#include "savegames/text_ids.h"
+
+namespace vardolin {
+namespace {
+
+namespace fs = std::filesystem;
+using testing::ReadFile;
+
+struct SavegameSets : ::testing::Test, testing::SavegameFixture {};
+
+std::vector<int> Range(int from, int to) {
+  std::vector<int> out;
+  for (int i = from; i <= to; ++i) out.push_back(i);
+  return out;
+}
+
+TEST_F(SavegameSets, Archive) {
+  struct Case {
+    const char* what;
+    std::vector<int> slots;  // save numbers in savegame.0 onward
+    int count;
+    bool made;
+    std::vector<int> set;   // save numbers in the new set, savegame.0 onward
+    std::vector<int> left;  // save numbers left in the slots
+    int count_after;
+  } cases[] = {
+      {"one savegame is never archived", {5}, 15, false, {}, {5}, 15},
+      {"two with 15: both archived, the newer stays", {7, 3}, 15, true, {3, 7}, {7}, 2},
+      {"3 of 15: the oldest go, the rest renumbered oldest first",
+       {15, 14, 13, 12, 11, 10, 9, 8, 7, 6, 5, 4, 3, 2, 1},
+       3,
+       true,
+       {1, 2, 3},
+       Range(4, 15),
+       3},
+      {"count equal to the number found", {9, 4, 6}, 3, true, {4, 6, 9}, {9}, 3},
+      {"count one below", {9, 4, 6}, 2, true, {4, 6}, {9}, 2},
+      {"nothing in the slots", {}, 15, false, {}, {}, 15},
+  };
+  for (std::int32_t code : {1, 0}) {  // a level in its play folder, the active one in the editor
+    for (const Case& c : cases) {
+      SCOPED_TRACE(std::string(c.what) + " level " + std::to_string(code));
+      const fs::path slots = SlotsOf(code);
+      fs::remove_all(slots);
+      fs::remove_all(ArchiveRoot(program, code));
+      fs::create_directories(slots);
+      Fill(slots, c.slots);
+      std::int32_t count = c.count;
+      EXPECT_EQ(ArchiveSlotSavegames(program, code, count), c.made);
+      EXPECT_EQ(count, c.count_after);
+      EXPECT_EQ(Numbers(slots), c.left);
+      EXPECT_EQ(Numbers(Set(code, 1)), c.set);
+      EXPECT_EQ(FolderExists(Set(code, 1)), c.made);
+      EXPECT_FALSE(FolderExists(SavegameWorkFolder(program)));
+    }
+  }
+  EXPECT_EQ(SlotsOf(0), fs::path(program.prefs.EditorFolder));
+}
+
+TEST_F(SavegameSets, SetsAreNumberedFromTheFirstGap) {
+  fs::create_directories(Set(1, 1));
+  fs::create_directories(Set(1, 3));
+  Put(Set(1, 1), 0, 1, "n1");
+  Put(Set(1, 3), 0, 99, "n99");
+  Fill(SlotsOf(1), {10, 11, 12});
+  std::int32_t count = 1;
+  ASSERT_TRUE(ArchiveSlotSavegames(program, 1, count));
+  EXPECT_EQ(Numbers(Set(1, 2)), std::vector<int>{10});
+  // The restore walks 1, 2 and stops at the first missing number; set 3 was 4 before.
+  fs::remove_all(Set(1, 2));
+  ASSERT_TRUE(RestoreArchivedSavegames(program, 1));
+  EXPECT_EQ(Numbers(SlotsOf(1)), (std::vector<int>{1, 11, 12}));
+  EXPECT_EQ(Numbers(Set(1, 3)), std::vector<int>{99});
+}
+
+TEST_F(SavegameSets, Restore) {
+  struct Case {
+    const char* what;
+    std::vector<int> slots;
+    std::vector<int> set;
+    bool restored;
+    std::vector<int> slots_after;
+    std::vector<int> set_after;  // save numbers left in the set (slot names stay)
+  } cases[] = {
+      {"15 in the slots: nothing at all", Range(1, 15), {20, 21}, false, Range(1, 15), {20, 21}},
+      {"10 in the slots and a set of 8: the 5 newest missing come, the copies go",
+       Range(1, 10),
+       {8, 9, 10, 11, 12, 13, 14, 15},
+       true,
+       Range(1, 15),
+       {}},
+      {"10 in the slots and a set of 8 newer ones",
+       Range(1, 10),
+       Range(20, 27),
+       true,
+       {1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 23, 24, 25, 26, 27},
+       {20, 21, 22}},
+      {"all already in the slots: the set ends empty", {4, 5, 6}, {4, 5}, true, {4, 5, 6}, {}},
+      {"empty slots", {}, {3, 1, 2}, true, {1, 2, 3}, {}},
+  };
+  for (const Case& c : cases) {
+    SCOPED_TRACE(c.what);
+    fs::remove_all(SlotsOf(2));
+    fs::remove_all(ArchiveRoot(program, 2));
+    fs::create_directories(SlotsOf(2));
+    fs::create_directories(Set(2, 1));
+    Fill(SlotsOf(2), c.slots);
+    Fill(Set(2, 1), c.set);
+    EXPECT_EQ(RestoreArchivedSavegames(program, 2), c.restored);
+    EXPECT_EQ(Numbers(SlotsOf(2)), c.slots_after);
+    std::vector<int> left;
+    for (const auto& [name, number] : Slots(Set(2, 1))) left.push_back(number);
+    std::sort(left.begin(), left.end());
+    EXPECT_EQ(left, c.set_after);
+    EXPECT_TRUE(FolderExists(Set(2, 1)));
+  }
+  // The emptied set is removed by the next restore, which then finds nothing.
+  EXPECT_FALSE(RestoreArchivedSavegames(program, 2));
+  EXPECT_FALSE(FolderExists(Set(2, 1)));
+}
+
+TEST_F(SavegameSets, RestoreTakesTheNewestNonEmptySet) {
+  Fill(SlotsOf(1), {50});
+  fs::create_directories(Set(1, 1));
+  fs::create_directories(Set(1, 2));
+  fs::create_directories(Set(1, 3));
+  Fill(Set(1, 1), {1, 2});
+  Fill(Set(1, 2), {10});
+  ASSERT_TRUE(RestoreArchivedSavegames(program, 1));
+  EXPECT_FALSE(FolderExists(Set(1, 3)));
+  EXPECT_EQ(Numbers(SlotsOf(1)), (std::vector<int>{10, 50}));
+  EXPECT_EQ(Numbers(Set(1, 1)), (std::vector<int>{1, 2}));
+}
+
+TEST_F(SavegameSets, UnreadableSavegamesCountAsOne) {
+  testing::WriteBytes(SlotsOf(1) / "savegame.0", "");
+  fs::create_directories(Set(1, 1));
+  testing::WriteBytes(Set(1, 1) / "savegame.0", "x");
+  testing::WriteBytes(Set(1, 1) / "savegame.1", "yy");
+  ASSERT_TRUE(RestoreArchivedSavegames(program, 1));
+  EXPECT_EQ(Slots(SlotsOf(1)).size(), 1u);
+  EXPECT_TRUE(Slots(Set(1, 1)).empty());
+}
+
+TEST_F(SavegameSets, RestoreOne) {
+  fs::create_directories(Set(3, 1));
+  Fill(Set(3, 1), {2, 40});
+  Fill(SlotsOf(3), {5, 7});
+  ASSERT_TRUE(RestoreSavegameToSlot(program, 3, Set(3, 1) / "savegame.0"));
+  EXPECT_EQ(Numbers(SlotsOf(3)), (std::vector<int>{2, 5, 7}));
+  EXPECT_EQ(Numbers(Set(3, 1)), (std::vector<int>{2, 40}));  // the archived one stays
+
+  // Full slots: No leaves all as it was; Yes archives them all first.
+  fs::remove_all(SlotsOf(3));
+  Fill(SlotsOf(3), Range(11, 25));
+  ui.Answer(msg::kNo, program.GetText(text::RestoreOneSlotsFull, {"\r\n"}));
+  EXPECT_FALSE(RestoreSavegameToSlot(program, 3, Set(3, 1) / "savegame.1"));
+  EXPECT_EQ(Numbers(SlotsOf(3)), Range(11, 25));
+  ui.Answer(msg::kYes, program.GetText(text::RestoreOneSlotsFull, {"\r\n"}));
+  ASSERT_TRUE(RestoreSavegameToSlot(program, 3, Set(3, 1) / "savegame.1"));
+  EXPECT_EQ(Numbers(SlotsOf(3)), (std::vector<int>{25, 40}));
+  EXPECT_EQ(Numbers(Set(3, 2)), Range(11, 25));
+}
+
+TEST_F(SavegameSets, RecoveryPutsBackWhatAStoppedOperationLeft) {
+  const fs::path work = SavegameWorkFolder(program);
+  const std::string journal_name = program.GetText(text::SavegameWorkJournal).substr(1);
+  struct Case {
+    const char* what;
+    std::string journal;  // "" for none
+    std::vector<int> in_work;
+    std::vector<int> in_slots;
+    std::vector<int> slots_after;
+    std::vector<int> active_set_after;  // a new set of the active level (0)
+  } cases[] = {
+      {"journal names the slots",
+       "operation archive\nlevel 1\nhome SLOTS\n",
+       {3, 9},
+       {5},
+       {3, 5, 9},
+       {}},
+      {"a copy already at home is dropped",
+       "operation restore\nlevel 1\nhome SLOTS\n",
+       {5, 9},
+       {5},
+       {5, 9},
+       {}},
+      {"no journal: into a new set of the active level", "", {3, 9}, {5}, {5}, {3, 9}},
+      {"unreadable journal", "operation nonsense\n", {4}, {}, {}, {4}},
+  };
+  for (const Case& c : cases) {
+    SCOPED_TRACE(c.what);
+    fs::remove_all(SlotsOf(1));
+    fs::remove_all(ArchiveRoot(program, 0));
+    fs::create_directories(SlotsOf(1));
+    Fill(SlotsOf(1), c.in_slots);
+    fs::create_directories(work);
+    for (std::size_t i = 0; i < c.in_work.size(); ++i)
+      Put(work, static_cast<int>(i) + 5, c.in_work[i], "n" + std::to_string(c.in_work[i]));
+    if (!c.journal.empty()) {
+      std::string j = c.journal;
+      if (j.find("SLOTS") != std::string::npos) j.replace(j.find("SLOTS"), 5, SlotsOf(1).string());
+      testing::WriteBytes(work / journal_name, j);
+    }
+    ASSERT_TRUE(RecoverSavegameWork(program));
+    EXPECT_FALSE(FolderExists(work));
+    EXPECT_EQ(Numbers(SlotsOf(1)), c.slots_after);
+    EXPECT_EQ(Numbers(Set(0, 1)), c.active_set_after);
+  }
+  // An operation that finds a work folder recovers first and then runs.
+  fs::create_directories(work);
+  Put(work, 0, 77, "n77");
+  Fill(SlotsOf(0), {80, 81});
+  std::int32_t count = 1;
+  ASSERT_TRUE(ArchiveSlotSavegames(program, 0, count));
+  EXPECT_EQ(Numbers(Set(0, 2)), std::vector<int>{77});
+  EXPECT_EQ(Numbers(Set(0, 3)), std::vector<int>{80});
+}
+
+}  // namespace
+}  // namespace vardolin
