@@ -15,6 +15,7 @@
 #include "savegames/dialog_resize.h"
 #include "savegames/dialog_screen_shot.h"
 #include "savegames/dialog_cattura.h"
+#include "web/dialog_input_testo.h"
 #include "web/dialog_zip.h"
 
 namespace vardolin {
@@ -46,6 +47,7 @@ const std::vector<FormFactory>& AllForms() {
       Entry<web::Dialog_Zip>("Dialog_Zip"),
       Entry<Dialog_Resize>("Dialog_Resize"),
       Entry<Dialog_ScreenShot>("Dialog_ScreenShot"),
+      Entry<Dialog_InputTesto>("Dialog_InputTesto"),
   };
   return forms;
 }

@@ -157,6 +157,10 @@ void FormBinder::Connect(Control& control, QObject* object) {
         connect(rich, &QTextEdit::textChanged, this, [&box, rich, guard] {
           if (!guard()) box.SetText(S(rich->toPlainText()));
         });
+      if (auto* area = qobject_cast<QAbstractScrollArea*>(object))
+        area->viewport()->installEventFilter(this);
+      else
+        object->installEventFilter(this);
       break;
     }
     case ControlKind::ComboBox: {
@@ -184,6 +188,7 @@ void FormBinder::Connect(Control& control, QObject* object) {
         if (!guard()) model.DblClick();
       });
       list->installEventFilter(this);
+      list->viewport()->installEventFilter(this);
       break;
     }
     case ControlKind::CheckBox: {
@@ -388,8 +393,26 @@ bool FormBinder::eventFilter(QObject* watched, QEvent* event) {
         return false;
     }
   }
+  // Lists and multi-line boxes take the mouse on their viewport; the press belongs to the box.
+  QObject* target = watched;
+  if (auto* area = qobject_cast<QAbstractScrollArea*>(watched->parent());
+      area && area->viewport() == watched)
+    target = area;
   for (const Binding& b : bindings_) {
-    if (b.object != watched) continue;
+    if (b.object != target) continue;
+    if (b.control->Kind() == ControlKind::ListBox && event->type() == QEvent::MouseButtonPress) {
+      // A right press opens the list's menu and leaves its selection alone.
+      if (static_cast<QMouseEvent*>(event)->button() != Qt::RightButton) return false;
+      static_cast<ListBox*>(b.control)->MouseDown(2);
+      return true;
+    }
+    if (b.control->Kind() == ControlKind::TextBox &&
+        event->type() == QEvent::MouseButtonRelease &&
+        static_cast<QMouseEvent*>(event)->button() == Qt::LeftButton) {
+      static_cast<TextBox*>(b.control)->Click();
+      return false;
+    }
+    if (target != watched) return false;
     if (b.control->Kind() == ControlKind::Image && event->type() == QEvent::MouseButtonPress) {
       auto* image = static_cast<Image*>(b.control);
       switch (static_cast<QMouseEvent*>(event)->button()) {

@@ -17,6 +17,7 @@
 #include "intake/copy_info_file.h"
 #include "play/active_level.h"
 #include "savegames/shot_panel.h"
+#include "savegames/savegame_panel.h"
 
 namespace vardolin {
 namespace {
@@ -123,6 +124,7 @@ void AggiornaDatiLivello(Principale& main, int first_shot) {
   LoadLevelScreenshots(main, static_cast<int>(level - program.catalogue.levels.data()),
                        first_shot);
   SelectShotImage(main, main.Shots.selected_image);
+  LoadLevelSavegames(main);
   main.Label_InfoLevel.SetCaption(level->Note);
   main.Label_InfoDir.SetCaption(LevelInfoDirText(program, *level, GetActiveLevelCode(program)));
 }

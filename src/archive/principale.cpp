@@ -16,6 +16,7 @@
 #include "foundation/settings/dialog_settings.h"
 #include "foundation/startup/startup.h"
 #include "foundation/text_ids.h"
+#include "savegames/savegame_panel.h"
 #include "savegames/text_ids.h"
 
 namespace vardolin {
@@ -44,6 +45,13 @@ const CaptionText kCaptions[] = {
     {"Pul_PrimaScreenShot", text::CaptionPulPrimaScreenShot},
     {"Pul_DopoScreenShot", text::CaptionPulDopoScreenShot},
     {"Pul_UltimoShot", text::CaptionPulUltimoShot},
+    // The savegame panel.
+    {"Label_SaveGameTomb", text::CaptionLabelSaveGameTomb},
+    {"Label_SaveGameArchiviati", text::CaptionLabelSaveGameArchiviati},
+    {"Label_NoteSaveGame", text::CaptionLabelNoteSaveGame},
+    {"Pul_RestoreSaveGame", text::CaptionPulRestoreSaveGame},
+    {"Pul_DeleteSavegame", text::CaptionPulDeleteSavegame},
+    {"Pul_ArchiviaSavegames", text::CaptionPulArchiviaSavegames},
 };
 
 }  // namespace
@@ -71,6 +79,8 @@ Principale::Principale(Program& program) : Form(program, "Principale", "Vardolin
   WireScreenshotPanel();
   WireScreenshotMenus();
   WireCapture();
+  WireSavegamePanel();
+  WireSavegameMenus();
   DisableMissingWork();
   program.main = {this, &Label_Info, &ProgressBar1, &Timer1};
 }
@@ -160,7 +170,8 @@ void Principale::Combo_Livelli_Click() {
   AggiornaDatiLivello(*this);
 }
 
-void Principale::Form_KeyDown(int key_code, int /*shift*/) {
+void Principale::Form_KeyDown(int key_code, int shift) {
+  if (SavegameSearchKey(*this, key_code, shift)) return;
   if (key_code == vk::kF12) StartCheckVardo(program());
 }
 

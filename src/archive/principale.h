@@ -11,6 +11,7 @@
 #include "play/game_watcher.h"
 #include "savegames/capture_source.h"
 #include "savegames/shot_panel_state.h"
+#include "savegames/savegame_panel_state.h"
 
 namespace vardolin {
 
@@ -176,6 +177,26 @@ class Principale : public Form {
 
   // Screen capture: Print Screen as the watcher samples it (savegames/capture_source.h).
   PrintScreenKey PrintScreen;
+  // The savegame panel: the chosen level's savegames in the game's slots and in its archive
+  // sets, the note and the picture of the selected one, and what the panel knows of the level.
+  Label Label_SaveGameTomb{*this, "Label_SaveGameTomb", "Savegames in the Tomb Raider slots"};
+  ListBox List_SaveGameTomb{*this, "List_SaveGameTomb", false,
+                            [this] { List_SaveGameTomb_Click(); }};
+  Label Label_SaveGameArchiviati{*this, "Label_SaveGameArchiviati", "Archived savegames"};
+  ListBox List_SaveGameArchiviati{*this, "List_SaveGameArchiviati", true,
+                                  [this] { List_SaveGameArchiviati_Click(); }};
+  Label Label_NoteSaveGame{*this, "Label_NoteSaveGame", "Note (click to write it)"};
+  TextBox Text_NoteSaveGame{*this, "Text_NoteSaveGame"};
+  Image Image_SaveGame{*this, "Image_SaveGame"};
+  Button Pul_RestoreSaveGame{
+      *this, "Pul_RestoreSaveGame", "Copy in tombraider slots the selected savegame", {}};
+  Button Pul_DeleteSavegame{*this, "Pul_DeleteSavegame", "Delete savegame", {}};
+  Button Pul_ArchiviaSavegames{
+      *this,
+      "Pul_ArchiviaSavegames",
+      "Archive all savegames and free tombraider slots (let only most recent savegame)",
+      {}};
+  SavegamePanelState Savegames;
 
  private:
   void Set_Caption_Texts() override;
@@ -204,6 +225,12 @@ class Principale : public Form {
   // Screen capture: its menu entry (wired in principale_menu.cpp, savegames/capture_menu.cpp).
   void WireCapture();
   void mnu_CaptureScreen_Click();
+  // The savegame panel: its controls (savegames/savegame_panel.cpp) and its menu entries
+  // (principale_menu.cpp).
+  void WireSavegamePanel();
+  void WireSavegameMenus();
+  void List_SaveGameTomb_Click();
+  void List_SaveGameArchiviati_Click();
 };
 
 }  // namespace vardolin

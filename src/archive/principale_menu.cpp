@@ -3,6 +3,7 @@
 #include "archive/principale.h"
 #include "archive/text_ids.h"
 #include "savegames/shot_menu.h"
+#include "savegames/savegame_panel.h"
 
 namespace vardolin {
 
@@ -117,6 +118,17 @@ void Principale::WireScreenshotMenus() {
 // Screen capture: the entry only tells how a screenshot is taken while playing.
 void Principale::WireCapture() {
   mnu_CaptureScreen.SetHandler([this] { mnu_CaptureScreen_Click(); });
+}
+
+void Principale::WireSavegameMenus() {
+  mnu_BackupSavegame.SetHandler([this] { ArchiveLevelSavegames(*this, true); });
+  mnu_RestoreSavegames.SetHandler([this] { RestoreLevelSavegames(*this); });
+  mnu_DelSavegame.SetHandler([this] { DeleteSelectedSavegame(*this); });
+  mnu_SalvaSavegame.SetHandler([this] { SaveSelectedSavegameAs(*this); });
+  mnu_PropertySavegame.SetHandler([this] { ShowSavegameProperties(*this); });
+  mnu_FindSavegameNote.SetHandler([this] { FindSavegameNoteAsk(*this); });
+  mnu_FineNextSavegame.SetHandler([this] { FindNextSavegameNote(*this); });
+  mnu_FindPreviousSavegame.SetHandler([this] { FindPreviousSavegameNote(*this); });
 }
 
 }  // namespace vardolin

@@ -11,4 +11,7 @@ inline constexpr std::int32_t ZipDialogCaption = 1078;  // " Zipping"
 inline constexpr std::int32_t CannotExpandFile = 1229;  // ~1 = the packed file's name
 inline constexpr std::int32_t PackedSuffix = 1253;      // ".zl", put behind a packed file's name
 
+// Dialog_InputTesto.
+inline constexpr std::int32_t InputTestoClear = 5920;  // caption of Pul_Svuota
+
 }  // namespace vardolin::web::text

@@ -25,6 +25,10 @@ void TextBox::SetText(std::string text) {
   if (on_change_) on_change_();
 }
 
+void TextBox::Click() {
+  if (Enabled() && on_click_) on_click_();
+}
+
 void TextBox::SetLocked(bool locked) {
   if (locked == locked_) return;
   locked_ = locked;

@@ -31,9 +31,13 @@ class TextBox : public Control {
   void SetLocked(bool locked);
   bool MultiLine() const { return multi_line_; }
   void SetMultiLine(bool multi_line) { multi_line_ = multi_line; }
+  // A click of the left button in the box; a disabled box gives none.
+  void Click();
+  void SetClickHandler(Handler on_click) { on_click_ = std::move(on_click); }
 
  private:
   Handler on_change_;
+  Handler on_click_;
   bool locked_ = false;
   bool multi_line_ = false;
 };

@@ -111,6 +111,10 @@ void ListControl::DblClick() {
   if (Enabled() && on_dbl_click_) on_dbl_click_();
 }
 
+void ListControl::MouseDown(int button) {
+  if (Enabled() && on_down_) on_down_(button);
+}
+
 ComboBox::ComboBox(Form& form, std::string name, bool sorted, Handler on_click)
     : ListControl(form, std::move(name), ControlKind::ComboBox, sorted, std::move(on_click)) {}
 

@@ -53,6 +53,10 @@ class ListControl : public Control {
   // A double click (or Enter) on the selected row.
   void DblClick();
   void SetDblClickHandler(Handler on_dbl_click) { on_dbl_click_ = std::move(on_dbl_click); }
+  // A press of a mouse button other than the left one (2 the right, 4 the middle). It leaves
+  // the selection as it is, as such a press does in the list.
+  void MouseDown(int button);
+  void SetMouseDownHandler(std::function<void(int)> on_down) { on_down_ = std::move(on_down); }
 
  private:
   std::vector<ListItem> items_;
@@ -61,6 +65,7 @@ class ListControl : public Control {
   bool multi_select_ = false;
   Handler on_click_;
   Handler on_dbl_click_;
+  std::function<void(int)> on_down_;
 };
 
 class ComboBox : public ListControl {

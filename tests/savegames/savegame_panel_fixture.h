@@ -1,0 +1,84 @@
+#pragma once
+// The main window over a small archive whose levels have savegames in their slots and archive
+// sets, for the tests of the savegame panel. Savegames are written as the game writes them: a
+// title at the start and the save number at offset 75.
+
+#include <filesystem>
+#include <string>
+#include <vector>
+
+#include "../archive/browser_fixture.h"
+#include "foundation/services/files.h"
+#include "savegames/savegame_header.h"
+#include "savegames/savegame_panel.h"
+#include "savegames/savegame_store.h"
+#include "savegames/text_ids.h"
+
+namespace vardolin::testing {
+
+struct SavegamePanelFixture : BrowserFixture {
+  SavegamePanelFixture() : BrowserFixture({"Base level", "Alpha", "Beta"}) {}
+
+  static std::string SavegameBytes(const std::string& title, std::int16_t number) {
+    std::string bytes = title + ",";
+    bytes.resize(75, '\0');
+    bytes.push_back(static_cast<char>(number & 0xFF));
+    bytes.push_back(static_cast<char>((number >> 8) & 0xFF));
+    bytes.append(40, 'x');
+    return bytes;
+  }
+  // Writes savegame.<slot> with the save number into the folder.
+  static std::filesystem::path WriteSavegame(const std::filesystem::path& folder, int slot,
+                                             std::int16_t number) {
+    std::filesystem::create_directories(folder);
+    const std::filesystem::path file = folder / ("savegame." + std::to_string(slot));
+    WriteBytes(file, SavegameBytes("Save " + std::to_string(number), number));
+    return file;
+  }
+  // Slot savegames of the level, one per save number, in slots 0, 1, 2 ...
+  std::vector<std::filesystem::path> FillSlots(std::int32_t code,
+                                               const std::vector<std::int16_t>& numbers) {
+    std::vector<std::filesystem::path> out;
+    for (std::size_t i = 0; i < numbers.size(); ++i)
+      out.push_back(WriteSavegame(SlotFolder(program, code), static_cast<int>(i), numbers[i]));
+    return out;
+  }
+  std::vector<std::filesystem::path> FillSet(std::int32_t code, std::int32_t set,
+                                             const std::vector<std::int16_t>& numbers) {
+    std::vector<std::filesystem::path> out;
+    for (std::size_t i = 0; i < numbers.size(); ++i)
+      out.push_back(
+          WriteSavegame(ArchiveSetFolder(program, code, set), static_cast<int>(i), numbers[i]));
+    return out;
+  }
+  void WriteNote(const std::filesystem::path& savegame, const std::string& text) {
+    WriteBytes(SavegameNoteFile(program, savegame), text);
+  }
+  std::string Note(const std::filesystem::path& savegame) {
+    return ReadWholeFile(SavegameNoteFile(program, savegame));
+  }
+  // Chooses the level in Combo_Livelli, which loads the panel.
+  void ChooseLevel(std::int32_t code) {
+    if (main->Combo_Livelli.ListCount() == 0) RefreshLevelList(*main);
+    main->Combo_Livelli.SetListIndex(-1);
+    main->Combo_Livelli.SetListIndex(main->Combo_Livelli.FindData(code));
+  }
+  // The save numbers at the head of a list's rows, in the list's order.
+  static std::vector<int> Numbers(const ListBox& list) {
+    std::vector<int> out;
+    for (const ListItem& item : list.Items()) out.push_back(std::stoi(item.text.substr(0, 4)));
+    return out;
+  }
+  // Save numbers of the files savegame.0, savegame.1 ... of a folder, until one is missing.
+  std::vector<int> SlotNumbers(const std::filesystem::path& folder) {
+    std::vector<int> out;
+    for (int slot = 0;; ++slot) {
+      const std::filesystem::path file = folder / ("savegame." + std::to_string(slot));
+      if (!std::filesystem::exists(file)) return out;
+      std::string title;
+      out.push_back(ReadSavegameHeader(program, file, title));
+    }
+  }
+};
+
+}  // namespace vardolin::testing
