@@ -12,6 +12,7 @@
 #include "foundation/dialogs/dialog_splash.h"
 #include "foundation/dialogs/dialog_wait.h"
 #include "foundation/settings/dialog_settings.h"
+#include "savegames/dialog_joy_stick.h"
 #include "web/dialog_zip.h"
 
 namespace vardolin {
@@ -40,6 +41,7 @@ const std::vector<FormFactory>& AllForms() {
       Entry<editor::Dialog_TrovaTrle>("Dialog_TrovaTrle"),
       Entry<editor::Dialog_TipoExe>("Dialog_TipoExe"),
       Entry<web::Dialog_Zip>("Dialog_Zip"),
+      Entry<Dialog_JoyStick>("Dialog_JoyStick"),
   };
   return forms;
 }

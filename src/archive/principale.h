@@ -8,6 +8,7 @@
 
 #include "foundation/forms/form.h"
 #include "foundation/settings/preferences.h"
+#include "savegames/joystick.h"
 
 namespace vardolin {
 
@@ -154,6 +155,9 @@ class Principale : public Form {
   Timer Timer1{*this, "Timer1"};
   Timer Timer_Joystick{*this, "Timer_Joystick"};
 
+  // The joystick: what Timer_Joystick works in this window. The panels add their parts.
+  JoystickTargets Joystick;
+
  private:
   void Set_Caption_Texts() override;
   void Form_Load() override;
@@ -165,6 +169,10 @@ class Principale : public Form {
   void ChoosePanel(bool screenshots);
   void WireLevelBrowser();
   void DisableMissingWork();
+
+  // The joystick, and the settings window that leads to its own.
+  void mnu_Settings_Click();
+  void WireJoystick();
 };
 
 }  // namespace vardolin

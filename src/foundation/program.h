@@ -2,6 +2,7 @@
 // What the program shares for a whole run. Passed by reference everywhere; there are no globals,
 // so tests can run several programs side by side.
 
+#include <cstdint>
 #include <filesystem>
 #include <functional>
 #include <string>
@@ -60,6 +61,10 @@ class Program {
   bool CdRefused = false;
   bool GameRunning = false;
   bool MediaPlay = false;
+  // Where the joystick's stick rests, on the 0 to 65535 scale of its axes: read at start-up, when
+  // the joystick is confirmed in the settings and when another one is chosen.
+  std::uint32_t JoystickNeutralX = 32767;
+  std::uint32_t JoystickNeutralY = 32767;
   // Built by start-up.
   DataLists lists;
   // The command line as one text, each argument a quoted token; read by start-up.

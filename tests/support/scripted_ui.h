@@ -57,6 +57,9 @@ class ScriptedUi : public Ui {
   void ShowModal(Form& form) override;
   void ShowModeless(Form& form) override;
   void DoEvents() override { ++events_; }
+  // The form the test says has the focus; null, as when another program has it, by default.
+  const Form* active_form = nullptr;
+  const Form* ActiveForm() override { return active_form; }
   void SetClipboardText(const std::string& text) override { clipboard_ = text; }
   std::string ClipboardText() override { return clipboard_; }
   int EventsRun() const { return events_; }
