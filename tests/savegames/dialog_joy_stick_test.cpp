@@ -82,12 +82,8 @@ TEST_F(DialogJoyStickTest, LearnsTheWordHeldDuringATickIntoTheChosenLabel) {
   Press(8);
   d->Timer1.Tick();
   EXPECT_EQ(d->Label_CloseTrle.Caption(), "8");
-}
-
-TEST_F(DialogJoyStickTest, ClearingACheckClearsItsButtonsAndFlag) {
-  program.prefs.JoyCaptureButtons = 3;
-  program.prefs.JoyCaptureAlone = true;
-  auto d = Open();
+  // Giving up the capture clears what it learned and its flag.
+  d->Check_SoloShot.SetValue(true);
   d->Check_JoyCatturaShot.Click();
   EXPECT_EQ(d->Label_CatturaShot.Caption(), "");
   EXPECT_FALSE(d->Check_SoloShot.Value());

@@ -122,46 +122,37 @@ struct MainWindowJoystickTest : JoystickTest {
 };
 
 TEST_F(MainWindowJoystickTest, ActsOnlyWhenEnabledIdleFocusedAndAnswering) {
+  enum Focus { Main, Zoom, OtherWindow, OtherProgram };
   struct Case {
     const char* what;
-    bool enabled, running, focused, present;
-    bool acts;
+    bool enabled, running;
+    Focus focus;
+    bool present, acts;
   } cases[] = {
-      {"all in place", true, false, true, true, true},
-      {"joystick off", false, false, true, true, false},
-      {"game running", true, true, true, true, false},
-      {"another program has the focus", true, false, false, true, false},
-      {"joystick doesn't answer", true, false, true, false, false},
+      {"all in place", true, false, Main, true, true},
+      {"the zoom window in focus", true, false, Zoom, true, true},
+      {"another window of ours in focus", true, false, OtherWindow, true, false},
+      {"another program has the focus", true, false, OtherProgram, true, false},
+      {"joystick off", false, false, Main, true, false},
+      {"game running", true, true, Main, true, false},
+      {"joystick doesn't answer", true, false, Main, false, false},
   };
+  Form zoom{program, "Dialog_ScreenShot"};
+  Form other{program, "Dialog_Settings"};
+  const Form* focused[] = {&window, &zoom, &other, nullptr};
   for (const Case& c : cases) {
     SCOPED_TRACE(c.what);
     program.prefs.ShowScreenshotPanel = false;
     window.ShowChosenPanel();
     program.prefs.EnableJoystick = c.enabled;
     program.GameRunning = c.running;
-    ui.active_form = c.focused ? &window : nullptr;
+    ui.active_form = focused[c.focus];
     platform.joystick_present = c.present;
     Hold(8);  // the screenshot panel's button
     Tick();
     EXPECT_EQ(window.Frame_ScreenShots.Visible(), c.acts);
     EXPECT_EQ(program.prefs.ShowScreenshotPanel, c.acts);
   }
-}
-
-TEST_F(MainWindowJoystickTest, TheZoomWindowCountsAsTheMainWindow) {
-  struct ZoomWindow : Form {
-    explicit ZoomWindow(Program& p) : Form(p, "Dialog_ScreenShot") {}
-  } zoom{program};
-  struct OtherWindow : Form {
-    explicit OtherWindow(Program& p) : Form(p, "Dialog_Settings") {}
-  } other{program};
-  ui.active_form = &other;
-  Hold(2);
-  Tick();
-  EXPECT_TRUE(program.prefs.ShowScreenshotPanel);  // untouched
-  ui.active_form = &zoom;
-  Tick();
-  EXPECT_FALSE(program.prefs.ShowScreenshotPanel);
 }
 
 TEST_F(MainWindowJoystickTest, ButtonOneZoomsOrRestores) {
@@ -259,30 +250,6 @@ TEST_F(MainWindowJoystickTest, SidewaysWalksTheScreenshotPairs) {
     Tick();
     EXPECT_EQ(done, c.done);
   }
-}
-
-TEST_F(MainWindowJoystickTest, UpAndDownWalkTheLevelsAndRepeatWhileHeld) {
-  int previous = 0, next = 0;
-  window.Joystick.PreviousLevel = [&] { ++previous; };
-  window.Joystick.NextLevel = [&] { ++next; };
-  Hold(0, 32767, 32767 - 1500);
-  Tick();
-  Tick();
-  Hold(0, 32767, 32767 + 1500);
-  Tick();
-  EXPECT_EQ(previous, 2);
-  EXPECT_EQ(next, 1);
-}
-
-TEST_F(MainWindowJoystickTest, ThePlayButtonIsIgnoredWhileItIsGrey) {
-  int plays = 0;
-  window.Pul_Play.SetHandler([&] { ++plays; });
-  window.Pul_Play.SetEnabled(false);
-  Hold(4);
-  EXPECT_EQ(Tick(), JoystickInput::Play);
-  window.Pul_Play.SetEnabled(true);
-  Tick();
-  EXPECT_EQ(plays, 1);
 }
 
 }  // namespace
