@@ -19,8 +19,11 @@ configure: deps $(BUILD)/build.ninja
 build: configure
 	@cmake --build $(BUILD) -j $(JOBS)
 
+# The demo home is made once: a stand-in editor folder whose game is a native stand-in program,
+# and an archive of three generated levels. Delete it to start afresh.
 run: build
-	$(BUILD)/app/qt/vardolin --demo --home $(DEMO_HOME)
+	@test -d $(DEMO_HOME) || $(BUILD)/app/cli/vardolin-cli --home $(DEMO_HOME) demo
+	$(BUILD)/app/qt/vardolin --home $(DEMO_HOME)
 
 test: build
 	cd $(BUILD) && QT_QPA_PLATFORM=offscreen ctest -j $(JOBS) --output-on-failure --timeout 600

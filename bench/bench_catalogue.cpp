@@ -35,6 +35,10 @@ class SilentUi : public Ui {
   void DoEvents() override {}
   void SetClipboardText(const std::string&) override {}
   std::string ClipboardText() override { return {}; }
+  bool ClipboardHasImage() override { return false; }
+  bool ClipboardImage(Bitmap&) override { return false; }
+  bool SetClipboardImage(const Bitmap&) override { return false; }
+  void ClearClipboard() override {}
 };
 
 class NoPlatform : public Platform {
@@ -54,6 +58,10 @@ class NoPlatform : public Platform {
   double FreeBytes(const fs::path&) override { return 0; }
   bool ShellOpen(const std::string&, const std::string&, const fs::path&) override { return false; }
   std::string ReadRegistry(const std::string&, const std::string&) override { return {}; }
+  std::vector<TopWindow> ListTopWindows() override { return {}; }
+  WindowHandle FindProcessWindow(const Process&) override { return 0; }
+  bool ActivateWindow(WindowHandle) override { return false; }
+  bool GrabWindow(WindowHandle, Bitmap&) override { return false; }
 };
 
 struct Bench {

@@ -12,6 +12,9 @@
 #include "foundation/dialogs/dialog_splash.h"
 #include "foundation/dialogs/dialog_wait.h"
 #include "foundation/settings/dialog_settings.h"
+#include "savegames/dialog_resize.h"
+#include "savegames/dialog_screen_shot.h"
+#include "savegames/dialog_cattura.h"
 #include "savegames/dialog_joy_stick.h"
 #include "web/dialog_zip.h"
 
@@ -38,9 +41,12 @@ const std::vector<FormFactory>& AllForms() {
       Entry<Dialog_Wait>("Dialog_Wait"),
       Entry<Dialog_NewArc>("Dialog_NewArc"),
       Entry<Dialog_PrefArc>("Dialog_PrefArc"),
+      Entry<Dialog_Cattura>("Dialog_Cattura"),
       Entry<editor::Dialog_TrovaTrle>("Dialog_TrovaTrle"),
       Entry<editor::Dialog_TipoExe>("Dialog_TipoExe"),
       Entry<web::Dialog_Zip>("Dialog_Zip"),
+      Entry<Dialog_Resize>("Dialog_Resize"),
+      Entry<Dialog_ScreenShot>("Dialog_ScreenShot"),
       Entry<Dialog_JoyStick>("Dialog_JoyStick"),
   };
   return forms;

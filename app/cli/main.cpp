@@ -7,14 +7,17 @@
 #include <vector>
 
 #include "archive/catalogue_file.h"
+#include "activation_commands.h"
 #include "catalogue_commands.h"
+#include "demo_home.h"
 #include "foundation/platform/linux_platform.h"
 #include "foundation/program.h"
 #include "foundation/program_home.h"
 #include "foundation/settings/preferences.h"
 #include "foundation/texts/text_catalogue.h"
+#include "play_commands.h"
+#include "shot_commands.h"
 #include "terminal_ui.h"
-
 
 int main(int argc, char** argv) {
   CLI::App app{"Vardolin without windows: manage Tomb Raider custom levels from scripts"};
@@ -36,6 +39,21 @@ int main(int argc, char** argv) {
   std::int32_t code = 0;
   auto* info_cmd = app.add_subcommand("info", "show one level of the current catalogue");
   info_cmd->add_option("CODE", code, "level code")->required();
+  auto* play_cmd = app.add_subcommand(
+      "play", "put a level into the editor folder, start the game, wait for its end");
+  play_cmd->add_option("CODE", code, "level code")->required();
+  // Level activation and the demo home.
+  std::int32_t activate_code = 0;
+  auto* activate_cmd =
+      app.add_subcommand("activate", "put the level with CODE into the editor folder");
+  activate_cmd->add_option("CODE", activate_code, "level code")->required();
+  auto* reset_cmd = app.add_subcommand("reset", "put the base level back into the editor folder");
+  auto* active_cmd =
+      app.add_subcommand("active", "print the code of the level in the editor folder");
+  auto* demo_cmd = app.add_subcommand(
+      "demo", "make a demo home: a stand-in editor folder and an archive of three levels");
+  auto* shots_cmd = app.add_subcommand("shots", "list one level's screenshots, oldest first");
+  shots_cmd->add_option("CODE", code, "level code")->required();
   CLI11_PARSE(app, argc, argv);
 
   auto home = vardolin::ResolveHome(home_option);
@@ -65,6 +83,18 @@ int main(int argc, char** argv) {
     rc = vardolin::CmdList(program, std::cout, std::cerr);
   else if (*info_cmd)
     rc = vardolin::CmdInfo(program, code, std::cout, std::cerr);
+  else if (*play_cmd)
+    rc = vardolin::CmdPlay(program, code, std::cout, std::cerr);
+  else if (*activate_cmd)
+    rc = vardolin::CmdActivate(program, activate_code, std::cout, std::cerr);
+  else if (*reset_cmd)
+    rc = vardolin::CmdReset(program, std::cout, std::cerr);
+  else if (*active_cmd)
+    rc = vardolin::CmdActive(program, std::cout, std::cerr);
+  else if (*demo_cmd)
+    rc = vardolin::CmdDemo(program, vardolin::FindStandinGame(), std::cout, std::cerr);
+  else if (*shots_cmd)
+    rc = vardolin::CmdShots(program, code, std::cout, std::cerr);
   // Writing the settings first saves a changed catalogue, as leaving the program does.
   vardolin::SavePreferences(program);
   return rc;

@@ -30,6 +30,11 @@ class TerminalUi : public Ui {
   const Form* ActiveForm() override { return nullptr; }
   void SetClipboardText(const std::string& text) override { clipboard_ = text; }
   std::string ClipboardText() override { return clipboard_; }
+  // A terminal has no clipboard for pictures: screenshots can't be taken from here.
+  bool ClipboardHasImage() override { return false; }
+  bool ClipboardImage(Bitmap&) override { return false; }
+  bool SetClipboardImage(const Bitmap&) override { return false; }
+  void ClearClipboard() override { clipboard_.clear(); }
 
  private:
   std::string NextAnswer(const std::string& prompt);

@@ -4,12 +4,14 @@
 #include <QCheckBox>
 #include <QComboBox>
 #include <QCoreApplication>
+#include <QCursor>
 #include <QDialog>
 #include <QEvent>
 #include <QGroupBox>
 #include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
+#include <QMouseEvent>
 #include <QListWidget>
 #include <QMenu>
 #include <QPixmap>
@@ -324,6 +326,10 @@ void FormBinder::Push(Control& control, QObject* object, Change change) {
       if (control.Kind() == ControlKind::Image)
         ShowPicture(static_cast<QLabel*>(object), static_cast<Image&>(control));
       break;
+    case Change::Popup:
+      if (QMenu* entries = menu ? menu : (action ? action->menu() : nullptr))
+        entries->popup(QCursor::pos());
+      break;
     case Change::Font:
     case Change::Interval:
       break;
@@ -385,7 +391,22 @@ bool FormBinder::eventFilter(QObject* watched, QEvent* event) {
   for (const Binding& b : bindings_) {
     if (b.object != watched) continue;
     if (b.control->Kind() == ControlKind::Image && event->type() == QEvent::MouseButtonPress) {
-      static_cast<Image*>(b.control)->Click();
+      auto* image = static_cast<Image*>(b.control);
+      switch (static_cast<QMouseEvent*>(event)->button()) {
+        case Qt::RightButton:
+          image->MouseDown(2);
+          break;
+        case Qt::MiddleButton:
+          image->MouseDown(4);
+          break;
+        default:
+          image->Click();
+      }
+      return true;
+    }
+    if (b.control->Kind() == ControlKind::Image &&
+        event->type() == QEvent::MouseButtonDblClick) {
+      static_cast<Image*>(b.control)->DblClick();
       return true;
     }
     if (b.control->Kind() == ControlKind::ListBox && event->type() == QEvent::KeyPress) {

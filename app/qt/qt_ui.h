@@ -38,6 +38,11 @@ class QtUi : public Ui {
   const Form* ActiveForm() override;
   void SetClipboardText(const std::string& text) override;
   std::string ClipboardText() override;
+  // Pictures on Qt's clipboard (qt_ui_clipboard.cpp).
+  bool ClipboardHasImage() override;
+  bool ClipboardImage(Bitmap& out) override;
+  bool SetClipboardImage(const Bitmap& picture) override;
+  void ClearClipboard() override;
 
   // The window that shows the form while it is up modelessly, else null.
   QWidget* WindowOf(const Form& form) const;

@@ -16,6 +16,7 @@
 #include "foundation/services/strings.h"
 #include "intake/copy_info_file.h"
 #include "play/active_level.h"
+#include "savegames/shot_panel.h"
 
 namespace vardolin {
 namespace {
@@ -115,10 +116,13 @@ std::string LevelInfoDirText(Program& program, const LevelRecord& level, std::in
          std::to_string(archived) + " + " + std::to_string(current_count);
 }
 
-void AggiornaDatiLivello(Principale& main) {
+void AggiornaDatiLivello(Principale& main, int first_shot) {
   Program& program = main.program();
   const LevelRecord* level = ChosenLevel(main, nullptr, text::LevelCodeNotFound);
   if (!level) return;
+  LoadLevelScreenshots(main, static_cast<int>(level - program.catalogue.levels.data()),
+                       first_shot);
+  SelectShotImage(main, main.Shots.selected_image);
   main.Label_InfoLevel.SetCaption(level->Note);
   main.Label_InfoDir.SetCaption(LevelInfoDirText(program, *level, GetActiveLevelCode(program)));
 }

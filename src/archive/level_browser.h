@@ -19,8 +19,9 @@ void RefreshLevelList(Program& program);
 // Chooses the entry of the level with `code`; false when the list has none.
 bool SelectLevelByCode(Program& program, std::int32_t code);
 
-// Fills the level's note and the summary line for the chosen level.
-void AggiornaDatiLivello(Principale& main);
+// Refreshes the panels for the chosen level: its screenshots from the pair at `first_shot`,
+// its note and the summary line.
+void AggiornaDatiLivello(Principale& main, int first_shot = 0);
 // The summary line of Label_InfoDir for a level, counted from the disk.
 std::string LevelInfoDirText(Program& program, const LevelRecord& level, std::int32_t active_code);
 

@@ -16,6 +16,7 @@
 #include "foundation/settings/dialog_settings.h"
 #include "foundation/startup/startup.h"
 #include "foundation/text_ids.h"
+#include "savegames/text_ids.h"
 
 namespace vardolin {
 namespace {
@@ -39,6 +40,10 @@ const CaptionText kCaptions[] = {
     {"Pul_SaveGames", text::CaptionPulSaveGames},
     {"Frame_SaveGames", text::CaptionFrameSaveGames},
     {"Frame_ScreenShots", text::CaptionFrameScreenShots},
+    {"Pul_PrimoShot", text::CaptionPulPrimoShot},
+    {"Pul_PrimaScreenShot", text::CaptionPulPrimaScreenShot},
+    {"Pul_DopoScreenShot", text::CaptionPulDopoScreenShot},
+    {"Pul_UltimoShot", text::CaptionPulUltimoShot},
 };
 
 }  // namespace
@@ -56,6 +61,11 @@ Principale::Principale(Program& program) : Form(program, "Principale", "Vardolin
   mnu_SaveGameHid2.SetVisible(false);
   Timer_Joystick.SetInterval(kJoystickTickMs);
   WireLevelBrowser();
+  WirePlay();
+  WireEditorSettings();
+  WireScreenshotPanel();
+  WireScreenshotMenus();
+  WireCapture();
   WireJoystick();
   DisableMissingWork();
   program.main = {this, &Label_Info, &ProgressBar1, &Timer1};
@@ -75,8 +85,6 @@ void Principale::WireLevelBrowser() {
   mnu_ShowSavegames.SetHandler([this] { ChoosePanel(false); });
   mnu_ShowScreenShot.SetHandler([this] { ChoosePanel(true); });
   mnu_RemoveLevel.SetHandler([this] { RemoveChosenLevel(*this); });
-  // Playing comes with activation; until then the button stays grey.
-  Pul_Play.SetEnabled(false);
 }
 
 void Principale::DisableMissingWork() {

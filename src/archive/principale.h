@@ -8,6 +8,9 @@
 
 #include "foundation/forms/form.h"
 #include "foundation/settings/preferences.h"
+#include "play/game_watcher.h"
+#include "savegames/capture_source.h"
+#include "savegames/shot_panel_state.h"
 #include "savegames/joystick.h"
 
 namespace vardolin {
@@ -155,6 +158,26 @@ class Principale : public Form {
   Timer Timer1{*this, "Timer1"};
   Timer Timer_Joystick{*this, "Timer_Joystick"};
 
+  // Play and the game watcher: what Timer1 runs while a common game is alive and after a media
+  // game ended, set by the subsystems that own those steps.
+  WatcherSteps Watcher;
+  // The screenshot panel: the pair of pictures, their names, the marker of the selected one,
+  // paging by pairs, and the chosen level's screenshot list behind them.
+  Image Image1{*this, "Image1"};
+  Image Image2{*this, "Image2"};
+  Label Label_InfoImage1{*this, "Label_InfoImage1"};
+  Label Label_InfoImage2{*this, "Label_InfoImage2"};
+  Label Shape_Image1{*this, "Shape_Image1"};
+  Label Shape_Image2{*this, "Shape_Image2"};
+  Button Pul_PrimoShot{*this, "Pul_PrimoShot", "|<", {}};
+  Button Pul_PrimaScreenShot{*this, "Pul_PrimaScreenShot", "<", {}};
+  Button Pul_DopoScreenShot{*this, "Pul_DopoScreenShot", ">", {}};
+  Button Pul_UltimoShot{*this, "Pul_UltimoShot", ">|", {}};
+  ShotPanelState Shots;
+
+  // Screen capture: Print Screen as the watcher samples it (savegames/capture_source.h).
+  PrintScreenKey PrintScreen;
+
   // The joystick: what Timer_Joystick works in this window. The panels add their parts.
   JoystickTargets Joystick;
 
@@ -169,6 +192,22 @@ class Principale : public Form {
   void ChoosePanel(bool screenshots);
   void WireLevelBrowser();
   void DisableMissingWork();
+
+  // Play and the game watcher (play/principale_play.cpp).
+  void WirePlay();
+  void Timer1_Timer();
+
+  // The editor's game settings (editor/setup_trle.cpp).
+  void WireEditorSettings();
+  void mnu_SetupTrle_Click();
+  // The screenshot panel: its controls (savegames/shot_panel.cpp) and its menu entries
+  // (principale_menu.cpp).
+  void WireScreenshotPanel();
+  void WireScreenshotMenus();
+
+  // Screen capture: its menu entry (wired in principale_menu.cpp, savegames/capture_menu.cpp).
+  void WireCapture();
+  void mnu_CaptureScreen_Click();
 
   // The joystick, and the settings window that leads to its own.
   void mnu_Settings_Click();

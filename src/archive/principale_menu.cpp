@@ -6,6 +6,7 @@
 #include "foundation/program.h"
 #include "foundation/settings/dialog_settings.h"
 #include "savegames/dialog_joy_stick.h"
+#include "savegames/shot_menu.h"
 
 namespace vardolin {
 
@@ -101,6 +102,25 @@ const std::vector<MenuPlace>& PrincipaleMenuTree() {
       {"mnu_PropertySavegame", "mnu_SaveGameHid2", text::MnuPropertySavegame},
   };
   return tree;
+}
+
+// The screenshot menu. Capturing is told by its own entry; sending by e-mail goes with the
+// savegame transfer.
+void Principale::WireScreenshotMenus() {
+  mnu_Zoom.SetHandler([this] { ZoomSelectedShot(*this); });
+  mnu_AddScreenshot.SetHandler([this] { AddScreenshot(*this); });
+  mnu_DeleteShot.SetHandler([this] { DeleteShot(*this); });
+  mnu_RenameShot.SetHandler([this] { RenameShot(*this); });
+  mnu_SaveShot.SetHandler([this] { SaveShotCopy(*this); });
+  mnu_ResizeSave.SetHandler([this] { ResizeSelectedShot(*this); });
+  mnu_OpenEditor.SetHandler([this] { OpenShotInGraphicsProgram(*this); });
+  mnu_CopyPathInClip.SetHandler([this] { CopyShotPath(*this); });
+  mnu_PropertyScreenShot.SetHandler([this] { ShowShotProperties(*this); });
+}
+
+// Screen capture: the entry only tells how a screenshot is taken while playing.
+void Principale::WireCapture() {
+  mnu_CaptureScreen.SetHandler([this] { mnu_CaptureScreen_Click(); });
 }
 
 // The settings window; its Pul_SetJoy leads on to the joystick's settings.

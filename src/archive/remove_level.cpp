@@ -13,6 +13,7 @@
 #include "foundation/program.h"
 #include "foundation/services/files.h"
 #include "foundation/services/strings.h"
+#include "play/activation.h"
 #include "play/active_level.h"
 
 namespace vardolin {
@@ -38,16 +39,12 @@ void RemoveChosenLevel(Principale& main) {
     return;
   }
   const std::string name = Trim(catalogue.levels[index].Name);
-  // Taking the level out of the editor folder belongs to activation, which this
-  // window can't ask for yet: a level standing there keeps its record, so the marker never names a
-  // level the archive has lost.
-  if (code == GetActiveLevelCode(program)) {
-    ArchiveAsk(program, program.GetText(text::RemoveActiveLevelRefused, {name}), msg::kError);
-    return;
-  }
   if (ArchiveAsk(program, program.GetText(text::RemoveLevelQuestion) + " \"" + name + "\" ?",
                  msg::kYesNo) != msg::kYes)
     return;
+  // The level leaves the editor folder before its record goes, so that the marker never names a
+  // level the archive has lost; no level is coming, so the folder is cleaned.
+  if (code == GetActiveLevelCode(program)) RemoveCurrentLevel(program, -1);
   const std::filesystem::path folder = GetLevelFolder(program, code, false);
   const double files_size = catalogue.levels[index].FilesSize;
   const double user_size = catalogue.levels[index].UserSize;

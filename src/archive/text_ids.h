@@ -178,7 +178,6 @@ inline constexpr std::int32_t RemoveLevelFilesQuestion = 1952;  // name, (folder
 inline constexpr std::int32_t RemoveLevelFilesWait = 1953;
 inline constexpr std::int32_t RemoveLevelFilesFailed = 1954;  // the folder follows
 inline constexpr std::int32_t RemoveLevelDone = 1955;
-inline constexpr std::int32_t RemoveActiveLevelRefused = 5210;  // ~1 the level's name
 inline constexpr std::int32_t MoreInfoCodeNotFound = 1972;      // the code follows
 inline constexpr std::int32_t MoreInfoNone = 1973;              // ~1 CR LF
 inline constexpr std::int32_t MoreInfoFolder = 1974;            // fragment, hard disk

@@ -46,4 +46,8 @@ inline constexpr std::int32_t TipoExeTrle = 5652;
 inline constexpr std::int32_t TipoExeOtherFolder = 5653;
 inline constexpr std::int32_t TipoExeHelp = 5654;
 
+// The game's setup mode (mnu_SetupTrle).
+inline constexpr std::int32_t SetupTrleParameter = 2388;  // the game's command-line parameter
+inline constexpr std::int32_t SetupTrleWarning = 2500;    // ~1 to ~4 CR LF, ~5 two CR LF
+
 }  // namespace vardolin::editor::text

@@ -10,6 +10,7 @@
 
 #include "archive/catalogue_records.h"
 #include "foundation/forms/open_forms.h"
+#include "foundation/ports/platform.h"
 #include "foundation/settings/preferences.h"
 #include "foundation/startup/data_lists.h"
 #include "foundation/texts/text_catalogue.h"
@@ -61,6 +62,13 @@ class Program {
   bool CdRefused = false;
   bool GameRunning = false;
   bool MediaPlay = false;
+  // The launched game (tomb4.exe) and play_the_game.exe of a media level; a process id of 0 or
+  // less is none.
+  Process GameProcess;
+  Process MediaProcess;
+  // The screenshots of the level on show, and the index of the left one of the pair shown.
+  std::int32_t ShotCount = 0;
+  std::int32_t FirstShotShown = 0;
   // Where the joystick's stick rests, on the 0 to 65535 scale of its axes: read at start-up, when
   // the joystick is confirmed in the settings and when another one is chosen.
   std::uint32_t JoystickNeutralX = 32767;

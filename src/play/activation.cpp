@@ -148,8 +148,7 @@ bool RemoveLevelFiles(Program& program, const std::string& marker) {
     const SafeJoinResult from = Inside(backup, entry);
     const SafeJoinResult to = Inside(editor, entry);
     if (!from || !to || !FileExists(from.path)) continue;
-    FaultPoint("activation-copy");
-    if (CopyFileOver(from.path, to.path)) ClearReadOnlyFile(to.path);
+    if (CopyFileOver(from.path, to.path, "activation-copy")) ClearReadOnlyFile(to.path);
   }
   if (!replaced.empty()) HideProgressDialog(program);
   return true;
@@ -176,14 +175,16 @@ void RemoveUnlistedLevelFiles(Program& program, std::int32_t code) {
     DeleteFileForced(target.path);
     const SafeJoinResult from = Inside(backup, entry);
     if (from && FileExists(from.path)) {
-      FaultPoint("activation-copy");
-      if (CopyFileOver(from.path, target.path)) ClearReadOnlyFile(target.path);
+      if (CopyFileOver(from.path, target.path, "activation-copy")) ClearReadOnlyFile(target.path);
     }
   }
 }
 
-bool WriteMarker(const fs::path& path, const std::string& bytes) {
-  return AtomicWriteFile(path, bytes);
+// The head goes to disk before any file is copied: after a crash it names the level whose files
+// may stand in the folder. The lists aren't flushed: the files they name weren't either, and
+// waiting for the disk to take a whole level's files would cost more than the copy itself.
+bool WriteMarker(const fs::path& path, const std::string& bytes, bool flush) {
+  return AtomicWriteFile(path, bytes, flush);
 }
 
 // The editor's language file: the first of its .dat files that isn't the script file.
@@ -334,7 +335,7 @@ bool SetLevelInTrle(Program& program, std::int32_t code) {
   // the level, and the next activation sweeps what it finds.
   const ActiveLevelTexts marker_texts = MarkerTexts(program);
   const std::string head = FormatActiveLevelHead(marker_texts, code, LevelName(program, code));
-  if (!WriteMarker(marker_path, head)) {
+  if (!WriteMarker(marker_path, head, true)) {
     if (!temporary.empty()) DeleteLevelTree(program, temporary, nullptr, nullptr);
     ShowActivationError(program, program.GetText(text::MarkerNotCreated) + marker_path.string());
     return BackToBase(program);
@@ -369,8 +370,7 @@ bool SetLevelInTrle(Program& program, std::int32_t code) {
     std::error_code ec;
     fs::create_directories(target.path.parent_path(), ec);
     const bool stood = FileExists(target.path);
-    FaultPoint("activation-copy");
-    if (!CopyFileOver(sources[i], target.path)) {
+    if (!CopyFileOver(sources[i], target.path, "activation-copy")) {
       copy_failed = true;
       // What stood there may be half overwritten: the backup's copy comes back when the level
       // leaves.
@@ -402,7 +402,7 @@ bool SetLevelInTrle(Program& program, std::int32_t code) {
     }
   }
 
-  WriteMarker(marker_path, head + FormatActiveLevelLists(marker_texts, replaced, copied));
+  WriteMarker(marker_path, head + FormatActiveLevelLists(marker_texts, replaced, copied), false);
   if (!temporary.empty()) DeleteLevelTree(program, temporary, nullptr, nullptr);
   if (copy_failed) {
     ShowActivationError(program, program.GetText(text::LevelFilesNotReady));
@@ -452,12 +452,10 @@ void RestoreEditorBasics(Program& program) {
   for (const auto& p : pairs) {
     const fs::path from = JoinFragment(backup, program.GetText(p[0]));
     if (!FileExists(from)) continue;
-    FaultPoint("activation-copy");
-    CopyFileOver(from, JoinFragment(editor, program.GetText(p[1])));
+    CopyFileOver(from, JoinFragment(editor, program.GetText(p[1])), "activation-copy");
   }
   for (const fs::path& file : ListFiles(backup, Pattern(program, text::BasicFilesPattern))) {
-    FaultPoint("activation-copy");
-    CopyFileOver(file, editor / file.filename());
+    CopyFileOver(file, editor / file.filename(), "activation-copy");
   }
   PruneSavegames(program);
 }
@@ -489,16 +487,15 @@ void FixScriptFiles(Program& program) {
   if (!has_script) {
     const fs::path from = JoinFragment(backup, program.GetText(text::ScriptFromBackup));
     if (FileExists(from)) {
-      FaultPoint("activation-copy");
-      CopyFileOver(from, JoinFragment(editor, program.GetText(text::ScriptToEditor)));
+      CopyFileOver(from, JoinFragment(editor, program.GetText(text::ScriptToEditor)),
+                   "activation-copy");
     }
   }
   if (has_language) return;
   const std::string backup_script = program.GetText(text::BackupScriptName);
   for (const fs::path& file : ListFiles(backup, Pattern(program, text::BackupLanguagePattern))) {
     if (SameName(file.filename().string(), backup_script)) continue;
-    FaultPoint("activation-copy");
-    CopyFileOver(file, editor / file.filename());
+    CopyFileOver(file, editor / file.filename(), "activation-copy");
     return;
   }
 }

@@ -82,4 +82,19 @@ inline constexpr std::int32_t RestoringEditorCaption = 1215;
 inline constexpr std::int32_t LevelIncompleteAsk = 2489;
 inline constexpr std::int32_t RepairNotAvailable = 8310;
 
+// Game launch: paths behind the editor folder and patterns (fragments).
+inline constexpr std::int32_t MediaPlayerPath = 2958;  // same as 3003
+inline constexpr std::int32_t MediaPlayerCommandLine = 2960;
+inline constexpr std::int32_t MediaPlayerStartPath = 3003;  // same as 2958
+inline constexpr std::int32_t MediaLevelPattern = 3001;
+inline constexpr std::int32_t MediaHelpersNotNeeded = 3002;  // a file that marks it
+inline constexpr std::int32_t GameProgramPath = 3089;
+
+// Game launch: messages.
+inline constexpr std::int32_t PlayNoLevelChosen = 1980;
+inline constexpr std::int32_t PlayLevelNotSet = 1981;
+inline constexpr std::int32_t GameNotStarted = 2391;
+inline constexpr std::int32_t MediaPlayerMissing = 2959;     // ~1 its file name
+inline constexpr std::int32_t MediaPlayerNotStarted = 2962;  // the path follows
+
 }  // namespace vardolin::text

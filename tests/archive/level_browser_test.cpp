@@ -238,7 +238,7 @@ TEST(MainWindowPanels, ButtonsAndMenusChooseThePanelAndTheSetting) {
     EXPECT_EQ(f.main->Frame_ScreenShots.Visible(), s.screenshots);
     EXPECT_EQ(f.main->Frame_SaveGames.Visible(), !s.screenshots);
   }
-  EXPECT_FALSE(f.main->Pul_Play.Enabled()) << "playing comes with activation";
+  EXPECT_TRUE(f.main->Pul_Play.Enabled());
   EXPECT_TRUE(f.main->mnu_RemoveLevel.Enabled());
 }
 

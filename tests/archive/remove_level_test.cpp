@@ -72,21 +72,18 @@ TEST(RemoveLevel, RefusalsChangeNothing) {
   struct Case {
     std::string choose;  // empty: no selection
     std::int32_t cd;
-    bool active;
     std::vector<std::pair<int, std::string>> answers;
   };
   const Case cases[] = {
-      {"", 0, false, {{msg::kOk, "Choose the level to remove first"}}},
-      {"Base level (*)", 0, false, {{msg::kOk, "editor's own configuration.\r\nIt can't"}}},
-      {"Beta", 0, false, {{msg::kNo, "remove from the archive the level \"Beta\" ?"}}},
-      {"Beta (*)", 0, true, {{msg::kOk, "\"Beta\" stands in the editor folder now"}}},
-      {"Beta", 2, false, {{msg::kOk, ""}}},
+      {"", 0, {{msg::kOk, "Choose the level to remove first"}}},
+      {"Base level (*)", 0, {{msg::kOk, "editor's own configuration.\r\nIt can't"}}},
+      {"Beta", 0, {{msg::kNo, "remove from the archive the level \"Beta\" ?"}}},
+      {"Beta", 2, {{msg::kOk, ""}}},
   };
   for (const Case& c : cases) {
     SCOPED_TRACE(c.choose + " " + std::to_string(c.cd));
     BrowserFixture f(kNames);
     f.program.catalogue.levels[2].CdNumber = c.cd;
-    if (c.active) f.MarkActive(2);
     RefreshLevelList(*f.main);
     if (c.choose.empty())
       f.main->Combo_Livelli.Clear();

@@ -7,6 +7,7 @@
 #include <filesystem>
 
 #include "bare_main_window.h"
+#include "foundation/pictures/bitmap.h"
 #include "qt_test_support.h"
 
 namespace vardolin {
@@ -104,6 +105,29 @@ TEST_F(QtUiTest, ModelessFormsStayUpUntilTheyUnload) {
 TEST_F(QtUiTest, ClipboardRoundTrip) {
   p.ui.SetClipboardText("/levels/LEVEL_0001");
   EXPECT_EQ(p.ui.ClipboardText(), "/levels/LEVEL_0001");
+}
+
+TEST_F(QtUiTest, PicturesOnTheClipboardComeBackPixelForPixelAndClear) {
+  Bitmap picture = Bitmap::Make(7, 5, 3);  // odd widths pad Qt's rows
+  for (int y = 0; y < 5; ++y)
+    for (int x = 0; x < 7; ++x) {
+      picture.Pixel(x, y)[0] = static_cast<std::uint8_t>(x * 30);
+      picture.Pixel(x, y)[1] = static_cast<std::uint8_t>(y * 50);
+      picture.Pixel(x, y)[2] = 77;
+    }
+  p.ui.SetClipboardText("a text is no picture");
+  EXPECT_FALSE(p.ui.ClipboardHasImage());
+  ASSERT_TRUE(p.ui.SetClipboardImage(picture));
+  ASSERT_TRUE(p.ui.ClipboardHasImage());
+  Bitmap back;
+  ASSERT_TRUE(p.ui.ClipboardImage(back));
+  EXPECT_EQ(back.width, 7);
+  EXPECT_EQ(back.height, 5);
+  EXPECT_EQ(back.pixels, picture.pixels);
+  p.ui.ClearClipboard();
+  EXPECT_FALSE(p.ui.ClipboardHasImage());
+  EXPECT_FALSE(p.ui.ClipboardImage(back));
+  EXPECT_FALSE(p.ui.SetClipboardImage(Bitmap{}));
 }
 
 TEST(FileFilters, BecomeQtFiltersThatIgnoreCase) {

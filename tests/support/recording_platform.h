@@ -6,6 +6,7 @@
 #include <string>
 #include <vector>
 
+#include "foundation/pictures/bitmap.h"
 #include "foundation/ports/platform.h"
 
 namespace vardolin::testing {
@@ -13,6 +14,8 @@ namespace vardolin::testing {
 class RecordingPlatform : public Platform {
  public:
   std::vector<std::string> calls;
+  // The parameters of each ShellOpen, in order.
+  std::vector<std::string> shell_parameters;
   std::map<int, bool> keys_down;
   bool joystick_present = false;
   JoystickState joystick;
@@ -21,6 +24,11 @@ class RecordingPlatform : public Platform {
   double free_bytes = 1e12;
   // Registry values by key and value name, as the Wine prefix would hold them.
   std::map<std::pair<std::string, std::string>, std::string> registry;
+  // The desktop: its windows from the topmost down, and what the screen and each window show.
+  // An empty screen picture means there is no display to grab.
+  std::vector<TopWindow> windows;
+  Bitmap screen;
+  std::map<WindowHandle, Bitmap> window_pictures;
 
   std::optional<Process> Start(const StartRequest& r) override {
     calls.push_back("start " + r.program.string());
@@ -46,14 +54,38 @@ class RecordingPlatform : public Platform {
   void Beep(int hz, int ms) override { calls.push_back("beep " + std::to_string(hz)); }
   std::vector<DriveInfo> ListDrives() override { return drives; }
   double FreeBytes(const std::filesystem::path&) override { return free_bytes; }
-  bool ShellOpen(const std::string& doc, const std::string&,
+  bool ShellOpen(const std::string& doc, const std::string& parameters,
                  const std::filesystem::path&) override {
     calls.push_back("open " + doc);
+    shell_parameters.push_back(parameters);
     return true;
   }
   std::string ReadRegistry(const std::string& key, const std::string& value) override {
     auto it = registry.find({key, value});
     return it == registry.end() ? std::string() : it->second;
+  }
+  std::vector<TopWindow> ListTopWindows() override { return windows; }
+  WindowHandle FindProcessWindow(const Process& process) override {
+    for (const TopWindow& w : windows)
+      if (process.Valid() && w.pid == process.pid) return w.handle;
+    return 0;
+  }
+  bool ActivateWindow(WindowHandle window) override {
+    calls.push_back("activate " + std::to_string(window));
+    for (const TopWindow& w : windows)
+      if (window != 0 && w.handle == window) return true;
+    return false;
+  }
+  bool GrabWindow(WindowHandle window, Bitmap& out) override {
+    calls.push_back("grab " + std::to_string(window));
+    if (window == 0) {
+      out = screen;
+      return !screen.Empty();
+    }
+    auto it = window_pictures.find(window);
+    if (it == window_pictures.end()) return false;
+    out = it->second;
+    return true;
   }
 };
 

@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "foundation/forms/form.h"
+#include "foundation/pictures/bitmap.h"
 #include "foundation/ports/ui.h"
 
 namespace vardolin::testing {
@@ -60,8 +61,32 @@ class ScriptedUi : public Ui {
   // The form the test says has the focus; null, as when another program has it, by default.
   const Form* active_form = nullptr;
   const Form* ActiveForm() override { return active_form; }
-  void SetClipboardText(const std::string& text) override { clipboard_ = text; }
+  // The clipboard holds a text or a picture, never both, as a desktop's does.
+  void SetClipboardText(const std::string& text) override {
+    clipboard_ = text;
+    clipboard_image_ = {};
+  }
   std::string ClipboardText() override { return clipboard_; }
+  bool ClipboardHasImage() override { return !clipboard_image_.Empty(); }
+  bool ClipboardImage(Bitmap& out) override {
+    ++clipboard_image_reads_;
+    out = clipboard_image_;
+    return !out.Empty();
+  }
+  bool SetClipboardImage(const Bitmap& picture) override {
+    clipboard_.clear();
+    clipboard_image_ = picture;
+    ++clipboard_images_set_;
+    return true;
+  }
+  void ClearClipboard() override {
+    clipboard_.clear();
+    clipboard_image_ = {};
+    ++clipboard_clears_;
+  }
+  int ClipboardImageReads() const { return clipboard_image_reads_; }
+  int ClipboardImagesSet() const { return clipboard_images_set_; }
+  int ClipboardClears() const { return clipboard_clears_; }
   int EventsRun() const { return events_; }
 
  private:
@@ -78,6 +103,10 @@ class ScriptedUi : public Ui {
   std::vector<Asked> asked_;
   std::vector<std::string> modeless_;
   std::string clipboard_;
+  Bitmap clipboard_image_;
+  int clipboard_image_reads_ = 0;
+  int clipboard_images_set_ = 0;
+  int clipboard_clears_ = 0;
   int events_ = 0;
   int any_message_result_ = 0;
 };

@@ -119,6 +119,14 @@ void Image::Click() {
   if (Enabled() && on_click_) on_click_();
 }
 
+void Image::DblClick() {
+  if (Enabled() && on_dbl_click_) on_dbl_click_();
+}
+
+void Image::MouseDown(int button) {
+  if (Enabled() && on_down_) on_down_(button);
+}
+
 Menu::Menu(Form& form, std::string name, std::string caption, Handler on_click)
     : Control(form, std::move(name), ControlKind::Menu), on_click_(std::move(on_click)) {
   SetCaption(std::move(caption));

@@ -123,11 +123,20 @@ class Image : public Control {
   bool Stretch() const { return stretch_; }
   void SetStretch(bool stretch) { stretch_ = stretch; }
   void Click();
+  void SetClickHandler(Handler on_click) { on_click_ = std::move(on_click); }
+  void DblClick();
+  void SetDblClickHandler(Handler on_dbl_click) { on_dbl_click_ = std::move(on_dbl_click); }
+  // A press of a mouse button other than the left one, which makes a click: 2 the right, 4 the
+  // middle.
+  void MouseDown(int button);
+  void SetMouseDownHandler(std::function<void(int)> on_down) { on_down_ = std::move(on_down); }
   // Bumped by a caller that rewrote the file in place, so the front end reloads it.
   void Refresh() { Notify(Change::Picture); }
 
  private:
   Handler on_click_;
+  Handler on_dbl_click_;
+  std::function<void(int)> on_down_;
   std::string picture_;
   bool stretch_ = false;
 };
@@ -140,6 +149,8 @@ class Menu : public Control {
   void Click();
   void SetHandler(Handler on_click) { on_click_ = std::move(on_click); }
   bool HasHandler() const { return static_cast<bool>(on_click_); }
+  // Opens the menu's entries as a pop-up where the mouse stands.
+  void Popup() { Notify(Change::Popup); }
 
  private:
   Handler on_click_;

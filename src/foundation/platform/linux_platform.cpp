@@ -9,6 +9,7 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include <cerrno>
 #include <cmath>
 #include <cstdlib>
 #include <fstream>
@@ -20,6 +21,7 @@
 #include "foundation/platform/mounts.h"
 #include "foundation/platform/virtual_keys.h"
 #include "foundation/platform/wine_registry.h"
+#include "foundation/platform/x11_windows.h"
 #include "foundation/services/files.h"
 #include "foundation/services/strings.h"
 
@@ -119,6 +121,16 @@ struct LinuxPlatform::Impl {
   bool display_tried = false;
   Display* display = nullptr;
 
+  // The X display of the session, opened at first need; null without one.
+  Display* OpenDisplay() {
+    if (!display_tried) {
+      display_tried = true;
+      const char* name = std::getenv("DISPLAY");
+      if (name && *name) display = XOpenDisplay(nullptr);
+    }
+    return display;
+  }
+
   bool joystick_tried = false, joystick_ok = false;
   std::map<int, SDL_Joystick*> joysticks;
 
@@ -207,7 +219,11 @@ std::optional<Process> LinuxPlatform::Spawn(const StartRequest& request, int std
   int rc = posix_spawn(&pid, executable.c_str(), &actions, &attr, argv.data(), environ);
   posix_spawn_file_actions_destroy(&actions);
   posix_spawnattr_destroy(&attr);
-  if (rc != 0 || pid <= 0) return std::nullopt;
+  if (rc != 0 || pid <= 0) {
+    // Callers log the system's error code of a failed start.
+    errno = rc != 0 ? rc : ECHILD;
+    return std::nullopt;
+  }
   return Process{pid};
 }
 
@@ -294,12 +310,7 @@ int LinuxPlatform::RunCapturing(const StartRequest& request,
 }
 
 bool LinuxPlatform::IsKeyDown(int virtual_key) {
-  if (!impl_->display_tried) {
-    impl_->display_tried = true;
-    const char* name = std::getenv("DISPLAY");
-    if (name && *name) impl_->display = XOpenDisplay(nullptr);
-  }
-  if (!impl_->display) return false;
+  if (!impl_->OpenDisplay()) return false;
   char keys[32] = {};
   XQueryKeymap(impl_->display, keys);
   for (unsigned long sym : KeySymsOfVirtualKey(virtual_key)) {
@@ -463,6 +474,24 @@ bool LinuxPlatform::ShellOpen(const std::string& document, const std::string& pa
 
 std::string LinuxPlatform::ReadRegistry(const std::string& key, const std::string& value) {
   return ReadWineRegistry(DefaultWinePrefix(), key, value);
+}
+
+std::vector<TopWindow> LinuxPlatform::ListTopWindows() {
+  return ListX11TopWindows(impl_->OpenDisplay());
+}
+
+WindowHandle LinuxPlatform::FindProcessWindow(const Process& process) {
+  Display* display = impl_->OpenDisplay();
+  if (!display || !process.Valid()) return 0;
+  return FindX11WindowOfProcesses(display, ProcessFamily(process.pid));
+}
+
+bool LinuxPlatform::ActivateWindow(WindowHandle window) {
+  return ActivateX11Window(impl_->OpenDisplay(), window);
+}
+
+bool LinuxPlatform::GrabWindow(WindowHandle window, Bitmap& out) {
+  return GrabX11Window(impl_->OpenDisplay(), window, out);
 }
 
 }  // namespace vardolin

@@ -1,6 +1,7 @@
 #pragma once
 // The Platform of a Linux desktop: child processes (Windows programs through Wine), X key state,
-// SDL2 joystick and sound, mount points as drives, xdg-open, and the Wine prefix's registry.
+// SDL2 joystick and sound, mount points as drives, xdg-open, the Wine prefix's registry, and the
+// X windows of the session.
 
 #include <chrono>
 #include <filesystem>
@@ -71,6 +72,13 @@ class LinuxPlatform : public Platform {
                  const std::filesystem::path& working_folder) override;
   // From the registry of $WINEPREFIX (else ~/.wine); empty without one.
   std::string ReadRegistry(const std::string& key, const std::string& value) override;
+
+  // Windows of the X display named by $DISPLAY. A Windows program's window belongs to the Wine
+  // process we started or to one that process started.
+  std::vector<TopWindow> ListTopWindows() override;
+  WindowHandle FindProcessWindow(const Process& process) override;
+  bool ActivateWindow(WindowHandle window) override;
+  bool GrabWindow(WindowHandle window, Bitmap& out) override;
 
   // The words that Start runs for the request: Wine's in front for a Windows program.
   std::vector<std::string> CommandLine(const StartRequest& request) const;

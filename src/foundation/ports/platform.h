@@ -13,6 +13,8 @@
 
 namespace vardolin {
 
+struct Bitmap;
+
 struct StartRequest {
   std::filesystem::path program;
   std::vector<std::string> arguments;
@@ -56,6 +58,16 @@ struct JoystickState {
   std::uint32_t buttons = 0;
 };
 
+// A top-level window of the desktop session. The handle 0 stands for none, and for the whole
+// screen where a picture is taken.
+using WindowHandle = std::uint64_t;
+struct TopWindow {
+  WindowHandle handle = 0;
+  std::string title;
+  int pid = 0;  // the process that owns it, 0 when the window doesn't tell
+  bool visible = false;
+};
+
 class Platform {
  public:
   virtual ~Platform() = default;
@@ -86,6 +98,17 @@ class Platform {
                          const std::filesystem::path& working_folder) = 0;
   // Windows registry reads answer empty on Linux, but for the Wine prefix's own registry.
   virtual std::string ReadRegistry(const std::string& key, const std::string& value) = 0;
+
+  // Windows of the desktop session. Without one they answer empty, 0 or false.
+  // Top-level windows from the topmost down.
+  virtual std::vector<TopWindow> ListTopWindows() = 0;
+  // The topmost visible window of the process or of a process it started (else its topmost
+  // hidden one); 0 when it has none.
+  virtual WindowHandle FindProcessWindow(const Process& process) = 0;
+  // Brings the window to the front, maximised, with the keyboard focus.
+  virtual bool ActivateWindow(WindowHandle window) = 0;
+  // What the screen shows of the window (of the whole screen for 0).
+  virtual bool GrabWindow(WindowHandle window, Bitmap& out) = 0;
 };
 
 }  // namespace vardolin

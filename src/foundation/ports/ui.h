@@ -8,6 +8,7 @@
 namespace vardolin {
 
 class Form;
+struct Bitmap;
 
 // Message-box styles (the buttons) and the results a box gives back.
 namespace msg {
@@ -65,6 +66,13 @@ class Ui {
 
   virtual void SetClipboardText(const std::string& text) = 0;
   virtual std::string ClipboardText() = 0;
+  // Pictures on the clipboard. Asking is cheap and reads nothing; a front end without a
+  // clipboard for pictures answers false to all three.
+  virtual bool ClipboardHasImage() = 0;
+  virtual bool ClipboardImage(Bitmap& out) = 0;
+  virtual bool SetClipboardImage(const Bitmap& picture) = 0;
+  // Empties the clipboard of whatever it holds.
+  virtual void ClearClipboard() = 0;
 };
 
 }  // namespace vardolin

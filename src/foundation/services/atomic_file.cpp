@@ -12,16 +12,29 @@
 
 namespace vardolin {
 
-void FaultPoint(const char* name) {
-  static const char* spec = std::getenv("VARDOLIN_FAULT_POINT");
-  if (!spec || !*spec) return;
+bool FaultPoint(const char* name) {
+  const char* spec = std::getenv("VARDOLIN_FAULT_POINT");
+  if (!spec || !*spec) return false;
+  static std::string counted_for;
+  static std::map<std::string, long> hits;
   std::string s(spec);
+  if (s != counted_for) {
+    counted_for = s;
+    hits.clear();
+  }
+  bool full_disk = false;
+  if (s.size() > 7 && s.compare(s.size() - 7, 7, ":enospc") == 0) {
+    full_disk = true;
+    s.resize(s.size() - 7);
+  }
   auto colon = s.rfind(':');
   std::string point = colon == std::string::npos ? s : s.substr(0, colon);
   long target = colon == std::string::npos ? 1 : std::strtol(s.c_str() + colon + 1, nullptr, 10);
-  if (point != name) return;
-  static std::map<std::string, long> hits;
-  if (++hits[point] == target) ::kill(::getpid(), SIGKILL);
+  if (point != name) return false;
+  if (++hits[point] != target) return false;
+  if (!full_disk) ::kill(::getpid(), SIGKILL);
+  errno = ENOSPC;
+  return true;
 }
 
 namespace {
@@ -47,12 +60,12 @@ bool WriteAll(int fd, std::string_view bytes) {
 
 }  // namespace
 
-bool AtomicWriteFile(const std::filesystem::path& path, std::string_view bytes) {
+bool AtomicWriteFile(const std::filesystem::path& path, std::string_view bytes, bool flush) {
   std::filesystem::path temp = path;
   temp += ".new~";
   int fd = ::open(temp.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC, 0644);
   if (fd < 0) return false;
-  bool ok = WriteAll(fd, bytes) && ::fsync(fd) == 0;
+  bool ok = WriteAll(fd, bytes) && (!flush || ::fsync(fd) == 0);
   ok = (::close(fd) == 0) && ok;
   FaultPoint("atomic-before-rename");
   if (ok) ok = ::rename(temp.c_str(), path.c_str()) == 0;
@@ -60,8 +73,10 @@ bool AtomicWriteFile(const std::filesystem::path& path, std::string_view bytes) 
     ::unlink(temp.c_str());
     return false;
   }
+  if (!flush) return true;
   // Make the rename itself durable.
-  int dir = ::open(path.has_parent_path() ? path.parent_path().c_str() : ".", O_RDONLY | O_DIRECTORY);
+  int dir =
+      ::open(path.has_parent_path() ? path.parent_path().c_str() : ".", O_RDONLY | O_DIRECTORY);
   if (dir >= 0) {
     ::fsync(dir);
     ::close(dir);

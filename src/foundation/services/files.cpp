@@ -1,17 +1,21 @@
 #include "foundation/services/files.h"
 
+#include <dirent.h>
 #include <fcntl.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <cerrno>
 #include <ctime>
 #include <fstream>
+#include <iterator>
 #include <optional>
 #include <sstream>
 
 #include "foundation/dialogs/ask.h"
 #include "foundation/ports/ui.h"
 #include "foundation/program.h"
+#include "foundation/services/atomic_file.h"
 #include "foundation/services/paths.h"
 #include "foundation/services/strings.h"
 #include "foundation/services/wildcard.h"
@@ -151,7 +155,8 @@ bool DeleteFolderTree(const fs::path& folder) {
   return ::rmdir(real.c_str()) == 0;
 }
 
-bool CopyFileOver(const fs::path& source, const fs::path& target) {
+bool CopyFileOver(const fs::path& source, const fs::path& target, const char* fault_point) {
+  const bool disk_full = fault_point && FaultPoint(fault_point);
   if (source.empty() || target.empty()) return false;
   fs::path src = ResolveCase(source);
   if (!IsFile(src)) return false;
@@ -160,14 +165,23 @@ bool CopyFileOver(const fs::path& source, const fs::path& target) {
   if (Stands(dst)) {
     if (fs::equivalent(src, dst, ec)) return true;  // removing it would lose the source
     if (IsFolder(dst)) return false;
-    DeleteFileForced(dst);
+    if (!DeleteFileForced(dst)) return false;
   }
-  bool copied = fs::copy_file(src, dst, fs::copy_options::none, ec) && !ec;
-  if (copied) {
+  if (disk_full) {
+    // What a full disk leaves: the target begun and cut off part way.
+    std::ifstream in(src, std::ios::binary);
+    std::string head((std::istreambuf_iterator<char>(in)), std::istreambuf_iterator<char>());
+    std::ofstream(dst, std::ios::binary)
+        .write(head.data(), static_cast<std::streamsize>(head.size() / 2));
+  } else if (fs::copy_file(src, dst, fs::copy_options::none, ec) && !ec) {
     CopyTimes(src, dst);
     return true;
   }
-  return IsFile(dst);
+  // A copy broken off (a full disk) must not pass for the file.
+  const int error = errno;
+  fs::remove(dst, ec);
+  errno = disk_full ? ENOSPC : error;
+  return false;
 }
 
 std::string ReplaceFileQuestion(const fs::path& new_file, const fs::path& old_file) {
@@ -200,13 +214,22 @@ bool CopyMatchingFiles(Program& program, const fs::path& source_folder,
 std::vector<fs::path> ListFiles(const fs::path& folder, std::string_view pattern) {
   std::vector<fs::path> out;
   if (folder.empty()) return out;
-  std::error_code ec;
-  for (fs::directory_iterator it(ResolveCase(folder), ec), end; !ec && it != end;
-       it.increment(ec)) {
-    std::error_code type_ec;
-    if (it->is_regular_file(type_ec) && WildcardMatch(it->path().filename().string(), pattern))
-      out.push_back(it->path());
+  const fs::path real = ResolveCase(folder);
+  // readdir, matching each name in place: the watcher lists the editor folder on every tick,
+  // and a path built for every entry would cost more than the listing itself.
+  DIR* dir = ::opendir(real.c_str());
+  if (!dir) return out;
+  while (const dirent* entry = ::readdir(dir)) {
+    const std::string_view name = entry->d_name;
+    if (name == "." || name == ".." || !WildcardMatch(name, pattern)) continue;
+    bool file = entry->d_type == DT_REG;
+    if (entry->d_type == DT_LNK || entry->d_type == DT_UNKNOWN) {
+      struct stat st {};
+      file = ::stat((real / name).c_str(), &st) == 0 && S_ISREG(st.st_mode);
+    }
+    if (file) out.push_back(real / name);
   }
+  ::closedir(dir);
   return out;
 }
 

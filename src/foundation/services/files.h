@@ -34,7 +34,10 @@ bool DeleteMatchingFiles(const std::filesystem::path& folder, std::string_view p
 bool DeleteFolderTree(const std::filesystem::path& folder);
 // Copies one file, replacing the target. A target that stands in another case is replaced and
 // keeps its on-disk name. The copy keeps the source's modification time (dates are data here).
-bool CopyFileOver(const std::filesystem::path& source, const std::filesystem::path& target);
+// False when the copy didn't complete; no part of a copy stays behind then. `fault_point`
+// names the test hook of the caller's step (see FaultPoint), reached as the copy begins.
+bool CopyFileOver(const std::filesystem::path& source, const std::filesystem::path& target,
+                  const char* fault_point = nullptr);
 // Copies the matching files of a folder (sub-folders skipped). With `overwrite` clear, a target
 // that stands is replaced only when AskReplaceFile says so. Stops at the first failed copy.
 bool CopyMatchingFiles(Program& program, const std::filesystem::path& source_folder,

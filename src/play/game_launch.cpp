@@ -1,0 +1,104 @@
+#include "play/game_launch.h"
+
+#include <cerrno>
+#include <optional>
+
+#include "foundation/platform/linux_platform.h"
+#include "foundation/ports/platform.h"
+#include "foundation/program.h"
+#include "foundation/services/files.h"
+#include "foundation/services/log.h"
+#include "foundation/services/paths.h"
+#include "foundation/services/strings.h"
+#include "play/text_ids.h"
+
+namespace vardolin {
+
+namespace fs = std::filesystem;
+
+namespace {
+
+fs::path Editor(const Program& program) {
+  return fs::path(Trim(program.prefs.EditorFolder));
+}
+
+// Pattern texts may be written as fragments ("\*.mcf"); ListFiles wants the bare pattern.
+std::string Pattern(const Program& program, std::int32_t id) {
+  std::string p = program.GetText(id);
+  while (!p.empty() && (p.front() == '\\' || p.front() == '/')) p.erase(0, 1);
+  return p;
+}
+
+StartRequest Request(const fs::path& program_file, const std::string& words) {
+  StartRequest request;
+  request.program = program_file;
+  request.arguments = SplitCommandWords(words);
+  request.working_folder = program_file.parent_path();
+  return request;
+}
+
+}  // namespace
+
+const std::vector<std::string>& MediaHelperFiles() {
+  static const std::vector<std::string> names = {"Tomb_Logger.exe", "EnumVideoMode.exe",
+                                                 "TOMBKEY.VXD"};
+  return names;
+}
+
+fs::path GameProgramPath(const Program& program) {
+  return JoinFragment(Editor(program), program.GetText(text::GameProgramPath));
+}
+
+fs::path MediaPlayerPath(const Program& program) {
+  return JoinFragment(Editor(program), program.GetText(text::MediaPlayerPath));
+}
+
+bool IsMediaLevel(Program& program, fs::path& folder) {
+  if (folder.empty()) folder = Editor(program);
+  return !ListFiles(folder, Pattern(program, text::MediaLevelPattern)).empty();
+}
+
+void PrepareMediaPlay(Program& program) {
+  const fs::path editor = Editor(program);
+  const std::string player = ExtractFileName(program.GetText(text::MediaPlayerPath));
+  CopyFileOver(program.Home() / player, editor / player);
+  fs::path folder = editor;
+  if (!IsMediaLevel(program, folder)) return;
+  if (FileExists(JoinFragment(editor, program.GetText(text::MediaHelpersNotNeeded)))) return;
+  // A level may bring its own helper, in the root or in its store; ours only fills the gap.
+  const fs::path store = JoinFragment(editor, program.GetText(text::CleanedFolder1));
+  for (const std::string& helper : MediaHelperFiles()) {
+    if (FileExists(editor / helper) || FileExists(JoinFragment(store, helper))) continue;
+    CopyFileOver(program.Home() / helper, editor / helper);
+  }
+}
+
+bool LaunchMediaPlayer(Program& program, const std::string& command_line) {
+  const fs::path player =
+      JoinFragment(Editor(program), program.GetText(text::MediaPlayerStartPath));
+  std::optional<Process> started = program.platform().Start(Request(player, command_line));
+  if (!started || !started->Valid()) return false;
+  program.MediaProcess = *started;
+  return true;
+}
+
+bool LaunchGame(Program& program, const std::string& parameters) {
+  const fs::path game = GameProgramPath(program);
+  WriteLog(program, "Create process for tom4: " + game.string());
+  errno = 0;
+  std::optional<Process> started = program.platform().Start(Request(game, parameters));
+  if (!started || !started->Valid()) {
+    const int code = errno;
+    WriteLog(program, "Error code: " + std::to_string(code));
+    return false;
+  }
+  program.GameProcess = *started;
+  return true;
+}
+
+void Beep(Program& program, int frequency_hz, int milliseconds) {
+  if (program.prefs.SoundDisabled()) return;
+  program.platform().Beep(frequency_hz, milliseconds);
+}
+
+}  // namespace vardolin

@@ -1,0 +1,152 @@
+// The demo home that `make run` starts in, made by vardolin-cli, and the activation commands
+// run on it as child processes. The main window must then start on it without a question.
+
+#include <gtest/gtest.h>
+
+#include <array>
+#include <cstdio>
+#include <fstream>
+#include <iterator>
+
+#include "../archive/archive_fixture.h"
+#include "archive/principale.h"
+#include "foundation/program_home.h"
+#include "temp_dir.h"
+
+namespace vardolin {
+namespace {
+
+namespace fs = std::filesystem;
+
+struct Result {
+  int code;
+  std::string out;
+};
+
+Result RunCli(const fs::path& home, const std::string& arguments) {
+  std::string command = std::string("\"") + VARDOLIN_BUILD_DIR "/app/cli/vardolin-cli\" --home \"" +
+                        home.string() + "\" " + arguments + " 2>&1";
+  Result r{-1, {}};
+  FILE* pipe = popen(command.c_str(), "r");
+  if (!pipe) return r;
+  std::array<char, 4096> buf;
+  while (std::size_t n = fread(buf.data(), 1, buf.size(), pipe)) r.out.append(buf.data(), n);
+  int status = pclose(pipe);
+  r.code = WIFEXITED(status) ? WEXITSTATUS(status) : -1;
+  return r;
+}
+
+std::string Head(const fs::path& file, std::size_t n) {
+  return testing::ReadFile(file).substr(0, n);
+}
+
+std::vector<std::string> NamesIn(const fs::path& folder) {
+  std::vector<std::string> names;
+  for (const auto& e : fs::recursive_directory_iterator(folder))
+    if (e.is_regular_file()) names.push_back(fs::relative(e.path(), folder).generic_string());
+  std::sort(names.begin(), names.end());
+  return names;
+}
+
+std::map<std::string, std::string> Snapshot(const fs::path& folder) {
+  std::map<std::string, std::string> out;
+  for (const auto& e : fs::recursive_directory_iterator(folder))
+    if (e.is_regular_file())
+      out[fs::relative(e.path(), folder).generic_string()] = testing::ReadFile(e.path());
+  return out;
+}
+
+struct DemoHomeTest : ::testing::Test {
+  testing::TempDir dir;
+  fs::path home = dir / "demo-home";
+  fs::path editor = home / "trle";
+  fs::path Store(int code) const {
+    char name[16];
+    std::snprintf(name, sizeof name, "LEVEL_%04d", code);
+    return home / "archive" / name / "files";
+  }
+};
+
+TEST_F(DemoHomeTest, TheDemoHoldsAPlayableEditorAndThreeKindsOfLevel) {
+  const Result made = RunCli(home, "demo");
+  ASSERT_EQ(made.code, 0) << made.out;
+  // The game and the editor's tools are the native stand-in: started directly, not by Wine.
+  for (const char* program : {"tomb4.exe", "tom2pc.exe", "winroomedit.exe"}) {
+    EXPECT_EQ(Head(editor / program, 4),
+              "\x7f"
+              "ELF")
+        << program;
+    EXPECT_TRUE((fs::status(editor / program).permissions() & fs::perms::owner_exec) !=
+                fs::perms::none);
+  }
+  for (const char* file : {"tom2pc.exe", "winroomedit.exe", "script.exe", "tomb4.exe",
+                           "data/title.tr4", "script.dat", "english.dat"})
+    EXPECT_EQ(testing::ReadFile(home / "backup_trle" / file), testing::ReadFile(editor / file))
+        << file;
+
+  EXPECT_EQ(NamesIn(Store(1)),
+            (std::vector<std::string>{"110.wav", "english.dat", "load.bmp", "plaintomb.tr4",
+                                      "plaintomb.txt", "script.dat"}));
+  EXPECT_EQ(NamesIn(Store(2)),
+            (std::vector<std::string>{"english.dat.zl", "load.jpg", "script.dat.zl", "vault.tr4.zl",
+                                      "vault.txt", "vault2.tr4.zl"}));
+  EXPECT_EQ(Head(Store(2) / "vault.tr4.zl", 3), "VZL");
+  EXPECT_EQ(NamesIn(Store(3)),
+            (std::vector<std::string>{"english.dat", "intro.mcf", "load.bmp", "media.mpf",
+                                      "outro.mcf", "script.dat", "store/clip01.bin",
+                                      "store/clip02.bin", "temple.tr4"}));
+
+  const Result again = RunCli(home, "demo");
+  EXPECT_EQ(again.code, 1);
+  EXPECT_NE(again.out.find("in use already"), std::string::npos) << again.out;
+
+  const auto base = Snapshot(editor);
+  struct Step {
+    std::string arguments;
+    std::string says;
+    const char* brought;  // a file the level put in the editor folder, with its store's copy
+    const char* stored;
+  };
+  const Step steps[] = {
+      {"active", "0\n", nullptr, nullptr},
+      {"activate 1", "active: 1\n", "data/plaintomb.tr4", "plaintomb.tr4"},
+      {"activate 2", "active: 2\n", "vault.txt", "vault.txt"},
+      {"active", "2\n", nullptr, nullptr},
+      {"activate 3", "active: 3\n", "store/clip01.bin", "store/clip01.bin"},
+      {"activate 9", "no level with code 9", nullptr, nullptr},
+      {"active", "3\n", "intro.mcf", "intro.mcf"},
+      {"reset", "active: 0\n", nullptr, nullptr},
+  };
+  for (const Step& s : steps) {
+    const Result r = RunCli(home, s.arguments);
+    EXPECT_NE(r.out.find(s.says), std::string::npos) << s.arguments << "\n" << r.out;
+    if (s.brought) {
+      const std::string kept = s.arguments == "active" ? "activate 3" : s.arguments;
+      const int code = kept.back() - '0';
+      EXPECT_EQ(testing::ReadFile(editor / s.brought), testing::ReadFile(Store(code) / s.stored))
+          << s.arguments;
+    }
+    if (s.arguments == "activate 2") {
+      // The compressed level comes in expanded, its loading picture as the game's bitmap.
+      EXPECT_EQ(fs::file_size(editor / "data/vault.tr4"), 600000u);
+      EXPECT_NE(Head(editor / "data/vault.tr4", 3), "VZL");
+      EXPECT_EQ(Head(editor / "load.bmp", 2), "BM");
+    }
+  }
+  EXPECT_EQ(Snapshot(editor), base);
+
+  // The window's start-up on this home asks nothing: the script of the Ui is empty.
+  testing::ScriptedUi ui;
+  testing::RecordingPlatform platform;
+  Program program(home, ui, platform);
+  Principale window(program);
+  window.Load();
+  ASSERT_TRUE(window.IsLoaded());
+  EXPECT_TRUE(ui.Questions().empty());
+  EXPECT_EQ(program.catalogue.levels.size(), 4u);
+  EXPECT_EQ(window.Combo_Livelli.ListCount(), 4);
+  window.Unload();
+}
+
+}  // namespace
+}  // namespace vardolin

@@ -1,0 +1,87 @@
+// mnu_SetupTrle with the real platform: the stand-in game is started in its setup mode from the
+// editor folder and watched as a game is, the level in the folder untouched.
+#include "editor/setup_trle.h"
+
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <string>
+
+#include "../archive/store_fixture.h"
+#include "../play/play_fixture.h"
+#include "editor/text_ids.h"
+#include "foundation/services/log.h"
+#include "play/activation.h"
+#include "play/active_level.h"
+#include "play/text_ids.h"
+
+namespace vardolin {
+namespace {
+
+namespace fs = std::filesystem;
+using testing::PlayFixture;
+using testing::ReadFile;
+
+// The arguments the process was started with, as the system holds them.
+std::string CommandLineOf(int pid) {
+  std::string line = ReadFile("/proc/" + std::to_string(pid) + "/cmdline");
+  for (char& c : line)
+    if (c == '\0') c = ' ';
+  return line;
+}
+
+TEST(SetupTrle, TheGameStartsInItsSetupModeOnlyAfterOkAndIsWatchedAsAGame) {
+  struct Case {
+    const char* what;
+    int answer;
+    bool game_present;
+    bool started;
+  };
+  for (const Case& c : {Case{"cancel", msg::kCancel, true, false}, Case{"ok", msg::kOk, true, true},
+                        Case{"no game", msg::kOk, false, false}}) {
+    SCOPED_TRACE(c.what);
+    PlayFixture f({"Base level", "Beta"});
+    ASSERT_TRUE(SetLevelInTrle(f.program, 1));
+    if (!c.game_present) fs::remove(f.editor / "tomb4.exe");
+    const auto before = testing::Snapshot(f.editor);
+    f.main->Timer1.SetInterval(700);
+    f.ui.SetClipboardText("picture of before");
+    ResetLog(f.program);
+
+    const std::string warning = f.program.GetText(editor::text::SetupTrleWarning,
+                                                  {"\r\n", "\r\n", "\r\n", "\r\n", "\r\n\r\n"});
+    f.ui.Answer(c.answer, warning);
+    if (c.answer == msg::kOk && !c.game_present)
+      f.ui.Answer(msg::kOk, f.program.GetText(text::GameNotStarted));
+    ASSERT_TRUE(f.main->mnu_SetupTrle.Enabled());
+    f.main->mnu_SetupTrle.Click();
+
+    EXPECT_TRUE(f.ui.Done());
+    EXPECT_EQ(f.program.GameRunning, c.started);
+    EXPECT_EQ(f.program.GameProcess.Valid(), c.started);
+    EXPECT_EQ(f.ui.ClipboardText(), c.started ? "" : "picture of before");
+    EXPECT_FALSE(f.program.MediaPlay);
+    EXPECT_EQ(f.main->Timer1.Interval(), 700);
+    EXPECT_EQ(GetActiveLevelCode(f.program), 1);
+    EXPECT_EQ(ReadFile(LogPath(f.program)).find("Create process for tom4") != std::string::npos,
+              c.answer == msg::kOk);
+    if (!c.started) {
+      EXPECT_EQ(testing::Snapshot(f.editor), before);
+      continue;
+    }
+    EXPECT_NE(CommandLineOf(f.program.GameProcess.pid)
+                  .find(" " + f.program.GetText(editor::text::SetupTrleParameter)),
+              std::string::npos);
+    // The watcher ends the run as it ends a game's.
+    f.EndGame();
+    ASSERT_TRUE(f.TickUntilEnded());
+    EXPECT_FALSE(f.program.GameProcess.Valid());
+    auto after = testing::Snapshot(f.editor);
+    for (const char* written : {"standin_started.txt", "standin_commands.txt", "standin_done.txt"})
+      after.erase(written);
+    EXPECT_EQ(after, before);
+  }
+}
+
+}  // namespace
+}  // namespace vardolin

@@ -1,0 +1,76 @@
+// The launch helpers on real folders and the pair of screenshots shown after a game. The
+// watcher's tick itself is driven through the main window in play_test.cpp.
+#include "play/game_watcher.h"
+
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <string>
+#include <vector>
+
+#include "play/game_launch.h"
+#include "play_fixture.h"
+#include "test_program.h"
+
+namespace vardolin {
+namespace {
+
+namespace fs = std::filesystem;
+using testing::ReadFile;
+using testing::WriteBytes;
+
+TEST(GameWatcher, TheLastPairStartsAtAnEvenIndexAndNeverBelowZero) {
+  const std::pair<int, int> cases[] = {{0, 0}, {1, 0}, {2, 0}, {3, 2}, {4, 2}, {5, 4}, {-3, 0}};
+  for (const auto& [count, index] : cases) EXPECT_EQ(LastPairIndex(count), index) << count;
+}
+
+TEST(GameLaunch, TheSettingsSilenceTheToneAndNothingElse) {
+  const std::pair<std::int32_t, bool> cases[] = {{0, true}, {1, false}, {2, true}, {3, false}};
+  for (const auto& [flags, sounds] : cases) {
+    SCOPED_TRACE(flags);
+    testing::TestProgram t;
+    t.program.prefs.Flags = flags;
+    Beep(t.program, 200, 150);
+    EXPECT_EQ(t.platform.calls,
+              sounds ? std::vector<std::string>{"beep 200"} : std::vector<std::string>{});
+  }
+}
+
+TEST(GameLaunch, MediaHelpersComeFromTheProgramFolderOnlyWhereTheLevelHasNone) {
+  struct Case {
+    std::string name;
+    std::vector<std::string> level_files;  // relative to the editor folder
+    bool media;
+    std::vector<std::string> ours;  // helpers copied from the program's folder
+  };
+  const std::vector<Case> cases = {
+      {"common level", {"a.tr4"}, false, {}},
+      {"media level", {"INTRO.MCF"}, true, {"Tomb_Logger.exe", "EnumVideoMode.exe", "TOMBKEY.VXD"}},
+      {"own logger", {"x.mcf", "tomb_logger.exe"}, true, {"EnumVideoMode.exe", "TOMBKEY.VXD"}},
+      {"helper in the store",
+       {"x.mcf", "store/TOMBKEY.VXD"},
+       true,
+       {"Tomb_Logger.exe", "EnumVideoMode.exe"}},
+      {"helpers not needed", {"x.mcf", "media_no_helpers.txt"}, true, {}},
+  };
+  for (const Case& c : cases) {
+    SCOPED_TRACE(c.name);
+    testing::PlayFixture f({"Base level"});
+    WriteBytes(f.program.Home() / "play_the_game.exe", "player");
+    for (const std::string& helper : MediaHelperFiles())
+      WriteBytes(f.program.Home() / helper, "ours");
+    for (const std::string& file : c.level_files) WriteBytes(f.editor / file, "level's");
+    fs::path folder;
+    EXPECT_EQ(IsMediaLevel(f.program, folder), c.media);
+    EXPECT_EQ(folder, f.editor);
+    PrepareMediaPlay(f.program);
+    EXPECT_EQ(ReadFile(f.editor / "play_the_game.exe"), "player");
+    for (const std::string& helper : MediaHelperFiles()) {
+      const bool copied = std::find(c.ours.begin(), c.ours.end(), helper) != c.ours.end();
+      EXPECT_EQ(ReadFile(f.editor / helper) == "ours", copied) << helper;
+    }
+  }
+}
+
+}  // namespace
+}  // namespace vardolin

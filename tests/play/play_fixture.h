@@ -1,0 +1,101 @@
+#pragma once
+// A whole program for the play tests on the real Linux platform: a stand-in editor folder and
+// its backup whose tomb4.exe is the stand-in game, an archive with a few levels, and the main
+// window over them. Processes are real; only the Ui is scripted.
+
+#include <chrono>
+#include <cstdlib>
+#include <filesystem>
+#include <memory>
+#include <string>
+#include <thread>
+#include <vector>
+
+#include "../archive/archive_fixture.h"
+#include "archive/level_browser.h"
+#include "archive/level_store.h"
+#include "archive/principale.h"
+#include "editor_folder_fixture.h"
+#include "foundation/platform/linux_platform.h"
+
+namespace vardolin::testing {
+
+inline std::filesystem::path Standin(const std::string& name) {
+  const char* env = std::getenv("VARDOLIN_STANDINS");
+  return (env && *env ? std::filesystem::path(env)
+                      : std::filesystem::path(VARDOLIN_BUILD_DIR) / "standins") /
+         name;
+}
+
+inline bool WaitFor(const std::function<bool()>& done,
+                    std::chrono::milliseconds limit = std::chrono::milliseconds(5000)) {
+  const auto end = std::chrono::steady_clock::now() + limit;
+  while (!done()) {
+    if (std::chrono::steady_clock::now() > end) return false;
+    std::this_thread::sleep_for(std::chrono::milliseconds(10));
+  }
+  return true;
+}
+
+struct PlayFixture {
+  TempDir dir;
+  ScriptedUi ui;
+  LinuxPlatform platform;
+  Program program{dir / "home", ui, platform};
+  std::filesystem::path editor = dir / "trle";
+  std::filesystem::path backup = dir / "home/backup_trle";
+  std::filesystem::path archive = dir / "archive";
+  std::unique_ptr<Principale> main;
+
+  // Levels by name, codes 0, 1, 2 ... in this order; each but the base level brings a level
+  // file, the script every complete level has, and the files given for it by name.
+  explicit PlayFixture(const std::vector<std::string>& names,
+                       const std::vector<std::vector<std::string>>& extra_files = {}) {
+    namespace fs = std::filesystem;
+    fs::create_directories(dir / "home");
+    program.texts.EnglishTexts = ReadEnglishForTests();
+    BuildEditorFolder(editor);
+    InstallGame(editor / "tomb4.exe");
+    fs::copy(editor, backup, fs::copy_options::recursive);
+    program.prefs.EditorFolder = editor.string();
+    program.prefs.FullBackupDone = true;
+    program.prefs.AutoSave = false;
+    program.BackupFolder = backup.string();
+    Catalogue& c = program.catalogue;
+    c.header.MainDir = c.header.SecondaryDir = archive.string();
+    for (std::size_t i = 0; i < names.size(); ++i) {
+      LevelRecord r = SampleLevel(static_cast<std::int32_t>(i));
+      r.Name = names[i];
+      c.levels.push_back(r);
+      const fs::path files = GetLevelFolder(program, r.Code, false) / "files";
+      fs::create_directories(files);
+      if (i == 0) continue;
+      WriteBytes(files / (names[i] + ".tr4"), "level " + names[i]);
+      WriteBytes(files / "script.dat", names[i] + "'s script");
+      if (i < extra_files.size())
+        for (const std::string& extra : extra_files[i]) WriteBytes(files / extra, extra);
+    }
+    c.header.LevelCount = static_cast<std::int32_t>(names.size());
+    main = std::make_unique<Principale>(program);
+    RefreshLevelList(*main);
+  }
+
+  static void InstallGame(const std::filesystem::path& target) {
+    std::filesystem::copy_file(Standin("standin_game"), target,
+                               std::filesystem::copy_options::overwrite_existing);
+  }
+  void Choose(const std::string& text) {
+    main->Combo_Livelli.SetListIndex(main->Combo_Livelli.FindText(text));
+  }
+  // Tells the stand-in game in the editor folder to end.
+  void EndGame() { WriteBytes(editor / "standin_commands.txt", "exit 0\n"); }
+  // Ticks Timer1 until the watcher lets the game go; false when it doesn't within the limit.
+  bool TickUntilEnded() {
+    return WaitFor([this] {
+      main->Timer1.Tick();
+      return !program.GameRunning;
+    });
+  }
+};
+
+}  // namespace vardolin::testing

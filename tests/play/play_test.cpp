@@ -1,0 +1,226 @@
+// Playing through the main window with the real platform: the chosen level goes into the editor
+// folder, the stand-in game runs from there, the watcher sees its end and the next level takes
+// its place.
+#include <gtest/gtest.h>
+
+#include <signal.h>
+
+#include <filesystem>
+#include <string>
+#include <vector>
+
+#include "../archive/store_fixture.h"
+#include "foundation/services/log.h"
+#include "play/activation.h"
+#include "play/active_level.h"
+#include "play/game_launch.h"
+#include "play/game_watcher.h"
+#include "play/play_level.h"
+#include "play_fixture.h"
+
+namespace vardolin {
+namespace {
+
+namespace fs = std::filesystem;
+using testing::PlayFixture;
+using testing::ReadFile;
+using testing::WriteBytes;
+
+const std::vector<std::string> kNames = {"Base level", "Beta", "Gamma", "Delta"};
+
+int Count(const std::string& text, const std::string& part) {
+  int n = 0;
+  for (auto at = text.find(part); at != std::string::npos; at = text.find(part, at + 1)) ++n;
+  return n;
+}
+
+TEST(Play, AChosenLevelIsPlayedWatchedToItsEndAndReplacedByTheNext) {
+  PlayFixture f(kNames);
+  f.program.prefs.CheckTenths = 3;
+  std::vector<std::string> steps;
+  f.main->Watcher.joystick = [&] { steps.push_back("joystick"); };
+  f.main->Watcher.f9_archive = [&] { steps.push_back("f9"); };
+  f.main->Watcher.f11_restore = [&] { steps.push_back("f11"); };
+  f.main->Watcher.full_slots = [&] { steps.push_back("full"); };
+  f.main->Watcher.screenshot = [&] { steps.push_back("screenshot"); };
+  f.main->Watcher.collect_media_shots = [&] { steps.push_back("media"); };
+
+  f.Choose("Beta");
+  f.main->Pul_Play.Click();
+  ASSERT_TRUE(f.program.GameRunning);
+  EXPECT_FALSE(f.program.MediaPlay);
+  EXPECT_EQ(f.main->Timer1.Interval(), 300);
+  EXPECT_EQ(GetActiveLevelCode(f.program), 1);
+  EXPECT_EQ(ReadFile(f.editor / "data/Beta.tr4"), "level Beta");
+  EXPECT_EQ(f.main->Combo_Livelli.SelectedText(), "Beta (*)");
+  const std::string log = ReadFile(LogPath(f.program));
+  EXPECT_EQ(log, "SetLevelInTrle()\nCommon level (non media files)\nCreate process for tom4: " +
+                     (f.editor / "tomb4.exe").string() + "\n");
+
+  // The game runs in the editor folder and saves there; the watcher runs its steps meanwhile.
+  ASSERT_TRUE(testing::WaitFor([&] { return fs::exists(f.editor / "standin_started.txt"); }));
+  f.main->Timer1.Tick();
+  EXPECT_EQ(steps, (std::vector<std::string>{"joystick", "f9", "f11", "full", "screenshot"}));
+  WriteBytes(f.editor / "standin_commands.txt", "save 2 Beta\nexit 0\n");
+  f.program.ShotCount = 5;
+  ASSERT_TRUE(f.TickUntilEnded());
+  EXPECT_FALSE(f.program.GameProcess.Valid());
+  EXPECT_EQ(f.program.FirstShotShown, 4);
+  // The panels were refreshed: the summary counts the new savegame in the editor folder.
+  EXPECT_TRUE(f.main->Label_InfoDir.Caption().ends_with("0 + 1"))
+      << f.main->Label_InfoDir.Caption();
+  const std::size_t steps_at_end = steps.size();
+  f.main->Timer1.Tick();
+  EXPECT_EQ(steps.size(), steps_at_end) << "an ended game is no longer watched";
+
+  // The level stays until the next one comes; that one takes Beta's savegame away with Beta.
+  EXPECT_EQ(GetActiveLevelCode(f.program), 1);
+  f.Choose("Gamma");
+  f.main->Pul_Play.Click();
+  ASSERT_TRUE(f.program.GameRunning);
+  EXPECT_EQ(GetActiveLevelCode(f.program), 2);
+  EXPECT_FALSE(fs::exists(f.editor / "data/Beta.tr4"));
+  EXPECT_FALSE(fs::exists(f.editor / "savegame.2"));
+  EXPECT_TRUE(fs::exists(GetLevelFolder(f.program, 1, false) / "play/savegame.2"));
+  EXPECT_EQ(Count(ReadFile(LogPath(f.program)), "SetLevelInTrle()"), 1) << "the log starts anew";
+  ASSERT_TRUE(testing::WaitFor([&] { return fs::exists(f.editor / "standin_started.txt"); }));
+  f.EndGame();
+  ASSERT_TRUE(f.TickUntilEnded());
+  EXPECT_EQ(std::count(steps.begin(), steps.end(), "media"), 0);
+  EXPECT_TRUE(f.ui.Done());
+}
+
+TEST(Play, FailedLaunchesAreToldAndLeaveNoGameWatched) {
+  struct Case {
+    std::string name;
+    std::string choose;  // empty: no selection
+    std::vector<std::pair<int, std::string>> answers;
+    std::int32_t active_after;
+    bool media;
+  };
+  const std::vector<Case> cases = {
+      {"no selection", "", {{msg::kOk, "Choose a level in the list first"}}, 0, false},
+      {"incomplete level",
+       "Gamma",
+       {{msg::kNo, ""}, {msg::kOk, "couldn't be put into the editor folder"}},
+       0,
+       false},
+      {"game won't start", "Beta", {{msg::kOk, "The game couldn't be started"}}, 1, false},
+      {"media player missing", "Delta", {{msg::kOk, "play_the_game.exe is missing"}}, 3, true},
+  };
+  for (const Case& c : cases) {
+    SCOPED_TRACE(c.name);
+    PlayFixture f(kNames, {{}, {}, {}, {"intro.mcf"}});
+    fs::remove(f.archive / "LEVEL_0002/files/script.dat");
+    // A program file that may not be run, in the folder and in the backup it comes back from.
+    for (const fs::path& folder : {f.editor, f.backup})
+      fs::permissions(folder / "tomb4.exe",
+                      fs::perms::owner_exec | fs::perms::group_exec | fs::perms::others_exec,
+                      fs::perm_options::remove);
+    if (c.choose.empty())
+      f.main->Combo_Livelli.Clear();
+    else
+      f.Choose(c.choose);
+    for (const auto& [answer, text] : c.answers) f.ui.Answer(answer, text);
+    f.main->Pul_Play.Click();
+    EXPECT_TRUE(f.ui.Done());
+    EXPECT_FALSE(f.program.GameRunning);
+    EXPECT_EQ(f.program.MediaPlay, c.media);
+    EXPECT_EQ(GetActiveLevelCode(f.program), c.active_after);
+    if (c.name == "game won't start") {
+      EXPECT_TRUE(ReadFile(LogPath(f.program)).ends_with("Error code: 13\n"));
+    }
+    f.main->Timer1.Tick();
+    EXPECT_FALSE(f.program.GameRunning);
+  }
+}
+
+TEST(Play, AMediaLevelIsPlayedThroughPlayTheGameAndItsEndCollectsThePictures) {
+  PlayFixture f(kNames, {{}, {}, {}, {"intro.mcf"}});
+  PlayFixture::InstallGame(f.program.Home() / "play_the_game.exe");
+  for (const std::string& helper : MediaHelperFiles())
+    WriteBytes(f.program.Home() / helper, "our " + helper);
+  int collected = 0;
+  f.main->Watcher.collect_media_shots = [&] { ++collected; };
+  f.main->Watcher.joystick = [] { ADD_FAILURE() << "a media game runs no common steps"; };
+
+  f.Choose("Delta");
+  f.main->Pul_Play.Click();
+  ASSERT_TRUE(f.program.GameRunning);
+  EXPECT_TRUE(f.program.MediaPlay);
+  EXPECT_EQ(f.main->Timer1.Interval(), kMediaTickMs);
+  EXPECT_FALSE(f.program.GameProcess.Valid());
+  for (const std::string& helper : MediaHelperFiles())
+    EXPECT_EQ(ReadFile(f.editor / helper), "our " + helper);
+  const std::string log = ReadFile(LogPath(f.program));
+  EXPECT_NE(log.find("Level use media files\nVerify for presence of play_the_game.exe at: " +
+                     (f.editor / "play_the_game.exe").string() +
+                     "\nLaunch play_the_game.exe with command line: tomb4.exe\n"),
+            std::string::npos)
+      << log;
+
+  ASSERT_TRUE(testing::WaitFor([&] { return fs::exists(f.editor / "standin_started.txt"); }));
+  f.main->Timer1.Tick();
+  EXPECT_EQ(collected, 0);
+  f.EndGame();
+  ASSERT_TRUE(f.TickUntilEnded());
+  EXPECT_EQ(collected, 1);
+
+  // A common launch afterwards brings the interval back to the settings.
+  f.main->Watcher.joystick = {};
+  f.Choose("Beta");
+  f.main->Pul_Play.Click();
+  EXPECT_EQ(f.main->Timer1.Interval(), f.program.prefs.CheckTenths * 100);
+  f.EndGame();
+  ASSERT_TRUE(f.TickUntilEnded());
+  EXPECT_EQ(collected, 1);
+}
+
+TEST(Play, RemovingTheActiveLevelTakesItOutOfTheEditorFolderFirst) {
+  PlayFixture f(kNames, {{}, {"load.bmp"}});
+  const auto base = testing::Snapshot(f.editor);
+  ASSERT_TRUE(SetLevelInTrle(f.program, 1));
+  WriteBytes(f.editor / "savegame.4", "Beta's slot 4");
+  RefreshLevelList(*f.main);
+  f.Choose("Beta (*)");
+  f.ui.Answer(msg::kYes, "the level \"Beta\" ?");
+  f.ui.Answer(msg::kNo, "\"Beta\"");
+  f.main->mnu_RemoveLevel.Click();
+  EXPECT_TRUE(f.ui.Done());
+  EXPECT_EQ(GetActiveLevelCode(f.program), 0);
+  EXPECT_FALSE(fs::exists(ActiveLevelFilePath(f.program)));
+  EXPECT_EQ(f.program.catalogue.levels.size(), 3u);
+  // The editor's own files are back; the level's savegame went to its play folder.
+  auto after = testing::Snapshot(f.editor);
+  EXPECT_EQ(after["load.bmp"], base.at("load.bmp"));
+  EXPECT_EQ(after.count("data/Beta.tr4"), 0u);
+  EXPECT_EQ(ReadFile(GetLevelFolder(f.program, 1, false) / "play/savegame.4"), "Beta's slot 4");
+}
+
+// Wine leaves its server running behind the game; the watcher follows the loader it started and
+// must see the end of the game all the same.
+TEST(Play, AWindowsGameEndsForTheWatcherWhateverWineLeavesRunning) {
+  PlayFixture f(kNames);
+  WriteBytes(f.editor / "tomb4.exe", "MZ\n" + testing::Standin("standin_game").string() + "\n");
+  setenv("VARDOLIN_WINE", testing::Standin("standin_wine").c_str(), 1);
+  const bool started = LaunchGame(f.program, "--save \"3:Wine Temple\"");
+  unsetenv("VARDOLIN_WINE");
+  ASSERT_TRUE(started);
+  f.program.GameRunning = true;
+  f.main->Timer1.SetInterval(100);
+  ASSERT_TRUE(testing::WaitFor([&] { return fs::exists(f.editor / "standin_started.txt"); }));
+  ASSERT_TRUE(
+      testing::WaitFor([&] { return !ReadFile(f.editor / "standin_wineserver.pid").empty(); }));
+  const int server = std::stoi(ReadFile(f.editor / "standin_wineserver.pid"));
+  EXPECT_EQ(ReadFile(f.editor / "savegame.3").substr(0, 12), "Wine Temple,");
+  f.main->Timer1.Tick();
+  EXPECT_TRUE(f.program.GameRunning);
+
+  f.EndGame();
+  EXPECT_TRUE(f.TickUntilEnded());
+  EXPECT_EQ(::kill(server, 0), 0) << "the server outlived the game";
+  ::kill(server, SIGKILL);
+}
+
+}  // namespace
+}  // namespace vardolin

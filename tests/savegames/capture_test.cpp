@@ -1,0 +1,215 @@
+// The watcher's screenshot step and the launcher's pictures, on real folders: what a picture on
+// the clipboard turns into in the played level's shot folder, and what is left alone.
+#include "savegames/capture.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+
+#include "capture_fixture.h"
+#include "foundation/pictures/jpeg_codec.h"
+#include "foundation/services/files.h"
+
+namespace vardolin {
+namespace {
+
+namespace fs = std::filesystem;
+using testing::BlackCross;
+using testing::Paint;
+using testing::Plain;
+
+TEST(BlackTest, OnlyTheMiddleRowAndColumnCount) {
+  struct Case {
+    const char* what;
+    Bitmap picture;
+    bool coloured;
+  };
+  Bitmap row_end = Plain(9, 7, 0, 0, 0);
+  Paint(row_end, 8, 3, 0, 0, 1);  // the faintest colour at the row's last pixel
+  Bitmap column_top = Plain(10, 8, 0, 0, 0);
+  Paint(column_top, 5, 0, 30, 30, 30);
+  Bitmap beside_cross = Plain(10, 8, 0, 0, 0);
+  Paint(beside_cross, 4, 3, 255, 255, 255);  // next to, not on, the middle lines
+  Bitmap corners = Plain(6, 6, 0, 0, 0);
+  for (int c : {0, 5}) Paint(corners, c, c, 255, 0, 0), Paint(corners, c, 5 - c, 0, 255, 0);
+  Bitmap transparent = Plain(4, 4, 0, 0, 0, 4);
+  for (int i = 0; i < 16; ++i) transparent.pixels[std::size_t(i) * 4 + 3] = 0;
+  const Case cases[] = {
+      {"all black", Plain(8, 6, 0, 0, 0), false},
+      {"coloured but for the cross", BlackCross(32, 24), false},
+      {"coloured but for the cross, odd sizes", BlackCross(33, 25), false},
+      {"a pixel at the end of the middle row", row_end, true},
+      {"a pixel at the top of the middle column", column_top, true},
+      {"a pixel beside the cross", beside_cross, false},
+      {"coloured corners", corners, false},
+      {"black with alpha 0", transparent, false},
+      {"one white pixel", Plain(1, 1, 255, 255, 255), true},
+      {"dark grey", Plain(3, 3, 1, 1, 1), true},
+      {"no picture", Bitmap{}, false},
+  };
+  for (const Case& c : cases) EXPECT_EQ(PictureHasColourOnCross(c.picture), c.coloured) << c.what;
+}
+
+struct CaptureTest : ::testing::Test, testing::CaptureFixture {
+  ClipboardShot Tick() { return TakeClipboardShot(program, Process{4242}); }
+  int Beeps() const {
+    return static_cast<int>(std::count(platform.calls.begin(), platform.calls.end(), "beep 100"));
+  }
+};
+
+TEST_F(CaptureTest, WhatATickMakesOfTheClipboard) {
+  struct Case {
+    const char* what;
+    std::function<void(testing::ScriptedUi&)> put;
+    bool verify;
+    ClipboardShot result;
+    std::vector<std::string> shots;
+  };
+  const Case cases[] = {
+      {"an empty clipboard", [](auto&) {}, true, ClipboardShot::None, {}},
+      {"a text",
+       [](auto& ui) { ui.SetClipboardText("not a picture"); },
+       true,
+       ClipboardShot::None,
+       {}},
+      {"a black picture",
+       [](auto& ui) { ui.SetClipboardImage(Plain(40, 30, 0, 0, 0)); },
+       true,
+       ClipboardShot::Dropped,
+       {}},
+      {"a picture black on its middle lines",
+       [](auto& ui) { ui.SetClipboardImage(BlackCross(40, 30)); },
+       true,
+       ClipboardShot::Dropped,
+       {}},
+      {"a black picture, not verified",
+       [](auto& ui) { ui.SetClipboardImage(Plain(40, 30, 0, 0, 0)); },
+       false,
+       ClipboardShot::Stored,
+       {"1) Valley of the Kings.jpg"}},
+      {"a picture",
+       [](auto& ui) { ui.SetClipboardImage(Plain(40, 30, 10, 90, 200)); },
+       true,
+       ClipboardShot::Stored,
+       {"1) Valley of the Kings.jpg"}},
+  };
+  for (const Case& c : cases) {
+    SCOPED_TRACE(c.what);
+    fs::remove_all(Shots());
+    ui.ClearClipboard();
+    const int clears = ui.ClipboardClears();
+    const int beeps = Beeps();
+    program.prefs.VerifyImage = c.verify;
+    c.put(ui);
+    EXPECT_EQ(Tick(), c.result);
+    EXPECT_EQ(ShotNames(), c.shots);
+    const bool taken = c.result != ClipboardShot::None;
+    EXPECT_EQ(ui.ClipboardClears() - clears, taken ? 1 : 0);
+    EXPECT_EQ(Beeps() - beeps, c.result == ClipboardShot::Stored ? 1 : 0);
+    if (!taken) {
+      EXPECT_EQ(ui.ClipboardText(), c.what == std::string("a text") ? "not a picture" : "");
+    }
+  }
+}
+
+TEST_F(CaptureTest, CapturesCountOnAndTheLevelGrowsByEachFile) {
+  const Bitmap picture = Plain(64, 48, 250, 200, 20);
+  const std::int32_t size_before = program.catalogue.levels[Index(kPlayed)].UserSize;
+  for (int i = 0; i < 3; ++i) {
+    ui.SetClipboardImage(picture);
+    ASSERT_EQ(Tick(), ClipboardShot::Stored);
+    // Cleared behind each, so the next tick takes nothing.
+    EXPECT_EQ(Tick(), ClipboardShot::None);
+  }
+  EXPECT_EQ(ShotNames(),
+            (std::vector<std::string>{"1) Valley of the Kings.jpg", "2) Valley of the Kings.jpg",
+                                      "3) Valley of the Kings.jpg"}));
+  double bytes = 0;
+  for (const auto& [name, content] : testing::Snapshot(Shots())) {
+    bytes += static_cast<double>(content.size());
+    Bitmap read;
+    ASSERT_EQ(ReadJpeg(content, read), PictureResult::Ok) << name;
+    EXPECT_EQ(read.width, 64);
+    EXPECT_NEAR(read.Pixel(32, 24)[0], 250, 6);
+  }
+  EXPECT_EQ(program.catalogue.levels[Index(kPlayed)].UserSize - size_before, bytes);
+  EXPECT_TRUE(program.CatalogueDirty);
+}
+
+TEST_F(CaptureTest, SilencedProgramStoresWithoutABeep) {
+  program.prefs.Flags = 1;
+  ui.SetClipboardImage(Plain(8, 8, 9, 9, 9));
+  EXPECT_EQ(Tick(), ClipboardShot::Stored);
+  EXPECT_EQ(Beeps(), 0);
+}
+
+TEST_F(CaptureTest, APictureWithNoLevelToTakeItIsClearedAway) {
+  MakeActive(77);  // a marker naming a level the catalogue doesn't hold
+  ui.SetClipboardImage(Plain(8, 8, 9, 9, 9));
+  EXPECT_EQ(Tick(), ClipboardShot::Failed);
+  EXPECT_FALSE(ui.ClipboardHasImage());
+}
+
+TEST_F(CaptureTest, StoringGoesThroughTheTemporaryBitmapAndReplacesTheDestination) {
+  const Bitmap picture = Plain(20, 10, 0, 128, 255);
+  const fs::path destination = Path("out/shot.png");  // a JPEG whatever the name says
+  testing::WriteBytes(destination, "an older file");
+  std::string why;
+  EXPECT_FALSE(StoreClipboardImage(program, destination, &why));
+  EXPECT_FALSE(why.empty());
+  EXPECT_EQ(testing::ReadFile(destination), "an older file") << "nothing to store, nothing lost";
+
+  ui.SetClipboardImage(picture);
+  ASSERT_TRUE(StoreClipboardImage(program, destination));
+  std::string jpeg;
+  ASSERT_EQ(WriteJpeg(picture, kCaptureJpegQuality, jpeg), PictureResult::Ok);
+  EXPECT_EQ(testing::ReadFile(destination), jpeg);
+  Bitmap left;
+  ASSERT_EQ(ReadPictureFile(TemporaryShotPath(program), left), PictureResult::Ok);
+  EXPECT_EQ(left.pixels, picture.pixels);
+  EXPECT_EQ(TemporaryShotPath(program).parent_path(), program.Home());
+}
+
+TEST_F(CaptureTest, LauncherPicturesBecomeShotsWithTheirDatesAndGo) {
+  const fs::path left = editor / "shots";
+  const auto day = std::chrono::system_clock::now() - std::chrono::hours(24 * 40);
+  std::map<std::string, std::chrono::system_clock::time_point> dates = {
+      {"a.bmp", day}, {"b.bmp", day + std::chrono::minutes(7)}};
+  for (const auto& [name, date] : dates) {
+    testing::WritePicture(left / name, 40, 30);
+    ASSERT_TRUE(SetFileDateTime(left / name, date));
+  }
+  testing::WriteBytes(left / "broken.bmp", "not a picture");
+  testing::WriteBytes(left / "notes.txt", "stays");
+
+  EXPECT_EQ(CollectMediaShots(program), 2);
+  EXPECT_EQ(testing::Names(testing::Snapshot(left)), std::vector<std::string>{"notes.txt"});
+  ASSERT_EQ(ShotNames().size(), 2u);
+
+  Bitmap source;
+  testing::WritePicture(Path("ref.bmp"), 40, 30);
+  ASSERT_EQ(ReadPictureFile(Path("ref.bmp"), source), PictureResult::Ok);
+  std::string at_60;
+  ASSERT_EQ(WriteJpeg(source, kMediaShotJpegQuality, at_60), PictureResult::Ok);
+  std::vector<std::int64_t> got, want;
+  for (const auto& [name, date] : dates)
+    want.push_back(
+        std::chrono::duration_cast<std::chrono::seconds>(date.time_since_epoch()).count());
+  for (const std::string& name : ShotNames()) {
+    EXPECT_EQ(testing::ReadFile(Shots() / name), at_60) << name;
+    auto when = fs::last_write_time(Shots() / name);
+    got.push_back(std::chrono::duration_cast<std::chrono::seconds>(
+                      fs::file_time_type::clock::to_sys(when).time_since_epoch())
+                      .count());
+  }
+  std::sort(got.begin(), got.end());
+  EXPECT_EQ(got, want);
+}
+
+TEST_F(CaptureTest, NoLauncherFolderStoresNothing) {
+  EXPECT_EQ(CollectMediaShots(program), 0);
+  EXPECT_TRUE(ShotNames().empty());
+}
+
+}  // namespace
+}  // namespace vardolin

@@ -1,0 +1,150 @@
+// Capturing with the prompt on: Dialog_Cattura as the user answers it, on real folders. Whatever
+// the answer, the clipboard is emptied and the game gets the screen back.
+#include "savegames/dialog_cattura.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+
+#include "archive/principale.h"
+#include "capture_fixture.h"
+#include "savegames/capture.h"
+
+namespace vardolin {
+namespace {
+
+namespace fs = std::filesystem;
+using testing::Plain;
+
+constexpr int kGamePid = 4242;
+constexpr WindowHandle kGameWindow = 0x3a00007;
+
+struct PromptTest : ::testing::Test, testing::CaptureFixture {
+  PromptTest() {
+    program.prefs.PromptCapture = true;
+    platform.windows = {{0x100, "Some editor", 77, true},
+                        {kGameWindow, "Tomb Raider", kGamePid, true}};
+    ui.SetClipboardImage(Plain(64, 48, 30, 160, 90));
+  }
+  ClipboardShot Tick() { return TakeClipboardShot(program, Process{kGamePid}); }
+  bool GameCameBack() const {
+    return std::count(platform.calls.begin(), platform.calls.end(),
+                      "activate " + std::to_string(kGameWindow)) == 1;
+  }
+};
+
+TEST_F(PromptTest, AnswersAndWhatTheyLeave) {
+  struct Case {
+    const char* what;
+    std::vector<std::string> save_answers;  // one per press of Pul_Save; "" cancels the save box
+    bool tick_auto_save;
+    bool close_box;  // closed by the window's box instead of a button
+    ClipboardShot result;
+    bool prompt_after;
+  };
+  const Case cases[] = {
+      {"Cancel", {}, false, false, ClipboardShot::NotSaved, true},
+      {"auto-save ticked, then Cancel", {}, true, false, ClipboardShot::NotSaved, false},
+      {"the close box", {}, false, true, ClipboardShot::NotSaved, true},
+      {"the save box cancelled, then Cancel", {""}, false, false, ClipboardShot::NotSaved, true},
+      {"saved under a name", {"mine.jpg"}, false, false, ClipboardShot::Stored, true},
+      {"the save box cancelled, then a name",
+       {"", "mine.jpg"},
+       true,
+       false,
+       ClipboardShot::Stored,
+       false},
+  };
+  for (const Case& c : cases) {
+    SCOPED_TRACE(c.what);
+    platform.calls.clear();
+    program.prefs.PromptCapture = true;
+    fs::remove(Path("mine.jpg"));
+    ui.SetClipboardImage(Plain(64, 48, 30, 160, 90));
+    std::vector<bool> still_up;
+    ui.OnForm("Dialog_Cattura", [&](Form& form) {
+      auto& d = static_cast<Dialog_Cattura&>(form);
+      EXPECT_FALSE(d.Check_AutoSave.Value());
+      EXPECT_EQ(fs::path(d.Image1.Picture()), TemporaryShotPath(program));
+      if (c.tick_auto_save) d.Check_AutoSave.Click();
+      for (const std::string& answer : c.save_answers) {
+        ui.SaveFile(answer.empty() ? "" : Path(answer).string());
+        d.Pul_Save.Click();
+        still_up.push_back(d.IsLoaded());
+      }
+      if (!d.IsLoaded()) return;
+      if (c.close_box) {
+        if (d.QueryUnload()) d.Unload();
+      } else {
+        d.Pul_Cancel.Click();
+      }
+    });
+    EXPECT_EQ(Tick(), c.result);
+    for (std::size_t i = 0; i < still_up.size(); ++i)
+      EXPECT_EQ(still_up[i], c.save_answers[i].empty()) << "after save answer " << i;
+    EXPECT_TRUE(GameCameBack());
+    EXPECT_FALSE(ui.ClipboardHasImage());
+    EXPECT_EQ(program.prefs.PromptCapture, c.prompt_after);
+    EXPECT_TRUE(ShotNames().empty()) << "no progressive name with the prompt on";
+    EXPECT_EQ(fs::exists(Path("mine.jpg")), c.result == ClipboardShot::Stored);
+    EXPECT_TRUE(ui.Done());
+  }
+}
+
+TEST_F(PromptTest, TheSaveBoxStartsInTheShotFolderAndTheLevelGrows) {
+  const std::int32_t before = program.catalogue.levels[Index(kPlayed)].UserSize;
+  fs::create_directories(Shots());
+  Dialog_Cattura dialog(program);
+  dialog.Load();
+  dialog.ImpostaValori(Shots().string());
+  dialog.GameProcess = Process{kGamePid};
+  ui.SaveFile((Shots() / "chosen.jpg").string());
+  dialog.Pul_Save.Click();
+  ASSERT_EQ(ui.Questions().size(), 1u);
+  EXPECT_EQ(ui.Questions()[0].kind, testing::AskKind::SaveFile);
+  EXPECT_EQ(ui.Questions()[0].text, "") << "no proposed name";
+  EXPECT_EQ(dialog.SavedPath, Shots() / "chosen.jpg");
+  EXPECT_TRUE(dialog.ExitValue);
+  EXPECT_FALSE(dialog.IsLoaded());
+  EXPECT_EQ(program.catalogue.levels[Index(kPlayed)].UserSize - before,
+            static_cast<std::int32_t>(fs::file_size(Shots() / "chosen.jpg")));
+  EXPECT_TRUE(GameCameBack());
+}
+
+TEST_F(PromptTest, AFailedSaveTellsThePathAndStillClosesAndGivesTheScreenBack) {
+  const fs::path nowhere = Path("missing/folder/shot.jpg");
+  ui.OnForm("Dialog_Cattura", [&](Form& form) {
+    ui.SaveFile(nowhere.string());
+    ui.Answer(msg::kOk, nowhere.string());
+    static_cast<Dialog_Cattura&>(form).Pul_Save.Click();
+    EXPECT_FALSE(form.IsLoaded());
+  });
+  EXPECT_EQ(Tick(), ClipboardShot::NotSaved);
+  ASSERT_EQ(ui.Messages().size(), 1u);
+  EXPECT_EQ(ui.Questions().back().style & msg::kError, msg::kError);
+  EXPECT_NE(ui.Messages()[0].find("\r\n" + nowhere.string() + "\r\n"), std::string::npos);
+  EXPECT_TRUE(GameCameBack());
+  EXPECT_FALSE(ui.ClipboardHasImage());
+}
+
+TEST_F(PromptTest, AGameWithoutAWindowOnTheDesktopIsLeftAsItIs) {
+  Dialog_Cattura dialog(program);
+  dialog.GameProcess = Process{999};
+  EXPECT_FALSE(dialog.RiattivaTombRaider());
+  EXPECT_TRUE(platform.calls.empty()) << "nothing raised";
+}
+
+TEST(CaptureMenu, TellsHowToCaptureWithALineBreak) {
+  testing::CaptureFixture f;
+  Principale window(f.program);
+  EXPECT_TRUE(window.mnu_CaptureScreen.Enabled());
+  f.ui.Answer(msg::kOk, "[Print Screen]");
+  window.mnu_CaptureScreen.Click();
+  ASSERT_EQ(f.ui.Questions().size(), 1u);
+  EXPECT_EQ(f.ui.Questions()[0].style, msg::kInformation);
+  EXPECT_NE(f.ui.Questions()[0].text.find("\r\n"), std::string::npos);
+  EXPECT_EQ(f.ui.Questions()[0].text.find("~1"), std::string::npos);
+}
+
+}  // namespace
+}  // namespace vardolin

@@ -1,0 +1,260 @@
+// The screenshot menu on real files: adding, deleting, renaming, copying, properties, the
+// graphics program, the clipboard, free names, JPEG conversion and choosing a savegame's image.
+
+#include <gtest/gtest.h>
+
+#include "archive/catalogue_ops.h"
+#include "foundation/pictures/bmp_codec.h"
+#include "foundation/pictures/jpeg_codec.h"
+#include "savegames/shot_list.h"
+#include "savegames/shot_menu.h"
+#include "savegames/shot_store.h"
+#include "shot_fixture.h"
+
+namespace vardolin::testing {
+namespace {
+
+using std::chrono::seconds;
+
+TEST(ShotStore, NextShotFileNameCountsPastTakenNames) {
+  struct Case {
+    const char* title;
+    std::vector<const char*> taken;
+    const char* extension;
+    const char* expected;
+  } cases[] = {
+      {"My level", {}, "", "1) My level.jpg"},
+      {"  My level  ", {"1) My level.jpg", "2) My level.jpg"}, "", "3) My level.jpg"},
+      {"My level", {"1) my level.JPG"}, "", "2) My level.jpg"},
+      {"My level", {"1) My level.jpg"}, ".bmp", "1) My level.bmp"},
+      {"What? Now", {}, "", "1) What  Now.jpg"},
+      {"a/b\\c<d>e:f|g\"h", {}, ".jpg", "1) a b c d e f g h.jpg"},
+  };
+  for (const Case& c : cases) {
+    ShotFixture f;
+    f.program.catalogue.levels[1].Name = c.title;
+    for (const char* name : c.taken) f.Shot(name, 0);
+    EXPECT_EQ(NextShotFileName(f.program, 1, c.extension), f.ShotDir() / c.expected) << c.title;
+  }
+}
+
+TEST(ShotStore, ConvertToJpegAnswersByTheDestination) {
+  ShotFixture f;
+  const auto bmp = f.dir / "in.bmp";
+  WritePicture(bmp, 20, 10);
+  const auto text = f.dir.Write("not_a_picture.bmp", "hello");
+  struct Case {
+    std::filesystem::path source;
+    bool stands_before;
+    bool expected;
+  } cases[] = {{bmp, false, true},
+               {bmp, true, true},
+               {text, true, false},
+               {f.dir / "missing.bmp", true, false}};
+  for (const Case& c : cases) {
+    const auto out = f.dir / "out.bmp";  // the name's extension doesn't choose the kind
+    std::filesystem::remove(out);
+    if (c.stands_before) f.dir.Write("out.bmp", "old");
+    EXPECT_EQ(ConvertToJpeg(c.source, out, 60), c.expected) << c.source;
+    EXPECT_EQ(std::filesystem::exists(out), c.expected) << c.source;
+    Bitmap back;
+    if (c.expected) {
+      EXPECT_EQ(ReadJpeg(ReadFile(out), back), PictureResult::Ok);
+      EXPECT_EQ(back.width, 20);
+    }
+  }
+}
+
+TEST(ShotStore, APictureGoesToTheActiveLevelWithItsSizeAndDate) {
+  ShotFixture f;
+  f.MarkActive(1);
+  const auto source = f.dir / "capture.bmp";
+  WritePicture(source, 16, 12);
+  const auto when = ShotEpoch() + seconds(42);
+  const std::int32_t before = f.program.catalogue.levels[1].UserSize;
+  const auto added = AddPictureToActiveLevel(f.program, source, 90, when);
+  ASSERT_EQ(added, f.ShotDir() / "1) My level.jpg");
+  EXPECT_EQ(ShotFileDate(added), when);
+  EXPECT_EQ(f.program.catalogue.levels[1].UserSize - before,
+            static_cast<std::int32_t>(std::filesystem::file_size(added)));
+  EXPECT_TRUE(std::filesystem::exists(source));
+  f.MarkActive(7);  // a code the catalogue lacks
+  EXPECT_TRUE(AddPictureToActiveLevel(f.program, source, 90).empty());
+}
+
+TEST(ShotMenu, AddingAFileWhoseNameIsTakenAndAnsweringNoStoresItUnderAFreeName) {
+  ShotFixture f;
+  f.Shots(3);
+  f.Shot("pic.bmp", 1);
+  f.ChooseMyLevel();
+  const auto source = f.dir / "elsewhere" / "pic.bmp";
+  WritePicture(source);
+  f.ui.OpenFile(source.string()).Answer(msg::kNo, "pic.bmp").Answer(msg::kOk, "'1) My level.bmp'");
+  AddScreenshot(*f.main);
+  const auto stored = f.ShotDir() / "1) My level.bmp";
+  ASSERT_TRUE(std::filesystem::exists(stored));
+  // Dated now, it sorts last and its pair is shown.
+  EXPECT_EQ(f.main->Shots.shots.IndexOf(stored), 4);
+  EXPECT_EQ(f.main->Shots.current, 4);
+  EXPECT_EQ(f.Shown(f.main->Image1), "1) My level.bmp");
+
+  // Yes replaces the file of that name.
+  WritePicture(source, 30, 20);
+  f.ui.OpenFile(source.string()).Answer(msg::kYes, "pic.bmp");
+  AddScreenshot(*f.main);
+  Bitmap replaced;
+  ASSERT_EQ(ReadPictureFile(f.ShotDir() / "pic.bmp", replaced), PictureResult::Ok);
+  EXPECT_EQ(replaced.width, 30);
+  EXPECT_EQ(f.main->Shots.shots.Count(), 5);
+}
+
+TEST(ShotMenu, DeletingAShot) {
+  struct Case {
+    const char* what;
+    std::int32_t level;  // 0 the base level
+    int shots;
+    std::vector<ShotPage> pages;
+    int select;
+    int answer;  // 0: no question comes, an error does
+    int count_after;
+    int current_after;
+  } cases[] = {
+      {"the last of five goes back a pair", 1, 5, {ShotPage::Last}, 0, msg::kYes, 4, 2},
+      {"the first of six keeps the pair", 1, 6, {}, 0, msg::kYes, 5, 0},
+      {"the second of the last pair of six keeps it", 1, 6, {ShotPage::Last}, 1, msg::kYes, 5, 4},
+      {"No keeps the file", 1, 2, {}, 1, msg::kNo, 2, 0},
+      {"no shot beside the last of five", 1, 5, {ShotPage::Last}, 1, 0, 5, 4},
+      {"the base level's first picture", 0, 0, {}, 0, 0, 1, 0},
+  };
+  for (const Case& c : cases) {
+    SCOPED_TRACE(c.what);
+    ShotFixture f;
+    f.Shots(c.shots);
+    RefreshLevelList(*f.main);
+    if (c.level == 1) f.ChooseMyLevel();
+    for (ShotPage page : c.pages) PageShots(*f.main, page);
+    SelectShotImage(*f.main, c.select);
+    f.program.catalogue.levels[1].UserSize = 100000;
+    const int at = GetSelectedShotIndex(*f.main);
+    const bool valid = f.main->Shots.shots.Holds(at);
+    const auto path = valid ? f.main->Shots.shots[at].path : std::filesystem::path();
+    const double length = valid ? double(std::filesystem::file_size(path)) : 0;
+    if (c.answer)
+      f.ui.Answer(c.answer, "\"" + path.string() + "\"");
+    else
+      f.ui.Answer(msg::kOk, "no screenshot to delete");
+    DeleteShot(*f.main);
+    EXPECT_EQ(f.main->Shots.shots.Count(), c.count_after);
+    EXPECT_EQ(f.main->Shots.current, c.current_after);
+    if (c.answer == msg::kYes) {
+      EXPECT_FALSE(std::filesystem::exists(path));
+      EXPECT_EQ(f.program.catalogue.levels[1].UserSize, 100000 - static_cast<int>(length));
+    }
+  }
+}
+
+TEST(ShotMenu, RenamingStaysInTheShotFolder) {
+  struct Case {
+    const char* typed;
+    bool renamed;
+    const char* message;
+  } cases[] = {
+      {"better.jpg", true, nullptr},
+      {"", false, nullptr},
+      {"../out.jpg", false, "could not be renamed"},
+      {"s1.jpg", false, "could not be renamed"},
+  };
+  for (const Case& c : cases) {
+    ShotFixture f;
+    f.Shots(2);
+    f.ChooseMyLevel();
+    f.ui.Input(c.typed, "New name");
+    if (c.message) f.ui.Answer(msg::kOk, c.message);
+    RenameShot(*f.main);
+    EXPECT_EQ(std::filesystem::exists(f.ShotDir() / "s0.jpg"), !c.renamed) << c.typed;
+    if (c.renamed) {
+      EXPECT_EQ(f.main->Shots.shots[0].path, f.ShotDir() / c.typed);
+    }
+    EXPECT_FALSE(std::filesystem::exists(f.Folder(1) / "out.jpg"));
+  }
+}
+
+TEST(ShotMenu, SavingACopyCopyingThePathAndProperties) {
+  ShotFixture f;
+  f.Shots(2);
+  f.Shot("z.bmp", 9);
+  f.ChooseMyLevel();
+  PageShots(*f.main, ShotPage::Last);
+  const auto copy = f.dir / "copy.bmp";
+  f.ui.SaveFile(copy.string());
+  SaveShotCopy(*f.main);
+  EXPECT_EQ(ReadFile(copy), ReadFile(f.ShotDir() / "z.bmp"));
+  EXPECT_EQ(f.ui.Questions().back().title, "Save a copy of the screenshot");
+
+  f.ui.Answer(msg::kOk, (f.ShotDir() / "z.bmp").string());
+  CopyShotPath(*f.main);
+  EXPECT_EQ(f.ui.ClipboardText(), (f.ShotDir() / "z.bmp").string());
+
+  f.ui.Answer(msg::kOk, "(8 x 6)");
+  ShowShotProperties(*f.main);
+
+  // Beside the last shot there is none: the no-image picture's path, by the chosen panel.
+  SelectShotImage(*f.main, 1);
+  f.ui.AllowAnyMessage();
+  CopyShotPath(*f.main);
+  EXPECT_EQ(f.ui.ClipboardText(), (f.Folder(0) / "screenshots" / "no_image.jpg").string());
+  f.program.prefs.ShowScreenshotPanel = false;
+  CopyShotPath(*f.main);
+  EXPECT_EQ(f.ui.ClipboardText(), (f.program.Home() / "no_image.jpg").string());
+}
+
+TEST(ShotMenu, TheGraphicsProgramIsAskedOnceThenOpensTheShot) {
+  ShotFixture f;
+  f.Shots(1);
+  f.ChooseMyLevel();
+  f.ui.Answer(msg::kOk, "graphical program").OpenFile("/usr/bin/gimp");
+  OpenShotInGraphicsProgram(*f.main);
+  f.ui.Answer(msg::kOk, "graphical program").OpenFile("");  // cancelled: nothing opens
+  f.program.prefs.GraphicsProgram = " ";
+  OpenShotInGraphicsProgram(*f.main);
+  f.program.prefs.GraphicsProgram = "/usr/bin/gimp";
+  SelectShotImage(*f.main, 1);
+  OpenShotInGraphicsProgram(*f.main);
+  ASSERT_EQ(f.platform.calls.size(), 2u);
+  EXPECT_EQ(f.platform.calls[0], "open /usr/bin/gimp");
+  EXPECT_EQ(f.platform.shell_parameters[0], "\"" + (f.ShotDir() / "s0.jpg").string() + "\"");
+  EXPECT_EQ(f.platform.shell_parameters[1],
+            "\"" + (f.Folder(0) / "screenshots" / "no_image.jpg").string() + "\"");
+}
+
+TEST(ShotMenu, ChoosingAnImageGivesItTheSavegamesDateAlone) {
+  ShotFixture f;
+  f.Shot("a.jpg", 10);
+  f.Shot("b.jpg", 50);
+  f.Shot("c.jpg", 50);
+  f.ChooseMyLevel();
+  const auto savegame = f.dir.Write("savegame.3", "x");
+  SetFileDateTime(savegame, ShotEpoch() + seconds(50));
+  f.ui.OpenFile((f.ShotDir() / "a.jpg").string());
+  ASSERT_TRUE(ChooseImageForSavegame(*f.main, savegame));
+  EXPECT_EQ(ShotFileDate(f.ShotDir() / "a.jpg"), ShotEpoch() + seconds(50));
+  EXPECT_EQ(ShotFileDate(f.ShotDir() / "b.jpg"), ShotEpoch() + seconds(55));
+  EXPECT_EQ(ShotFileDate(f.ShotDir() / "c.jpg"), ShotEpoch() + seconds(55));
+  // With no tolerance at all, the chosen picture is the one tied.
+  f.program.prefs.AssociationMinutes = 0;
+  Image target{*f.main, "Image_Test"};
+  ShowTiedShot(*f.main, savegame, target);
+  EXPECT_EQ(f.Shown(target), "a.jpg");
+}
+
+TEST(ShotMenu, ChoosingAnImageNeedsARealScreenshot) {
+  ShotFixture f;
+  f.Shot("no_image.jpg", 0);
+  f.ChooseMyLevel();
+  const auto savegame = f.dir.Write("savegame.0", "x");
+  f.ui.Answer(msg::kOk, "no screenshots");
+  EXPECT_FALSE(ChooseImageForSavegame(*f.main, savegame));
+}
+
+}  // namespace
+}  // namespace vardolin::testing

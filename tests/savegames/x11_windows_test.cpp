@@ -1,0 +1,201 @@
+// The desktop's windows on a real X server (Xvfb, private to the test): finding the game's window
+// by its process or title, grabbing what the screen shows of it, and bringing it to the front.
+#include <gtest/gtest.h>
+#include <unistd.h>
+
+#include <chrono>
+#include <cstdlib>
+#include <filesystem>
+#include <thread>
+
+#include "foundation/platform/linux_platform.h"
+#include "foundation/program.h"
+#include "foundation/services/windows.h"
+#include "savegames/capture_source.h"
+#include "scripted_ui.h"
+#include "temp_dir.h"
+
+// Last: Xlib's macros (None, Bool, Status) would reach into everything included after it.
+#include <X11/Xatom.h>
+#include <X11/Xlib.h>
+
+namespace vardolin {
+namespace {
+
+namespace fs = std::filesystem;
+
+class ScopedDisplay {
+ public:
+  explicit ScopedDisplay(const std::string& value) {
+    if (const char* old = std::getenv("DISPLAY")) old_ = old, had_ = true;
+    ::setenv("DISPLAY", value.c_str(), 1);
+  }
+  ~ScopedDisplay() {
+    if (had_)
+      ::setenv("DISPLAY", old_.c_str(), 1);
+    else
+      ::unsetenv("DISPLAY");
+  }
+
+ private:
+  std::string old_;
+  bool had_ = false;
+};
+
+// An X server of 320 x 240 with a black root and no window manager.
+class Xvfb {
+ public:
+  Xvfb() {
+    for (int n = 100 + ::getpid() % 400, tries = 0; tries < 40; ++n, ++tries) {
+      const fs::path socket = "/tmp/.X11-unix/X" + std::to_string(n);
+      if (fs::exists(socket) || fs::exists("/tmp/.X" + std::to_string(n) + "-lock")) continue;
+      auto p = starter_.Start({"Xvfb",
+                               {":" + std::to_string(n), "-screen", "0", "320x240x24", "-br",
+                                "-nolisten", "tcp", "-noreset"},
+                               {},
+                               false});
+      if (!p) return;
+      process_ = *p;
+      for (int wait = 0; wait < 100 && !fs::exists(socket) && starter_.IsRunning(process_); ++wait)
+        std::this_thread::sleep_for(std::chrono::milliseconds(50));
+      if (fs::exists(socket)) {
+        name_ = ":" + std::to_string(n);
+        return;
+      }
+      starter_.End(process_);
+    }
+  }
+  ~Xvfb() { starter_.End(process_); }
+  const std::string& Name() const { return name_; }
+
+ private:
+  LinuxPlatform starter_;
+  Process process_;
+  std::string name_;
+};
+
+struct X11Test : ::testing::Test {
+  Xvfb server;
+  Display* display = nullptr;
+
+  void SetUp() override {
+    if (server.Name().empty()) GTEST_SKIP() << "no Xvfb on this machine";
+    display = XOpenDisplay(server.Name().c_str());
+    ASSERT_NE(display, nullptr);
+  }
+  void TearDown() override {
+    if (display) XCloseDisplay(display);
+  }
+  // A window painted in one colour, owned (as _NET_WM_PID says) by `pid`.
+  Window MakeWindow(const char* title, int pid, unsigned long colour, bool map) {
+    Window w =
+        XCreateSimpleWindow(display, DefaultRootWindow(display), 20, 30, 100, 80, 0, 0, colour);
+    XStoreName(display, w, title);
+    long owner = pid;
+    XChangeProperty(display, w, XInternAtom(display, "_NET_WM_PID", False), XA_CARDINAL, 32,
+                    PropModeReplace, reinterpret_cast<unsigned char*>(&owner), 1);
+    if (map) XMapWindow(display, w);
+    XSync(display, False);
+    return w;
+  }
+};
+
+bool AllOf(const Bitmap& b, std::uint8_t r, std::uint8_t g, std::uint8_t bl) {
+  for (int y = 0; y < b.height; ++y)
+    for (int x = 0; x < b.width; ++x) {
+      const std::uint8_t* px = b.Pixel(x, y);
+      if (px[0] != r || px[1] != g || px[2] != bl) return false;
+    }
+  return true;
+}
+
+TEST_F(X11Test, TheGamesWindowIsFoundByItsProcessOrTitleAndGrabbed) {
+  const Window game = MakeWindow("Tomb Raider - test", ::getpid(), 0xFF0000, true);
+  const Window hidden = MakeWindow("Hidden one", 1, 0x00FF00, false);
+  ScopedDisplay env(server.Name());
+  LinuxPlatform platform;
+
+  std::vector<TopWindow> windows = platform.ListTopWindows();
+  ASSERT_EQ(windows.size(), 2u);
+  EXPECT_EQ(windows[0].handle, hidden) << "the topmost first";
+  EXPECT_FALSE(windows[0].visible);
+  EXPECT_EQ(windows[1].handle, game);
+  EXPECT_EQ(windows[1].title, "Tomb Raider - test");
+  EXPECT_EQ(windows[1].pid, ::getpid());
+  EXPECT_TRUE(windows[1].visible);
+
+  // The window belongs to us, and so to whoever started us, as Wine's windows belong to the
+  // process we started.
+  EXPECT_EQ(platform.FindProcessWindow(Process{::getpid()}), game);
+  EXPECT_EQ(platform.FindProcessWindow(Process{::getppid()}), game);
+  auto sleeper = platform.Start({"sleep", {"5"}, {}, false});
+  ASSERT_TRUE(sleeper);
+  EXPECT_EQ(platform.FindProcessWindow(*sleeper), 0u);
+  platform.End(*sleeper);
+
+  struct TitleCase {
+    const char* asked;
+    bool partial;
+    WindowHandle found;
+  };
+  for (const TitleCase& c :
+       {TitleCase{"tomb raider", true, game}, TitleCase{"tomb raider", false, 0},
+        TitleCase{"TOMB RAIDER - TEST", false, game}, TitleCase{"hidden", true, hidden},
+        TitleCase{"", true, 0}}) {
+    std::string title = c.asked;
+    EXPECT_EQ(FindWindowByTitle(platform, title, c.partial), c.found) << c.asked;
+    if (c.found == game) {
+      EXPECT_EQ(title, "Tomb Raider - test");
+    }
+  }
+
+  Bitmap picture;
+  ASSERT_TRUE(platform.GrabWindow(game, picture));
+  EXPECT_EQ(picture.width, 100);
+  EXPECT_EQ(picture.height, 80);
+  EXPECT_TRUE(AllOf(picture, 255, 0, 0));
+  EXPECT_FALSE(platform.GrabWindow(hidden, picture));
+  ASSERT_TRUE(platform.GrabWindow(0, picture));
+  EXPECT_EQ(picture.width, 320);
+  EXPECT_EQ(picture.Pixel(25, 35)[0], 255);
+  EXPECT_EQ(picture.Pixel(5, 5)[0], 0);
+
+  // The same by way of the capture: the game's window lands on the clipboard.
+  testing::TempDir home;
+  testing::ScriptedUi ui;
+  Program program(home.path(), ui, platform);
+  ASSERT_TRUE(GrabScreenToClipboard(program, Process{::getpid()}));
+  Bitmap clip;
+  ASSERT_TRUE(ui.ClipboardImage(clip));
+  EXPECT_EQ(clip.width, 100);
+  EXPECT_TRUE(AllOf(clip, 255, 0, 0));
+}
+
+TEST_F(X11Test, ActivatingCoversTheScreenAndTakesTheFocus) {
+  const Window game = MakeWindow("Tomb Raider", ::getpid(), 0x0000FF, false);  // minimised
+  ScopedDisplay env(server.Name());
+  LinuxPlatform platform;
+  ASSERT_TRUE(platform.ActivateWindow(game));
+  Bitmap screen;
+  ASSERT_TRUE(platform.GrabWindow(0, screen));
+  EXPECT_TRUE(AllOf(screen, 0, 0, 255)) << "maximised over the whole screen";
+  Window focus = 0;
+  int revert = 0;
+  XGetInputFocus(display, &focus, &revert);
+  EXPECT_EQ(focus, game);
+  EXPECT_FALSE(platform.ActivateWindow(0x7fffff)) << "a window that isn't there";
+}
+
+TEST(X11WithoutDisplay, EverythingAnswersNone) {
+  ScopedDisplay env("");
+  LinuxPlatform platform;
+  Bitmap picture;
+  EXPECT_TRUE(platform.ListTopWindows().empty());
+  EXPECT_EQ(platform.FindProcessWindow(Process{::getpid()}), 0u);
+  EXPECT_FALSE(platform.ActivateWindow(1));
+  EXPECT_FALSE(platform.GrabWindow(0, picture));
+  EXPECT_TRUE(picture.Empty());
+}
+
+}  // namespace
+}  // namespace vardolin
