@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <string>
 #include <vector>
 
@@ -153,6 +154,18 @@ TEST_F(MainWindowJoystickTest, ActsOnlyWhenEnabledIdleFocusedAndAnswering) {
     EXPECT_EQ(window.Frame_ScreenShots.Visible(), c.acts);
     EXPECT_EQ(program.prefs.ShowScreenshotPanel, c.acts);
   }
+}
+
+TEST_F(MainWindowJoystickTest, TheWatchersStepEndsTheGameOnTheCloseButtons) {
+  program.prefs.JoyCloseButtons = 8;
+  program.GameProcess.pid = 4242;
+  auto ends = [&] { return std::count(platform.calls.begin(), platform.calls.end(), "end"); };
+  Hold(1);
+  window.Watcher.joystick();
+  EXPECT_EQ(ends(), 0);
+  Hold(8 | 1);
+  window.Watcher.joystick();
+  EXPECT_EQ(ends(), 1);
 }
 
 TEST_F(MainWindowJoystickTest, ButtonOneZoomsOrRestores) {
