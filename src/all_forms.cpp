@@ -16,6 +16,7 @@
 #include "savegames/dialog_screen_shot.h"
 #include "savegames/dialog_cattura.h"
 #include "web/dialog_input_testo.h"
+#include "savegames/dialog_joy_stick.h"
 #include "web/dialog_zip.h"
 
 namespace vardolin {
@@ -48,6 +49,7 @@ const std::vector<FormFactory>& AllForms() {
       Entry<Dialog_Resize>("Dialog_Resize"),
       Entry<Dialog_ScreenShot>("Dialog_ScreenShot"),
       Entry<Dialog_InputTesto>("Dialog_InputTesto"),
+      Entry<Dialog_JoyStick>("Dialog_JoyStick"),
   };
   return forms;
 }

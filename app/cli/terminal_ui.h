@@ -26,6 +26,8 @@ class TerminalUi : public Ui {
   void ShowModal(Form& form) override;
   void ShowModeless(Form& form) override;
   void DoEvents() override {}
+  // No window of the program ever has the focus here.
+  const Form* ActiveForm() override { return nullptr; }
   void SetClipboardText(const std::string& text) override { clipboard_ = text; }
   std::string ClipboardText() override { return clipboard_; }
   // A terminal has no clipboard for pictures: screenshots can't be taken from here.

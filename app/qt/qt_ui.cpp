@@ -162,6 +162,16 @@ QWidget* QtUi::WindowOf(const Form& form) const {
   return it == modeless_.end() || it->second->Detached() ? nullptr : it->second->window();
 }
 
+const Form* QtUi::ActiveForm() {
+  QWidget* active = QApplication::activeWindow();
+  if (!active) return nullptr;
+  for (FormBinder* b : modal_stack_)
+    if (b->window() == active) return &b->form();
+  for (const auto& [form, binder] : modeless_)
+    if (!binder->Detached() && binder->window() == active) return form;
+  return nullptr;
+}
+
 void QtUi::DoEvents() {
   QCoreApplication::processEvents();
 }

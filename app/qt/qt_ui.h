@@ -35,6 +35,7 @@ class QtUi : public Ui {
   void ShowModal(Form& form) override;
   void ShowModeless(Form& form) override;
   void DoEvents() override;
+  const Form* ActiveForm() override;
   void SetClipboardText(const std::string& text) override;
   std::string ClipboardText() override;
   // Pictures on Qt's clipboard (qt_ui_clipboard.cpp).

@@ -58,11 +58,7 @@ const CaptionText kCaptions[] = {
 
 Principale::Principale(Program& program) : Form(program, "Principale", "Vardolin") {
   Mnu_Exit.SetHandler([this] { Mnu_Exit_Click(); });
-  mnu_Settings.SetHandler([this] {
-    Dialog_Settings settings(this->program());
-    settings.ImpostaValori();
-    this->program().ui().ShowModal(settings);
-  });
+  mnu_Settings.SetHandler([this] { mnu_Settings_Click(); });
   mnu_New.SetHandler([this] { NewCatalogue(this->program()); });
   mnu_Load.SetHandler([this] { BrowseForCatalogue(this->program()); });
   mnu_Save.SetHandler([this] { SaveCatalogueMenu(this->program()); });
@@ -72,7 +68,6 @@ Principale::Principale(Program& program) : Form(program, "Principale", "Vardolin
   mnu_SaveGameHid.SetVisible(false);
   mnu_SaveGameHid2.SetVisible(false);
   Timer_Joystick.SetInterval(kJoystickTickMs);
-  Timer_Joystick.SetEnabled(false);
   WireLevelBrowser();
   WirePlay();
   WireEditorSettings();
@@ -81,6 +76,7 @@ Principale::Principale(Program& program) : Form(program, "Principale", "Vardolin
   WireCapture();
   WireSavegamePanel();
   WireSavegameMenus();
+  WireJoystick();
   DisableMissingWork();
   program.main = {this, &Label_Info, &ProgressBar1, &Timer1};
 }

@@ -12,6 +12,7 @@
 #include "savegames/capture_source.h"
 #include "savegames/shot_panel_state.h"
 #include "savegames/savegame_panel_state.h"
+#include "savegames/joystick.h"
 
 namespace vardolin {
 
@@ -198,6 +199,9 @@ class Principale : public Form {
       {}};
   SavegamePanelState Savegames;
 
+  // The joystick: what Timer_Joystick works in this window. The panels add their parts.
+  JoystickTargets Joystick;
+
  private:
   void Set_Caption_Texts() override;
   void Form_Load() override;
@@ -231,6 +235,10 @@ class Principale : public Form {
   void WireSavegameMenus();
   void List_SaveGameTomb_Click();
   void List_SaveGameArchiviati_Click();
+
+  // The joystick, and the settings window that leads to its own.
+  void mnu_Settings_Click();
+  void WireJoystick();
 };
 
 }  // namespace vardolin

@@ -2,6 +2,10 @@
 
 #include "archive/principale.h"
 #include "archive/text_ids.h"
+#include "foundation/ports/ui.h"
+#include "foundation/program.h"
+#include "foundation/settings/dialog_settings.h"
+#include "savegames/dialog_joy_stick.h"
 #include "savegames/shot_menu.h"
 #include "savegames/savegame_panel.h"
 
@@ -129,6 +133,16 @@ void Principale::WireSavegameMenus() {
   mnu_FindSavegameNote.SetHandler([this] { FindSavegameNoteAsk(*this); });
   mnu_FineNextSavegame.SetHandler([this] { FindNextSavegameNote(*this); });
   mnu_FindPreviousSavegame.SetHandler([this] { FindPreviousSavegameNote(*this); });
+}
+
+// The settings window; its Pul_SetJoy leads on to the joystick's settings.
+void Principale::mnu_Settings_Click() {
+  Program& p = program();
+  Dialog_Settings settings(p);
+  settings.ImpostaValori();
+  settings.Pul_SetJoy.SetHandler([&p] { OpenJoystickSettings(p); });
+  settings.Pul_SetJoy.SetEnabled(true);
+  p.ui().ShowModal(settings);
 }
 
 }  // namespace vardolin

@@ -2,6 +2,7 @@
 // What the program shares for a whole run. Passed by reference everywhere; there are no globals,
 // so tests can run several programs side by side.
 
+#include <cstdint>
 #include <filesystem>
 #include <functional>
 #include <string>
@@ -68,6 +69,10 @@ class Program {
   // The screenshots of the level on show, and the index of the left one of the pair shown.
   std::int32_t ShotCount = 0;
   std::int32_t FirstShotShown = 0;
+  // Where the joystick's stick rests, on the 0 to 65535 scale of its axes: read at start-up, when
+  // the joystick is confirmed in the settings and when another one is chosen.
+  std::uint32_t JoystickNeutralX = 32767;
+  std::uint32_t JoystickNeutralY = 32767;
   // Built by start-up.
   DataLists lists;
   // The command line as one text, each argument a quoted token; read by start-up.

@@ -165,4 +165,20 @@ inline constexpr std::int32_t CaptionPulRestoreSaveGame = 5924;
 inline constexpr std::int32_t CaptionPulDeleteSavegame = 5925;
 inline constexpr std::int32_t CaptionPulArchiviaSavegames = 5926;
 
+// The joystick window.
+inline constexpr std::int32_t JoyPortFirst = 2627;
+inline constexpr std::int32_t JoyPortSecond = 2628;
+inline constexpr std::int32_t JoyPortSilent = 2629;
+inline constexpr std::int32_t JoyNotAnswering = 2630;
+inline constexpr std::int32_t JoyCloseButtonMissing = 2631;
+inline constexpr std::int32_t JoyCaptureButtonMissing = 2632;
+inline constexpr std::int32_t JoyTitle = 5960;
+inline constexpr std::int32_t JoyGamePort = 5961;
+inline constexpr std::int32_t JoyCloseTrle = 5962;
+inline constexpr std::int32_t JoyCatturaShot = 5963;
+inline constexpr std::int32_t JoyOnlyButton = 5964;
+inline constexpr std::int32_t JoyOk = 5965;
+inline constexpr std::int32_t JoyCancel = 5966;
+inline constexpr std::int32_t JoyHelp = 5967;
+
 }  // namespace vardolin::text

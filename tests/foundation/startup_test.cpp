@@ -145,8 +145,12 @@ TEST_F(StartUpTest, SettlesTheCheckIntervalAndAMissingJoystickAndWritesThemBack)
     WriteSettings(p);
     ProgramRun run(home);
     run.platform.joystick_present = c.joystick;
+    run.platform.joystick = {40000, 20000, 0, 0};
     ChooseNew(run.ui, dir / ("arc" + std::to_string(c.tenths)));
     run.window.Load();
+    // The stick's rest is taken from a joystick that answers.
+    EXPECT_EQ(run.program.JoystickNeutralX, c.joystick ? 40000u : 32767u);
+    EXPECT_EQ(run.program.JoystickNeutralY, c.joystick ? 20000u : 32767u);
     EXPECT_EQ(run.program.prefs.CheckTenths, c.used_tenths);
     EXPECT_EQ(run.window.Timer1.Interval(), c.used_tenths * 100);
     EXPECT_EQ(run.program.prefs.EnableJoystick, c.enabled);

@@ -58,6 +58,9 @@ class ScriptedUi : public Ui {
   void ShowModal(Form& form) override;
   void ShowModeless(Form& form) override;
   void DoEvents() override { ++events_; }
+  // The form the test says has the focus; null, as when another program has it, by default.
+  const Form* active_form = nullptr;
+  const Form* ActiveForm() override { return active_form; }
   // The clipboard holds a text or a picture, never both, as a desktop's does.
   void SetClipboardText(const std::string& text) override {
     clipboard_ = text;

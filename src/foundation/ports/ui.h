@@ -60,6 +60,9 @@ class Ui {
   virtual void ShowModeless(Form& form) = 0;
   // Lets the interface run once inside a long loop.
   virtual void DoEvents() = 0;
+  // The form whose window has the keyboard focus; null while another program has it, or when
+  // the front end shows no windows.
+  virtual const Form* ActiveForm() = 0;
 
   virtual void SetClipboardText(const std::string& text) = 0;
   virtual std::string ClipboardText() = 0;

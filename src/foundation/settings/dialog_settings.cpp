@@ -65,7 +65,7 @@ Dialog_Settings::Dialog_Settings(Program& program)
   Check_ArchiviaSavegame.SetCaption(
       " When tomb raider slots are full, move and archive  automatically");
   Check_EnableJoystick.SetCaption("Use also JoyStick to command Vardolin");
-  // The joystick window is not part of this build yet; the button stays visible but inert.
+  // Whoever can open the joystick window gives the button its handler and enables it.
   Pul_SetJoy.SetEnabled(false);
 }
 
@@ -181,9 +181,13 @@ void Dialog_Settings::Pul_Ok_Click() {
   prefs.GraphicsProgram = Trim(Label_EditorGrafico.Caption());
   prefs.EnableJoystick = Check_EnableJoystick.Value();
   if (prefs.EnableJoystick) {
-    // Wakes the joystick up again; whether it answers is judged at the next start.
+    // Wakes the joystick up again and takes the stick's rest anew; whether it answers is
+    // judged at the next start.
     JoystickState state;
-    p.platform().ReadJoystick(prefs.JoystickNumber, state);
+    if (p.platform().ReadJoystick(prefs.JoystickNumber, state)) {
+      p.JoystickNeutralX = state.x;
+      p.JoystickNeutralY = state.y;
+    }
   }
 
   if (Check_DisableSound.Value())

@@ -54,7 +54,12 @@ void SettleSettings(Program& program) {
   p.CheckTenths = std::min(p.CheckTenths, kMaxCheckTenths);
   p.Reserved = false;
   JoystickState state;
-  if (!program.platform().ReadJoystick(p.JoystickNumber, state)) p.EnableJoystick = false;
+  if (!program.platform().ReadJoystick(p.JoystickNumber, state)) {
+    p.EnableJoystick = false;
+    return;
+  }
+  program.JoystickNeutralX = state.x;
+  program.JoystickNeutralY = state.y;
 }
 
 

@@ -1,0 +1,269 @@
+#include "savegames/joystick.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <string>
+#include <vector>
+
+#include "bare_main_window.h"
+#include "test_program.h"
+
+namespace vardolin {
+namespace {
+
+struct JoystickTest : ::testing::Test, testing::TestProgram {
+  JoystickTest() {
+    platform.joystick_present = true;
+    program.prefs.EnableJoystick = true;
+  }
+  void Hold(std::uint32_t buttons, std::uint32_t x = 32767, std::uint32_t y = 32767) {
+    platform.joystick = {x, y, 32767, buttons};
+  }
+};
+
+TEST(JoystickButtons, StoredWordMatchesWithAndWithoutTheAloneFlag) {
+  struct Case {
+    std::int32_t stored;
+    bool alone;
+    std::uint32_t held;
+    bool match;
+  } cases[] = {
+      {3, true, 3, true},    // buttons 1 and 2
+      {3, true, 7, false},   // and button 3 as well
+      {3, false, 7, true},   // further buttons may be held
+      {3, false, 1, false},  // half of the combination
+      {3, true, 1, false},
+      {3, false, 0, false},
+      {0, false, 0, false},  // no button stored: never
+      {0, true, 0, false},
+      {-2147483647 - 1, true, 0x80000000u, true},  // the 32nd button survives the signed field
+  };
+  for (const Case& c : cases)
+    EXPECT_EQ(JoystickButtonsMatch(c.held, c.stored, c.alone), c.match)
+        << c.stored << (c.alone ? " alone, held " : ", held ") << c.held;
+}
+
+TEST_F(JoystickTest, DuringTheGameTheButtonsCaptureOrEndTheGame) {
+  struct Case {
+    const char* what;
+    bool enabled, present;
+    std::int32_t capture;
+    bool capture_alone;
+    std::int32_t close;
+    bool close_alone;
+    std::uint32_t held;
+    std::vector<std::string> done;
+  } cases[] = {
+      {"capture word held", true, true, 3, false, 8, false, 3, {"print screen"}},
+      {"close word with another", true, true, 3, false, 8, false, 9, {"end game"}},
+      {"close alone, another held", true, true, 3, false, 8, true, 9, {}},
+      {"same word for both: both in one tick",
+       true,
+       true,
+       4,
+       false,
+       4,
+       true,
+       4,
+       {"print screen", "end game"}},
+      {"nothing stored", true, true, 0, false, 0, false, 15, {}},
+      {"joystick off in the settings", false, true, 3, false, 8, false, 11, {}},
+      {"joystick gone", true, false, 3, false, 8, false, 11, {}},
+  };
+  for (const Case& c : cases) {
+    SCOPED_TRACE(c.what);
+    Preferences& p = program.prefs;
+    p.EnableJoystick = c.enabled;
+    p.JoyCaptureButtons = c.capture;
+    p.JoyCaptureAlone = c.capture_alone;
+    p.JoyCloseButtons = c.close;
+    p.JoyCloseAlone = c.close_alone;
+    platform.joystick_present = c.present;
+    Hold(c.held);
+    std::vector<std::string> done;
+    GameJoystickStep step = JoystickDuringGame(
+        program, {[&] { done.push_back("print screen"); }, [&] { done.push_back("end game"); }});
+    EXPECT_EQ(done, c.done);
+    EXPECT_EQ(step.answered, c.enabled && c.present);
+  }
+}
+
+TEST(JoystickInputTable, ButtonsComeFirstThenXThenY) {
+  using In = JoystickInput;
+  constexpr std::uint32_t n = 30000;  // neutral on both axes
+  struct Case {
+    std::uint32_t buttons, x, y;
+    In expected;
+  } cases[] = {
+      {4 | 8 | 2 | 1, n + 5000, n, In::Play},
+      {8 | 2 | 1, n, n, In::ScreenShots},
+      {2 | 1, n, n, In::SaveGames},
+      {1, n, n, In::Select},
+      {0, n + 1000, n - 1000, In::None},  // exactly 1000 away counts as centred
+      {0, n + 1001, n, In::StickRight},
+      {0, n - 1001, n, In::StickLeft},
+      {0, n, n - 1001, In::StickYBelow},
+      {0, n, n + 1001, In::StickYAbove},
+      {0, n - 1001, n + 30000, In::StickLeft},  // X is looked at first
+      {0, 0, 65535, In::StickLeft},
+      {16, n, n + 2000, In::StickYAbove},  // a button outside the table leaves the stick alone
+      {16, n, n, In::None},
+  };
+  for (const Case& c : cases)
+    EXPECT_EQ(ReadJoystickInput({c.x, c.y, 0, c.buttons}, n, n), c.expected)
+        << "buttons " << c.buttons << " x " << c.x << " y " << c.y;
+}
+
+// The main window itself, with its real buttons and panels behind the joystick.
+struct MainWindowJoystickTest : JoystickTest {
+  testing::BareMainWindow window{program};
+  MainWindowJoystickTest() { ui.active_form = &window; }
+  JoystickInput Tick() { return JoystickMainWindowTick(program, window.Joystick); }
+};
+
+TEST_F(MainWindowJoystickTest, ActsOnlyWhenEnabledIdleFocusedAndAnswering) {
+  enum Focus { Main, Zoom, OtherWindow, OtherProgram };
+  struct Case {
+    const char* what;
+    bool enabled, running;
+    Focus focus;
+    bool present, acts;
+  } cases[] = {
+      {"all in place", true, false, Main, true, true},
+      {"the zoom window in focus", true, false, Zoom, true, true},
+      {"another window of ours in focus", true, false, OtherWindow, true, false},
+      {"another program has the focus", true, false, OtherProgram, true, false},
+      {"joystick off", false, false, Main, true, false},
+      {"game running", true, true, Main, true, false},
+      {"joystick doesn't answer", true, false, Main, false, false},
+  };
+  Form zoom{program, "Dialog_ScreenShot"};
+  Form other{program, "Dialog_Settings"};
+  const Form* focused[] = {&window, &zoom, &other, nullptr};
+  for (const Case& c : cases) {
+    SCOPED_TRACE(c.what);
+    program.prefs.ShowScreenshotPanel = false;
+    window.ShowChosenPanel();
+    program.prefs.EnableJoystick = c.enabled;
+    program.GameRunning = c.running;
+    ui.active_form = focused[c.focus];
+    platform.joystick_present = c.present;
+    Hold(8);  // the screenshot panel's button
+    Tick();
+    EXPECT_EQ(window.Frame_ScreenShots.Visible(), c.acts);
+    EXPECT_EQ(program.prefs.ShowScreenshotPanel, c.acts);
+  }
+}
+
+TEST_F(MainWindowJoystickTest, TheWatchersStepEndsTheGameOnTheCloseButtons) {
+  program.prefs.JoyCloseButtons = 8;
+  program.GameProcess.pid = 4242;
+  auto ends = [&] { return std::count(platform.calls.begin(), platform.calls.end(), "end"); };
+  Hold(1);
+  window.Watcher.joystick();
+  EXPECT_EQ(ends(), 0);
+  Hold(8 | 1);
+  window.Watcher.joystick();
+  EXPECT_EQ(ends(), 1);
+}
+
+TEST_F(MainWindowJoystickTest, ButtonOneZoomsOrRestores) {
+  struct Case {
+    const char* what;
+    bool shots_panel, zoom_up, save_selected;
+    std::vector<std::string> done;
+  } cases[] = {
+      {"screenshots, zoom down", true, false, false, {"zoom"}},
+      {"screenshots, zoom up", true, true, false, {"close zoom"}},
+      {"savegames, zoom up", false, true, true, {"close zoom"}},
+      {"savegames, a row chosen", false, false, true, {"restore"}},
+      {"savegames, no row chosen", false, false, false, {}},
+  };
+  ListBox saves{window, "List_SaveGameArchiviati"};
+  saves.AddItem("a");
+  for (const Case& c : cases) {
+    SCOPED_TRACE(c.what);
+    std::vector<std::string> done;
+    JoystickTargets& t = window.Joystick;
+    t.ShotsPanelVisible = [&] { return c.shots_panel; };
+    t.SavesPanelVisible = [&] { return !c.shots_panel; };
+    t.ZoomVisible = [&] { return c.zoom_up; };
+    t.CloseZoom = [&] { done.push_back("close zoom"); };
+    t.Zoom = [&] { done.push_back("zoom"); };
+    t.ArchivedSaves = &saves;
+    t.RestoreSaveGame = [&] { done.push_back("restore"); };
+    saves.SetListIndex(c.save_selected ? 0 : -1);
+    Hold(1);
+    EXPECT_EQ(Tick(), JoystickInput::Select);
+    EXPECT_EQ(done, c.done);
+  }
+}
+
+TEST_F(MainWindowJoystickTest, SidewaysWalksTheSavegamesRoundBothEnds) {
+  struct Case {
+    int rows, selected, dx, expected;
+  } cases[] = {
+      {3, 0, +2000, 1},   {3, 2, +2000, 0},   // after the last row the first
+      {3, 1, -2000, 0},   {3, 0, -2000, 2},   // before the first the last
+      {3, -1, +2000, 2},  {3, -1, -2000, 2},  // no selection: the last row
+      {0, -1, +2000, -1},                     // an empty list stays empty
+      {3, 1, +1000, 1},                       // within the rest: nothing
+  };
+  program.prefs.ShowScreenshotPanel = false;
+  window.ShowChosenPanel();
+  ListBox saves{window, "List_SaveGameArchiviati"};
+  window.Joystick.ArchivedSaves = &saves;
+  program.JoystickNeutralX = program.JoystickNeutralY = 20000;
+  for (const Case& c : cases) {
+    saves.Clear();
+    for (int i = 0; i < c.rows; ++i) saves.AddItem("save " + std::to_string(i));
+    saves.SetListIndex(c.selected);
+    Hold(0, static_cast<std::uint32_t>(20000 + c.dx), 20000);
+    Tick();
+    EXPECT_EQ(saves.ListIndex(), c.expected)
+        << c.rows << " rows, row " << c.selected << ", dx " << c.dx;
+  }
+}
+
+TEST_F(MainWindowJoystickTest, SidewaysWalksTheScreenshotPairs) {
+  struct Case {
+    const char* what;
+    int selected, index;
+    bool further_pair, next_shot;
+    std::int64_t dx;
+    std::vector<std::string> done;
+  } cases[] = {
+      {"right from Image2 to the next pair", 2, 4, true, true, 3000, {"next pair", "select 1"}},
+      {"right from Image2, last pair", 2, 4, false, true, 3000, {}},
+      {"right from Image1", 1, 4, true, true, 3000, {"select 2"}},
+      {"right from Image1, a lone shot", 1, 4, false, false, 3000, {}},
+      {"left from Image2", 2, 4, true, true, -3000, {"select 1"}},
+      {"left from Image1 to the pair before",
+       1,
+       4,
+       true,
+       true,
+       -3000,
+       {"previous pair", "select 2"}},
+      {"left from Image1 at the first shot", 1, 0, true, true, -3000, {}},
+  };
+  for (const Case& c : cases) {
+    SCOPED_TRACE(c.what);
+    std::vector<std::string> done;
+    JoystickTargets& t = window.Joystick;
+    t.SelectedImage = [&] { return c.selected; };
+    t.SelectImage = [&](int i) { done.push_back("select " + std::to_string(i)); };
+    t.FurtherPairExists = [&] { return c.further_pair; };
+    t.NextShotExists = [&] { return c.next_shot; };
+    t.CurrentShotIndex = [&] { return c.index; };
+    t.NextPair = [&] { done.push_back("next pair"); };
+    t.PreviousPair = [&] { done.push_back("previous pair"); };
+    Hold(0, static_cast<std::uint32_t>(32767 + c.dx), 32767);
+    Tick();
+    EXPECT_EQ(done, c.done);
+  }
+}
+
+}  // namespace
+}  // namespace vardolin
