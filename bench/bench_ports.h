@@ -34,6 +34,7 @@ class SilentUi : public Ui {
   bool ClipboardImage(Bitmap&) override { return false; }
   bool SetClipboardImage(const Bitmap&) override { return false; }
   void ClearClipboard() override {}
+  const Form* ActiveForm() override { return nullptr; }
 };
 
 class NoPlatform : public Platform {
