@@ -46,6 +46,13 @@ inline TextTable ReadEnglishForTests() {
   return table;
 }
 
+// A home as the first start leaves it: the shipped no-image picture stands there.
+inline void MakeTestHome(const std::filesystem::path& home) {
+  std::filesystem::create_directories(home);
+  std::filesystem::copy_file(std::filesystem::path(VARDOLIN_RESOURCES_DIR) / "no_image.jpg",
+                             home / "no_image.jpg");
+}
+
 struct ArchiveFixture {
   TempDir dir;
   ScriptedUi ui;
@@ -53,10 +60,7 @@ struct ArchiveFixture {
   Program program{dir / "home", ui, platform};
 
   ArchiveFixture() {
-    std::filesystem::create_directories(dir / "home");
-    // The shipped no-image picture stands in every home, as the first start puts it there.
-    std::filesystem::copy_file(std::filesystem::path(VARDOLIN_RESOURCES_DIR) / "no_image.jpg",
-                               dir / "home" / "no_image.jpg");
+    MakeTestHome(dir / "home");
     program.texts.EnglishTexts = ReadEnglishForTests();
     // The one fixed drive is the test's folder, so that proposals of new folders stay in it.
     DriveInfo drive;

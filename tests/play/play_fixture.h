@@ -52,7 +52,7 @@ struct PlayFixture {
   explicit PlayFixture(const std::vector<std::string>& names,
                        const std::vector<std::vector<std::string>>& extra_files = {}) {
     namespace fs = std::filesystem;
-    fs::create_directories(dir / "home");
+    MakeTestHome(dir / "home");
     program.texts.EnglishTexts = ReadEnglishForTests();
     BuildEditorFolder(editor);
     InstallGame(editor / "tomb4.exe");
