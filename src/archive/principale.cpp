@@ -77,6 +77,7 @@ Principale::Principale(Program& program) : Form(program, "Principale", "Vardolin
   WireSavegamePanel();
   WireSavegameMenus();
   WireJoystick();
+  WireWatcherSteps();
   DisableMissingWork();
   program.main = {this, &Label_Info, &ProgressBar1, &Timer1};
 }

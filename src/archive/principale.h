@@ -10,9 +10,9 @@
 #include "foundation/settings/preferences.h"
 #include "play/game_watcher.h"
 #include "savegames/capture_source.h"
-#include "savegames/shot_panel_state.h"
-#include "savegames/savegame_panel_state.h"
 #include "savegames/joystick.h"
+#include "savegames/savegame_panel_state.h"
+#include "savegames/shot_panel_state.h"
 
 namespace vardolin {
 
@@ -239,6 +239,9 @@ class Principale : public Form {
   // The joystick, and the settings window that leads to its own.
   void mnu_Settings_Click();
   void WireJoystick();
+
+  // The watcher's savegame and screenshot steps (savegames/watcher_steps.cpp).
+  void WireWatcherSteps();
 };
 
 }  // namespace vardolin

@@ -6,8 +6,8 @@
 #include "foundation/program.h"
 #include "foundation/settings/dialog_settings.h"
 #include "savegames/dialog_joy_stick.h"
-#include "savegames/shot_menu.h"
 #include "savegames/savegame_panel.h"
+#include "savegames/shot_menu.h"
 
 namespace vardolin {
 
@@ -133,6 +133,14 @@ void Principale::WireSavegameMenus() {
   mnu_FindSavegameNote.SetHandler([this] { FindSavegameNoteAsk(*this); });
   mnu_FineNextSavegame.SetHandler([this] { FindNextSavegameNote(*this); });
   mnu_FindPreviousSavegame.SetHandler([this] { FindPreviousSavegameNote(*this); });
+  // Both entries tie a picture to the selected savegame; the list's click shows the new tie.
+  const auto choose_image = [this] {
+    const std::filesystem::path savegame = GetSelectedSavegame(*this);
+    if (savegame.empty() || !ChooseImageForSavegame(*this, savegame)) return;
+    List_SaveGameArchiviati_Click();
+  };
+  mnu_ScegliImmagine.SetHandler(choose_image);
+  mnu_ChangeImageSavegame.SetHandler(choose_image);
 }
 
 // The settings window; its Pul_SetJoy leads on to the joystick's settings.

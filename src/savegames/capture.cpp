@@ -11,6 +11,7 @@
 #include "foundation/services/files.h"
 #include "foundation/services/paths.h"
 #include "foundation/services/strings.h"
+#include "play/game_launch.h"
 #include "savegames/dialog_cattura.h"
 #include "savegames/shot_store.h"
 #include "savegames/text_ids.h"
@@ -21,10 +22,6 @@ namespace fs = std::filesystem;
 namespace {
 
 constexpr const char* kTemporaryShotName = "_temp_Shot.bmp";
-
-void Tone(Program& program, int hz, int ms) {
-  if (!program.prefs.SoundDisabled()) program.platform().Beep(hz, ms);
-}
 
 // Alpha doesn't count: a transparent black pixel is as black as any.
 bool IsBlack(const std::uint8_t* px) {
@@ -85,7 +82,7 @@ ClipboardShot TakeClipboardShot(Program& program, const Process& game) {
     ui.ClearClipboard();
     return ClipboardShot::Dropped;
   }
-  Tone(program, 100, 150);
+  Beep(program, 100, 150);
   const int level = ActiveLevelIndex(program);
   const fs::path folder = ShotFolder(program, level, text::ShotFolderCapture);
   if (folder.empty()) {

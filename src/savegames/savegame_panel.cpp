@@ -2,6 +2,8 @@
 // selected savegame and the pop-up menus of the panel.
 
 #include "savegames/savegame_panel.h"
+#include "savegames/shot_menu.h"
+#include "savegames/shot_panel.h"
 
 #include <string>
 
@@ -49,7 +51,7 @@ void SavegameImageMouseDown(Principale& main, int button) {
   if (button != kRightButton) return;
   // The savegame menu offers to tie a picture, which only an archived savegame without one
   // takes; otherwise the picture is a screenshot and gets the screenshots' menu.
-  if (main.List_SaveGameArchiviati.ListIndex() >= 0 && main.Image_SaveGame.Picture().empty())
+  if (main.List_SaveGameArchiviati.ListIndex() >= 0 && main.Shots.tied_image.empty())
     main.mnu_SaveGameHid.Popup();
   else
     main.mnu_Edit.Popup();
@@ -84,7 +86,8 @@ std::filesystem::path GetSelectedSavegame(Principale& main, int* index, bool* ar
 void LoadLevelSavegames(Principale& main) {
   Program& program = main.program();
   SavegamePanelState& state = main.Savegames;
-  main.Image_SaveGame.SetPicture({});
+  main.Image_SaveGame.SetPicture(NoImageOfProgram(program, text::NoImageSavegameLoad).string());
+  ForgetTiedShot(main);
   main.List_SaveGameTomb.Clear();
   main.List_SaveGameArchiviati.Clear();
   main.Text_NoteSaveGame.SetText({});
@@ -111,9 +114,11 @@ void ShowSelectedSavegame(Principale& main) {
     path = SlotSavegame(main, text::SlotNameShow, slot_row);
   if (path.empty()) {
     main.Text_NoteSaveGame.SetText({});
-    main.Image_SaveGame.SetPicture({});
+    main.Image_SaveGame.SetPicture(NoImageOfProgram(program, text::NoImageSavegameNone).string());
+    ForgetTiedShot(main);
     return;
   }
+  ShowTiedShot(main, path, main.Image_SaveGame);
   const std::filesystem::path note = SavegameNoteFile(program, path);
   main.Text_NoteSaveGame.SetText(FileExists(note) ? ReadWholeFile(ResolveCase(note))
                                                   : std::string());
@@ -137,6 +142,7 @@ void Principale::WireSavegamePanel() {
   List_SaveGameArchiviati.SetMouseDownHandler(
       [this](int button) { SavegameListMouseDown(*this, List_SaveGameArchiviati, button); });
   Image_SaveGame.SetMouseDownHandler([this](int button) { SavegameImageMouseDown(*this, button); });
+  Image_SaveGame.SetDblClickHandler([this] { ZoomTiedShot(*this); });
   Text_NoteSaveGame.SetMultiLine(true);
   Text_NoteSaveGame.SetLocked(true);
   Text_NoteSaveGame.SetClickHandler([this] { EditSavegameNote(*this); });

@@ -14,6 +14,7 @@
 #include "savegames/savegame_panel_parts.h"
 #include "savegames/savegame_sets.h"
 #include "savegames/savegame_store.h"
+#include "savegames/shot_store.h"
 #include "savegames/text_ids.h"
 
 namespace vardolin {
@@ -127,11 +128,13 @@ void ShowSavegameProperties(Principale& main) {
   bool archived = false;
   const std::filesystem::path path = GetSelectedSavegame(main, nullptr, &archived);
   if (path.empty()) return;
-  // The picture shown beside a savegame is tied to it by the screenshot panel; while none is
-  // shown the savegame has none.
-  ArchiveAsk(program,
-             SavegamePropertiesText(program, SelectedRowText(main, archived), path, {}, {}),
-             msg::kInformation);
+  // The picture beside the savegame is the one the screenshot panel tied to it on selection.
+  const std::filesystem::path tied = main.Shots.tied_image;
+  const std::string tied_date = tied.empty() ? std::string() : ShotDateText(ShotFileDate(tied));
+  ArchiveAsk(
+      program,
+      SavegamePropertiesText(program, SelectedRowText(main, archived), path, tied, tied_date),
+      msg::kInformation);
 }
 
 }  // namespace vardolin

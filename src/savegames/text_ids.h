@@ -124,10 +124,10 @@ inline constexpr std::int32_t CaptionPulUltimoShot = 5778;
 
 // Screen capture while the game runs, and the pictures play_the_game.exe leaves behind.
 inline constexpr std::int32_t CaptureSaveFilter = 265;
-inline constexpr std::int32_t CaptureNotSaved = 266;      // ~1 the path between CR LF; reason behind
-inline constexpr std::int32_t CaptureHowTo = 1845;        // ~1 CR LF
-inline constexpr std::int32_t MediaShotsFolder = 2963;    // fragment behind the editor folder
-inline constexpr std::int32_t MediaShotsPattern = 2964;   // pattern of the files in it
+inline constexpr std::int32_t CaptureNotSaved = 266;     // ~1 the path between CR LF; reason behind
+inline constexpr std::int32_t CaptureHowTo = 1845;       // ~1 CR LF
+inline constexpr std::int32_t MediaShotsFolder = 2963;   // fragment behind the editor folder
+inline constexpr std::int32_t MediaShotsPattern = 2964;  // pattern of the files in it
 inline constexpr std::int32_t CatturaCaption = 5891;
 inline constexpr std::int32_t CatturaAutoSave = 5892;
 inline constexpr std::int32_t CatturaPulSave = 5893;
@@ -140,9 +140,10 @@ inline constexpr std::int32_t SavegameNoteTitle = 2393;
 inline constexpr std::int32_t ArchiveSavegamesDone = 1844;
 inline constexpr std::int32_t RestoreSavegamesDone = 1961;
 inline constexpr std::int32_t SaveSavegameTitle = 2377;
-inline constexpr std::int32_t SaveSavegameFilterZip = 1897;   // "Zip files|*.zip"
-inline constexpr std::int32_t SaveSavegameFilterAll = 2378;   // "All files|*.*"
-inline constexpr std::int32_t SaveSavegameZipExtension = 2957;  // ".zip", compared to the name's end
+inline constexpr std::int32_t SaveSavegameFilterZip = 1897;  // "Zip files|*.zip"
+inline constexpr std::int32_t SaveSavegameFilterAll = 2378;  // "All files|*.*"
+inline constexpr std::int32_t SaveSavegameZipExtension =
+    2957;  // ".zip", compared to the name's end
 inline constexpr std::int32_t SaveSavegameZipLater = 5927;
 inline constexpr std::int32_t SavegamePropertiesNoImage = 2371;
 inline constexpr std::int32_t SavegamePropertiesImageDate = 2372;  // the image's date follows
@@ -180,5 +181,8 @@ inline constexpr std::int32_t JoyOnlyButton = 5964;
 inline constexpr std::int32_t JoyOk = 5965;
 inline constexpr std::int32_t JoyCancel = 5966;
 inline constexpr std::int32_t JoyHelp = 5967;
+
+// The game's savegames in the editor folder, as the watcher counts them.
+inline constexpr std::int32_t WatcherSavegamePattern = 2394;
 
 }  // namespace vardolin::text
