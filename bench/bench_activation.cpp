@@ -31,6 +31,7 @@
 
 #include "archive/catalogue_records.h"
 #include "archive/level_store.h"
+#include "bench_data.h"
 #include "bench_ports.h"
 #include "foundation/ports/platform.h"
 #include "foundation/ports/ui.h"
@@ -52,37 +53,6 @@ constexpr std::size_t kFileSize = 5 * 1000 * 1000;
 constexpr int kFilesPerKind = 20;
 constexpr std::int32_t kPlainLevel = 1;
 constexpr std::int32_t kPackedLevel = 2;
-
-// Bytes that look like an LZ77 stream's output: literal runs and copies of what came shortly
-// before. gzip -9 takes them to about half.
-std::string CompressibleBytes(std::size_t n, unsigned seed) {
-  std::mt19937_64 rng(seed);
-  std::string s;
-  s.reserve(n + 64);
-  while (s.size() < 64) s += static_cast<char>(rng());
-  while (s.size() < n) {
-    if (rng() % 100 < 22) {
-      std::size_t len = 4 + rng() % 37;
-      std::size_t dist = len + rng() % (std::min<std::size_t>(s.size(), 32768) - len + 1);
-      std::size_t from = s.size() - dist;
-      for (std::size_t i = 0; i < len; ++i) s += s[from + i];
-    } else {
-      for (std::size_t i = 1 + rng() % 8; i > 0; --i) s += static_cast<char>(rng());
-    }
-  }
-  s.resize(n);
-  return s;
-}
-
-std::string RandomBytes(std::size_t n, unsigned seed) {
-  std::mt19937_64 rng(seed);
-  std::string s(n, '\0');
-  for (std::size_t i = 0; i + 8 <= n; i += 8) {
-    std::uint64_t v = rng();
-    for (int b = 0; b < 8; ++b) s[i + b] = static_cast<char>(v >> (8 * b));
-  }
-  return s;
-}
 
 void Write(const fs::path& path, const std::string& bytes) {
   fs::create_directories(path.parent_path());
@@ -119,7 +89,7 @@ struct Bench {
     for (const char* file :
          {"tomb4.exe", "tom2pc.exe", "winroomedit.exe", "script.exe", "script.dat", "english.dat",
           "load.bmp", "data/title.tr4", "data/tut1.tr4", "audio/044.wav", "graphics/wads/tut1.wad"})
-      Write(editor / file, RandomBytes(200000, 7));
+      Write(editor / file, bench::RandomBytes(200000, 7));
     fs::create_directories(backup.parent_path());
     fs::copy(editor, backup, fs::copy_options::recursive);
 
@@ -148,8 +118,8 @@ struct Bench {
                          : i % 4 == 3 ? "track" + std::to_string(i) + ".wav"
                                       : "room" + std::to_string(i) + ".tr4";
       names.push_back(name);
-      Write(plain_files / name,
-            random ? RandomBytes(kFileSize, 100 + i) : CompressibleBytes(kFileSize, 200 + i));
+      Write(plain_files / name, random ? bench::RandomBytes(kFileSize, 100 + i)
+                                       : bench::CompressibleBytes(kFileSize, 200 + i));
       fs::create_directories(packed_files);
       if (web::PackFile(plain_files / name, packed_files / (name + ".zl")) != web::ZlResult::Ok ||
           !Run({"pigz", "-9", "-k", "-f", (plain_files / name).string()}))

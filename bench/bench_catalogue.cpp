@@ -12,6 +12,7 @@
 
 #include "archive/catalogue_file.h"
 #include "archive/catalogue_records.h"
+#include "bench_data.h"
 #include "bench_ports.h"
 #include "foundation/ports/platform.h"
 #include "foundation/ports/ui.h"
@@ -22,6 +23,7 @@ namespace {
 namespace fs = std::filesystem;
 
 struct Bench {
+  bench::ScratchFolder scratch;
   fs::path folder;
   bench::SilentUi ui;
   bench::NoPlatform platform;
@@ -29,7 +31,7 @@ struct Bench {
   fs::path file;
 
   explicit Bench(int levels)
-      : folder(MakeFolder()), program(folder, ui, platform), file(folder / "bench.vdc") {
+      : folder(scratch.path()), program(folder, ui, platform), file(folder / "bench.vdc") {
     program.prefs.AutoSave = false;
     program.catalogue.header.MainDir = folder.string();
     program.catalogue.header.SecondaryDir = folder.string();
@@ -44,15 +46,6 @@ struct Bench {
       program.catalogue.levels.push_back(std::move(r));
     }
     SaveCatalogueFile(program, file);
-  }
-  ~Bench() {
-    std::error_code ec;
-    fs::remove_all(folder, ec);
-  }
-  static fs::path MakeFolder() {
-    std::string tmpl = (fs::temp_directory_path() / "vardolin-bench-XXXXXX").string();
-    if (!mkdtemp(tmpl.data())) std::abort();
-    return tmpl;
   }
 };
 

@@ -13,6 +13,7 @@
 #include "archive/level_browser.h"
 #include "archive/level_store.h"
 #include "archive/principale.h"
+#include "bench_data.h"
 #include "bench_ports.h"
 #include "foundation/pictures/picture_file.h"
 #include "foundation/ports/platform.h"
@@ -31,13 +32,14 @@ constexpr int kSavegamesPerSet = 15;
 // A home, an archive with the base level and one level holding `shots` screenshots (dated a
 // second apart, JPEG and BMP mixed) and the archived savegames in sets of 15.
 struct Bench {
+  bench::ScratchFolder scratch;
   fs::path folder;
   bench::SilentUi ui;
   bench::NoPlatform platform;
   Program program;
   fs::path level;
 
-  explicit Bench(int shots) : folder(MakeFolder()), program(folder / "home", ui, platform) {
+  explicit Bench(int shots) : folder(scratch.path()), program(folder / "home", ui, platform) {
     fs::create_directories(folder / "home");
     ReadTextFile(program, fs::path(VARDOLIN_SOURCE_DIR) / "resources" / "english.trc",
                  program.texts.EnglishTexts);
@@ -78,15 +80,6 @@ struct Bench {
       std::fputs("My level,\n", f);
       std::fclose(f);
     }
-  }
-  ~Bench() {
-    std::error_code ec;
-    fs::remove_all(folder, ec);
-  }
-  static fs::path MakeFolder() {
-    std::string tmpl = (fs::temp_directory_path() / "vardolin-bench-XXXXXX").string();
-    if (!mkdtemp(tmpl.data())) std::abort();
-    return tmpl;
   }
 };
 

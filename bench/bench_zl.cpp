@@ -21,6 +21,7 @@
 #include <string>
 #include <vector>
 
+#include "bench_data.h"
 #include "web/zlib_tool.h"
 
 extern char** environ;
@@ -36,37 +37,6 @@ constexpr int kFilesPerKind = 20;
 enum Kind { kRandom, kCompressible };
 const char* kKindName[] = {"random", "compressible"};
 
-// Bytes that look like an LZ77 stream's output: random literal runs and copies of what came
-// shortly before. gzip -9 takes them to about half.
-std::string CompressibleBytes(std::size_t n, unsigned seed) {
-  std::mt19937_64 rng(seed);
-  std::string s;
-  s.reserve(n + 64);
-  while (s.size() < 64) s += static_cast<char>(rng());
-  while (s.size() < n) {
-    if (rng() % 100 < 22) {
-      std::size_t len = 4 + rng() % 37;
-      std::size_t dist = len + rng() % (std::min<std::size_t>(s.size(), 32768) - len + 1);
-      std::size_t from = s.size() - dist;
-      for (std::size_t i = 0; i < len; ++i) s += s[from + i];
-    } else {
-      for (std::size_t i = 1 + rng() % 8; i > 0; --i) s += static_cast<char>(rng());
-    }
-  }
-  s.resize(n);
-  return s;
-}
-
-std::string RandomBytes(std::size_t n, unsigned seed) {
-  std::mt19937_64 rng(seed);
-  std::string s(n, '\0');
-  for (std::size_t i = 0; i + 8 <= n; i += 8) {
-    std::uint64_t v = rng();
-    for (int b = 0; b < 8; ++b) s[i + b] = static_cast<char>(v >> (8 * b));
-  }
-  return s;
-}
-
 struct ReferenceLevel {
   fs::path root;
   std::vector<fs::path> files[2];  // in root/src
@@ -77,8 +47,9 @@ struct ReferenceLevel {
     for (int kind : {kRandom, kCompressible}) {
       for (int i = 0; i < kFilesPerKind; ++i) {
         fs::path p = root / "src" / (std::string(kKindName[kind]) + std::to_string(i) + ".tr4");
-        std::string bytes = kind == kRandom ? RandomBytes(kFileSize, 1000 + i)
-                                            : CompressibleBytes(kFileSize, 2000 + i);
+        std::string bytes = kind == kRandom
+                                ? vardolin::bench::RandomBytes(kFileSize, 1000 + i)
+                                : vardolin::bench::CompressibleBytes(kFileSize, 2000 + i);
         std::ofstream(p, std::ios::binary).write(bytes.data(), bytes.size());
         files[kind].push_back(p);
       }

@@ -1,0 +1,68 @@
+#pragma once
+// What the benchmarks work on: bytes of a known character, made from a seed so every run
+// measures the same data, and a scratch folder that goes away with the bench.
+
+#include <stdlib.h>
+
+#include <algorithm>
+#include <cstdint>
+#include <cstdlib>
+#include <filesystem>
+#include <random>
+#include <string>
+
+namespace vardolin::bench {
+
+// Bytes that look like an LZ77 stream's output: random literal runs and copies of what came
+// shortly before. gzip -9 takes them to about half.
+inline std::string CompressibleBytes(std::size_t n, unsigned seed) {
+  std::mt19937_64 rng(seed);
+  std::string s;
+  s.reserve(n + 64);
+  while (s.size() < 64) s += static_cast<char>(rng());
+  while (s.size() < n) {
+    if (rng() % 100 < 22) {
+      std::size_t len = 4 + rng() % 37;
+      std::size_t dist = len + rng() % (std::min<std::size_t>(s.size(), 32768) - len + 1);
+      std::size_t from = s.size() - dist;
+      for (std::size_t i = 0; i < len; ++i) s += s[from + i];
+    } else {
+      for (std::size_t i = 1 + rng() % 8; i > 0; --i) s += static_cast<char>(rng());
+    }
+  }
+  s.resize(n);
+  return s;
+}
+
+// Bytes no compressor can shrink.
+inline std::string RandomBytes(std::size_t n, unsigned seed) {
+  std::mt19937_64 rng(seed);
+  std::string s(n, '\0');
+  for (std::size_t i = 0; i + 8 <= n; i += 8) {
+    std::uint64_t v = rng();
+    for (int b = 0; b < 8; ++b) s[i + b] = static_cast<char>(v >> (8 * b));
+  }
+  return s;
+}
+
+// A fresh folder under the system's temporary folder, removed with the object.
+class ScratchFolder {
+ public:
+  ScratchFolder() {
+    std::string tmpl = (std::filesystem::temp_directory_path() / "vardolin-bench-XXXXXX").string();
+    if (!mkdtemp(tmpl.data())) std::abort();
+    path_ = tmpl;
+  }
+  ~ScratchFolder() {
+    std::error_code ec;
+    std::filesystem::remove_all(path_, ec);
+  }
+  ScratchFolder(const ScratchFolder&) = delete;
+  ScratchFolder& operator=(const ScratchFolder&) = delete;
+  const std::filesystem::path& path() const { return path_; }
+
+ private:
+  std::filesystem::path path_;
+};
+
+}  // namespace vardolin::bench
