@@ -2,8 +2,6 @@
 // by SIGKILL in the middle of the copy or the removal, and the next activations must still bring
 // the editor folder back to its base state without touching any level's store.
 #include <gtest/gtest.h>
-#include <sys/wait.h>
-#include <unistd.h>
 
 #include <csignal>
 #include <cstdio>
@@ -14,6 +12,7 @@
 
 #include "../archive/store_fixture.h"
 #include "editor_folder_fixture.h"
+#include "fault_child.h"
 #include "play/activation.h"
 
 namespace vardolin {
@@ -55,23 +54,10 @@ TEST(ActivationCrashChild, Activate) {
   SetLevelInTrle(program, std::stoi(text.substr(0, bar)));
 }
 
-// 0 when the child finished, 1 when the fault point killed it.
+// 1 when the fault point killed the child, 0 when it finished.
 int RunChild(std::int32_t code, const fs::path& root, const std::string& point) {
-  const pid_t pid = fork();
-  if (pid == 0) {
-    const std::string job = std::to_string(code) + "|" + root.string();
-    setenv(kChildVariable, job.c_str(), 1);
-    setenv("VARDOLIN_FAULT_POINT", point.c_str(), 1);
-    std::freopen("/dev/null", "w", stdout);
-    execl("/proc/self/exe", "test_play", "--gtest_filter=ActivationCrashChild.Activate",
-          static_cast<char*>(nullptr));
-    _exit(127);
-  }
-  int status = 0;
-  waitpid(pid, &status, 0);
-  if (WIFSIGNALED(status) && WTERMSIG(status) == SIGKILL) return 1;
-  EXPECT_TRUE(WIFEXITED(status) && WEXITSTATUS(status) == 0) << point;
-  return 0;
+  return testing::RunFaultChild("ActivationCrashChild.Activate", kChildVariable,
+                                std::to_string(code) + "|" + root.string(), point);
 }
 
 struct ActivationCrashTest : ::testing::Test, testing::ArchiveFixture {

@@ -63,7 +63,9 @@ struct SavegameFixture : ArchiveFixture {
       std::string title;
       const int number = ReadSavegameHeader(program, file, title);
       const std::string note = ReadFile(SavegameNoteFile(program, file));
-      if (!note.empty()) EXPECT_EQ(note, "n" + std::to_string(number)) << file;
+      if (!note.empty()) {
+        EXPECT_EQ(note, "n" + std::to_string(number)) << file;
+      }
       bySlot.emplace_back(SlotNumberOf(file.string()), number);
     }
     std::sort(bySlot.begin(), bySlot.end());

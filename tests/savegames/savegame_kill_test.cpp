@@ -2,14 +2,13 @@
 // run again) is killed by SIGKILL in the middle of the operation, then the recovery of the next
 // start runs. Every savegame that stood before must stand afterwards, with its note.
 #include <gtest/gtest.h>
-#include <sys/wait.h>
-#include <unistd.h>
 
 #include <csignal>
 #include <cstdio>
 #include <cstdlib>
 #include <set>
 
+#include "fault_child.h"
 #include "foundation/services/files.h"
 #include "savegame_fixture.h"
 #include "savegames/savegame_sets.h"
@@ -55,21 +54,8 @@ TEST(SavegameKillChild, Run) {
 
 // 1 when the fault point killed the child, 0 when it finished.
 int RunChild(const std::string& operation, const fs::path& root, const std::string& point) {
-  const pid_t pid = fork();
-  if (pid == 0) {
-    const std::string job = operation + "|" + root.string();
-    setenv(kChildVariable, job.c_str(), 1);
-    setenv("VARDOLIN_FAULT_POINT", point.c_str(), 1);
-    std::freopen("/dev/null", "w", stdout);
-    execl("/proc/self/exe", "test_savegames", "--gtest_filter=SavegameKillChild.Run",
-          static_cast<char*>(nullptr));
-    _exit(127);
-  }
-  int status = 0;
-  waitpid(pid, &status, 0);
-  if (WIFSIGNALED(status) && WTERMSIG(status) == SIGKILL) return 1;
-  EXPECT_TRUE(WIFEXITED(status) && WEXITSTATUS(status) == 0) << point;
-  return 0;
+  return testing::RunFaultChild("SavegameKillChild.Run", kChildVariable,
+                                operation + "|" + root.string(), point);
 }
 
 struct SavegameKillTest : ::testing::Test, testing::SavegameFixture {
