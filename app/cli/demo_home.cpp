@@ -1,5 +1,7 @@
 #include "demo_home.h"
 
+#include "demo_home_play.h"
+
 #include <algorithm>
 #include <cstdlib>
 #include <fstream>
@@ -25,6 +27,7 @@
 #include "foundation/settings/preferences.h"
 #include "foundation/startup/base_level.h"
 #include "foundation/text_ids.h"
+#include "play/activation.h"
 #include "terminal_ui.h"
 
 namespace vardolin {
@@ -280,10 +283,31 @@ int CmdDemo(Program& program, const fs::path& game, std::ostream& out, std::ostr
     return 1;
   }
   unsigned seed = 1;
+  std::vector<std::int32_t> codes;
   for (const DemoLevel& level : DemoLevels()) {
     if (!AddDemoLevel(demo, level, seed, err)) return 1;
+    codes.push_back(demo.catalogue.levels.back().Code);
     seed += 100;
   }
+  for (std::size_t i = 0; i < codes.size(); ++i) {
+    const int variant = static_cast<int>(i);
+    if (!AddDemoShots(demo, FindLevelIndex(demo.catalogue, codes[i]), variant, DemoLevels()[i].tint,
+                      err))
+      return 1;
+  }
+  if (!SaveCatalogueFile(demo, demo.prefs.LastArchive)) {
+    err << "vardolin-cli: cannot save the catalogue " << demo.prefs.LastArchive << "\n";
+    return 1;
+  }
+  // The home is left as after some evenings of play: the first level stands in the editor
+  // folder with its savegames in the game's slots, the second one's wait in its play folder.
+  if (!SetLevelInTrle(demo, codes.front())) {
+    err << "vardolin-cli: the first demo level wasn't put in the editor folder\n";
+    return 1;
+  }
+  for (std::size_t i = 0; i < codes.size(); ++i)
+    if (!AddDemoSavegames(demo, codes[i], static_cast<int>(i), err)) return 1;
+  for (std::int32_t code : codes) UpdateLevelSizes(demo, code);
   if (!SaveCatalogueFile(demo, demo.prefs.LastArchive)) {
     err << "vardolin-cli: cannot save the catalogue " << demo.prefs.LastArchive << "\n";
     return 1;

@@ -1,8 +1,9 @@
 #pragma once
 // The demonstration home that `make run` starts in: a stand-in editor folder whose game is a
 // native stand-in program, the safe copy of its files, and an archive of three generated
-// levels (one kept plain, one compressed, one media level), so that the whole program can be
-// tried without the game.
+// levels (one kept plain, one compressed, one media level) with screenshots and savegames, the
+// first level standing in the editor folder, so that the whole program can be tried without
+// the game.
 
 #include <filesystem>
 #include <iosfwd>

@@ -7,10 +7,15 @@
 #include <cstdio>
 #include <fstream>
 #include <iterator>
+#include <sstream>
 
 #include "../archive/archive_fixture.h"
+#include "archive/catalogue_ops.h"
 #include "archive/principale.h"
 #include "foundation/program_home.h"
+#include "foundation/services/files.h"
+#include "savegames/savegame_store.h"
+#include "savegames/shot_list.h"
 #include "temp_dir.h"
 
 namespace vardolin {
@@ -34,6 +39,15 @@ Result RunCli(const fs::path& home, const std::string& arguments) {
   int status = pclose(pipe);
   r.code = WIFEXITED(status) ? WEXITSTATUS(status) : -1;
   return r;
+}
+
+// The lines of `text` that hold `needle`.
+std::vector<std::string> LinesWith(const std::string& text, const std::string& needle) {
+  std::vector<std::string> lines;
+  std::istringstream in(text);
+  for (std::string line; std::getline(in, line);)
+    if (line.find(needle) != std::string::npos) lines.push_back(line);
+  return lines;
 }
 
 std::string Head(const fs::path& file, std::size_t n) {
@@ -79,8 +93,9 @@ TEST_F(DemoHomeTest, TheDemoHoldsAPlayableEditorAndThreeKindsOfLevel) {
     EXPECT_TRUE((fs::status(editor / program).permissions() & fs::perms::owner_exec) !=
                 fs::perms::none);
   }
-  for (const char* file : {"tom2pc.exe", "winroomedit.exe", "script.exe", "tomb4.exe",
-                           "data/title.tr4", "script.dat", "english.dat"})
+  // (The active level brought its own script.dat and english.dat.)
+  for (const char* file :
+       {"tom2pc.exe", "winroomedit.exe", "script.exe", "tomb4.exe", "data/title.tr4"})
     EXPECT_EQ(testing::ReadFile(home / "backup_trle" / file), testing::ReadFile(editor / file))
         << file;
 
@@ -96,6 +111,38 @@ TEST_F(DemoHomeTest, TheDemoHoldsAPlayableEditorAndThreeKindsOfLevel) {
                                       "outro.mcf", "script.dat", "store/clip01.bin",
                                       "store/clip02.bin", "temple.tr4"}));
 
+  // The store's own readers find what the demo played: the first level's savegames in the
+  // game's slots (it is the active level) and in two archive sets, the second level's in its
+  // play folder, and every level's shots, each at its own date.
+  struct Seen {
+    std::string arguments;
+    std::string row;  // what each of the rows holds
+    std::size_t rows;
+  };
+  const Seen seen[] = {
+      {"savegames 1", "slots: " + editor.string() + "\n", 1},
+      {"savegames 1", " The Plain Tomb  (", 8},
+      {"savegames 1", "/savegames/set1/savegame.", 3},
+      {"savegames 1", "/savegames/set2/savegame.", 2},
+      {"savegames 2", " The Packed Vault  (", 2},
+      {"savegames 2", "LEVEL_0002/play", 1},
+      {"savegames 3", "  (", 0},
+      {"shots 1", ") Demo  The Plain Tomb.jpg", 5},
+      {"shots 2", ") Demo  The Packed Vault.jpg", 3},
+      {"shots 3", ") Demo  The Media Temple.jpg", 4},
+  };
+  for (const Seen& s : seen) {
+    const Result r = RunCli(home, s.arguments);
+    ASSERT_EQ(r.code, 0) << s.arguments << "\n" << r.out;
+    const auto rows = LinesWith(r.out + "\n", s.row.substr(0, s.row.find('\n')));
+    EXPECT_EQ(rows.size(), s.rows) << s.arguments << " / " << s.row << "\n" << r.out;
+    if (s.arguments.starts_with("shots"))
+      for (std::size_t i = 1; i < rows.size(); ++i)  // "index<TAB>date<TAB>..."
+        EXPECT_LT(rows[i - 1].substr(rows[i - 1].find('\t')), rows[i].substr(rows[i].find('\t')))
+            << s.arguments << ": two shots share a date\n"
+            << r.out;
+  }
+
   const Result again = RunCli(home, "demo");
   EXPECT_EQ(again.code, 1);
   EXPECT_NE(again.out.find("in use already"), std::string::npos) << again.out;
@@ -108,7 +155,7 @@ TEST_F(DemoHomeTest, TheDemoHoldsAPlayableEditorAndThreeKindsOfLevel) {
     const char* stored;
   };
   const Step steps[] = {
-      {"active", "0\n", nullptr, nullptr},
+      {"active", "1\n", nullptr, nullptr},
       {"activate 1", "active: 1\n", "data/plaintomb.tr4", "plaintomb.tr4"},
       {"activate 2", "active: 2\n", "vault.txt", "vault.txt"},
       {"active", "2\n", nullptr, nullptr},
@@ -116,6 +163,7 @@ TEST_F(DemoHomeTest, TheDemoHoldsAPlayableEditorAndThreeKindsOfLevel) {
       {"activate 9", "no level with code 9", nullptr, nullptr},
       {"active", "3\n", "intro.mcf", "intro.mcf"},
       {"reset", "active: 0\n", nullptr, nullptr},
+      {"activate 1", "active: 1\n", "data/plaintomb.tr4", "plaintomb.tr4"},
   };
   for (const Step& s : steps) {
     const Result r = RunCli(home, s.arguments);
@@ -131,6 +179,9 @@ TEST_F(DemoHomeTest, TheDemoHoldsAPlayableEditorAndThreeKindsOfLevel) {
       EXPECT_EQ(fs::file_size(editor / "data/vault.tr4"), 600000u);
       EXPECT_NE(Head(editor / "data/vault.tr4", 3), "VZL");
       EXPECT_EQ(Head(editor / "load.bmp", 2), "BM");
+      // The savegames change places with the level: the second one's came into the slots.
+      EXPECT_TRUE(fs::exists(editor / "savegame.1"));
+      EXPECT_FALSE(fs::exists(editor / "savegame.2"));
     }
   }
   EXPECT_EQ(Snapshot(editor), base);
@@ -145,6 +196,29 @@ TEST_F(DemoHomeTest, TheDemoHoldsAPlayableEditorAndThreeKindsOfLevel) {
   EXPECT_TRUE(ui.Questions().empty());
   EXPECT_EQ(program.catalogue.levels.size(), 4u);
   EXPECT_EQ(window.Combo_Livelli.ListCount(), 4);
+
+  // The notes went into the sets with their savegames, and each noted savegame finds the shot
+  // taken at that spot, as the panel ties them.
+  const ShotList shots = ListLevelShots(program, FindLevelIndex(program.catalogue, 1));
+  const fs::path sets = home / "archive" / "LEVEL_0001" / "savegames";
+  struct Noted {
+    fs::path savegame;
+    const char* note;
+  };
+  const Noted noted[] = {
+      {sets / "set1" / "savegame.0", "entrance hall"},
+      {sets / "set1" / "savegame.2", "rolling boulder"},
+      {sets / "set2" / "savegame.1", "second lever"},
+      {editor / "savegame.1", "last jump"},
+  };
+  for (const Noted& n : noted) {
+    EXPECT_NE(ReadWholeFile(SavegameNoteFile(program, n.savegame)).find(n.note), std::string::npos)
+        << n.savegame;
+    EXPECT_GE(NearestShotWithin(shots, ShotFileDate(n.savegame), program.prefs.AssociationMinutes),
+              0)
+        << n.savegame;
+  }
+  EXPECT_FALSE(fs::exists(SavegameNoteFile(program, editor / "savegame.0")));
   window.Unload();
 }
 
