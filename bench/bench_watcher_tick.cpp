@@ -6,6 +6,14 @@
 // reference, in the same run, is the least that listing can cost: opendir/readdir of the same
 // folder, comparing each name's first nine characters without regard to case.
 //
+//
+// The tick with the main window's own steps behind it (keys, joystick, full slots, clipboard):
+// 15 savegames in the editor folder, which the full-slots step lists and leaves alone
+// (ArchiveSavegames off), and a 1280 x 720 coloured picture on the clipboard at every tick, which
+// the clipboard step stores as the active level's shot (deleted outside the timing), without and
+// with the black test (VerifyImage). A tick that finds a picture is a one-off during play, so
+// its CPU time is told as ms_per_picture_tick besides the share of a core.
+//
 // Counter core_pct_at_100ms: CPU time per tick as a share of one core at the 100 ms interval.
 // The stand-in game is found through $VARDOLIN_STANDINS, else beside this program's folder.
 
@@ -20,12 +28,18 @@
 #include <fstream>
 #include <string>
 
+#include "archive/level_store.h"
+#include "archive/principale.h"
 #include "bench_ports.h"
+#include "foundation/pictures/bitmap.h"
 #include "foundation/platform/linux_platform.h"
 #include "foundation/ports/ui.h"
 #include "foundation/program.h"
 #include "foundation/services/files.h"
+#include "foundation/texts/text_catalogue.h"
+#include "play/active_level.h"
 #include "play/game_watcher.h"
+#include "play/text_ids.h"
 
 namespace vardolin {
 namespace {
@@ -138,9 +152,125 @@ void BM_WatcherTickBare(benchmark::State& state) {
   state.SetLabel("vs:BM_ListReference");
 }
 
+// A clipboard that always holds the same coloured picture: clearing it does nothing, so every
+// tick finds it.
+class PictureUi : public bench::SilentUi {
+ public:
+  PictureUi() : picture_(Bitmap::Make(1280, 720)) {
+    for (int y = 0; y < picture_.height; ++y)
+      for (int x = 0; x < picture_.width; ++x) {
+        std::uint8_t* p = picture_.Pixel(x, y);
+        p[0] = static_cast<std::uint8_t>(x);
+        p[1] = static_cast<std::uint8_t>(y);
+        p[2] = static_cast<std::uint8_t>(x ^ y);
+      }
+  }
+  bool ClipboardHasImage() override { return true; }
+  bool ClipboardImage(Bitmap& out) override {
+    out = picture_;
+    return true;
+  }
+
+ private:
+  Bitmap picture_;
+};
+
+// The editor folder with 2,000 files, 15 of them savegames, level 1 standing in it, the stand-in
+// game running there and the main window over it all.
+struct LiveWindow {
+  fs::path folder;
+  PictureUi ui;
+  LinuxPlatform platform;
+  Program program;
+  std::unique_ptr<Principale> main;
+  fs::path shots;
+  bool ok = false;
+
+  LiveWindow()
+      : folder(fs::temp_directory_path() / ("vardolin-bench-window-" + std::to_string(getpid()))),
+        program(folder / "home", ui, platform) {
+    const fs::path trle = folder / "trle";
+    fs::create_directories(trle);
+    fs::create_directories(folder / "home");
+    ReadTextFile(program, fs::path(VARDOLIN_SOURCE_DIR) / "resources" / "english.trc",
+                 program.texts.EnglishTexts);
+    fs::copy_file(fs::path(VARDOLIN_SOURCE_DIR) / "resources" / "no_image.jpg",
+                  folder / "home" / "no_image.jpg");
+    for (int i = 0; i < kFiles; ++i) {
+      const std::string name =
+          i < 15 ? "savegame." + std::to_string(i) : "file_" + std::to_string(i) + ".dat";
+      std::ofstream(trle / name) << name;
+    }
+    program.prefs.AutoSave = false;
+    program.prefs.EditorFolder = trle.string();
+    program.prefs.ArchiveSavegames = false;
+    program.prefs.PromptCapture = false;
+    program.prefs.Flags |= 1;  // no sound: the beeps would hold the tick for their length
+    Catalogue& c = program.catalogue;
+    c.header.MainDir = c.header.SecondaryDir = (folder / "archive").string();
+    for (int code : {0, 1}) {
+      LevelRecord r;
+      r.Code = code;
+      r.Name = code ? "My level" : "Base";
+      c.levels.push_back(r);
+      fs::create_directories(GetLevelFolder(program, code, false) / "screenshots");
+    }
+    c.header.LevelCount = 2;
+    shots = GetLevelFolder(program, 1, false) / "screenshots";
+    std::ofstream(ActiveLevelFilePath(program))
+        << program.GetText(text::ActiveLevelCodeKey) << "0001#\r\n";
+    main = std::make_unique<Principale>(program);
+    auto game = platform.Start({StandinGame(), {}, trle, false});
+    if (!game) return;
+    program.GameProcess = *game;
+    program.GameRunning = true;
+    ok = GetActiveLevelCode(program) == 1;
+  }
+  ~LiveWindow() {
+    platform.End(program.GameProcess);
+    std::error_code ec;
+    fs::remove_all(folder, ec);
+  }
+};
+
+void LiveTick(benchmark::State& state, bool verify) {
+  LiveWindow window;
+  if (!window.ok) {
+    state.SkipWithError("the stand-in game didn't start or no level is active");
+    return;
+  }
+  window.program.prefs.VerifyImage = verify;
+  double cpu = 0;
+  for (auto _ : state) {
+    const double start = ThreadCpuSeconds();
+    WatchEvent event = WatchGame(window.program, window.main->Watcher);
+    cpu += ThreadCpuSeconds() - start;
+    state.PauseTiming();
+    std::error_code ec;
+    const bool stored = fs::remove(window.shots / "1) My level.jpg", ec);
+    state.ResumeTiming();
+    if (event != WatchEvent::CommonAlive || !stored) {
+      state.SkipWithError("the game ended or the picture wasn't stored");
+      return;
+    }
+  }
+  ReportCpu(state, cpu);
+  state.counters["ms_per_picture_tick"] = cpu / static_cast<double>(state.iterations()) * 1e3;
+  state.SetLabel("vs:BM_ListReference");
+}
+
+void BM_WatcherTickPicture(benchmark::State& state) {
+  LiveTick(state, false);
+}
+void BM_WatcherTickPictureVerified(benchmark::State& state) {
+  LiveTick(state, true);
+}
+
 BENCHMARK(BM_ListReference)->Unit(benchmark::kMicrosecond);
 BENCHMARK(BM_WatcherTick)->Unit(benchmark::kMicrosecond);
 BENCHMARK(BM_WatcherTickBare)->Unit(benchmark::kMicrosecond);
+BENCHMARK(BM_WatcherTickPicture)->Unit(benchmark::kMicrosecond);
+BENCHMARK(BM_WatcherTickPictureVerified)->Unit(benchmark::kMicrosecond);
 
 }  // namespace
 }  // namespace vardolin

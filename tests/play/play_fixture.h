@@ -37,10 +37,12 @@ inline bool WaitFor(const std::function<bool()>& done,
   return true;
 }
 
-struct PlayFixture {
+// `PlatformType` is LinuxPlatform or a class derived from it that fakes what the machine lacks.
+template <class PlatformType = LinuxPlatform>
+struct BasicPlayFixture {
   TempDir dir;
   ScriptedUi ui;
-  LinuxPlatform platform;
+  PlatformType platform;
   Program program{dir / "home", ui, platform};
   std::filesystem::path editor = dir / "trle";
   std::filesystem::path backup = dir / "home/backup_trle";
@@ -49,8 +51,8 @@ struct PlayFixture {
 
   // Levels by name, codes 0, 1, 2 ... in this order; each but the base level brings a level
   // file, the script every complete level has, and the files given for it by name.
-  explicit PlayFixture(const std::vector<std::string>& names,
-                       const std::vector<std::vector<std::string>>& extra_files = {}) {
+  explicit BasicPlayFixture(const std::vector<std::string>& names,
+                            const std::vector<std::vector<std::string>>& extra_files = {}) {
     namespace fs = std::filesystem;
     MakeTestHome(dir / "home");
     program.texts.EnglishTexts = ReadEnglishForTests();
@@ -97,5 +99,6 @@ struct PlayFixture {
     });
   }
 };
+using PlayFixture = BasicPlayFixture<>;
 
 }  // namespace vardolin::testing
