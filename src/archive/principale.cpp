@@ -51,6 +51,7 @@ const CaptionText kCaptions[] = {
     {"Label_NoteSaveGame", text::CaptionLabelNoteSaveGame},
     {"Pul_RestoreSaveGame", text::CaptionPulRestoreSaveGame},
     {"Pul_DeleteSavegame", text::CaptionPulDeleteSavegame},
+    {"Pul_ChangeScreenshot", text::CaptionPulChangeScreenshot},
     {"Pul_ArchiviaSavegames", text::CaptionPulArchiviaSavegames},
 };
 

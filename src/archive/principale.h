@@ -192,6 +192,7 @@ class Principale : public Form {
   Button Pul_RestoreSaveGame{
       *this, "Pul_RestoreSaveGame", "Copy in tombraider slots the selected savegame", {}};
   Button Pul_DeleteSavegame{*this, "Pul_DeleteSavegame", "Delete savegame", {}};
+  Button Pul_ChangeScreenshot{*this, "Pul_ChangeScreenshot", "Choose image ...", {}};
   Button Pul_ArchiviaSavegames{
       *this,
       "Pul_ArchiviaSavegames",

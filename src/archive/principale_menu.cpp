@@ -133,7 +133,8 @@ void Principale::WireSavegameMenus() {
   mnu_FindSavegameNote.SetHandler([this] { FindSavegameNoteAsk(*this); });
   mnu_FineNextSavegame.SetHandler([this] { FindNextSavegameNote(*this); });
   mnu_FindPreviousSavegame.SetHandler([this] { FindPreviousSavegameNote(*this); });
-  // Both entries tie a picture to the selected savegame; the list's click shows the new tie.
+  // The entries and the button tie a picture to the selected savegame; the list's click shows the
+  // new tie.
   const auto choose_image = [this] {
     const std::filesystem::path savegame = GetSelectedSavegame(*this);
     if (savegame.empty() || !ChooseImageForSavegame(*this, savegame)) return;
@@ -141,6 +142,7 @@ void Principale::WireSavegameMenus() {
   };
   mnu_ScegliImmagine.SetHandler(choose_image);
   mnu_ChangeImageSavegame.SetHandler(choose_image);
+  Pul_ChangeScreenshot.SetHandler(choose_image);
 }
 
 // The settings window; its Pul_SetJoy leads on to the joystick's settings.

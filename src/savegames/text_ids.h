@@ -165,6 +165,7 @@ inline constexpr std::int32_t CaptionLabelNoteSaveGame = 5923;
 inline constexpr std::int32_t CaptionPulRestoreSaveGame = 5924;
 inline constexpr std::int32_t CaptionPulDeleteSavegame = 5925;
 inline constexpr std::int32_t CaptionPulArchiviaSavegames = 5926;
+inline constexpr std::int32_t CaptionPulChangeScreenshot = 5928;
 
 // The joystick window.
 inline constexpr std::int32_t JoyPortFirst = 2627;
