@@ -1,7 +1,7 @@
 #include "savegames/shot_store.h"
 
-#include <ctime>
 #include <algorithm>
+#include <ctime>
 #include <string>
 
 #include "archive/catalogue_ops.h"
@@ -47,11 +47,15 @@ ShotTime ShotFileDate(const std::filesystem::path& path) {
 }
 
 std::string ShotDateText(ShotTime when) {
+  return ShotDateText(when, "%d/%m/%Y %H:%M:%S");
+}
+
+std::string ShotDateText(ShotTime when, const char* layout) {
   const std::time_t t = std::chrono::system_clock::to_time_t(when);
   std::tm local{};
   localtime_r(&t, &local);
-  char text[32];
-  std::strftime(text, sizeof text, "%d/%m/%Y %H:%M:%S", &local);
+  char text[64];
+  if (std::strftime(text, sizeof text, layout, &local) == 0) return {};
   return text;
 }
 

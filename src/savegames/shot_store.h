@@ -21,6 +21,8 @@ ShotTime ShotFileDate(const std::filesystem::path& path);
 
 // A shot's date as the program shows it: day/month/year hours:minutes:seconds, local time.
 std::string ShotDateText(ShotTime when);
+// The same local time in another strftime layout, e.g. "%Y-%m-%d %H:%M:%S" for scripts.
+std::string ShotDateText(ShotTime when, const char* layout);
 
 // The shot folder of the level at catalogue index `level_index`, on hard disk. `fragment` is the
 // text id of the folder's path piece at the caller's place of use (all of them say the same).

@@ -40,18 +40,15 @@ void WriteFile(const fs::path& path, const std::string& bytes) {
 // Runs only as the child: activates the level named in the variable ("code|root") and is killed
 // on the way by the fault point the parent chose.
 TEST(ActivationCrashChild, Activate) {
-  const char* job = std::getenv(kChildVariable);
-  if (!job || !*job) GTEST_SKIP() << "runs only as the child of the crash test";
-  const std::string text = job;
-  const std::size_t bar = text.find('|');
+  const auto job = testing::ReadFaultJob(kChildVariable);
+  if (!job) GTEST_SKIP() << "runs only as the child of the crash test";
   testing::ScriptedUi ui;
   ui.AllowAnyMessage();
   testing::RecordingPlatform platform;
-  const fs::path root = text.substr(bar + 1);
-  Program program(root / "home", ui, platform);
+  Program program(job->root / "home", ui, platform);
   program.texts.EnglishTexts = testing::ReadEnglishForTests();
-  Configure(program, root);
-  SetLevelInTrle(program, std::stoi(text.substr(0, bar)));
+  Configure(program, job->root);
+  SetLevelInTrle(program, std::stoi(job->what));
 }
 
 // 1 when the fault point killed the child, 0 when it finished.

@@ -38,18 +38,15 @@ bool RunOperation(Program& program, const std::string& operation) {
 // Runs only as the child: the operation named in the variable ("operation|root"), killed on the
 // way by the fault point the parent chose.
 TEST(SavegameKillChild, Run) {
-  const char* job = std::getenv(kChildVariable);
-  if (!job || !*job) GTEST_SKIP() << "runs only as the child of the kill test";
-  const std::string text = job;
-  const std::size_t bar = text.find('|');
+  const auto job = testing::ReadFaultJob(kChildVariable);
+  if (!job) GTEST_SKIP() << "runs only as the child of the kill test";
   testing::ScriptedUi ui;
   ui.AllowAnyMessage();
   testing::RecordingPlatform platform;
-  const fs::path root = text.substr(bar + 1);
-  Program program(root / "home", ui, platform);
+  Program program(job->root / "home", ui, platform);
   program.texts.EnglishTexts = testing::ReadEnglishForTests();
-  Configure(program, root);
-  EXPECT_TRUE(RunOperation(program, text.substr(0, bar)));
+  Configure(program, job->root);
+  EXPECT_TRUE(RunOperation(program, job->what));
 }
 
 // 1 when the fault point killed the child, 0 when it finished.

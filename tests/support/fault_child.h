@@ -9,6 +9,9 @@
 #include <unistd.h>
 
 #include <cstdio>
+#include <cstdlib>
+#include <filesystem>
+#include <optional>
 #include <string>
 
 #include <gtest/gtest.h>
@@ -32,6 +35,20 @@ inline int RunFaultChild(const char* child_test, const char* job_variable, const
   if (WIFSIGNALED(status) && WTERMSIG(status) == SIGKILL) return 1;
   EXPECT_TRUE(WIFEXITED(status) && WEXITSTATUS(status) == 0) << point;
   return 0;
+}
+
+// In the child: the job the parent sent as "what|root", or nothing when this isn't the child.
+struct FaultJob {
+  std::string what;
+  std::filesystem::path root;
+};
+inline std::optional<FaultJob> ReadFaultJob(const char* job_variable) {
+  const char* job = std::getenv(job_variable);
+  if (!job || !*job) return std::nullopt;
+  const std::string text = job;
+  const std::size_t bar = text.find('|');
+  if (bar == std::string::npos) return std::nullopt;
+  return FaultJob{text.substr(0, bar), text.substr(bar + 1)};
 }
 
 }  // namespace vardolin::testing
