@@ -29,7 +29,7 @@
 #include <string>
 #include <vector>
 
-#include "archive/catalogue_records.h"
+#include "foundation/catalogue_records.h"
 #include "archive/level_store.h"
 #include "bench_data.h"
 #include "bench_ports.h"
@@ -121,7 +121,7 @@ struct Bench {
       Write(plain_files / name, random ? bench::RandomBytes(kFileSize, 100 + i)
                                        : bench::CompressibleBytes(kFileSize, 200 + i));
       fs::create_directories(packed_files);
-      if (web::PackFile(plain_files / name, packed_files / (name + ".zl")) != web::ZlResult::Ok ||
+      if (PackFile(plain_files / name, packed_files / (name + ".zl")) != ZlResult::Ok ||
           !Run({"pigz", "-9", "-k", "-f", (plain_files / name).string()}))
         std::abort();
       fs::rename(plain_files / (name + ".gz"), gz_files / (name + ".gz"));

@@ -11,7 +11,7 @@
 #include <string>
 
 #include "archive/catalogue_file.h"
-#include "archive/catalogue_records.h"
+#include "foundation/catalogue_records.h"
 #include "bench_data.h"
 #include "bench_ports.h"
 #include "foundation/ports/platform.h"

@@ -10,9 +10,9 @@
 #include <filesystem>
 #include <string>
 
-#include "archive/level_browser.h"
+#include "window/principale_levels.h"
 #include "archive/level_store.h"
-#include "archive/principale.h"
+#include "window/principale.h"
 #include "bench_data.h"
 #include "bench_ports.h"
 #include "foundation/pictures/picture_file.h"

@@ -29,7 +29,7 @@
 #include <string>
 
 #include "archive/level_store.h"
-#include "archive/principale.h"
+#include "window/principale.h"
 #include "bench_ports.h"
 #include "foundation/pictures/bitmap.h"
 #include "foundation/platform/linux_platform.h"

@@ -7,7 +7,7 @@
 #include <string>
 #include <string_view>
 
-#include "archive/catalogue_records.h"
+#include "foundation/catalogue_records.h"
 
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
   std::string_view bytes(reinterpret_cast<const char*>(data), size);

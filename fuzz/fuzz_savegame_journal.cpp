@@ -4,7 +4,7 @@
 #include <cstdint>
 #include <string_view>
 
-#include "savegames/savegame_work.h"
+#include "savegames/savegame_journal.h"
 
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
   const std::string_view text(reinterpret_cast<const char*>(data), size);

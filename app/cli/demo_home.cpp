@@ -25,7 +25,7 @@
 #include "foundation/services/files.h"
 #include "foundation/services/paths.h"
 #include "foundation/settings/preferences.h"
-#include "foundation/startup/base_level.h"
+#include "startup/base_level.h"
 #include "foundation/text_ids.h"
 #include "play/activation.h"
 #include "terminal_ui.h"
@@ -266,7 +266,7 @@ int CmdDemo(Program& program, const fs::path& game, std::ostream& out, std::ostr
   LoadPreferences(demo);
   InstallCatalogueHooks(demo);
   demo.prefs.EditorFolder = editor.string();
-  if (!editor::CheckEditorFolder(demo, demo.prefs.EditorFolder, true)) return 1;
+  if (!CheckEditorFolder(demo, demo.prefs.EditorFolder, true)) return 1;
   // As start-up does: the backup lives in the program's folder and is made before anything else
   // touches the editor folder.
   demo.BackupFolder = JoinFragment(home, demo.GetText(text::BackupFolderName)).string();

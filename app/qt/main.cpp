@@ -5,7 +5,7 @@
 #include <QMessageBox>
 #include <string>
 
-#include "archive/principale.h"
+#include "startup/main_window.h"
 #include "foundation/platform/linux_platform.h"
 #include "foundation/program.h"
 #include "foundation/program_home.h"
@@ -45,7 +45,7 @@ int main(int argc, char** argv) {
   ui.SetProgram(program);
   program.CommandLine = command_line;
 
-  vardolin::Principale main_window(program);
+  vardolin::MainWindow main_window(program);
   main_window.Subscribe([](vardolin::Form&, vardolin::FormEvent event) {
     if (event == vardolin::FormEvent::Unloaded) QApplication::quit();
   });

@@ -1,19 +1,19 @@
 #include "archive/catalogue_file.h"
+#include "archive/level_store.h"
 
 #include <fstream>
 #include <string>
 
-#include "archive/archive_ask.h"
+#include "foundation/dialogs/ask.h"
+#include "foundation/ports/ui.h"
 #include "archive/catalogue_folders.h"
 #include "archive/catalogue_ops.h"
 #include "archive/catalogue_sizes.h"
 #include "archive/choose_setup_folder.h"
-#include "archive/level_browser.h"
 #include "archive/level_folder_name.h"
 #include "archive/text_ids.h"
 #include "foundation/program.h"
 #include "foundation/services/atomic_file.h"
-#include "play/active_level.h"
 
 namespace vardolin {
 namespace fs = std::filesystem;
@@ -92,8 +92,7 @@ bool LoadCatalogueFile(Program& program, const fs::path& path) {
   }
   RefreshPendingUserSizes(program);
   UpdateMainTitle(program);
-  RefreshLevelList(program);
-  SelectLevelByCode(program, GetActiveLevelCode(program));
+  program.notify.CatalogueLoaded();
   return true;
 }
 
@@ -113,7 +112,7 @@ void CatalogueChanged(Program& program) {
     return;
   }
   if (SaveCatalogueFile(program, program.prefs.LastArchive)) return;
-  ArchiveAsk(program, program.GetText(text::CatalogueAutoSaveFailed) + program.prefs.LastArchive,
+  AskUser(program, program.GetText(text::CatalogueAutoSaveFailed) + program.prefs.LastArchive,
              msg::kError);
   program.CatalogueDirty = true;
 }
@@ -121,7 +120,7 @@ void CatalogueChanged(Program& program) {
 void SaveIfChanged(Program& program) {
   if (!program.CatalogueDirty) return;
   if (!program.prefs.AutoSave) {
-    int answer = ArchiveAsk(program,
+    int answer = AskUser(program,
                             program.GetText(text::AskSaveChangedCatalogue,
                                             {FileNameOf(program.prefs.LastArchive), "\r\n"}),
                             msg::kYesNo);
@@ -146,7 +145,7 @@ bool BrowseForCatalogue(Program& program) {
   if (chosen.empty()) return false;
   if (LoadCatalogueFile(program, chosen)) return true;
   if (!program.ClosingDown)
-    ArchiveAsk(program, program.GetText(text::CatalogueUnreadable) + chosen, msg::kError);
+    AskUser(program, program.GetText(text::CatalogueUnreadable) + chosen, msg::kError);
   return false;
 }
 
@@ -171,12 +170,12 @@ bool NewCatalogue(Program& program) {
   std::error_code ec;
   fs::create_directories(folder, ec);
   if (!fs::is_directory(folder, ec)) {
-    ArchiveAsk(program, program.GetText(text::ArchiveFolderNotMade) + folder, msg::kError);
+    AskUser(program, program.GetText(text::ArchiveFolderNotMade) + folder, msg::kError);
     return false;
   }
   fs::path file = FreeCatalogueName(program);
   if (file.empty()) {
-    ArchiveAsk(program, program.GetText(text::CatalogueAutoSaveFailed) + program.Home().string(),
+    AskUser(program, program.GetText(text::CatalogueAutoSaveFailed) + program.Home().string(),
                msg::kError);
     return false;
   }
@@ -188,7 +187,7 @@ bool NewCatalogue(Program& program) {
   if (program.CatalogueDirty) {
     if (program.prefs.AutoSave) return false;  // the failed save was told already
     if (!SaveCatalogueFile(program, file)) {
-      ArchiveAsk(program, program.GetText(text::CatalogueSaveFailed) + file.string(), msg::kError);
+      AskUser(program, program.GetText(text::CatalogueSaveFailed) + file.string(), msg::kError);
       return false;
     }
   }
@@ -198,7 +197,7 @@ bool NewCatalogue(Program& program) {
 
 bool SaveCatalogueMenu(Program& program) {
   if (SaveCatalogueFile(program, program.prefs.LastArchive)) return true;
-  ArchiveAsk(program, program.GetText(text::CatalogueSaveFailed) + program.prefs.LastArchive,
+  AskUser(program, program.GetText(text::CatalogueSaveFailed) + program.prefs.LastArchive,
              msg::kError);
   return false;
 }
@@ -212,7 +211,7 @@ bool SaveCatalogueAs(Program& program) {
   std::string chosen = program.ui().AskSaveFile(request);
   if (chosen.empty()) return true;
   if (!SaveCatalogueFile(program, chosen)) {
-    ArchiveAsk(program, program.GetText(text::CatalogueSaveFailed) + chosen, msg::kError);
+    AskUser(program, program.GetText(text::CatalogueSaveFailed) + chosen, msg::kError);
     return false;
   }
   UpdateMainTitle(program);

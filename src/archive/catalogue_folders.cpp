@@ -3,7 +3,8 @@
 #include <filesystem>
 #include <string>
 
-#include "archive/archive_ask.h"
+#include "foundation/dialogs/ask.h"
+#include "foundation/ports/ui.h"
 #include "archive/catalogue_file.h"
 #include "archive/text_ids.h"
 #include "foundation/program.h"
@@ -28,7 +29,7 @@ std::string CurrentFolder() {
 // The warning, then the folder dialog; empty when the user gave no folder.
 std::string AskForMissingFolder(Program& program, const std::string& folder, std::int32_t warning,
                                 std::int32_t title) {
-  ArchiveAsk(program, program.GetText(warning, {folder, "\r\n"}), msg::kWarning);
+  AskUser(program, program.GetText(warning, {folder, "\r\n"}), msg::kWarning);
   return program.ui().AskFolder(CurrentFolder(), folder + program.GetText(title));
 }
 

@@ -3,7 +3,8 @@
 #include <filesystem>
 #include <limits>
 
-#include "archive/archive_ask.h"
+#include "foundation/dialogs/ask.h"
+#include "foundation/ports/ui.h"
 #include "archive/catalogue_file.h"
 #include "archive/text_ids.h"
 #include "foundation/forms/form.h"
@@ -63,7 +64,7 @@ void AddLevelSize(Program& program, double bytes, int index, SizeKind kind) {
 bool CheckLevelNotOnCd(Program& program, int index) {
   if (index < 0 || static_cast<std::size_t>(index) >= program.catalogue.levels.size()) return false;
   if (program.catalogue.levels[static_cast<std::size_t>(index)].CdNumber == 0) return false;
-  ArchiveAsk(program, program.GetText(text::LevelIsOnCd, {"\r\n"}), msg::kError);
+  AskUser(program, program.GetText(text::LevelIsOnCd, {"\r\n"}), msg::kError);
   return true;
 }
 

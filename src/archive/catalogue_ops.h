@@ -5,7 +5,7 @@
 #include <cstdint>
 #include <string>
 
-#include "archive/catalogue_records.h"
+#include "foundation/catalogue_records.h"
 
 namespace vardolin {
 

@@ -3,7 +3,8 @@
 #include <cstdio>
 #include <string>
 
-#include "archive/archive_ask.h"
+#include "foundation/dialogs/ask.h"
+#include "foundation/ports/ui.h"
 #include "archive/catalogue_file.h"
 #include "archive/catalogue_ops.h"
 #include "archive/level_folder_name.h"
@@ -39,12 +40,6 @@ void ShowProgress(Program& program, const std::string& text, std::size_t done, s
 }
 
 }  // namespace
-
-fs::path HardDiskLevelFolder(const Program& program, std::int32_t code) {
-  fs::path base =
-      code == 0 ? program.Home() : fs::path(Trim(program.catalogue.header.SecondaryDir));
-  return JoinFragment(base, LevelFolderName(program, code));
-}
 
 double FolderBytes(const fs::path& folder) {
   double total = 0;
@@ -109,7 +104,7 @@ void RecomputeAllSizes(Program& program, bool silent) {
   CatalogueChanged(program);
   if (silent) return;
   const double files = c.header.TotalFilesSize, user = c.header.TotalUserSize;
-  ArchiveAsk(program,
+  AskUser(program,
              program.GetText(text::SizesTotalFiles) + SizeForTotals(files) + "\r\n" +
                  program.GetText(text::SizesTotalUser) + SizeForTotals(user) + "\r\n" +
                  program.GetText(text::SizesTotalAll) + SizeForTotals(files + user),

@@ -10,9 +10,6 @@ namespace vardolin {
 
 class Program;
 
-// A level's folder on hard disk: the program's folder for the base level, else below
-// SecondaryDir. A CD level's user folders lie here too.
-std::filesystem::path HardDiskLevelFolder(const Program& program, std::int32_t code);
 // Bytes of all files below a folder; 0 when it is missing.
 double FolderBytes(const std::filesystem::path& folder);
 // Bytes of the level's own files: its files folder as GetLevelFolder gives it.

@@ -3,7 +3,8 @@
 #include <cstdlib>
 #include <vector>
 
-#include "archive/archive_ask.h"
+#include "foundation/dialogs/ask.h"
+#include "foundation/ports/ui.h"
 #include "archive/level_folder_name.h"
 #include "archive/text_ids.h"
 #include "foundation/ports/platform.h"
@@ -64,7 +65,7 @@ std::string ChooseSetupFolder(Program& program) {
   for (int n = 2; fs::exists(fresh, ec); ++n)
     fresh =
         JoinFragment(chosen, program.GetText(text::NewArchiveSubfolderNumber) + std::to_string(n));
-  ArchiveAsk(program, program.GetText(text::ArchiveFolderWasNotEmpty, {fresh.string()}),
+  AskUser(program, program.GetText(text::ArchiveFolderWasNotEmpty, {fresh.string()}),
              msg::kInformation);
   return fresh.string();
 }

@@ -2,7 +2,8 @@
 
 #include <filesystem>
 
-#include "archive/archive_ask.h"
+#include "foundation/dialogs/ask.h"
+#include "foundation/ports/ui.h"
 #include "archive/catalogue_file.h"
 #include "archive/text_ids.h"
 #include "foundation/program.h"
@@ -21,27 +22,24 @@ Dialog_PrefArc::Dialog_PrefArc(Program& program)
 }
 
 void Dialog_PrefArc::Set_Caption_Texts() {
-  auto apply = [this](Control& c, std::int32_t id) {
-    if (std::string t = program().GetText(id); !t.empty()) c.SetCaption(t);
-  };
-  if (std::string t = program().GetText(text::PrefArcTitle); !t.empty()) SetCaption(t);
-  apply(Frame1, text::PrefArcReferences);
-  apply(Label1, text::PrefArcLevels);
-  apply(Label2, text::PrefArcFullPath);
-  apply(Label3, text::PrefArcTotCd);
-  apply(Label4, text::PrefArcOnCd);
-  apply(Label7, text::PrefArcFolderSize);
-  apply(Label5, text::PrefArcSizeCd);
-  apply(Label6, text::PrefArcSizeHd);
-  apply(Label8, text::PrefArcMainDir);
-  apply(Label9, text::PrefArcSecondaryDir);
-  apply(Pul_SfogliaMainDir, text::PrefArcBrowse);
-  apply(Pul_SfogliaSecDir, text::PrefArcBrowse);
-  apply(Frame2, text::PrefArcCompression);
-  apply(Check_Compresso, text::PrefArcCompress);
-  apply(Check_WavInMp3, text::PrefArcWavInMp3);
-  apply(Pul_Ok, text::PrefArcOk);
-  apply(Pul_Cancel, text::PrefArcCancel);
+  CaptionFromText(text::PrefArcTitle);
+  CaptionFromText(Frame1, text::PrefArcReferences);
+  CaptionFromText(Label1, text::PrefArcLevels);
+  CaptionFromText(Label2, text::PrefArcFullPath);
+  CaptionFromText(Label3, text::PrefArcTotCd);
+  CaptionFromText(Label4, text::PrefArcOnCd);
+  CaptionFromText(Label7, text::PrefArcFolderSize);
+  CaptionFromText(Label5, text::PrefArcSizeCd);
+  CaptionFromText(Label6, text::PrefArcSizeHd);
+  CaptionFromText(Label8, text::PrefArcMainDir);
+  CaptionFromText(Label9, text::PrefArcSecondaryDir);
+  CaptionFromText(Pul_SfogliaMainDir, text::PrefArcBrowse);
+  CaptionFromText(Pul_SfogliaSecDir, text::PrefArcBrowse);
+  CaptionFromText(Frame2, text::PrefArcCompression);
+  CaptionFromText(Check_Compresso, text::PrefArcCompress);
+  CaptionFromText(Check_WavInMp3, text::PrefArcWavInMp3);
+  CaptionFromText(Pul_Ok, text::PrefArcOk);
+  CaptionFromText(Pul_Cancel, text::PrefArcCancel);
 }
 
 void Dialog_PrefArc::ImpostaValori(const CatalogueHeader& header) {
@@ -91,7 +89,7 @@ bool Dialog_PrefArc::BrowseArchiveFolder(std::int32_t title, std::int32_t patter
   for (const fs::path& sub : ListSubfolders(chosen))
     holds_levels = holds_levels || WildcardMatch(sub.filename().string(), pattern_name);
   if (!holds_levels) {
-    ArchiveAsk(p, p.GetText(error), msg::kError);
+    AskUser(p, p.GetText(error), msg::kError);
     return false;
   }
   folder = chosen;
@@ -124,7 +122,7 @@ void Dialog_PrefArc::Pul_Ok_Click() {
   CatalogueHeader& live = p.catalogue.header;
   if (live.WavInMp3 != saved_.WavInMp3) {
     // Converting the store's audio needs the audio converter, which this build doesn't have.
-    ArchiveAsk(p, p.GetText(text::WavInMp3NotAvailable, {"\r\n"}), msg::kWarning);
+    AskUser(p, p.GetText(text::WavInMp3NotAvailable, {"\r\n"}), msg::kWarning);
     live.WavInMp3 = saved_.WavInMp3;
     filling_ = true;
     Check_WavInMp3.SetValue(live.WavInMp3);
@@ -132,7 +130,7 @@ void Dialog_PrefArc::Pul_Ok_Click() {
   }
   if (live.CompressFiles != saved_.CompressFiles) {
     CatalogueChanged(p);
-    ConvertStore = ArchiveAsk(p, p.GetText(text::AskConvertStore), msg::kYesNo) == msg::kYes;
+    ConvertStore = AskUser(p, p.GetText(text::AskConvertStore), msg::kYesNo) == msg::kYes;
   }
   Unload();
 }

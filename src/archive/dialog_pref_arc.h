@@ -3,7 +3,7 @@
 // stored. Edits the open catalogue's header; a change of the storage flags asks whether the
 // whole store is to be converted, which the caller does after the modal show.
 
-#include "archive/catalogue_records.h"
+#include "foundation/catalogue_records.h"
 #include "foundation/forms/form.h"
 
 namespace vardolin {

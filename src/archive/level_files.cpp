@@ -95,7 +95,7 @@ bool PrepareLevelFiles(Program& program, const fs::path& files_folder, fs::path&
   const std::string packed_pattern = PatternText(program, text::PackedFilesPattern);
   const std::vector<fs::path> packed = SortedFiles(source, packed_pattern);
   if (!packed.empty()) {
-    web::Dialog_Zip zip(program);
+    Dialog_Zip zip(program);
     zip.ShowWith(program.GetText(text::PreparingLevelFiles));
     zip.Label_Info.SetCaption(program.GetText(text::CopyingToTemporary));
     program.ui().DoEvents();
@@ -106,7 +106,7 @@ bool PrepareLevelFiles(Program& program, const fs::path& files_folder, fs::path&
       zip.Hide();
       return false;
     }
-    const std::string suffix = program.GetText(web::text::PackedSuffix);
+    const std::string suffix = program.GetText(text::PackedSuffix);
     for (const fs::path& file : packed) {
       const std::string name = file.filename().string();
       zip.Label_Info.SetCaption(program.GetText(text::ExpandingFile, {name}));
@@ -114,7 +114,7 @@ bool PrepareLevelFiles(Program& program, const fs::path& files_folder, fs::path&
       std::string plain_name = name.substr(0, name.size() - std::min(name.size(), suffix.size()));
       SafeJoinResult target = SafeJoin(temporary, plain_name);
       if (!target) {
-        program.ui().AskUser(program.GetText(web::text::CannotExpandFile, {name}), msg::kError, {});
+        program.ui().AskUser(program.GetText(text::CannotExpandFile, {name}), msg::kError, {});
         zip.Hide();
         Abandon(program, temporary);
         return false;

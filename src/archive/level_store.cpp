@@ -71,6 +71,12 @@ void RemoveLinksIn(const fs::path& folder) {
 
 }  // namespace
 
+fs::path HardDiskLevelFolder(const Program& program, std::int32_t code) {
+  fs::path base =
+      code == 0 ? program.Home() : fs::path(Trim(program.catalogue.header.SecondaryDir));
+  return JoinFragment(base, LevelFolderName(program, code));
+}
+
 std::string LevelFolderName(const Program& program, std::int32_t code) {
   std::string prefix = program.GetText(text::LevelFolderPrefix);
   return LevelFolderName(code, prefix.empty() ? kLevelFolderPrefix : std::string_view(prefix));

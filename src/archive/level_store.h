@@ -13,6 +13,10 @@ class Program;
 class Label;
 class ProgressBar;
 
+// A level's folder on hard disk: the program's folder for the base level, else below
+// SecondaryDir. A CD level's user folders lie here too.
+std::filesystem::path HardDiskLevelFolder(const Program& program, std::int32_t code);
+
 // LevelFolderName with the prefix of the language file (text 1647): "\LEVEL_0012".
 std::string LevelFolderName(const Program& program, std::int32_t code);
 

@@ -52,7 +52,7 @@ struct Plan {
 };
 
 Plan MakePlan(const Program& program, const fs::path& files, bool compress) {
-  const std::string suffix = program.GetText(web::text::PackedSuffix);
+  const std::string suffix = program.GetText(text::PackedSuffix);
   const std::string bitmap_name = BareName(program, text::ConvertLoadBitmap);
   const std::string jpeg_name = BareName(program, text::ConvertLoadJpeg);
   std::vector<std::string> pack_patterns;
@@ -120,13 +120,13 @@ bool RunStep(const Step& step, const fs::path& target, ProgressBar* bar, Program
     why = PictureResultName(result);
     return false;
   }
-  web::ZlibTool tool;
+  ZlibTool tool;
   tool.InputFile = step.source.string();
   tool.OutputFile = target.string();
   tool.CompressionLevel = 9;
   tool.Progress = [&](std::uint64_t, std::uint64_t) { program.ui().DoEvents(); };
   bool ok = step.kind == Step::Pack ? tool.Compress() : tool.Decompress();
-  if (!ok) why = web::ZlResultName(tool.LastResult());
+  if (!ok) why = ZlResultName(tool.LastResult());
   return ok;
 }
 

@@ -46,7 +46,7 @@ int RepairLevelStore(Program& program) {
   const std::string scroll_media = program.GetText(text::ScrollMediaFile);
   const std::string scroll_levels = program.GetText(text::ScrollLevelPattern);
   // In a compressed store the scroll levels stand packed, as `scroll1.tr4.zl`.
-  const std::string packed_levels = scroll_levels + program.GetText(web::text::PackedSuffix);
+  const std::string packed_levels = scroll_levels + program.GetText(text::PackedSuffix);
   ShowProgressDialog(program, program.GetText(text::RepairStoreLabel));
   Dialog_Progress* dialog = ProgressDialog(program);
   if (dialog) dialog->SetCaption(program.GetText(text::RepairStoreCaption));

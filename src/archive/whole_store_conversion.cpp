@@ -1,6 +1,7 @@
 #include "archive/whole_store_conversion.h"
 
-#include "archive/archive_ask.h"
+#include "foundation/dialogs/ask.h"
+#include "foundation/ports/ui.h"
 #include "archive/catalogue_file.h"
 #include "archive/catalogue_sizes.h"
 #include "archive/store_conversion.h"
@@ -38,14 +39,14 @@ StoreConversion ConvertWholeStore(Program& program, const CatalogueHeader& old_h
   if (!result.ok) {
     header.CompressFiles = old_header.CompressFiles;
     CatalogueChanged(program);
-    ArchiveAsk(program, program.GetText(text::ConversionFailed, {result.failed_level, "\r\n"}),
+    AskUser(program, program.GetText(text::ConversionFailed, {result.failed_level, "\r\n"}),
                msg::kError);
   }
   RecomputeAllSizes(program, true);
   result.bytes_after = header.TotalFilesSize;
   if (label) label->SetCaption({});
   if (bar) bar->SetValue(0);
-  ArchiveAsk(program,
+  AskUser(program,
              program.GetText(text::ConversionSizes, {FormatFileSize(result.bytes_before),
                                                      FormatFileSize(result.bytes_after), "\r\n"}),
              msg::kInformation);

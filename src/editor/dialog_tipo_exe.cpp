@@ -9,7 +9,7 @@
 #include "foundation/program.h"
 #include "foundation/services/strings.h"
 
-namespace vardolin::editor {
+namespace vardolin {
 
 Dialog_TipoExe::Dialog_TipoExe(Program& program)
     : Form(program, "Dialog_TipoExe", " Where are the copied files?") {
@@ -18,12 +18,11 @@ Dialog_TipoExe::Dialog_TipoExe(Program& program)
 }
 
 void Dialog_TipoExe::Set_Caption_Texts() {
-  Program& p = program();
-  SetCaption(p.GetText(text::TipoExeCaption));
-  Label_Warning.SetCaption(p.GetText(text::TipoExeWarning));
-  Pul_Trle.SetCaption(p.GetText(text::TipoExeTrle));
-  Pul_Sfoglia.SetCaption(p.GetText(text::TipoExeOtherFolder));
-  Pul_Help.SetCaption(p.GetText(text::TipoExeHelp));
+  CaptionFromText(text::TipoExeCaption);
+  CaptionFromText(Label_Warning, text::TipoExeWarning);
+  CaptionFromText(Pul_Trle, text::TipoExeTrle);
+  CaptionFromText(Pul_Sfoglia, text::TipoExeOtherFolder);
+  CaptionFromText(Pul_Help, text::TipoExeHelp);
 }
 
 void Dialog_TipoExe::ImpostaValori() {
@@ -53,4 +52,4 @@ void Dialog_TipoExe::Pul_Sfoglia_Click() {
   Unload();
 }
 
-}  // namespace vardolin::editor
+}  // namespace vardolin

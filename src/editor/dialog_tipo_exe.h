@@ -6,7 +6,7 @@
 
 #include "foundation/forms/form.h"
 
-namespace vardolin::editor {
+namespace vardolin {
 
 class Dialog_TipoExe : public Form {
  public:
@@ -35,4 +35,4 @@ class Dialog_TipoExe : public Form {
   void Pul_Sfoglia_Click();
 };
 
-}  // namespace vardolin::editor
+}  // namespace vardolin

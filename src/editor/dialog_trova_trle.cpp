@@ -7,7 +7,7 @@
 #include "foundation/program.h"
 #include "foundation/services/strings.h"
 
-namespace vardolin::editor {
+namespace vardolin {
 
 Dialog_TrovaTrle::Dialog_TrovaTrle(Program& program)
     : Form(program, "Dialog_TrovaTrle", " Where is Tomb Raider Level Editor folder ?") {
@@ -17,14 +17,13 @@ Dialog_TrovaTrle::Dialog_TrovaTrle(Program& program)
 }
 
 void Dialog_TrovaTrle::Set_Caption_Texts() {
-  Program& p = program();
-  SetCaption(p.GetText(text::TrovaTrleCaption));
-  Pul_Sfoglia.SetCaption(p.GetText(text::TrovaTrleBrowse));
-  Pul_Ok.SetCaption(p.GetText(text::TrovaTrleOk));
-  Pul_Cancel.SetCaption(p.GetText(text::TrovaTrleCancel));
-  Pul_InstallCompresso.SetCaption(p.GetText(text::TrovaTrleInstallCompressed));
-  Pul_InstallTrleCD.SetCaption(p.GetText(text::TrovaTrleInstallCd));
-  Pul_Help.SetCaption(p.GetText(text::TrovaTrleHelp));
+  CaptionFromText(text::TrovaTrleCaption);
+  CaptionFromText(Pul_Sfoglia, text::TrovaTrleBrowse);
+  CaptionFromText(Pul_Ok, text::TrovaTrleOk);
+  CaptionFromText(Pul_Cancel, text::TrovaTrleCancel);
+  CaptionFromText(Pul_InstallCompresso, text::TrovaTrleInstallCompressed);
+  CaptionFromText(Pul_InstallTrleCD, text::TrovaTrleInstallCd);
+  CaptionFromText(Pul_Help, text::TrovaTrleHelp);
 }
 
 bool Dialog_TrovaTrle::ImpostaValori() {
@@ -70,4 +69,4 @@ void Dialog_TrovaTrle::Pul_InstallTrleCD_Click() {
   Pul_Ok_Click();
 }
 
-}  // namespace vardolin::editor
+}  // namespace vardolin

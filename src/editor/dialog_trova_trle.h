@@ -4,7 +4,7 @@
 
 #include "foundation/forms/form.h"
 
-namespace vardolin::editor {
+namespace vardolin {
 
 class Dialog_TrovaTrle : public Form {
  public:
@@ -37,4 +37,4 @@ class Dialog_TrovaTrle : public Form {
   void Pul_InstallTrleCD_Click();
 };
 
-}  // namespace vardolin::editor
+}  // namespace vardolin

@@ -14,7 +14,7 @@
 #include "foundation/services/paths.h"
 #include "foundation/services/strings.h"
 
-namespace vardolin::editor {
+namespace vardolin {
 namespace fs = std::filesystem;
 
 bool CheckEditorFolder(Program& program, const std::string& folder, bool show) {
@@ -91,4 +91,4 @@ bool AskInstallFolder(Program& program, Label& label, ProgressBar& bar) {
   return false;
 }
 
-}  // namespace vardolin::editor
+}  // namespace vardolin

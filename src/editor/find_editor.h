@@ -12,7 +12,7 @@ class Label;
 class ProgressBar;
 }  // namespace vardolin
 
-namespace vardolin::editor {
+namespace vardolin {
 
 // The registry key the editor's own setup writes: its default value is the room editor's path.
 inline constexpr const char* kRoomEditorAppPathKey =
@@ -44,4 +44,4 @@ std::filesystem::path WinePathToNative(const std::filesystem::path& prefix,
 // until then the user is told so and the answer is false.
 bool AskInstallFolder(Program& program, Label& label, ProgressBar& bar);
 
-}  // namespace vardolin::editor
+}  // namespace vardolin

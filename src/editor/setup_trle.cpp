@@ -4,7 +4,6 @@
 #include <string>
 #include <thread>
 
-#include "archive/principale.h"
 #include "editor/text_ids.h"
 #include "foundation/dialogs/ask.h"
 #include "foundation/ports/ui.h"
@@ -12,7 +11,7 @@
 #include "play/game_launch.h"
 #include "play/text_ids.h"
 
-namespace vardolin::editor {
+namespace vardolin {
 
 bool SetupTrle(Program& program) {
   const std::string line = "\r\n";
@@ -28,18 +27,6 @@ bool SetupTrle(Program& program) {
   std::this_thread::sleep_for(std::chrono::milliseconds(kSetupSettleMs));
   program.GameRunning = true;
   return true;
-}
-
-}  // namespace vardolin::editor
-
-namespace vardolin {
-
-void Principale::WireEditorSettings() {
-  mnu_SetupTrle.SetHandler([this] { mnu_SetupTrle_Click(); });
-}
-
-void Principale::mnu_SetupTrle_Click() {
-  editor::SetupTrle(program());
 }
 
 }  // namespace vardolin

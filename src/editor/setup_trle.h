@@ -6,7 +6,7 @@ namespace vardolin {
 class Program;
 }  // namespace vardolin
 
-namespace vardolin::editor {
+namespace vardolin {
 
 // How long the program waits after starting the setup, so that its window comes up before the
 // watcher's first look at the clipboard.
@@ -18,4 +18,4 @@ inline constexpr int kSetupSettleMs = 2000;
 // a game that can't start (told to the user) give false.
 bool SetupTrle(Program& program);
 
-}  // namespace vardolin::editor
+}  // namespace vardolin

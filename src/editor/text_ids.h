@@ -5,7 +5,7 @@
 
 #include <cstdint>
 
-namespace vardolin::editor::text {
+namespace vardolin::text {
 
 // The two files that make a folder the editor's. Neither is the game: a level's installer may
 // take tomb4.exe away, and the folder is still the editor's.
@@ -50,4 +50,4 @@ inline constexpr std::int32_t TipoExeHelp = 5654;
 inline constexpr std::int32_t SetupTrleParameter = 2388;  // the game's command-line parameter
 inline constexpr std::int32_t SetupTrleWarning = 2500;    // ~1 to ~4 CR LF, ~5 two CR LF
 
-}  // namespace vardolin::editor::text
+}  // namespace vardolin::text

@@ -8,11 +8,11 @@
 #include <string>
 #include <vector>
 
-#include "archive/catalogue_records.h"
+#include "foundation/catalogue_records.h"
 #include "foundation/forms/open_forms.h"
 #include "foundation/ports/platform.h"
 #include "foundation/settings/preferences.h"
-#include "foundation/startup/data_lists.h"
+#include "foundation/data_lists.h"
 #include "foundation/texts/text_catalogue.h"
 
 namespace vardolin {
@@ -23,6 +23,27 @@ class Form;
 class Label;
 class ProgressBar;
 class Timer;
+
+// What routines deep down tell the main window, which subscribes while it exists. Each call is a
+// no-op without a subscriber, so the routines work the same under the command line and in tests.
+class Notifications {
+ public:
+  // The catalogue's rows or the level in the editor folder changed: rebuild the level list.
+  void LevelListChanged() const { Call(level_list_changed); }
+  // A catalogue was opened: the list shows it, with the level in the editor folder chosen.
+  void CatalogueLoaded() const { Call(catalogue_loaded); }
+  // New screenshots of the level on show were stored: show the pair with the newest one.
+  void NewestShotsStored() const { Call(newest_shots_stored); }
+
+  std::function<void()> level_list_changed;
+  std::function<void()> catalogue_loaded;
+  std::function<void()> newest_shots_stored;
+
+ private:
+  static void Call(const std::function<void()>& f) {
+    if (f) f();
+  }
+};
 
 // The parts of the main window that services anywhere write to: the status line and bar at its
 // foot, and the watcher's timer. Null until the main window exists.
@@ -49,6 +70,7 @@ class Program {
   Preferences prefs;
   TextCatalogue texts;
   MainWindowParts main;
+  Notifications notify;
   Catalogue catalogue;
   // Modeless windows kept up by the services: Dialog_Progress, Dialog_Wait, Dialog_Splash.
   OpenForms open_forms;

@@ -5,9 +5,9 @@
 #include <string>
 #include <system_error>
 
-#include "archive/archive_ask.h"
+#include "foundation/dialogs/ask.h"
+#include "foundation/ports/ui.h"
 #include "archive/editor_backup.h"
-#include "archive/level_browser.h"
 #include "archive/level_files.h"
 #include "archive/level_store.h"
 #include "foundation/dialogs/dialog_progress.h"
@@ -58,7 +58,7 @@ SafeJoinResult Inside(const fs::path& folder, std::string_view entry) {
 }
 
 void ShowActivationError(Program& program, const std::string& message) {
-  ArchiveAsk(program, message, msg::kError);
+  AskUser(program, message, msg::kError);
 }
 
 ActiveLevelTexts MarkerTexts(const Program& program) {
@@ -160,7 +160,7 @@ bool RemoveLevelFiles(Program& program, const std::string& marker) {
 void RemoveUnlistedLevelFiles(Program& program, std::int32_t code) {
   const fs::path editor = Editor(program);
   const fs::path backup = Backup(program);
-  const std::string packed = ToLower(program.GetText(web::text::PackedSuffix));
+  const std::string packed = ToLower(program.GetText(text::PackedSuffix));
   for (const fs::path& file : ListFiles(GetLevelFilesFolder(program, code, false), "*.*")) {
     std::string name = file.filename().string();
     if (!packed.empty() && name.size() > packed.size() && ToLower(name).ends_with(packed))
@@ -218,7 +218,7 @@ std::int32_t RemoveCurrentLevel(Program& program, std::int32_t next_code) {
   const fs::path marker_path = ActiveLevelFilePath(program);
   if (!FileExists(marker_path)) {
     SaveBasePlayFiles(program);
-    RefreshLevelList(program);
+    program.notify.LevelListChanged();
     return 0;
   }
   const std::string marker = ReadWholeFile(marker_path);
@@ -268,7 +268,7 @@ std::int32_t RemoveCurrentLevel(Program& program, std::int32_t next_code) {
   CleanEditorFolder(program);
   FaultPoint("activation-remove");
   DeleteFileForced(marker_path);
-  RefreshLevelList(program);
+  program.notify.LevelListChanged();
   return previous;
 }
 
@@ -316,7 +316,7 @@ bool SetLevelInTrle(Program& program, std::int32_t code) {
     if (!FileExists(JoinFragment(source, program.GetText(text::CompleteLevelFile)))) {
       if (!temporary.empty()) DeleteLevelTree(program, temporary, nullptr, nullptr);
       DeleteFileForced(marker_path);
-      if (ArchiveAsk(program, program.GetText(text::LevelIncompleteAsk, {kLineEnd, kLineEnd}),
+      if (AskUser(program, program.GetText(text::LevelIncompleteAsk, {kLineEnd, kLineEnd}),
                      msg::kYesNo) == msg::kYes)
         ShowActivationError(program, program.GetText(text::RepairNotAvailable));
       return BackToBase(program);
@@ -327,7 +327,7 @@ bool SetLevelInTrle(Program& program, std::int32_t code) {
                     editor, true, "*");
   if (code == 0) {
     DeleteFileForced(marker_path);
-    RefreshLevelList(program);
+    program.notify.LevelListChanged();
     return true;
   }
 
@@ -409,7 +409,7 @@ bool SetLevelInTrle(Program& program, std::int32_t code) {
     return false;
   }
   FixScriptFiles(program);
-  RefreshLevelList(program);
+  program.notify.LevelListChanged();
   return true;
 }
 

@@ -3,8 +3,8 @@
 #include <filesystem>
 #include <string>
 
-#include "archive/archive_ask.h"
-#include "archive/principale.h"
+#include "foundation/dialogs/ask.h"
+#include "foundation/ports/ui.h"
 #include "foundation/forms/controls.h"
 #include "foundation/program.h"
 #include "foundation/services/files.h"
@@ -34,7 +34,7 @@ PlayResult PlayMedia(Program& program) {
   WriteLog(program, "Verify for presence of play_the_game.exe at: " + player.string());
   if (!FileExists(player)) {
     WriteLog(program, "Missing playthegame.exe");
-    ArchiveAsk(program,
+    AskUser(program,
                program.GetText(text::MediaPlayerMissing,
                                {ExtractFileName(program.GetText(text::MediaPlayerPath))}),
                msg::kWarning);
@@ -44,7 +44,7 @@ PlayResult PlayMedia(Program& program) {
   WriteLog(program, "Launch play_the_game.exe with command line: " + command_line);
   if (!LaunchMediaPlayer(program, command_line)) {
     WriteLog(program, "Error launching playthegame");
-    ArchiveAsk(program, program.GetText(text::MediaPlayerNotStarted) + player.string(),
+    AskUser(program, program.GetText(text::MediaPlayerNotStarted) + player.string(),
                msg::kError);
     return PlayResult::NotStarted;
   }
@@ -57,7 +57,7 @@ PlayResult PlayCommon(Program& program) {
   SetWatchInterval(program, CommonTickMs(program));
   WriteLog(program, "Common level (non media files)");
   if (!LaunchGame(program, "")) {
-    ArchiveAsk(program, program.GetText(text::GameNotStarted), msg::kError);
+    AskUser(program, program.GetText(text::GameNotStarted), msg::kError);
     return PlayResult::NotStarted;
   }
   program.GameRunning = true;
@@ -70,21 +70,11 @@ PlayResult PlayLevel(Program& program, std::int32_t code) {
   ResetLog(program);
   WriteLog(program, "SetLevelInTrle()");
   if (!SetLevelInTrle(program, code)) {
-    ArchiveAsk(program, program.GetText(text::PlayLevelNotSet), msg::kError);
+    AskUser(program, program.GetText(text::PlayLevelNotSet), msg::kError);
     return PlayResult::LevelNotSet;
   }
   fs::path editor;
   return IsMediaLevel(program, editor) ? PlayMedia(program) : PlayCommon(program);
-}
-
-void PlayChosenLevel(Principale& main) {
-  Program& program = main.program();
-  const int row = main.Combo_Livelli.ListIndex();
-  if (row < 0) {
-    ArchiveAsk(program, program.GetText(text::PlayNoLevelChosen), msg::kError);
-    return;
-  }
-  PlayLevel(program, static_cast<std::int32_t>(main.Combo_Livelli.ItemData(row)));
 }
 
 }  // namespace vardolin

@@ -8,7 +8,6 @@
 namespace vardolin {
 
 class Program;
-class Principale;
 
 // How a launch ended.
 enum class PlayResult { Started, LevelNotSet, PlayerMissing, NotStarted };
@@ -18,7 +17,5 @@ enum class PlayResult { Started, LevelNotSet, PlayerMissing, NotStarted };
 // main window's Timer1 when there is one.
 PlayResult PlayLevel(Program& program, std::int32_t code);
 
-// Pul_Play of the main window: the level chosen in Combo_Livelli.
-void PlayChosenLevel(Principale& main);
 
 }  // namespace vardolin

@@ -110,7 +110,7 @@ ClipboardShot TakeClipboardShot(Program& program, const Process& game) {
     ui.ShowModal(dialog);
     result = dialog.SavedPath.empty() ? ClipboardShot::NotSaved : ClipboardShot::Stored;
   }
-  ShowNewestShots(program);
+  program.notify.NewestShotsStored();
   ui.ClearClipboard();
   return result;
 }
@@ -129,7 +129,7 @@ int CollectMediaShots(Program& program) {
       DeleteFileForced(file);
     }
   }
-  ShowNewestShots(program);
+  program.notify.NewestShotsStored();
   return stored;
 }
 

@@ -22,11 +22,10 @@ Dialog_Cattura::Dialog_Cattura(Program& program)
 }
 
 void Dialog_Cattura::Set_Caption_Texts() {
-  Program& p = program();
-  SetCaption(p.GetText(text::CatturaCaption));
-  Check_AutoSave.SetCaption(p.GetText(text::CatturaAutoSave));
-  Pul_Save.SetCaption(p.GetText(text::CatturaPulSave));
-  Pul_Cancel.SetCaption(p.GetText(text::CatturaPulCancel));
+  CaptionFromText(text::CatturaCaption);
+  CaptionFromText(Check_AutoSave, text::CatturaAutoSave);
+  CaptionFromText(Pul_Save, text::CatturaPulSave);
+  CaptionFromText(Pul_Cancel, text::CatturaPulCancel);
 }
 
 void Dialog_Cattura::ImpostaValori(const std::string& DirScreenShots) {

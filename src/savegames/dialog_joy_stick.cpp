@@ -44,22 +44,15 @@ Dialog_JoyStick::Dialog_JoyStick(Program& program)
 }
 
 void Dialog_JoyStick::Set_Caption_Texts() {
-  Program& p = program();
-  // Numbered by this program alone: an older language file may lack them, and then the
-  // default captions stay.
-  auto caption = [&p](auto& control, std::int32_t id) {
-    std::string text = p.GetText(id);
-    if (!text.empty()) control.SetCaption(std::move(text));
-  };
-  caption(*this, text::JoyTitle);
-  caption(Label1, text::JoyGamePort);
-  caption(Check_CloseTrle, text::JoyCloseTrle);
-  caption(Check_JoyCatturaShot, text::JoyCatturaShot);
-  caption(Check_SoloCloseTrle, text::JoyOnlyButton);
-  caption(Check_SoloShot, text::JoyOnlyButton);
-  caption(Pul_Ok, text::JoyOk);
-  caption(Pul_Cancel, text::JoyCancel);
-  caption(Pul_Aiuto, text::JoyHelp);
+  CaptionFromText(text::JoyTitle);
+  CaptionFromText(Label1, text::JoyGamePort);
+  CaptionFromText(Check_CloseTrle, text::JoyCloseTrle);
+  CaptionFromText(Check_JoyCatturaShot, text::JoyCatturaShot);
+  CaptionFromText(Check_SoloCloseTrle, text::JoyOnlyButton);
+  CaptionFromText(Check_SoloShot, text::JoyOnlyButton);
+  CaptionFromText(Pul_Ok, text::JoyOk);
+  CaptionFromText(Pul_Cancel, text::JoyCancel);
+  CaptionFromText(Pul_Aiuto, text::JoyHelp);
 }
 
 void Dialog_JoyStick::ImpostaValori() {

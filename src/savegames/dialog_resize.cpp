@@ -1,6 +1,7 @@
 #include "savegames/dialog_resize.h"
 
-#include "archive/archive_ask.h"
+#include "foundation/dialogs/ask.h"
+#include "foundation/ports/ui.h"
 #include "foundation/pictures/bmp_codec.h"
 #include "foundation/pictures/picture_file.h"
 #include "foundation/program.h"
@@ -26,15 +27,11 @@ Dialog_Resize::Dialog_Resize(Program& program) : Form(program, "Dialog_Resize", 
 }
 
 void Dialog_Resize::Set_Caption_Texts() {
-  Program& p = program();
-  auto caption = [&](Control& c, std::int32_t id) {
-    if (std::string t = p.GetText(id); !t.empty()) c.SetCaption(t);
-  };
-  if (std::string t = p.GetText(text::ResizeCaption); !t.empty()) SetCaption(t);
-  caption(Label_Size, text::ResizeLabelSize);
-  caption(Label_Quality, text::ResizeLabelQuality);
-  caption(Pul_Save, text::ResizePulSave);
-  caption(Pul_Cancel, text::ResizePulCancel);
+  CaptionFromText(text::ResizeCaption);
+  CaptionFromText(Label_Size, text::ResizeLabelSize);
+  CaptionFromText(Label_Quality, text::ResizeLabelQuality);
+  CaptionFromText(Pul_Save, text::ResizePulSave);
+  CaptionFromText(Pul_Cancel, text::ResizePulCancel);
 }
 
 std::string Dialog_Resize::TemporaryBitmap() const {
@@ -83,15 +80,15 @@ void Dialog_Resize::Pul_Save_Click() {
     const int quality = row >= 0 ? kJpegQualities[row] : kJpegQualities[kDefaultQualityRow];
     if (!WriteBitmapFile(TemporaryBitmap(), painted_) ||
         !ConvertToJpeg(TemporaryBitmap(), chosen, quality)) {
-      ArchiveAsk(p, p.GetText(text::ResizeJpegFailed), msg::kError);
+      AskUser(p, p.GetText(text::ResizeJpegFailed), msg::kError);
       return;
     }
   } else if (!WriteBitmapFile(chosen, painted_)) {
-    ArchiveAsk(p, p.GetText(text::SaveShotFailed, {chosen}), msg::kError);
+    AskUser(p, p.GetText(text::SaveShotFailed, {chosen}), msg::kError);
     return;
   }
   p.ui().SetClipboardText(chosen);
-  ArchiveAsk(p, p.GetText(text::ResizedPathCopied, {"\"" + chosen + "\"\r\n"}), msg::kInformation);
+  AskUser(p, p.GetText(text::ResizedPathCopied, {"\"" + chosen + "\"\r\n"}), msg::kInformation);
   Unload();
 }
 

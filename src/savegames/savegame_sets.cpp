@@ -17,7 +17,7 @@
 #include "savegames/savegame_files.h"
 #include "savegames/savegame_header.h"
 #include "savegames/savegame_store.h"
-#include "savegames/savegame_work.h"
+#include "savegames/savegame_journal.h"
 #include "savegames/text_ids.h"
 
 namespace vardolin {

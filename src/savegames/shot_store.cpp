@@ -5,9 +5,7 @@
 #include <string>
 
 #include "archive/catalogue_ops.h"
-#include "archive/level_browser.h"
 #include "archive/level_store.h"
-#include "archive/principale.h"
 #include "foundation/pictures/jpeg_codec.h"
 #include "foundation/pictures/picture_file.h"
 #include "foundation/program.h"
@@ -113,21 +111,6 @@ std::filesystem::path AddPictureToActiveLevel(Program& program, const std::files
 
 int NewestPairIndex(int count) {
   return count % 2 ? count - 1 : count;
-}
-
-void ShowNewestShots(Program& program) {
-  auto* main = dynamic_cast<Principale*>(program.main.form);
-  if (!main) return;
-  const int row = main->Combo_Livelli.ListIndex();
-  if (row < 0) return;
-  const int level = FindLevelIndex(program.catalogue,
-                                   static_cast<std::int32_t>(main->Combo_Livelli.ItemData(row)));
-  const std::filesystem::path folder = ShotFolder(program, level, text::ShotFolderCapture);
-  const int count = static_cast<int>(
-      ListFiles(folder, ExtractFileName(program.GetText(text::ShotMaskJpeg))).size() +
-      ListFiles(folder, ExtractFileName(program.GetText(text::ShotMaskBmp))).size());
-  // The count is taken after the new shots came: the newest one stands at count - 1.
-  AggiornaDatiLivello(*main, NewestPairIndex(std::max(count - 1, 0)));
 }
 
 }  // namespace vardolin

@@ -54,8 +54,5 @@ std::filesystem::path AddPictureToActiveLevel(Program& program, const std::files
 
 // The index of the pair that shows the newest of `count` shots: the count, less 1 when odd.
 int NewestPairIndex(int count);
-// Refreshes the main window's panels on the newest pair of the chosen level, as a caller that
-// added shots at the end does. Nothing without a main window.
-void ShowNewestShots(Program& program);
 
 }  // namespace vardolin

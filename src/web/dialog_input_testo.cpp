@@ -25,12 +25,9 @@ void Dialog_InputTesto::ImpostaValori(const std::string& TitoloFinestra,
 void Dialog_InputTesto::Set_Caption_Texts() {
   Program& p = program();
   SetCaption(title_.empty() ? p.GetText(text::ProgramTitle) : title_);
-  auto apply = [&p](Control& c, std::int32_t id) {
-    if (std::string caption = p.GetText(id); !caption.empty()) c.SetCaption(caption);
-  };
-  apply(Pul_Svuota, web::text::InputTestoClear);
-  apply(Pul_Annulla, text::MsgBoxCancel);
-  apply(Pul_Ok, text::MsgBoxOk);
+  CaptionFromText(Pul_Svuota, text::InputTestoClear);
+  CaptionFromText(Pul_Annulla, text::MsgBoxCancel);
+  CaptionFromText(Pul_Ok, text::MsgBoxOk);
 }
 
 void Dialog_InputTesto::Form_KeyDown(int key_code, int /*shift*/) {

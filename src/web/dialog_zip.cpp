@@ -1,10 +1,13 @@
 #include "web/dialog_zip.h"
 
+#include <memory>
+
+#include "foundation/forms/open_forms.h"
 #include "foundation/ports/ui.h"
 #include "foundation/program.h"
 #include "web/text_ids.h"
 
-namespace vardolin::web {
+namespace vardolin {
 
 Dialog_Zip::Dialog_Zip(Program& program) : Form(program, "Dialog_Zip", " Zipping") {
   ZlibTool1.Progress = [this](std::uint64_t done, std::uint64_t total) {
@@ -13,7 +16,7 @@ Dialog_Zip::Dialog_Zip(Program& program) : Form(program, "Dialog_Zip", " Zipping
 }
 
 void Dialog_Zip::Set_Caption_Texts() {
-  SetCaption(program().GetText(text::ZipDialogCaption));
+  CaptionFromText(text::ZipDialogCaption);
 }
 
 void Dialog_Zip::ShowWith(const std::string& message) {
@@ -58,4 +61,19 @@ bool Dialog_Zip::ExpandFile(const std::filesystem::path& source,
   return ok;
 }
 
-}  // namespace vardolin::web
+Dialog_Zip& ShowZipDialog(Program& program, const std::string& message) {
+  auto& dialog =
+      static_cast<Dialog_Zip&>(program.open_forms.Keep(std::make_unique<Dialog_Zip>(program)));
+  dialog.ShowWith(message);
+  return dialog;
+}
+
+void HideZipDialog(Program& program) {
+  program.open_forms.Close("Dialog_Zip");
+}
+
+Dialog_Zip* ZipDialog(Program& program) {
+  return program.open_forms.Find<Dialog_Zip>("Dialog_Zip");
+}
+
+}  // namespace vardolin

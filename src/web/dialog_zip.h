@@ -12,7 +12,7 @@ namespace vardolin {
 class Program;
 }
 
-namespace vardolin::web {
+namespace vardolin {
 
 class Dialog_Zip : public Form {
  public:
@@ -40,4 +40,10 @@ class Dialog_Zip : public Form {
   void ShowProgress(std::uint64_t done, std::uint64_t total);
 };
 
-}  // namespace vardolin::web
+// The window as a shared service, found again by whoever packs the next file: shows it with the
+// message (one standing is replaced) and gives it; hides it; gives the one standing, or null.
+Dialog_Zip& ShowZipDialog(Program& program, const std::string& message);
+void HideZipDialog(Program& program);
+Dialog_Zip* ZipDialog(Program& program);
+
+}  // namespace vardolin

@@ -4,7 +4,7 @@
 
 #include <cstdint>
 
-namespace vardolin::web::text {
+namespace vardolin::text {
 
 // Single-file packing.
 inline constexpr std::int32_t ZipDialogCaption = 1078;  // " Zipping"
@@ -14,4 +14,4 @@ inline constexpr std::int32_t PackedSuffix = 1253;      // ".zl", put behind a p
 // Dialog_InputTesto.
 inline constexpr std::int32_t InputTestoClear = 5920;  // caption of Pul_Svuota
 
-}  // namespace vardolin::web::text
+}  // namespace vardolin::text

@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <cstring>
 
-namespace vardolin::web::zl {
+namespace vardolin::zl {
 namespace {
 
 constexpr std::size_t kStoredBlockMax = 65535;
@@ -99,4 +99,4 @@ void ChunkDeflater::Run(Chunk& chunk) {
   chunk.out_size = produced;
 }
 
-}  // namespace vardolin::web::zl
+}  // namespace vardolin::zl

@@ -9,7 +9,7 @@
 
 #include <zlib.h>
 
-namespace vardolin::web::zl {
+namespace vardolin::zl {
 
 inline constexpr std::size_t kWindowSize = 32768;
 
@@ -55,4 +55,4 @@ class ChunkDeflater {
   bool probe_ok_ = false;
 };
 
-}  // namespace vardolin::web::zl
+}  // namespace vardolin::zl

@@ -13,7 +13,7 @@
 
 #include "web/zl_chunk_deflater.h"
 
-namespace vardolin::web::zl {
+namespace vardolin::zl {
 namespace {
 
 constexpr unsigned char kMagic[4] = {'V', 'Z', 'L', 0x01};
@@ -252,4 +252,4 @@ ZlResult Expand(Source& in, std::uint64_t in_length, Sink& out, std::uint64_t ma
   return more == 0 ? ZlResult::Ok : ZlResult::Corrupt;
 }
 
-}  // namespace vardolin::web::zl
+}  // namespace vardolin::zl

@@ -7,7 +7,7 @@
 
 #include "web/zlib_tool.h"
 
-namespace vardolin::web::zl {
+namespace vardolin::zl {
 
 class Source {
  public:
@@ -31,4 +31,4 @@ ZlResult Pack(Source& in, std::uint64_t length, Sink& out, const ZlOptions& opti
 ZlResult Expand(Source& in, std::uint64_t in_length, Sink& out, std::uint64_t max_size,
                 const ZlOptions& options);
 
-}  // namespace vardolin::web::zl
+}  // namespace vardolin::zl

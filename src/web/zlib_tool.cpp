@@ -12,7 +12,7 @@
 
 #include "web/zl_codec.h"
 
-namespace vardolin::web {
+namespace vardolin {
 namespace fs = std::filesystem;
 namespace {
 
@@ -229,4 +229,4 @@ bool ZlibTool::Decompress() {
   return last_ == ZlResult::Ok;
 }
 
-}  // namespace vardolin::web
+}  // namespace vardolin

@@ -22,7 +22,7 @@
 #include <string>
 #include <string_view>
 
-namespace vardolin::web {
+namespace vardolin {
 
 enum class ZlResult {
   Ok,
@@ -82,4 +82,4 @@ class ZlibTool {
   ZlResult last_ = ZlResult::Ok;
 };
 
-}  // namespace vardolin::web
+}  // namespace vardolin

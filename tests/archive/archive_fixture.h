@@ -7,7 +7,7 @@
 #include <iterator>
 #include <string>
 
-#include "archive/catalogue_records.h"
+#include "foundation/catalogue_records.h"
 #include "foundation/program.h"
 #include "recording_platform.h"
 #include "scripted_ui.h"

@@ -7,9 +7,9 @@
 #include <string>
 #include <vector>
 
-#include "archive/level_browser.h"
+#include "window/principale_levels.h"
 #include "archive/level_store.h"
-#include "archive/principale.h"
+#include "window/principale.h"
 #include "archive_fixture.h"
 #include "foundation/services/paths.h"
 

@@ -3,7 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "archive/catalogue_file.h"
-#include "archive/principale.h"
+#include "window/principale.h"
 #include "archive_fixture.h"
 
 namespace vardolin {

@@ -1,4 +1,5 @@
 #include "archive/catalogue_ops.h"
+#include "archive/level_store.h"
 
 #include <gtest/gtest.h>
 

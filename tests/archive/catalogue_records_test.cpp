@@ -1,4 +1,4 @@
-#include "archive/catalogue_records.h"
+#include "foundation/catalogue_records.h"
 
 #include <gtest/gtest.h>
 

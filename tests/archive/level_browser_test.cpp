@@ -1,6 +1,6 @@
 #include <gtest/gtest.h>
 
-#include "archive/level_browser.h"
+#include "window/principale_levels.h"
 #include "browser_fixture.h"
 #include "foundation/platform/virtual_keys.h"
 #include "play/active_level.h"

@@ -1,6 +1,6 @@
 #include <gtest/gtest.h>
 
-#include "archive/remove_level.h"
+#include "window/principale_remove_level.h"
 #include "browser_fixture.h"
 
 namespace vardolin {

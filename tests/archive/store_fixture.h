@@ -49,7 +49,7 @@ inline void WritePicture(const std::filesystem::path& path, int width = 32, int 
 }
 
 inline void Pack(const std::filesystem::path& plain, const std::filesystem::path& packed) {
-  ASSERT_EQ(web::PackFile(plain, packed), web::ZlResult::Ok) << plain;
+  ASSERT_EQ(PackFile(plain, packed), ZlResult::Ok) << plain;
 }
 
 struct StoreFixture : ArchiveFixture {

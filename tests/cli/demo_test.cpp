@@ -11,7 +11,7 @@
 
 #include "../archive/archive_fixture.h"
 #include "archive/catalogue_ops.h"
-#include "archive/principale.h"
+#include "startup/main_window.h"
 #include "foundation/program_home.h"
 #include "foundation/services/files.h"
 #include "savegames/savegame_store.h"
@@ -190,7 +190,7 @@ TEST_F(DemoHomeTest, TheDemoHoldsAPlayableEditorAndThreeKindsOfLevel) {
   testing::ScriptedUi ui;
   testing::RecordingPlatform platform;
   Program program(home, ui, platform);
-  Principale window(program);
+  MainWindow window(program);
   window.Load();
   ASSERT_TRUE(window.IsLoaded());
   EXPECT_TRUE(ui.Questions().empty());

@@ -9,11 +9,11 @@
 namespace vardolin::testing {
 namespace {
 namespace fs = std::filesystem;
-using editor::CheckEditorFolder;
-using editor::Dialog_TipoExe;
-using editor::Dialog_TrovaTrle;
-using editor::FindEditorFolder;
-using editor::RestoreGameExe;
+using CheckEditorFolder;
+using Dialog_TipoExe;
+using Dialog_TrovaTrle;
+using FindEditorFolder;
+using RestoreGameExe;
 
 struct CheckCase {
   const char* name;
@@ -54,7 +54,7 @@ TEST(CheckEditorFolderTest, FindsTheFilesInAnotherCase) {
 
 TEST(CheckEditorFolderTest, NeitherMarkerFileIsTheGame) {
   EditorTest t;
-  for (std::int32_t id : {editor::text::EditorMarkerFile1, editor::text::EditorMarkerFile2})
+  for (std::int32_t id : {text::EditorMarkerFile1, text::EditorMarkerFile2})
     EXPECT_EQ(t.program.GetText(id).find("tomb4"), std::string::npos);
 }
 
@@ -144,7 +144,7 @@ TEST(FindEditorFolderTest, TheRegistryProposesTheFolderOfItsPrefix) {
   ScopedWinePrefix prefix(t.Path("wine"));
   BuildEditorFolder(t.Path("wine/drive_c/program files/core design/trle"));
   t.program.prefs.EditorFolder.clear();
-  t.platform.registry[{editor::kRoomEditorAppPathKey, ""}] =
+  t.platform.registry[{kRoomEditorAppPathKey, ""}] =
       "C:\\Program Files\\Core Design\\TRLE\\WinRoomEdit.exe";
   std::string proposed;
   t.ui.OnForm("Dialog_TrovaTrle", [&](Form& f) {
@@ -178,7 +178,7 @@ TEST(DialogTipoExeTest, TellsWhereTheSetupCopiedItsFiles) {
   d.Pul_Trle.Click();
   EXPECT_TRUE(d.ExitValue);
   EXPECT_EQ(d.Folder, t.editor.path().string());
-  EXPECT_EQ(d.Mask, t.program.GetText(editor::text::SetupDestinationTrle));
+  EXPECT_EQ(d.Mask, t.program.GetText(text::SetupDestinationTrle));
 
   d.ImpostaValori();
   EXPECT_FALSE(d.ExitValue);
@@ -193,7 +193,7 @@ TEST(DialogTipoExeTest, TellsWhereTheSetupCopiedItsFiles) {
   EXPECT_FALSE(d.IsLoaded());
   EXPECT_TRUE(d.ExitValue);
   EXPECT_EQ(d.Folder, t.Path("elsewhere").string());
-  EXPECT_EQ(d.Mask, t.program.GetText(editor::text::SetupDestinationOther));
+  EXPECT_EQ(d.Mask, t.program.GetText(text::SetupDestinationOther));
 
   d.Load();
   EXPECT_TRUE(d.QueryUnload());

@@ -48,7 +48,7 @@ TEST(SetupTrle, TheGameStartsInItsSetupModeOnlyAfterOkAndIsWatchedAsAGame) {
     f.ui.SetClipboardText("picture of before");
     ResetLog(f.program);
 
-    const std::string warning = f.program.GetText(editor::text::SetupTrleWarning,
+    const std::string warning = f.program.GetText(text::SetupTrleWarning,
                                                   {"\r\n", "\r\n", "\r\n", "\r\n", "\r\n\r\n"});
     f.ui.Answer(c.answer, warning);
     if (c.answer == msg::kOk && !c.game_present)
@@ -70,7 +70,7 @@ TEST(SetupTrle, TheGameStartsInItsSetupModeOnlyAfterOkAndIsWatchedAsAGame) {
       continue;
     }
     EXPECT_NE(CommandLineOf(f.program.GameProcess.pid)
-                  .find(" " + f.program.GetText(editor::text::SetupTrleParameter)),
+                  .find(" " + f.program.GetText(text::SetupTrleParameter)),
               std::string::npos);
     // The watcher ends the run as it ends a game's.
     f.EndGame();

@@ -7,9 +7,9 @@
 namespace vardolin::testing {
 namespace {
 namespace fs = std::filesystem;
-using editor::EditorFolderOfAppPath;
-using editor::FindEditorInRegistry;
-using editor::WinePathToNative;
+using EditorFolderOfAppPath;
+using FindEditorInRegistry;
+using WinePathToNative;
 
 struct WinePathCase {
   const char* windows;
@@ -63,7 +63,7 @@ TEST(FindEditorInRegistryTest, AnswersEmptyWithoutTheKey) {
   EditorTest t;
   ScopedWinePrefix prefix(t.Path("wine"));
   EXPECT_EQ(FindEditorInRegistry(t.program), "");
-  t.platform.registry[{editor::kRoomEditorAppPathKey, ""}] = "   ";
+  t.platform.registry[{kRoomEditorAppPathKey, ""}] = "   ";
   EXPECT_EQ(FindEditorInRegistry(t.program), "");
 }
 

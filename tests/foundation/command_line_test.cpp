@@ -1,8 +1,9 @@
-#include "foundation/startup/command_line.h"
+#include "startup/command_line.h"
 
 #include <gtest/gtest.h>
 
 #include "foundation/services/paths.h"
+#include "foundation/services/text_scan.h"
 
 #include "../archive/archive_fixture.h"
 

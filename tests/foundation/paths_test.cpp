@@ -1,4 +1,5 @@
 #include "foundation/services/paths.h"
+#include "foundation/services/text_scan.h"
 
 #include <gtest/gtest.h>
 

@@ -1,12 +1,12 @@
 // Start-up and shut-down end to end: the main window loads, runs the whole start-up against a
 // stand-in editor folder with the scripted Ui, and unloads.
 
-#include "foundation/startup/startup.h"
+#include "startup/startup.h"
 
 #include <gtest/gtest.h>
 
 #include "../archive/archive_fixture.h"
-#include "archive/principale.h"
+#include "startup/main_window.h"
 #include "archive/text_ids.h"
 #include "foundation/program_home.h"
 #include "foundation/text_ids.h"
@@ -26,7 +26,7 @@ struct ProgramRun {
   ScriptedUi ui;
   testing::RecordingPlatform platform;
   Program program;
-  Principale window{program};
+  MainWindow window{program};
 
   ProgramRun(const fs::path& home, const std::string& command_line = {})
       : program(home, ui, platform) {

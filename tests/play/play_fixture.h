@@ -12,9 +12,9 @@
 #include <vector>
 
 #include "../archive/archive_fixture.h"
-#include "archive/level_browser.h"
+#include "window/principale_levels.h"
 #include "archive/level_store.h"
-#include "archive/principale.h"
+#include "window/principale.h"
 #include "editor_folder_fixture.h"
 #include "foundation/platform/linux_platform.h"
 

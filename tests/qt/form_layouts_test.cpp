@@ -9,7 +9,7 @@
 #include <memory>
 #include <set>
 
-#include "all_forms.h"
+#include "window/all_forms.h"
 #include "form_layout.h"
 #include "qt_test_support.h"
 

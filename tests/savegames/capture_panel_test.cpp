@@ -14,7 +14,7 @@ struct CapturePanelTest : ::testing::Test, testing::ShotFixture {
     program.prefs.VerifyImage = true;
     MarkActive(1);
     RefreshLevelList(*main);
-    SelectLevelByCode(program, 1);  // "My level (*)", the one being played
+    SelectLevelByCode(*main, 1);  // "My level (*)", the one being played
   }
   void Capture(std::uint8_t shade) {
     Bitmap picture = Bitmap::Make(16, 12);

@@ -6,7 +6,7 @@
 
 #include <algorithm>
 
-#include "archive/principale.h"
+#include "window/principale.h"
 #include "capture_fixture.h"
 #include "savegames/capture.h"
 

@@ -10,7 +10,7 @@
 #include "../archive/browser_fixture.h"
 #include "foundation/services/files.h"
 #include "savegames/savegame_header.h"
-#include "savegames/savegame_panel.h"
+#include "window/principale_savegames.h"
 #include "savegames/savegame_store.h"
 #include "savegames/text_ids.h"
 

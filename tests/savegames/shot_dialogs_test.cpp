@@ -6,7 +6,7 @@
 #include "foundation/pictures/jpeg_codec.h"
 #include "savegames/dialog_resize.h"
 #include "savegames/dialog_screen_shot.h"
-#include "savegames/shot_menu.h"
+#include "window/principale_shots_menu.h"
 #include "savegames/shot_picture.h"
 #include "shot_fixture.h"
 

@@ -9,7 +9,7 @@
 #include "../archive/browser_fixture.h"
 #include "foundation/pictures/picture_file.h"
 #include "foundation/services/files.h"
-#include "savegames/shot_panel.h"
+#include "window/principale_shots.h"
 
 namespace vardolin::testing {
 

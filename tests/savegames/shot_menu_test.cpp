@@ -7,7 +7,7 @@
 #include "foundation/pictures/bmp_codec.h"
 #include "foundation/pictures/jpeg_codec.h"
 #include "savegames/shot_list.h"
-#include "savegames/shot_menu.h"
+#include "window/principale_shots_menu.h"
 #include "savegames/shot_store.h"
 #include "shot_fixture.h"
 

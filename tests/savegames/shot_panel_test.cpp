@@ -4,7 +4,7 @@
 #include <gtest/gtest.h>
 
 #include "savegames/shot_list.h"
-#include "savegames/shot_menu.h"
+#include "window/principale_shots_menu.h"
 #include "shot_fixture.h"
 
 namespace vardolin::testing {

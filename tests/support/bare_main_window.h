@@ -2,7 +2,7 @@
 // The main window without the program's start-up behind it, for tests that look at the
 // window itself: its menu, its controls, how a front end binds it.
 
-#include "archive/principale.h"
+#include "window/principale.h"
 
 namespace vardolin::testing {
 

@@ -1,4 +1,4 @@
-#include "web/zip_dialog.h"
+#include "web/dialog_zip.h"
 
 #include <gtest/gtest.h>
 
@@ -8,7 +8,7 @@
 #include "temp_dir.h"
 #include "web/dialog_zip.h"
 
-namespace vardolin::web {
+namespace vardolin {
 namespace {
 
 TEST(ZipDialogTest, OneWindowAtATimeShownWithTheMessageAndHiddenAgain) {
@@ -33,4 +33,4 @@ TEST(ZipDialogTest, OneWindowAtATimeShownWithTheMessageAndHiddenAgain) {
 }
 
 }  // namespace
-}  // namespace vardolin::web
+}  // namespace vardolin

@@ -16,7 +16,7 @@
 #include "web/dialog_zip.h"
 #include "web/text_ids.h"
 
-namespace vardolin::web {
+namespace vardolin {
 namespace {
 
 namespace fs = std::filesystem;
@@ -282,4 +282,4 @@ TEST_F(DialogZipTest, ExpandsWithTheBarMovingAndReportsADamagedFileByName) {
 }
 
 }  // namespace
-}  // namespace vardolin::web
+}  // namespace vardolin

@@ -42,9 +42,9 @@ Dialog_GetDir::Dialog_GetDir(Program& program) : Form(program, "Dialog_GetDir") 
 
 void Dialog_GetDir::Set_Caption_Texts() {
   SetCaption(title_.empty() ? program().GetText(text::GetDirTitle) : title_);
-  OKButton.SetCaption(program().GetText(text::GetDirOk));
-  CancelButton.SetCaption(program().GetText(text::GetDirCancel));
-  Pul_NuovaCartella.SetCaption(program().GetText(text::GetDirNewFolder));
+  CaptionFromText(OKButton, text::GetDirOk);
+  CaptionFromText(CancelButton, text::GetDirCancel);
+  CaptionFromText(Pul_NuovaCartella, text::GetDirNewFolder);
 }
 
 void Dialog_GetDir::ImpostaValori(const std::string& start, const std::string& title) {

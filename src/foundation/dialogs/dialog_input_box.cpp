@@ -17,8 +17,8 @@ void Dialog_InputBox::ImpostaValori(const std::string& prompt, const std::string
 
 void Dialog_InputBox::Set_Caption_Texts() {
   SetCaption(title_.empty() ? program().GetText(text::ProgramTitle) : title_);
-  Pul_Ok.SetCaption(program().GetText(text::MsgBoxOk));
-  Pul_Cancel.SetCaption(program().GetText(text::MsgBoxCancel));
+  CaptionFromText(Pul_Ok, text::MsgBoxOk);
+  CaptionFromText(Pul_Cancel, text::MsgBoxCancel);
 }
 
 void Dialog_InputBox::Form_KeyDown(int key_code, int shift) {

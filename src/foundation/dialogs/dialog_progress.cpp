@@ -8,7 +8,7 @@ namespace vardolin {
 Dialog_Progress::Dialog_Progress(Program& program) : Form(program, "Dialog_Progress") {}
 
 void Dialog_Progress::Set_Caption_Texts() {
-  SetCaption(program().GetText(text::ProgramTitle));
+  CaptionFromText(text::ProgramTitle);
 }
 
 }  // namespace vardolin

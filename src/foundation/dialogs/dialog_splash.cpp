@@ -18,7 +18,7 @@ void Dialog_Splash::ImpostaValori(const std::string& picture) {
 }
 
 void Dialog_Splash::Set_Caption_Texts() {
-  SetCaption(program().GetText(text::ProgramTitle));
+  CaptionFromText(text::ProgramTitle);
   // The lines sit at the foot of the picture; the layout places the label there.
   Label_Version.SetCaption(program().GetText(text::SplashVersion) + VersionText() + "\n" +
                            program().GetText(text::SplashLine1) + "\n" +

@@ -12,7 +12,7 @@ void Dialog_Wait::ImpostaValori(const std::string& text) {
 }
 
 void Dialog_Wait::Set_Caption_Texts() {
-  SetCaption(program().GetText(text::ProgramTitle));
+  CaptionFromText(text::ProgramTitle);
 }
 
 }  // namespace vardolin

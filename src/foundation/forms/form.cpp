@@ -12,6 +12,14 @@ Form::Form(Program& program, std::string name, std::string caption)
 
 Form::~Form() = default;
 
+void Form::CaptionFromText(std::int32_t id) {
+  if (std::string text = program_.GetText(id); !text.empty()) SetCaption(std::move(text));
+}
+
+void Form::CaptionFromText(Control& control, std::int32_t id) {
+  if (std::string text = program_.GetText(id); !text.empty()) control.SetCaption(std::move(text));
+}
+
 void Form::SetCaption(std::string caption) {
   if (caption == caption_) return;
   caption_ = std::move(caption);

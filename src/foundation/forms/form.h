@@ -2,6 +2,7 @@
 // A window as a plain C++ object: its controls as models, its handlers as member functions.
 // Front ends show a form through the Ui port and bind to its controls by name.
 
+#include <cstdint>
 #include <functional>
 #include <string>
 #include <string_view>
@@ -66,6 +67,10 @@ class Form {
  protected:
   // Every form fills its captions here from the text catalogue.
   virtual void Set_Caption_Texts() {}
+  // The caption of the form, or of one of its controls, from text `id`. A language file without
+  // that text leaves the caption the form was made with, so an older file never blanks it.
+  void CaptionFromText(std::int32_t id);
+  void CaptionFromText(Control& control, std::int32_t id);
   // Runs once after the captions are filled, as a window's load handler.
   virtual void Form_Load() {}
   // Runs when the form closes; the main window's shut-down lives here.

@@ -1,10 +1,6 @@
 #pragma once
 // Path and string helpers that never touch the disk. The program's texts carry path fragments
 // written with '\' while Linux paths use '/': every helper here takes either as a separator.
-//
-// Positions (NextNumberInText, NextLineInText, NextQuotedToken) are 0-based byte offsets into
-// the text: "from position 1" of a written procedure is offset 0 here, and "the position passes
-// the end" is `pos >= text.size()`.
 
 #include <cstddef>
 #include <filesystem>
@@ -36,16 +32,6 @@ std::string ExtractUrlHost(std::string_view url);
 std::string RemoveNulls(std::string_view text);
 // Each of / \ < > : ? | and the double quote becomes a blank.
 std::string CleanFileName(std::string_view text);
-
-// The next run of digits at or behind `pos`; `pos` is left just behind it. Empty (and `pos` at
-// the end) when no digit follows.
-std::string NextNumberInText(std::string_view text, std::size_t& pos);
-// The characters from `pos` up to the next CR or LF; `pos` is left on the first character
-// behind the run of CR and LF that follows (blank lines inside that run are skipped).
-std::string NextLineInText(std::string_view text, std::size_t& pos);
-// The text between the next pair of double quotes; `pos` is left just behind the closing quote.
-// Empty, with `pos` at the end of the line, when no further pair of quotes stands in the line.
-std::string NextQuotedToken(std::string_view line, std::size_t& pos);
 
 // "1023", "1 Kb", "1.0 Mb", "1.5 Gb": below 1024 the number; then whole Kb; from 1 Mb and 1 Gb
 // one decimal.

@@ -70,43 +70,36 @@ Dialog_Settings::Dialog_Settings(Program& program)
 }
 
 void Dialog_Settings::Set_Caption_Texts() {
-  Program& p = program();
-  // These captions are numbered by this program alone, so an older language file may lack them
-  // everywhere: the default caption then stays.
-  auto caption = [&p](auto& control, std::int32_t id) {
-    std::string text = p.GetText(id);
-    if (!text.empty()) control.SetCaption(std::move(text));
-  };
-  caption(*this, text::SettingsTitle);
-  caption(Label1, text::SettingsEditorPath);
+  CaptionFromText(text::SettingsTitle);
+  CaptionFromText(Label1, text::SettingsEditorPath);
   for (Button* b : {&Pul_SfogliaPathTrle, &Pul_SfogliaLoadDir, &Pul_ScegliEditor})
-    caption(*b, text::SettingsBrowse);
-  caption(Label4, text::SettingsLoadDir);
-  caption(Label5, text::SettingsFullBackup);
-  caption(Frame1, text::SettingsCaptureFrame);
-  caption(Opt_PromptCapture, text::SettingsPromptCapture);
-  caption(Opt_NonPrompt, text::SettingsNonPrompt);
-  caption(Check_VerifyImage, text::SettingsVerifyImage);
-  caption(Label9, text::SettingsGraphicsProgram);
-  caption(Frame2, text::SettingsAdvancedFrame);
-  caption(Check_NoAutoCompila, text::SettingsNoAutoCompile);
-  caption(Check_TestCOntrollaUguali, text::SettingsCheckEqual);
-  caption(Check_NonDecomprimere, text::SettingsNoDecompress);
-  caption(Check_AutoSave, text::SettingsAutoSave);
-  caption(Check_AggiornamentoUrl, text::SettingsAutoUpdateUrls);
-  caption(Label8, text::SettingsCheckInterval);
-  caption(Check_DisableSound, text::SettingsDisableSound);
-  caption(Label2, text::SettingsLanguage);
-  caption(Frame3, text::SettingsSavegameFrame);
-  caption(Check_ArchiviaSavegame, text::SettingsArchiveSavegames);
-  caption(Label3, text::SettingsSavegamesSuffix);
-  caption(Label6, text::SettingsAssociate);
-  caption(Label7, text::SettingsMinutes);
-  caption(Frame4, text::SettingsJoystickFrame);
-  caption(Check_EnableJoystick, text::SettingsEnableJoystick);
-  caption(Pul_SetJoy, text::SettingsSetJoy);
-  caption(Pul_Ok, text::SettingsOk);
-  caption(Pul_Cancel, text::SettingsCancel);
+    CaptionFromText(*b, text::SettingsBrowse);
+  CaptionFromText(Label4, text::SettingsLoadDir);
+  CaptionFromText(Label5, text::SettingsFullBackup);
+  CaptionFromText(Frame1, text::SettingsCaptureFrame);
+  CaptionFromText(Opt_PromptCapture, text::SettingsPromptCapture);
+  CaptionFromText(Opt_NonPrompt, text::SettingsNonPrompt);
+  CaptionFromText(Check_VerifyImage, text::SettingsVerifyImage);
+  CaptionFromText(Label9, text::SettingsGraphicsProgram);
+  CaptionFromText(Frame2, text::SettingsAdvancedFrame);
+  CaptionFromText(Check_NoAutoCompila, text::SettingsNoAutoCompile);
+  CaptionFromText(Check_TestCOntrollaUguali, text::SettingsCheckEqual);
+  CaptionFromText(Check_NonDecomprimere, text::SettingsNoDecompress);
+  CaptionFromText(Check_AutoSave, text::SettingsAutoSave);
+  CaptionFromText(Check_AggiornamentoUrl, text::SettingsAutoUpdateUrls);
+  CaptionFromText(Label8, text::SettingsCheckInterval);
+  CaptionFromText(Check_DisableSound, text::SettingsDisableSound);
+  CaptionFromText(Label2, text::SettingsLanguage);
+  CaptionFromText(Frame3, text::SettingsSavegameFrame);
+  CaptionFromText(Check_ArchiviaSavegame, text::SettingsArchiveSavegames);
+  CaptionFromText(Label3, text::SettingsSavegamesSuffix);
+  CaptionFromText(Label6, text::SettingsAssociate);
+  CaptionFromText(Label7, text::SettingsMinutes);
+  CaptionFromText(Frame4, text::SettingsJoystickFrame);
+  CaptionFromText(Check_EnableJoystick, text::SettingsEnableJoystick);
+  CaptionFromText(Pul_SetJoy, text::SettingsSetJoy);
+  CaptionFromText(Pul_Ok, text::SettingsOk);
+  CaptionFromText(Pul_Cancel, text::SettingsCancel);
 }
 
 void Dialog_Settings::FillCombos() {

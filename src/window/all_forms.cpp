@@ -1,0 +1,57 @@
+#include "window/all_forms.h"
+
+#include "archive/dialog_new_arc.h"
+#include "archive/dialog_pref_arc.h"
+#include "window/principale.h"
+#include "editor/dialog_tipo_exe.h"
+#include "editor/dialog_trova_trle.h"
+#include "foundation/dialogs/dialog_get_dir.h"
+#include "foundation/dialogs/dialog_input_box.h"
+#include "foundation/dialogs/dialog_msg_box.h"
+#include "foundation/dialogs/dialog_progress.h"
+#include "foundation/dialogs/dialog_splash.h"
+#include "foundation/dialogs/dialog_wait.h"
+#include "foundation/settings/dialog_settings.h"
+#include "savegames/dialog_resize.h"
+#include "savegames/dialog_screen_shot.h"
+#include "savegames/dialog_cattura.h"
+#include "web/dialog_input_testo.h"
+#include "savegames/dialog_joy_stick.h"
+#include "web/dialog_zip.h"
+
+namespace vardolin {
+namespace {
+
+template <class F>
+FormFactory Entry(const char* name) {
+  return {name, [](Program& p) -> std::unique_ptr<Form> { return std::make_unique<F>(p); }};
+}
+
+}  // namespace
+
+const std::vector<FormFactory>& AllForms() {
+  static const std::vector<FormFactory> forms = {
+      // One line per form.
+      Entry<Principale>("Principale"),
+      Entry<Dialog_Settings>("Dialog_Settings"),
+      Entry<Dialog_GetDir>("Dialog_GetDir"),
+      Entry<Dialog_InputBox>("Dialog_InputBox"),
+      Entry<Dialog_MsgBox>("Dialog_MsgBox"),
+      Entry<Dialog_Progress>("Dialog_Progress"),
+      Entry<Dialog_Splash>("Dialog_Splash"),
+      Entry<Dialog_Wait>("Dialog_Wait"),
+      Entry<Dialog_NewArc>("Dialog_NewArc"),
+      Entry<Dialog_PrefArc>("Dialog_PrefArc"),
+      Entry<Dialog_Cattura>("Dialog_Cattura"),
+      Entry<Dialog_TrovaTrle>("Dialog_TrovaTrle"),
+      Entry<Dialog_TipoExe>("Dialog_TipoExe"),
+      Entry<Dialog_Zip>("Dialog_Zip"),
+      Entry<Dialog_Resize>("Dialog_Resize"),
+      Entry<Dialog_ScreenShot>("Dialog_ScreenShot"),
+      Entry<Dialog_InputTesto>("Dialog_InputTesto"),
+      Entry<Dialog_JoyStick>("Dialog_JoyStick"),
+  };
+  return forms;
+}
+
+}  // namespace vardolin
