@@ -140,7 +140,7 @@ void Pack(benchmark::State& state) {
       state, "pack", kind,
       [&] {
         for (auto& f : files)
-          if (PackFile(f, level.Ours(f, ".zl")) != ZlResult::Ok)
+          if (vardolin::PackFile(f, level.Ours(f, ".zl")) != vardolin::ZlResult::Ok)
             return false;
         return true;
       },
@@ -170,8 +170,8 @@ void Expand(benchmark::State& state) {
       state, "expand", kind,
       [&] {
         for (auto& f : files)
-          if (ExpandFile(level.Ours(f, ".zl"), level.Ours(f, "")) !=
-              ZlResult::Ok)
+          if (vardolin::ExpandFile(level.Ours(f, ".zl"), level.Ours(f, "")) !=
+              vardolin::ZlResult::Ok)
             return false;
         return true;
       },
@@ -188,11 +188,11 @@ void PackSynced(benchmark::State& state) {
   auto& level = Level();
   int kind = static_cast<int>(state.range(0));
   for (auto _ : state) {
-    ZlOptions options;
+    vardolin::ZlOptions options;
     options.sync = true;
     auto start = Clock::now();
     for (auto& f : level.files[kind])
-      if (PackFile(f, level.Ours(f, ".zl"), options) != ZlResult::Ok)
+      if (vardolin::PackFile(f, level.Ours(f, ".zl"), options) != vardolin::ZlResult::Ok)
         state.SkipWithError("a file failed");
     state.SetIterationTime(std::chrono::duration<double>(Clock::now() - start).count());
   }

@@ -10,8 +10,8 @@
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
   std::string_view in(reinterpret_cast<const char*>(data), size);
   std::string out;
-  auto result = ExpandBytes(in, out, 1u << 24);
-  if (result == ZlResult::Ok) {
+  auto result = vardolin::ExpandBytes(in, out, 1u << 24);
+  if (result == vardolin::ZlResult::Ok) {
     std::uint64_t length = 0;
     for (int i = 0; i < 8; ++i) length |= std::uint64_t(data[4 + i]) << (8 * i);
     if (out.size() != length) __builtin_trap();

@@ -9,11 +9,6 @@
 namespace vardolin::testing {
 namespace {
 namespace fs = std::filesystem;
-using CheckEditorFolder;
-using Dialog_TipoExe;
-using Dialog_TrovaTrle;
-using FindEditorFolder;
-using RestoreGameExe;
 
 struct CheckCase {
   const char* name;

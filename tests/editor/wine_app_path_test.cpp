@@ -7,9 +7,6 @@
 namespace vardolin::testing {
 namespace {
 namespace fs = std::filesystem;
-using EditorFolderOfAppPath;
-using FindEditorInRegistry;
-using WinePathToNative;
 
 struct WinePathCase {
   const char* windows;
