@@ -167,6 +167,9 @@ int main(int argc, char** argv) {
   vardolin::LinuxPlatform platform;
   vardolin::Program program(home, ui, platform);
   vardolin::LoadPreferences(program);
+  // Opening a catalogue may refresh a size and save at once; beside a window that holds the home
+  // that save would race the window's own. A reading command keeps such a change in memory.
+  if (!command.changes_home) program.prefs.AutoSave = false;
   if (!vardolin::LoadLanguage(program)) {
     err << "vardolin-cli: no language file in " << home.string() << "\n";
     return 1;

@@ -50,6 +50,7 @@ struct PlayHome : ::testing::Test, testing::CliHome {
     program.prefs.FullBackupDone = true;
     program.catalogue = testing::SampleCatalogue(3, (dir / "archive").string());
     program.catalogue.levels[1].Name = "Cli Temple";
+    program.catalogue.levels[2].Name = "Cli \"Vault\"\tTwo";  // JSON must escape both
     for (int code : {1, 2}) {
       const fs::path files = GetLevelFolder(program, code, false) / "files";
       WriteBytes(files / "temple.tr4", "temple");
@@ -114,7 +115,7 @@ TEST_F(PlayHome, AHomeIsHeldByOneProcessUntilItEndsEvenByAKill) {
       {{"reset"}, 1, holder},
       {{"list"}, 0, "2\t"},
       {{"active"}, 0, "2\n"},
-      {{"info", "2", "--json"}, 0, "\"code\": 2"},
+      {{"info", "2", "--json"}, 0, "{\"code\": 2, \"name\": \"Cli \\\"Vault\\\"\\tTwo\""},
   };
   for (const Case& c : beside) {
     SCOPED_TRACE(::testing::PrintToString(c.args));
