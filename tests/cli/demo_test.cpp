@@ -69,6 +69,7 @@ struct DemoHomeTest : ::testing::Test, testing::CliHome {
 TEST_F(DemoHomeTest, TheDemoHoldsAPlayableEditorAndThreeKindsOfLevel) {
   const testing::CliResult made = RunAt({"demo"});
   ASSERT_EQ(made.code, 0) << made.out << made.err;
+  EXPECT_EQ(made.err, "") << "the demo answers its questions itself and prints none";
   // The game and the editor's tools are the native stand-in: started directly, not by Wine.
   for (const char* program : {"tomb4.exe", "tom2pc.exe", "winroomedit.exe"}) {
     EXPECT_EQ(Head(editor / program, 4),
