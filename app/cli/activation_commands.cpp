@@ -3,14 +3,15 @@
 #include <ostream>
 #include <string>
 
-#include "archive/catalogue_file.h"
-#include "archive/catalogue_ops.h"
 #include "archive/editor_backup.h"
+#include "catalogue_commands.h"
 #include "foundation/program.h"
 #include "foundation/services/files.h"
+#include "foundation/services/log.h"
 #include "foundation/services/paths.h"
 #include "foundation/services/strings.h"
 #include "foundation/text_ids.h"
+#include "json_text.h"
 #include "play/activation.h"
 #include "play/active_level.h"
 
@@ -23,7 +24,8 @@ namespace {
 bool ReadyForActivation(Program& program, std::ostream& err) {
   const std::string editor = Trim(program.prefs.EditorFolder);
   if (editor.empty() || !FolderExists(editor)) {
-    err << "vardolin-cli: no editor folder in the settings; start vardolin once first\n";
+    err << "vardolin-cli: the settings " << SettingsFilePath(program)
+        << " name no editor folder that stands; start vardolin once first\n";
     return false;
   }
   program.BackupFolder =
@@ -33,24 +35,17 @@ bool ReadyForActivation(Program& program, std::ostream& err) {
         << EditorBackupFolder(program).string() << "; start vardolin once first\n";
     return false;
   }
-  const std::string last = Trim(program.prefs.LastArchive);
-  if (last.empty() || !LoadCatalogueFile(program, last)) {
-    err << "vardolin-cli: cannot open the catalogue " << last << "\n";
-    return false;
-  }
-  return true;
+  return OpenLastCatalogue(program, err);
 }
 
 }  // namespace
 
 int CmdActivate(Program& program, std::int32_t code, std::ostream& out, std::ostream& err) {
-  if (!ReadyForActivation(program, err)) return 1;
-  if (FindLevelIndex(program.catalogue, code) < 0) {
-    err << "vardolin-cli: no level with code " << code << "\n";
-    return 1;
-  }
+  if (!ReadyForActivation(program, err) || !LevelKnown(program, code, err)) return 1;
   if (!SetLevelInTrle(program, code)) {
-    err << "vardolin-cli: level " << code << " was not put in the editor folder\n";
+    err << "vardolin-cli: level " << code << " was not put in the editor folder "
+        << Trim(program.prefs.EditorFolder) << "; " << LogPath(program).string()
+        << " tells the steps\n";
     return 1;
   }
   out << "active: " << GetActiveLevelCode(program) << "\n";
@@ -60,19 +55,26 @@ int CmdActivate(Program& program, std::int32_t code, std::ostream& out, std::ost
 int CmdReset(Program& program, std::ostream& out, std::ostream& err) {
   if (!ReadyForActivation(program, err)) return 1;
   if (!ResetToBaseLevel(program)) {
-    err << "vardolin-cli: the base level was not put back\n";
+    err << "vardolin-cli: the base level was not put back into the editor folder "
+        << Trim(program.prefs.EditorFolder) << "; " << LogPath(program).string()
+        << " tells the steps\n";
     return 1;
   }
   out << "active: " << GetActiveLevelCode(program) << "\n";
   return 0;
 }
 
-int CmdActive(Program& program, std::ostream& out, std::ostream& err) {
-  if (Trim(program.prefs.EditorFolder).empty()) {
-    err << "vardolin-cli: no editor folder in the settings\n";
+int CmdActive(Program& program, bool json, std::ostream& out, std::ostream& err) {
+  const std::string editor = Trim(program.prefs.EditorFolder);
+  if (editor.empty()) {
+    err << "vardolin-cli: the settings " << SettingsFilePath(program) << " name no editor folder\n";
     return 1;
   }
-  out << GetActiveLevelCode(program) << "\n";
+  if (json)
+    out << "{\"code\": " << GetActiveLevelCode(program)
+        << ", \"editor_folder\": " << JsonString(editor) << "}\n";
+  else
+    out << GetActiveLevelCode(program) << "\n";
   return 0;
 }
 

@@ -13,7 +13,8 @@ class Program;
 int CmdActivate(Program& program, std::int32_t code, std::ostream& out, std::ostream& err);
 // Puts the base level back into the editor folder.
 int CmdReset(Program& program, std::ostream& out, std::ostream& err);
-// The code of the level that stands in the editor folder (0: the base level).
-int CmdActive(Program& program, std::ostream& out, std::ostream& err);
+// The code of the level that stands in the editor folder (0: the base level); with `json` an
+// object that also names the editor folder.
+int CmdActive(Program& program, bool json, std::ostream& out, std::ostream& err);
 
 }  // namespace vardolin

@@ -36,15 +36,15 @@ namespace fs = std::filesystem;
 namespace {
 
 // The questions that making the home asks are the ones the first start would ask: the demo
-// gives the answer a new user would give (yes, a full backup, the archive folder) and prints
-// every message, so that a failure shows why.
+// gives the answer a new user would give (yes, a full backup, the archive folder) without
+// printing a question nobody can answer, and prints every message, so that a failure shows why.
 class DemoUi : public TerminalUi {
  public:
   DemoUi(std::ostream& out, fs::path archive_folder)
       : TerminalUi(none_, out, {}, false), out_(out), archive_(std::move(archive_folder)) {}
   int AskUser(const std::string& text, int style, const std::string& title) override {
-    out_ << text << "\n";
     const std::vector<int> buttons = ButtonsOfStyle(style);
+    if (buttons.size() == 1) out_ << text << "\n";
     for (int wanted : {msg::kYes, msg::kOk})
       if (std::find(buttons.begin(), buttons.end(), wanted) != buttons.end()) return wanted;
     return buttons.front();
@@ -260,7 +260,7 @@ int CmdDemo(Program& program, const fs::path& game, std::ostream& out, std::ostr
   if (!BuildEditorFolder(editor, game, err)) return 1;
 
   // The Program of the caller keeps its Ui; the demo's questions go to a Ui that answers them.
-  DemoUi ui(out, archive);
+  DemoUi ui(err, archive);
   Program demo(home, ui, program.platform());
   demo.texts = program.texts;
   LoadPreferences(demo);

@@ -1,121 +1,184 @@
 // vardolin-cli: the program without windows, for scripts.
+//
+// Exit codes: 0 done, 1 the work was refused or failed (one line on standard error says why and
+// names the file), 2 bad usage. Questions and the program's messages go to standard error, so
+// that standard output holds only what a command reports.
 
 #include <CLI/CLI.hpp>
 
+#include <algorithm>
 #include <deque>
+#include <filesystem>
+#include <functional>
 #include <iostream>
 #include <vector>
 
-#include "archive/catalogue_file.h"
 #include "activation_commands.h"
+#include "archive/catalogue_file.h"
 #include "catalogue_commands.h"
 #include "demo_home.h"
 #include "foundation/platform/linux_platform.h"
 #include "foundation/program.h"
 #include "foundation/program_home.h"
+#include "foundation/services/home_lock.h"
 #include "foundation/settings/preferences.h"
 #include "foundation/texts/text_catalogue.h"
-#include "savegame_commands.h"
 #include "play_commands.h"
+#include "savegame_commands.h"
 #include "shot_commands.h"
 #include "terminal_ui.h"
 
+namespace {
+
+// One subcommand: whether it changes the home (and so must hold it alone), and its work.
+struct Command {
+  CLI::App* app;
+  bool changes_home;
+  std::function<int(vardolin::Program&)> run;
+};
+
+}  // namespace
+
 int main(int argc, char** argv) {
   CLI::App app{"Vardolin without windows: manage Tomb Raider custom levels from scripts"};
+  app.name("vardolin-cli");
+  app.set_version_flag("--version", std::string("vardolin-cli ") + VARDOLIN_VERSION);
   std::string home_option;
   std::vector<std::string> answers;
-  app.add_option("--home", home_option, "program home (settings, language files, backups)");
+  app.add_option("--home", home_option,
+                 "program home (settings, language files, backups); else $VARDOLIN_HOME, else "
+                 "$XDG_DATA_HOME/vardolin");
   app.add_option("--answer", answers,
                  "answer to the next question, in order (yes, no, ok, cancel, a folder ...); "
-                 "repeatable")
-      ->take_all()
-      ->expected(1);
+                 "one word each, repeatable")
+      ->expected(1)
+      ->allow_extra_args(false)
+      ->take_all();
+  // --home and --answer may stand after the command too.
+  app.fallthrough();
   app.require_subcommand(0, 1);
-  auto* new_cmd = app.add_subcommand("new-catalogue", "make a new, empty archive");
-  std::string catalogue;
-  auto* open_cmd = app.add_subcommand("open", "open a catalogue and make it the current one");
-  open_cmd->add_option("CATALOGUE", catalogue, "catalogue file")->required();
-  auto* list_cmd =
-      app.add_subcommand("list", "list the levels of the current catalogue: code, name, CD, sizes");
-  std::int32_t code = 0;
-  auto* info_cmd = app.add_subcommand("info", "show one level of the current catalogue");
-  info_cmd->add_option("CODE", code, "level code")->required();
-  // The savegame commands.
-  std::int32_t save_count = 15;
-  auto* savegames_cmd =
-      app.add_subcommand("savegames", "list a level's savegames, slots and archive");
-  savegames_cmd->add_option("CODE", code, "level code")->required();
-  auto* archive_cmd =
-      app.add_subcommand("archive", "archive the oldest savegames of a level's slots");
-  archive_cmd->add_option("CODE", code, "level code")->required();
-  archive_cmd->add_option("COUNT", save_count,
-                          "how many of the oldest (default 15: all but the newest)");
-  auto* restore_cmd =
-      app.add_subcommand("restore", "bring a level's newest archive set back into its slots");
-  restore_cmd->add_option("CODE", code, "level code")->required();
-  auto* play_cmd = app.add_subcommand(
-      "play", "put a level into the editor folder, start the game, wait for its end");
-  play_cmd->add_option("CODE", code, "level code")->required();
-  // Level activation and the demo home.
-  std::int32_t activate_code = 0;
-  auto* activate_cmd =
-      app.add_subcommand("activate", "put the level with CODE into the editor folder");
-  activate_cmd->add_option("CODE", activate_code, "level code")->required();
-  auto* reset_cmd = app.add_subcommand("reset", "put the base level back into the editor folder");
-  auto* active_cmd =
-      app.add_subcommand("active", "print the code of the level in the editor folder");
-  auto* demo_cmd = app.add_subcommand(
-      "demo", "make a demo home: a stand-in editor folder and an archive of three levels");
-  auto* shots_cmd = app.add_subcommand("shots", "list one level's screenshots, oldest first");
-  shots_cmd->add_option("CODE", code, "level code")->required();
-  CLI11_PARSE(app, argc, argv);
 
-  auto home = vardolin::ResolveHome(home_option);
-  if (!vardolin::PrepareHome(home)) {
-    std::cerr << "vardolin-cli: cannot use the home folder " << home << "\n";
+  std::vector<Command> commands;
+  auto add = [&](const char* name, const char* what, bool changes_home,
+                 std::function<int(vardolin::Program&)> run) {
+    CLI::App* sub = app.add_subcommand(name, what);
+    commands.push_back({sub, changes_home, std::move(run)});
+    return sub;
+  };
+  auto& out = std::cout;
+  auto& err = std::cerr;
+  std::string catalogue;
+  std::int32_t code = 0;
+  std::int32_t save_count = 15;
+  bool json = false;
+  auto code_option = [&](CLI::App* sub) {
+    sub->add_option("CODE", code, "level code")->required();
+  };
+  auto json_flag = [&](CLI::App* sub) {
+    sub->add_flag("--json", json, "print one JSON value instead of text");
+  };
+
+  add("new-catalogue", "make a new, empty archive (its folder: --answer FOLDER)", true,
+      [&](vardolin::Program& p) { return vardolin::CmdNewCatalogue(p, out, err); });
+  add("open", "open a catalogue and make it the current one", true,
+      [&](vardolin::Program& p) { return vardolin::CmdOpen(p, catalogue, out, err); })
+      ->add_option("CATALOGUE", catalogue, "catalogue file")
+      ->required();
+  json_flag(add("list", "list the levels of the current catalogue: code, name, CD, sizes", false,
+                [&](vardolin::Program& p) { return vardolin::CmdList(p, json, out, err); }));
+  auto* info =
+      add("info", "show one level of the current catalogue", false,
+          [&](vardolin::Program& p) { return vardolin::CmdInfo(p, code, json, out, err); });
+  code_option(info);
+  json_flag(info);
+  auto* savegames =
+      add("savegames", "list a level's savegames, slots and archive", false,
+          [&](vardolin::Program& p) { return vardolin::CmdSavegames(p, code, json, out, err); });
+  code_option(savegames);
+  json_flag(savegames);
+  auto* archive = add("archive", "archive the oldest savegames of a level's slots", true,
+                      [&](vardolin::Program& p) {
+                        return vardolin::CmdArchiveSavegames(p, code, save_count, out, err);
+                      });
+  code_option(archive);
+  archive->add_option("COUNT", save_count,
+                      "how many of the oldest (default 15: all but the newest)");
+  code_option(
+      add("restore", "bring a level's newest archive set back into its slots", true,
+          [&](vardolin::Program& p) { return vardolin::CmdRestoreSavegames(p, code, out, err); }));
+  code_option(add("play", "put a level into the editor folder, start the game, wait for its end",
+                  true,
+                  [&](vardolin::Program& p) { return vardolin::CmdPlay(p, code, out, err); }));
+  code_option(add("activate", "put the level with CODE into the editor folder", true,
+                  [&](vardolin::Program& p) { return vardolin::CmdActivate(p, code, out, err); }));
+  add("reset", "put the base level back into the editor folder", true,
+      [&](vardolin::Program& p) { return vardolin::CmdReset(p, out, err); });
+  json_flag(add("active", "print the code of the level in the editor folder", false,
+                [&](vardolin::Program& p) { return vardolin::CmdActive(p, json, out, err); }));
+  add("demo", "make a demo home: a stand-in editor folder and an archive of three levels", true,
+      [&](vardolin::Program& p) {
+        return vardolin::CmdDemo(p, vardolin::FindStandinGame(), out, err);
+      });
+  auto* shots =
+      add("shots", "list one level's screenshots, oldest first", false,
+          [&](vardolin::Program& p) { return vardolin::CmdShots(p, code, json, out, err); });
+  code_option(shots);
+  json_flag(shots);
+
+  try {
+    app.parse(argc, argv);
+  } catch (const CLI::CallForHelp& e) {
+    return app.exit(e);
+  } catch (const CLI::CallForAllHelp& e) {
+    return app.exit(e);
+  } catch (const CLI::CallForVersion& e) {
+    return app.exit(e);
+  } catch (const CLI::ParseError& e) {
+    err << "vardolin-cli: " << e.what() << " (vardolin-cli --help tells the commands)\n";
     return 2;
   }
-  if (app.get_subcommands().empty()) return 0;
+  if (app.get_subcommands().empty()) {
+    err << app.help();
+    return 2;
+  }
+  const Command& command = *std::find_if(commands.begin(), commands.end(), [&](const Command& c) {
+    return c.app == app.get_subcommands().front();
+  });
 
-  vardolin::TerminalUi ui(std::cin, std::cout,
-                          std::deque<std::string>(answers.begin(), answers.end()),
+  const std::filesystem::path home = vardolin::ResolveHome(home_option);
+  // A command that only reads never makes a home: a mistyped --home would leave a stray one.
+  std::error_code ec;
+  if (!command.changes_home && !std::filesystem::is_directory(home, ec)) {
+    err << "vardolin-cli: there is no program home " << home.string()
+        << " (give it with --home DIR or VARDOLIN_HOME)\n";
+    return 1;
+  }
+  if (!vardolin::PrepareHome(home)) {
+    err << "vardolin-cli: cannot make the program home " << home.string() << "\n";
+    return 1;
+  }
+  vardolin::HomeLock lock;
+  if (command.changes_home && !lock.Acquire(home, "vardolin-cli")) {
+    err << "vardolin-cli: " << lock.Error() << "\n";
+    return 1;
+  }
+
+  vardolin::TerminalUi ui(std::cin, err, std::deque<std::string>(answers.begin(), answers.end()),
                           /*interactive=*/false);
   vardolin::LinuxPlatform platform;
   vardolin::Program program(home, ui, platform);
   vardolin::LoadPreferences(program);
+  // Opening a catalogue may refresh a size and save at once; beside a window that holds the home
+  // that save would race the window's own. A reading command keeps such a change in memory.
+  if (!command.changes_home) program.prefs.AutoSave = false;
   if (!vardolin::LoadLanguage(program)) {
-    std::cerr << "vardolin-cli: no language file in " << home << "\n";
-    return 2;
+    err << "vardolin-cli: no language file in " << home.string() << "\n";
+    return 1;
   }
   vardolin::InstallCatalogueHooks(program);
-  int rc = 0;
-  if (*new_cmd)
-    rc = vardolin::CmdNewCatalogue(program, std::cout, std::cerr);
-  else if (*open_cmd)
-    rc = vardolin::CmdOpen(program, catalogue, std::cout, std::cerr);
-  else if (*list_cmd)
-    rc = vardolin::CmdList(program, std::cout, std::cerr);
-  else if (*info_cmd)
-    rc = vardolin::CmdInfo(program, code, std::cout, std::cerr);
-  else if (*savegames_cmd)
-    rc = vardolin::CmdSavegames(program, code, std::cout, std::cerr);
-  else if (*archive_cmd)
-    rc = vardolin::CmdArchiveSavegames(program, code, save_count, std::cout, std::cerr);
-  else if (*restore_cmd)
-    rc = vardolin::CmdRestoreSavegames(program, code, std::cout, std::cerr);
-  else if (*play_cmd)
-    rc = vardolin::CmdPlay(program, code, std::cout, std::cerr);
-  else if (*activate_cmd)
-    rc = vardolin::CmdActivate(program, activate_code, std::cout, std::cerr);
-  else if (*reset_cmd)
-    rc = vardolin::CmdReset(program, std::cout, std::cerr);
-  else if (*active_cmd)
-    rc = vardolin::CmdActive(program, std::cout, std::cerr);
-  else if (*demo_cmd)
-    rc = vardolin::CmdDemo(program, vardolin::FindStandinGame(), std::cout, std::cerr);
-  else if (*shots_cmd)
-    rc = vardolin::CmdShots(program, code, std::cout, std::cerr);
-  // Writing the settings first saves a changed catalogue, as leaving the program does.
-  vardolin::SavePreferences(program);
+  const int rc = command.run(program);
+  // Writing the settings first saves a changed catalogue, as leaving the program does. A reading
+  // command leaves them alone: the window that may hold the home writes them.
+  if (command.changes_home) vardolin::SavePreferences(program);
   return rc;
 }

@@ -4,9 +4,9 @@
 #include <ostream>
 #include <thread>
 
-#include "archive/catalogue_file.h"
 #include "archive/catalogue_ops.h"
 #include "archive/editor_backup.h"
+#include "catalogue_commands.h"
 #include "foundation/ports/platform.h"
 #include "foundation/program.h"
 #include "foundation/services/files.h"
@@ -18,24 +18,18 @@
 namespace vardolin {
 
 int CmdPlay(Program& program, std::int32_t code, std::ostream& out, std::ostream& err) {
-  const std::string last = Trim(program.prefs.LastArchive);
-  if (last.empty() || !LoadCatalogueFile(program, last)) {
-    err << "vardolin-cli: no catalogue to play from; use new-catalogue or open CATALOGUE\n";
-    return 1;
-  }
+  if (!OpenLastCatalogue(program, err) || !LevelKnown(program, code, err)) return 1;
   const int index = FindLevelIndex(program.catalogue, code);
-  if (index < 0) {
-    err << "vardolin-cli: no level with code " << code << "\n";
-    return 1;
-  }
   const std::string editor = Trim(program.prefs.EditorFolder);
   if (editor.empty() || !FolderExists(editor)) {
-    err << "vardolin-cli: no editor folder yet; start vardolin once to find it\n";
+    err << "vardolin-cli: the settings " << SettingsFilePath(program)
+        << " name no editor folder that stands; start vardolin once to find it\n";
     return 1;
   }
   // Without the editor's own files kept aside, the level that leaves couldn't give them back.
   if (!BackupComplete(program)) {
-    err << "vardolin-cli: the editor's files have no backup yet; start vardolin once to make it\n";
+    err << "vardolin-cli: the editor's files have no backup yet in "
+        << EditorBackupFolder(program).string() << "; start vardolin once to make it\n";
     return 1;
   }
   const std::string name = Trim(program.catalogue.levels[index].Name);

@@ -1,6 +1,6 @@
 #pragma once
 // The savegame commands of vardolin-cli. Each gives the process's exit code: 0 done, 1 the
-// command failed or had nothing to do (the reason went to the error stream).
+// command failed or had nothing to do (one line on the error stream says why).
 
 #include <cstdint>
 #include <iosfwd>
@@ -10,8 +10,9 @@ namespace vardolin {
 class Program;
 
 // Both savegame lists of a level with their row texts: the slots (slot number first), then the
-// archived savegames sorted by row text (path first).
-int CmdSavegames(Program& program, std::int32_t code, std::ostream& out, std::ostream& err);
+// archived savegames sorted by row text (path first); or one JSON object with both lists.
+int CmdSavegames(Program& program, std::int32_t code, bool json, std::ostream& out,
+                 std::ostream& err);
 // Archives the `count` oldest savegames of the level's slots into a new archive set.
 int CmdArchiveSavegames(Program& program, std::int32_t code, std::int32_t count, std::ostream& out,
                         std::ostream& err);

@@ -9,6 +9,7 @@
 #include "foundation/platform/linux_platform.h"
 #include "foundation/program.h"
 #include "foundation/program_home.h"
+#include "foundation/services/home_lock.h"
 #include "qt_ui.h"
 
 int main(int argc, char** argv) {
@@ -36,6 +37,15 @@ int main(int argc, char** argv) {
     QMessageBox::critical(
         nullptr, QStringLiteral("Vardolin"),
         QStringLiteral("The folder %1 can't be made.").arg(QString::fromStdString(home.string())));
+    return 1;
+  }
+
+  // One process per home: a second window would move the same files as the first.
+  vardolin::HomeLock lock;
+  if (!lock.Acquire(home, "vardolin")) {
+    QString why = QString::fromStdString(lock.Error());
+    why[0] = why[0].toUpper();
+    QMessageBox::critical(nullptr, QStringLiteral("Vardolin"), why);
     return 1;
   }
 

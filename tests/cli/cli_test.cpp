@@ -1,72 +1,126 @@
-// vardolin-cli run as a child process, as scripts use it.
+// vardolin-cli run as a child process, as scripts use it: the conventions of a command line and
+// the commands that read and change a catalogue it made.
 
 #include <gtest/gtest.h>
 
-#include <array>
-#include <cstdio>
+#include <algorithm>
+#include <chrono>
+#include <fstream>
 
-#include "temp_dir.h"
+#include "cli_runner.h"
+#include "foundation/program.h"
+#include "foundation/services/files.h"
+#include "foundation/settings/preferences.h"
+#include "recording_platform.h"
+#include "savegame_bytes.h"
+#include "scripted_ui.h"
 
+namespace vardolin {
 namespace {
 
 namespace fs = std::filesystem;
+using testing::CliHome;
+using testing::CliResult;
 
-struct Result {
-  int code;
-  std::string out;
-};
-
-Result RunCli(const std::string& arguments) {
-  std::string command =
-      std::string("\"") + VARDOLIN_BUILD_DIR "/app/cli/vardolin-cli\" " + arguments + " 2>&1";
-  Result r{-1, {}};
-  FILE* pipe = popen(command.c_str(), "r");
-  if (!pipe) return r;
-  std::array<char, 4096> buf;
-  while (std::size_t n = fread(buf.data(), 1, buf.size(), pipe)) r.out.append(buf.data(), n);
-  int status = pclose(pipe);
-  r.code = WIFEXITED(status) ? WEXITSTATUS(status) : -1;
-  return r;
-}
-
-TEST(Cli, NewCatalogueThenListInfoAndOpen) {
-  vardolin::testing::TempDir dir;
-  std::string home = "--home \"" + (dir / "home").string() + "\" ";
-  std::string archive = (dir / "arc").string();
-
-  Result made = RunCli(home + "--answer \"" + archive + "\" new-catalogue");
-  ASSERT_EQ(made.code, 0) << made.out;
-  fs::path catalogue = dir / "home" / "Vardolin_archive.vdc";
-  EXPECT_TRUE(fs::exists(catalogue)) << made.out;
-
+TEST(Cli, KeepsTheConventionsOfACommandLine) {
+  CliHome at;
+  ASSERT_EQ(at.NewCatalogue().code, 0);
+  const fs::path catalogue = at.home / "Vardolin_archive.vdc";
+  const fs::path garbage = at.dir.Write("garbage.vdc", "not a catalogue");
+  const std::string missing_home = (at.dir / "mistyped").string();
+  CliHome bare;  // a home whose first new-catalogue got no folder
   struct Case {
-    std::string arguments;
+    std::vector<std::string> args;
     int code;
-    std::string contains;
+    std::string says;  // on standard output when it worked, else on standard error
   };
   const Case cases[] = {
-      {"list", 0, "0\t<Base level"},
-      {"info 0", 0, "code: 0\nname: <Base level"},
-      {"info 42", 1, "no level with code 42"},
-      {"open \"" + (dir / "missing.vdc").string() + "\"", 1, "cannot open"},
-      {"open \"" + catalogue.string() + "\"", 0, "1 levels"},
-      {"info", 106, "CODE"},
+      {{}, 2, "Usage: vardolin-cli"},
+      {{"--help"}, 0, "Usage: vardolin-cli"},
+      {{"list", "--help"}, 0, "--json"},
+      {{"--version"}, 0, "vardolin-cli 1."},
+      {{"--answer", "yes", "install-editor", "X"}, 2, "install-editor"},
+      {{"audio", "info", "0"}, 2, "audio"},
+      {{"info"}, 2, "CODE"},
+      {at.At({"info", "0"}), 0, "code: 0\nname: <Base level"},
+      {{"list", "--home", at.home.string()}, 0, "0\t<Base level"},
+      {at.At({"list", "--json"}), 0, "[\n  {\"code\": 0, \"name\": \"<Base level"},
+      {at.At({"info", "0", "--json"}), 0, "{\"code\": 0, \"name\": \"<Base level"},
+      {at.At({"shots", "0", "--json"}), 0, "[\n]\n"},
+      {at.At({"info", "42"}), 1, "no level with code 42 in the catalogue " + catalogue.string()},
+      {at.At({"open", (at.dir / "missing.vdc").string()}), 1, "missing.vdc: no such file"},
+      {at.At({"open", garbage.string()}), 1, "garbage.vdc: the file is shorter than"},
+      {at.At({"open", catalogue.string()}), 0, "1 levels"},
+      {{"--home", missing_home, "list"}, 1, "there is no program home " + missing_home},
+      {bare.At({"new-catalogue"}), 1, "no new catalogue was made in " + bare.home.string()},
+      {bare.At({"list"}), 1, "Vardolin.prf name no catalogue yet"},
   };
   for (const Case& c : cases) {
-    Result r = RunCli(home + c.arguments);
-    EXPECT_EQ(r.code, c.code) << c.arguments << "\n" << r.out;
-    EXPECT_NE(r.out.find(c.contains), std::string::npos) << c.arguments << "\n" << r.out;
+    const CliResult r = testing::RunCli(c.args);
+    const std::string shown = ::testing::PrintToString(c.args);
+    EXPECT_EQ(r.code, c.code) << shown << "\n" << r.out << r.err;
+    EXPECT_NE(r.Said().find(c.says), std::string::npos) << shown << "\n" << r.out << r.err;
+    if (c.code == 1) {
+      EXPECT_EQ(std::count(r.err.begin(), r.err.end(), '\n'), 1) << shown << r.err;
+    }
+  }
+  EXPECT_FALSE(fs::exists(missing_home));
+}
+
+TEST(Cli, SavegamesAndShotsOfALevel) {
+  CliHome at;
+  ASSERT_EQ(at.NewCatalogue().code, 0);
+  {
+    testing::ScriptedUi ui;
+    testing::RecordingPlatform platform;
+    Program program(at.home, ui, platform);
+    LoadPreferences(program);
+    program.prefs.EditorFolder = (at.dir / "trle").string();
+    SavePreferences(program);
+  }
+  for (int i = 0; i < 4; ++i)
+    at.dir.Write("trle/savegame." + std::to_string(i),
+                 testing::GameSavegameBytes(10 + i, "Tomb " + std::to_string(i)));
+  // The panel orders shots by date, and a picture of the same moment after its JPEG twin.
+  const auto epoch = std::chrono::system_clock::time_point(std::chrono::seconds(1700000000));
+  const std::pair<const char*, int> written[] = {
+      {"late.jpg", 30}, {"same.bmp", 20}, {"same.jpg", 20}, {"early.bmp", 10}};
+  for (const auto& [name, seconds] : written)
+    SetFileDateTime(at.dir.Write("home/LEVEL_0000/screenshots/" + std::string(name), "x"),
+                    epoch + std::chrono::seconds(seconds));
+  const std::string shots = (at.home / "LEVEL_0000/screenshots").string();
+
+  struct Case {
+    std::vector<std::string> args;
+    int code;
+    std::string says;
+  };
+  const Case cases[] = {
+      {{"savegames", "0"}, 0, "0\t  10 Tomb 0  ("},
+      {{"savegames", "0", "--json"}, 0, "{\"slot\": 3, \"caption\": \"  13 Tomb 3  ("},
+      {{"savegames", "7"}, 1, "no level with code 7"},
+      {{"archive", "0", "2"}, 0, "archived 2 savegames"},
+      {{"savegames", "0"}, 0, "savegame.1\t  11 Tomb 1  ("},
+      {{"savegames", "0"}, 0, "1\t  13 Tomb 3  ("},
+      {{"restore", "0"}, 0, "4 savegames in the slots (2 before)"},
+      {{"restore", "0"}, 1, "nothing restored"},
+      {{"archive", "0"}, 0, "archived 4 savegames"},
+      {{"archive", "0"}, 1, "nothing archived"},
+      {{"shots", "42"}, 1, "no level with code 42"},
+  };
+  for (const Case& c : cases) {
+    const CliResult r = at.RunAt(c.args);
+    const std::string shown = ::testing::PrintToString(c.args);
+    EXPECT_EQ(r.code, c.code) << shown << "\n" << r.out << r.err;
+    EXPECT_NE(r.Said().find(c.says), std::string::npos) << shown << "\n" << r.out << r.err;
+  }
+  const CliResult listed = at.RunAt({"shots", "0"});
+  std::size_t seen = 0;
+  for (const char* name : {"early.bmp", "same.jpg", "same.bmp", "late.jpg"}) {
+    seen = listed.out.find(shots + "/" + name, seen);
+    ASSERT_NE(seen, std::string::npos) << name << "\n" << listed.out;
   }
 }
 
-TEST(Cli, WithoutAFolderAnswerNoCatalogueIsMadeAndListSaysSo) {
-  vardolin::testing::TempDir dir;
-  std::string home = "--home \"" + (dir / "home").string() + "\" ";
-  Result made = RunCli(home + "new-catalogue");
-  EXPECT_EQ(made.code, 1) << made.out;
-  Result listed = RunCli(home + "list");
-  EXPECT_EQ(listed.code, 1);
-  EXPECT_NE(listed.out.find("no catalogue yet"), std::string::npos) << listed.out;
-}
-
 }  // namespace
+}  // namespace vardolin

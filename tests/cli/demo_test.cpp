@@ -3,43 +3,23 @@
 
 #include <gtest/gtest.h>
 
-#include <array>
-#include <cstdio>
 #include <fstream>
 #include <iterator>
 #include <sstream>
 
 #include "../archive/archive_fixture.h"
 #include "archive/catalogue_ops.h"
+#include "cli_runner.h"
 #include "startup/main_window.h"
 #include "foundation/program_home.h"
 #include "foundation/services/files.h"
 #include "savegames/savegame_store.h"
 #include "savegames/shot_list.h"
-#include "temp_dir.h"
 
 namespace vardolin {
 namespace {
 
 namespace fs = std::filesystem;
-
-struct Result {
-  int code;
-  std::string out;
-};
-
-Result RunCli(const fs::path& home, const std::string& arguments) {
-  std::string command = std::string("\"") + VARDOLIN_BUILD_DIR "/app/cli/vardolin-cli\" --home \"" +
-                        home.string() + "\" " + arguments + " 2>&1";
-  Result r{-1, {}};
-  FILE* pipe = popen(command.c_str(), "r");
-  if (!pipe) return r;
-  std::array<char, 4096> buf;
-  while (std::size_t n = fread(buf.data(), 1, buf.size(), pipe)) r.out.append(buf.data(), n);
-  int status = pclose(pipe);
-  r.code = WIFEXITED(status) ? WEXITSTATUS(status) : -1;
-  return r;
-}
 
 // The lines of `text` that hold `needle`.
 std::vector<std::string> LinesWith(const std::string& text, const std::string& needle) {
@@ -70,10 +50,15 @@ std::map<std::string, std::string> Snapshot(const fs::path& folder) {
   return out;
 }
 
-struct DemoHomeTest : ::testing::Test {
-  testing::TempDir dir;
-  fs::path home = dir / "demo-home";
+struct DemoHomeTest : ::testing::Test, testing::CliHome {
   fs::path editor = home / "trle";
+  // The command in `words`, split at blanks, run on the demo home.
+  testing::CliResult RunWords(const std::string& words) const {
+    std::vector<std::string> args;
+    std::istringstream in(words);
+    for (std::string word; in >> word;) args.push_back(word);
+    return RunAt(args);
+  }
   fs::path Store(int code) const {
     char name[16];
     std::snprintf(name, sizeof name, "LEVEL_%04d", code);
@@ -82,8 +67,9 @@ struct DemoHomeTest : ::testing::Test {
 };
 
 TEST_F(DemoHomeTest, TheDemoHoldsAPlayableEditorAndThreeKindsOfLevel) {
-  const Result made = RunCli(home, "demo");
-  ASSERT_EQ(made.code, 0) << made.out;
+  const testing::CliResult made = RunAt({"demo"});
+  ASSERT_EQ(made.code, 0) << made.out << made.err;
+  EXPECT_EQ(made.err, "") << "the demo answers its questions itself and prints none";
   // The game and the editor's tools are the native stand-in: started directly, not by Wine.
   for (const char* program : {"tomb4.exe", "tom2pc.exe", "winroomedit.exe"}) {
     EXPECT_EQ(Head(editor / program, 4),
@@ -127,25 +113,27 @@ TEST_F(DemoHomeTest, TheDemoHoldsAPlayableEditorAndThreeKindsOfLevel) {
       {"savegames 2", " The Packed Vault  (", 2},
       {"savegames 2", "LEVEL_0002/play", 1},
       {"savegames 3", "  (", 0},
+      {"list", " Kb\t", 3},  // sizes with their unit
       {"shots 1", ") Demo  The Plain Tomb.jpg", 5},
       {"shots 2", ") Demo  The Packed Vault.jpg", 3},
       {"shots 3", ") Demo  The Media Temple.jpg", 4},
   };
   for (const Seen& s : seen) {
-    const Result r = RunCli(home, s.arguments);
-    ASSERT_EQ(r.code, 0) << s.arguments << "\n" << r.out;
+    const testing::CliResult r = RunWords(s.arguments);
+    ASSERT_EQ(r.code, 0) << s.arguments << "\n" << r.err;
     const auto rows = LinesWith(r.out + "\n", s.row.substr(0, s.row.find('\n')));
     EXPECT_EQ(rows.size(), s.rows) << s.arguments << " / " << s.row << "\n" << r.out;
-    if (s.arguments.starts_with("shots"))
+    if (s.arguments.starts_with("shots")) {
       for (std::size_t i = 1; i < rows.size(); ++i)  // "index<TAB>date<TAB>..."
         EXPECT_LT(rows[i - 1].substr(rows[i - 1].find('\t')), rows[i].substr(rows[i].find('\t')))
             << s.arguments << ": two shots share a date\n"
             << r.out;
+    }
   }
 
-  const Result again = RunCli(home, "demo");
+  const testing::CliResult again = RunAt({"demo"});
   EXPECT_EQ(again.code, 1);
-  EXPECT_NE(again.out.find("in use already"), std::string::npos) << again.out;
+  EXPECT_NE(again.err.find("in use already"), std::string::npos) << again.err;
 
   const auto base = Snapshot(editor);
   struct Step {
@@ -166,8 +154,8 @@ TEST_F(DemoHomeTest, TheDemoHoldsAPlayableEditorAndThreeKindsOfLevel) {
       {"activate 1", "active: 1\n", "data/plaintomb.tr4", "plaintomb.tr4"},
   };
   for (const Step& s : steps) {
-    const Result r = RunCli(home, s.arguments);
-    EXPECT_NE(r.out.find(s.says), std::string::npos) << s.arguments << "\n" << r.out;
+    const testing::CliResult r = RunWords(s.arguments);
+    EXPECT_NE(r.Said().find(s.says), std::string::npos) << s.arguments << "\n" << r.out << r.err;
     if (s.brought) {
       const std::string kept = s.arguments == "active" ? "activate 3" : s.arguments;
       const int code = kept.back() - '0';

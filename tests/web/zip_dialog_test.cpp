@@ -6,7 +6,6 @@
 #include "recording_platform.h"
 #include "scripted_ui.h"
 #include "temp_dir.h"
-#include "web/dialog_zip.h"
 
 namespace vardolin {
 namespace {
