@@ -47,8 +47,15 @@ inline constexpr std::int32_t SecondaryDirAskTitle = 1156;
 
 // Sizes.
 inline constexpr std::int32_t SizesProgressTitle = 1256;
-inline constexpr std::int32_t SizesLevelFiles = 1257;  // the level name follows
-inline constexpr std::int32_t SizesLevelUser = 1258;   // the level name follows
+// Labels of the progress window, per level; a size follows the first four and 1262.
+inline constexpr std::int32_t SizesLevelFiles = 1257;
+inline constexpr std::int32_t SizesPlayFolder = 1258;
+inline constexpr std::int32_t SizesArchivedSavegames = 1259;
+inline constexpr std::int32_t SizesScreenshots = 1260;
+inline constexpr std::int32_t SizesLevel = 1261;  // the level's name follows
+inline constexpr std::int32_t SizesFilesOnCd = 1262;
+inline constexpr std::int32_t SizesAddingUp = 1263;
+inline constexpr std::int32_t SizesDone = 1264;
 inline constexpr std::int32_t SizesTotalFiles = 1265;  // the size follows
 inline constexpr std::int32_t SizesTotalUser = 1266;   // the size follows
 inline constexpr std::int32_t SizesTotalAll = 1267;    // the size follows
