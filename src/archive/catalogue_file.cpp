@@ -192,6 +192,9 @@ bool NewCatalogue(Program& program) {
     }
   }
   UpdateMainTitle(program);
+  // The list must lose the old archive's levels: one of them chosen and played would be looked
+  // for in a catalogue that no longer holds it.
+  program.notify.LevelListChanged();
   return true;
 }
 

@@ -43,15 +43,13 @@ bool CheckCatalogueFolders(Program& program) {
   if (h.CdCount == 0 && !FolderStands(main_dir)) {
     std::string chosen =
         AskForMissingFolder(program, main_dir, text::MainDirMissing, text::MainDirAskTitle);
-    if (!chosen.empty()) {
-      if (EqualsNoCase(main_dir, secondary_dir)) {
-        h.MainDir = chosen;
-        h.SecondaryDir = chosen;
-        CatalogueChanged(program);
-        return true;
-      }
+    // Only a main folder that was also the secondary one is moved by the answer: a main
+    // folder of its own is the read-only half that the CD work sets, and stays as it was.
+    if (!chosen.empty() && EqualsNoCase(main_dir, secondary_dir)) {
       h.MainDir = chosen;
+      h.SecondaryDir = chosen;
       CatalogueChanged(program);
+      return true;
     }
   }
   if (FolderStands(Trim(h.SecondaryDir))) return true;

@@ -1,7 +1,7 @@
 #include "archive/catalogue_sizes.h"
 
-#include <cstdio>
 #include <string>
+#include <utility>
 
 #include "foundation/dialogs/ask.h"
 #include "foundation/ports/ui.h"
@@ -9,8 +9,12 @@
 #include "archive/catalogue_ops.h"
 #include "archive/level_folder_name.h"
 #include "archive/level_store.h"
+#include "foundation/dialogs/dialog_progress.h"
+#include "foundation/dialogs/progress.h"
+#include "foundation/dialogs/shared_dialogs.h"
 #include "foundation/forms/controls.h"
 #include "foundation/program.h"
+#include "foundation/services/paths.h"
 #include "foundation/services/strings.h"
 
 namespace vardolin {
@@ -18,24 +22,14 @@ namespace fs = std::filesystem;
 
 namespace {
 
-// Sizes as the totals box shows them: bytes, whole Kb, then Mb and Gb with one decimal.
-std::string SizeForTotals(double bytes) {
-  char buf[64];
-  if (bytes < 1024)
-    std::snprintf(buf, sizeof buf, "%.0f", bytes);
-  else if (bytes < 1048576.0)
-    std::snprintf(buf, sizeof buf, "%.0f Kb",
-                  static_cast<double>(static_cast<long long>(bytes / 1024)));
-  else if (bytes < 1073741824.0)
-    std::snprintf(buf, sizeof buf, "%.1f Mb", bytes / 1048576.0);
-  else
-    std::snprintf(buf, sizeof buf, "%.1f Gb", bytes / 1073741824.0);
-  return buf;
-}
-
+// The progress window's label and bar: which level of how many, and what of it is counted.
 void ShowProgress(Program& program, const std::string& text, std::size_t done, std::size_t all) {
-  if (program.main.info) program.main.info->SetCaption(text);
-  if (program.main.bar && all > 0) program.main.bar->SetValue(static_cast<int>(done * 100 / all));
+  if (Dialog_Progress* dialog = ProgressDialog(program)) {
+    dialog->Label_Info.SetCaption(text);
+    if (all > 0)
+      SetProgressPercent(dialog->ProgressBar1, static_cast<double>(all), static_cast<double>(done));
+    dialog->Refresh();
+  }
   program.ui().DoEvents();
 }
 
@@ -86,28 +80,48 @@ void RecomputeAllSizes(Program& program, bool silent) {
   Catalogue& c = program.catalogue;
   c.header.TotalFilesSize = 0;
   c.header.TotalUserSize = 0;
-  for (std::size_t i = 0; i < c.levels.size(); ++i) {
+  ShowProgressDialog(program, program.GetText(text::SizesProgressTitle));
+  const std::size_t all = c.levels.size();
+  for (std::size_t i = 0; i < all; ++i) {
     LevelRecord& r = c.levels[i];
+    const std::string name = Trim(r.Name);
+    ShowProgress(program, program.GetText(text::SizesLevel) + name, i, all);
     if (r.CdNumber == 0) {
-      ShowProgress(program, program.GetText(text::SizesLevelFiles) + r.Name, i, c.levels.size());
       r.FilesSize = ToRecordSize(FilesBytesOfLevel(program, r.Code));
+      ShowProgress(program, program.GetText(text::SizesLevelFiles) + FormatFileSize(r.FilesSize), i,
+                   all);
+    } else {
+      // The CD isn't asked for: the size it was given when the level went there stands.
+      ShowProgress(program, program.GetText(text::SizesFilesOnCd) + FormatFileSize(r.FilesSize), i,
+                   all);
     }
-    ShowProgress(program, program.GetText(text::SizesLevelUser) + r.Name, i, c.levels.size());
-    r.UserSize = ToRecordSize(UserBytesOfLevel(program, r.Code));
-    if (i > 0) {
-      c.header.TotalFilesSize += r.FilesSize;
-      c.header.TotalUserSize += r.UserSize;
+    const fs::path folder = HardDiskLevelFolder(program, r.Code);
+    double user = 0;
+    const std::pair<std::int32_t, std::int32_t> parts[] = {
+        {text::SizeFolderPlay, text::SizesPlayFolder},
+        {text::SizeFolderSavegames, text::SizesArchivedSavegames},
+        {text::SizeFolderScreenshots, text::SizesScreenshots}};
+    for (const auto& [fragment, label] : parts) {
+      const double bytes = FolderBytes(JoinFragment(folder, program.GetText(fragment)));
+      user += bytes;
+      ShowProgress(program, program.GetText(label) + FormatFileSize(bytes), i, all);
     }
+    r.UserSize = ToRecordSize(user);
   }
-  if (program.main.info) program.main.info->SetCaption({});
-  if (program.main.bar) program.main.bar->SetValue(0);
+  ShowProgress(program, program.GetText(text::SizesAddingUp), all, all);
+  for (std::size_t i = 1; i < all; ++i) {
+    c.header.TotalFilesSize += c.levels[i].FilesSize;
+    c.header.TotalUserSize += c.levels[i].UserSize;
+  }
   CatalogueChanged(program);
+  ShowProgress(program, program.GetText(text::SizesDone), all, all);
+  HideProgressDialog(program);
   if (silent) return;
   const double files = c.header.TotalFilesSize, user = c.header.TotalUserSize;
   AskUser(program,
-             program.GetText(text::SizesTotalFiles) + SizeForTotals(files) + "\r\n" +
-                 program.GetText(text::SizesTotalUser) + SizeForTotals(user) + "\r\n" +
-                 program.GetText(text::SizesTotalAll) + SizeForTotals(files + user),
+             program.GetText(text::SizesTotalFiles) + FormatFileSize(files) + "\r\n" +
+                 program.GetText(text::SizesTotalUser) + FormatFileSize(user) + "\r\n" +
+                 program.GetText(text::SizesTotalAll) + FormatFileSize(files + user),
              msg::kInformation, program.GetText(text::SizesResultTitle));
 }
 

@@ -47,8 +47,15 @@ inline constexpr std::int32_t SecondaryDirAskTitle = 1156;
 
 // Sizes.
 inline constexpr std::int32_t SizesProgressTitle = 1256;
-inline constexpr std::int32_t SizesLevelFiles = 1257;  // the level name follows
-inline constexpr std::int32_t SizesLevelUser = 1258;   // the level name follows
+// Labels of the progress window, per level; a size follows the first four and 1262.
+inline constexpr std::int32_t SizesLevelFiles = 1257;
+inline constexpr std::int32_t SizesPlayFolder = 1258;
+inline constexpr std::int32_t SizesArchivedSavegames = 1259;
+inline constexpr std::int32_t SizesScreenshots = 1260;
+inline constexpr std::int32_t SizesLevel = 1261;  // the level's name follows
+inline constexpr std::int32_t SizesFilesOnCd = 1262;
+inline constexpr std::int32_t SizesAddingUp = 1263;
+inline constexpr std::int32_t SizesDone = 1264;
 inline constexpr std::int32_t SizesTotalFiles = 1265;  // the size follows
 inline constexpr std::int32_t SizesTotalUser = 1266;   // the size follows
 inline constexpr std::int32_t SizesTotalAll = 1267;    // the size follows
@@ -166,6 +173,7 @@ inline constexpr std::int32_t CaptionFrameScreenShots = 5209;
 
 // The level browser of the main window, its more-info file and the removal of a level.
 inline constexpr std::int32_t LevelCodeNotFound = 1834;        // the code follows
+inline constexpr std::int32_t LevelFolderMissing = 8342;       // ~1 the folder
 inline constexpr std::int32_t CurrentSavegamesFolder = 1835;   // fragment, same as 1546
 inline constexpr std::int32_t CurrentSavegamesPattern = 1836;  // fragment
 inline constexpr std::int32_t InfoDirCdNote = 1837;            // the CD number follows
@@ -178,10 +186,10 @@ inline constexpr std::int32_t RemoveLevelFilesQuestion = 1952;  // name, (folder
 inline constexpr std::int32_t RemoveLevelFilesWait = 1953;
 inline constexpr std::int32_t RemoveLevelFilesFailed = 1954;  // the folder follows
 inline constexpr std::int32_t RemoveLevelDone = 1955;
-inline constexpr std::int32_t MoreInfoCodeNotFound = 1972;      // the code follows
-inline constexpr std::int32_t MoreInfoNone = 1973;              // ~1 CR LF
-inline constexpr std::int32_t MoreInfoFolder = 1974;            // fragment, hard disk
-inline constexpr std::int32_t MoreInfoFolderCd = 1975;          // fragment, CD allowed
+inline constexpr std::int32_t MoreInfoCodeNotFound = 1972;  // the code follows
+inline constexpr std::int32_t MoreInfoNone = 1973;          // ~1 CR LF
+inline constexpr std::int32_t MoreInfoFolder = 1974;        // fragment, hard disk
+inline constexpr std::int32_t MoreInfoFolderCd = 1975;      // fragment, CD allowed
 inline constexpr std::int32_t MoreInfoCdRefused = 1976;
 inline constexpr std::int32_t MoreInfoMissing = 1977;     // ~1 the path
 inline constexpr std::int32_t MoreInfoCopyFolder = 1978;  // fragment, same as 1974

@@ -112,6 +112,12 @@ void SaveBasePlayFiles(Program& program) {
   MovePlayFiles(program, folder, text::BasePlayKeep3, text::BasePlayDelete3);
 }
 
+// Where a file of the backup goes back to: the place the marker names, under the backup's own
+// spelling. The marker keeps the level's spelling (SCRIPT.DAT), which isn't the editor's.
+fs::path AsInBackup(const fs::path& backup_file, const fs::path& place) {
+  return ResolveCase(place.parent_path()) / ResolveCase(backup_file).filename();
+}
+
 // Deletes the level's files named by the marker. False (and the user told) at the first file
 // that won't go. Names that would lead out of the editor folder are never acted on.
 bool RemoveLevelFiles(Program& program, const std::string& marker) {
@@ -148,7 +154,8 @@ bool RemoveLevelFiles(Program& program, const std::string& marker) {
     const SafeJoinResult from = Inside(backup, entry);
     const SafeJoinResult to = Inside(editor, entry);
     if (!from || !to || !FileExists(from.path)) continue;
-    if (CopyFileOver(from.path, to.path, "activation-copy")) ClearReadOnlyFile(to.path);
+    const fs::path target = AsInBackup(from.path, to.path);
+    if (CopyFileOver(from.path, target, "activation-copy")) ClearReadOnlyFile(target);
   }
   if (!replaced.empty()) HideProgressDialog(program);
   return true;
@@ -175,7 +182,8 @@ void RemoveUnlistedLevelFiles(Program& program, std::int32_t code) {
     DeleteFileForced(target.path);
     const SafeJoinResult from = Inside(backup, entry);
     if (from && FileExists(from.path)) {
-      if (CopyFileOver(from.path, target.path, "activation-copy")) ClearReadOnlyFile(target.path);
+      const fs::path back = AsInBackup(from.path, target.path);
+      if (CopyFileOver(from.path, back, "activation-copy")) ClearReadOnlyFile(back);
     }
   }
 }
@@ -214,7 +222,15 @@ std::string LevelFileTarget(std::string_view file_name) {
   return "\\";
 }
 
+bool RefusedWhileGameRuns(Program& program) {
+  if (!program.GameRunning) return false;
+  ShowActivationError(program, program.GetText(text::EditorFolderInUse));
+  return true;
+}
+
 std::int32_t RemoveCurrentLevel(Program& program, std::int32_t next_code) {
+  // The game reads and writes the editor folder while it runs: nothing may move there then.
+  if (RefusedWhileGameRuns(program)) return kEditorFolderInUse;
   const fs::path marker_path = ActiveLevelFilePath(program);
   if (!FileExists(marker_path)) {
     SaveBasePlayFiles(program);
@@ -288,6 +304,7 @@ bool BackToBase(Program& program) {
 bool SetLevelInTrle(Program& program, std::int32_t code) {
   const fs::path editor = Editor(program);
   const std::int32_t previous = RemoveCurrentLevel(program, code);
+  if (previous == kEditorFolderInUse) return false;
   if (previous == code) {
     if (code == 0)
       CopyMatchingFiles(program,
@@ -307,16 +324,28 @@ bool SetLevelInTrle(Program& program, std::int32_t code) {
       ShowActivationError(program, program.GetText(text::LevelCdRefused));
       return BackToBase(program);
     }
-    if (!PrepareLevelFiles(program, files, temporary)) {
-      ShowActivationError(program, program.GetText(text::LevelFilesNotReady));
+    // A level without its files folder (or without any folder) is incomplete, as one that lacks
+    // a file is: the question that offers the repair says what is missing.
+    fs::path missing;
+    if (files.empty())
+      missing = level_folder;
+    else if (!FolderExists(files))
+      missing = FolderExists(files.parent_path()) ? files : files.parent_path();
+    if (missing.empty() && !PrepareLevelFiles(program, files, temporary)) {
+      ShowActivationError(program, program.GetText(text::LevelFilesNotReady, {files.string()}));
       DeleteFileForced(marker_path);
       return BackToBase(program);
     }
     source = temporary.empty() ? ResolveCase(files) : temporary;
-    if (!FileExists(JoinFragment(source, program.GetText(text::CompleteLevelFile)))) {
+    const std::string complete = program.GetText(text::CompleteLevelFile);
+    if (missing.empty() && !FileExists(JoinFragment(source, complete)))
+      missing = JoinFragment(ResolveCase(files), complete);
+    if (!missing.empty()) {
       if (!temporary.empty()) DeleteLevelTree(program, temporary, nullptr, nullptr);
       DeleteFileForced(marker_path);
-      if (AskUser(program, program.GetText(text::LevelIncompleteAsk, {kLineEnd, kLineEnd}),
+      if (AskUser(program,
+                     program.GetText(text::LevelIncompleteAsk,
+                                     {kLineEnd, kLineEnd, "\"" + missing.string() + "\""}),
                      msg::kYesNo) == msg::kYes)
         ShowActivationError(program, program.GetText(text::RepairNotAvailable));
       return BackToBase(program);
@@ -362,6 +391,7 @@ bool SetLevelInTrle(Program& program, std::int32_t code) {
   std::vector<std::string> replaced;
   std::vector<std::string> copied;
   bool copy_failed = false;
+  fs::path failed_source, failed_target;
   if (!sources.empty()) ShowProgressDialog(program, program.GetText(text::CopyingLevelCaption));
   for (std::size_t i = 0; i < sources.size(); ++i) {
     SetBar(program, static_cast<int>(i), static_cast<int>(sources.size()));
@@ -372,6 +402,8 @@ bool SetLevelInTrle(Program& program, std::int32_t code) {
     const bool stood = FileExists(target.path);
     if (!CopyFileOver(sources[i], target.path, "activation-copy")) {
       copy_failed = true;
+      failed_source = sources[i];
+      failed_target = target.path;
       // What stood there may be half overwritten: the backup's copy comes back when the level
       // leaves.
       if (stood) replaced.push_back(targets[i]);
@@ -405,7 +437,8 @@ bool SetLevelInTrle(Program& program, std::int32_t code) {
   WriteMarker(marker_path, head + FormatActiveLevelLists(marker_texts, replaced, copied), false);
   if (!temporary.empty()) DeleteLevelTree(program, temporary, nullptr, nullptr);
   if (copy_failed) {
-    ShowActivationError(program, program.GetText(text::LevelFilesNotReady));
+    ShowActivationError(program, program.GetText(text::LevelFileNotCopied,
+                                                 {failed_source.string(), failed_target.string()}));
     return false;
   }
   FixScriptFiles(program);

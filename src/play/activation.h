@@ -18,12 +18,18 @@ const std::vector<std::string>& EditorStandardNames();
 // .tr4 and .pak, "\audio\" for .wav, "\" for any other.
 std::string LevelFileTarget(std::string_view file_name);
 
+// True, after telling the user, while a launched game runs: the editor folder is the game's then.
+bool RefusedWhileGameRuns(Program& program);
 // Takes the level in the folder out and puts the level `code` in (0: the base level). True
 // when the level stands in the editor folder afterwards. Messages go to the user.
 bool SetLevelInTrle(Program& program, std::int32_t code);
+// What RemoveCurrentLevel gives when a game runs: the folder is left as it is.
+inline constexpr std::int32_t kEditorFolderInUse = -2;
 // Takes out the level that stands in the editor folder, saving its play files in its play
 // folder. The code that stood there: 0 with no marker (the base level), -1 when the marker
 // names none; 0 also when a file of the level couldn't be deleted (the marker then stays).
+// While a game runs (GameRunning) nothing moves: the user is told and the result is
+// kEditorFolderInUse; SetLevelInTrle, and so every activation and reset, then gives false.
 std::int32_t RemoveCurrentLevel(Program& program, std::int32_t next_code);
 // The base level in the editor folder: a clean folder for whoever changes it next.
 bool ResetToBaseLevel(Program& program);

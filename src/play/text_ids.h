@@ -71,7 +71,7 @@ inline constexpr std::int32_t BackupScriptName = 2999;
 // Activation: messages.
 inline constexpr std::int32_t LevelCdRefused = 1128;
 inline constexpr std::int32_t MarkerNotCreated = 1129;
-inline constexpr std::int32_t LevelFilesNotReady = 1135;
+inline constexpr std::int32_t LevelFilesNotReady = 1135;  // ~1 the files folder
 inline constexpr std::int32_t CopyingLevelCaption = 1144;
 inline constexpr std::int32_t ActiveFolderGone = 1193;
 inline constexpr std::int32_t MarkerWithoutLevel = 1197;
@@ -79,8 +79,10 @@ inline constexpr std::int32_t PlayFilesNotSaved = 1199;
 inline constexpr std::int32_t RemovingLevelCaption = 1210;
 inline constexpr std::int32_t LevelFileNotDeleted = 1213;
 inline constexpr std::int32_t RestoringEditorCaption = 1215;
-inline constexpr std::int32_t LevelIncompleteAsk = 2489;
+inline constexpr std::int32_t LevelIncompleteAsk = 2489;  // ~1, ~2 CR LF, ~3 what is missing
 inline constexpr std::int32_t RepairNotAvailable = 8310;
+inline constexpr std::int32_t EditorFolderInUse = 8341;
+inline constexpr std::int32_t LevelFileNotCopied = 8343;  // ~1 the level's file, ~2 its target
 
 // Game launch: paths behind the editor folder and patterns (fragments).
 inline constexpr std::int32_t MediaPlayerPath = 2958;  // same as 3003

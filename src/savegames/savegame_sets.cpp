@@ -123,7 +123,7 @@ bool RecoverSavegameWork(Program& program) {
     }
     if (target.empty()) target = overflow.NextName();
     if (!set_twin.empty()) KeepNote(program, set_twin, file);
-    if (!CopySavegame(program, file, target, true)) return false;
+    if (!PlaceSavegame(program, file, target, true)) return false;
     // The copy in the set came from the slots on its way in, or is on its way out: either way
     // the one now at home is the savegame.
     if (!set_twin.empty()) DeleteSavegame(program, set_twin);
@@ -153,7 +153,7 @@ bool ArchiveSlotSavegames(Program& program, std::int32_t code, std::int32_t& cou
   const SavegameWork journal{SavegameWork::Archive, code, slots, set, false};
   if (!BeginSavegameWork(program, work, journal)) return false;
   for (const fs::path& file : listed) {
-    if (!CopySavegame(program, file, work / file.filename(), true)) {
+    if (!PlaceSavegame(program, file, work / file.filename(), true)) {
       RecoverSavegameWork(program);
       return false;
     }
@@ -172,8 +172,8 @@ bool ArchiveSlotSavegames(Program& program, std::int32_t code, std::int32_t& cou
   }
   count = std::clamp(count, 0, n);
   for (std::int32_t i = 0; i < count; ++i) {
-    if (!CopySavegame(program, files[static_cast<std::size_t>(order[i])],
-                      SlotName(program, set, text::SlotNameArchiveSet, i), false)) {
+    if (!PlaceSavegame(program, files[static_cast<std::size_t>(order[i])],
+                       SlotName(program, set, text::SlotNameArchiveSet, i), false)) {
       RecoverSavegameWork(program);
       return false;
     }
@@ -182,9 +182,9 @@ bool ArchiveSlotSavegames(Program& program, std::int32_t code, std::int32_t& cou
   // Archiving everything still leaves the newest savegame in slot 0.
   const std::int32_t first_kept = count >= n ? n - 1 : count;
   for (std::int32_t i = first_kept; i < n; ++i) {
-    if (!CopySavegame(program, files[static_cast<std::size_t>(order[i])],
-                      SlotName(program, slots, text::SlotNameArchiveSlots, i - first_kept),
-                      false)) {
+    if (!PlaceSavegame(program, files[static_cast<std::size_t>(order[i])],
+                       SlotName(program, slots, text::SlotNameArchiveSlots, i - first_kept),
+                       false)) {
       RecoverSavegameWork(program);
       return false;
     }
@@ -231,7 +231,7 @@ bool RestoreArchivedSavegames(Program& program, std::int32_t code) {
   const SavegameWork journal{SavegameWork::Restore, code, slots, set, false};
   if (!BeginSavegameWork(program, work, journal)) return false;
   for (const fs::path& file : in_slots) {
-    if (!CopySavegame(program, file, work / file.filename(), true)) {
+    if (!PlaceSavegame(program, file, work / file.filename(), true)) {
       RecoverSavegameWork(program);
       return false;
     }
@@ -253,7 +253,7 @@ bool RestoreArchivedSavegames(Program& program, std::int32_t code) {
     }
     const fs::path free_slot = FirstFreeSlot(program, work, text::SlotNameRestoreWork);
     if (free_slot.empty()) break;
-    if (!CopySavegame(program, file, free_slot, true)) {
+    if (!PlaceSavegame(program, file, free_slot, true)) {
       RecoverSavegameWork(program);
       return false;
     }
@@ -262,7 +262,7 @@ bool RestoreArchivedSavegames(Program& program, std::int32_t code) {
   const std::vector<fs::path> gathered = ListWithMask(program, work, text::SavegameMaskRestoreWork);
   const std::vector<int> oldest_first = SortIndexByValue(SaveNumbers(program, gathered), true);
   for (std::size_t i = 0; i < oldest_first.size(); ++i) {
-    if (!CopySavegame(
+    if (!PlaceSavegame(
             program, gathered[static_cast<std::size_t>(oldest_first[i])],
             SlotName(program, slots, text::SlotNameRestoreSlots, static_cast<std::int32_t>(i)),
             true)) {
@@ -286,7 +286,7 @@ bool RestoreSavegameToSlot(Program& program, std::int32_t code, const fs::path& 
   }
   const fs::path free_slot = FirstFreeSlot(program, slots, text::SlotNameRestoreOne);
   if (free_slot.empty()) return false;
-  if (!CopySavegame(program, archived, free_slot, false)) return false;
+  if (!PlaceSavegame(program, archived, free_slot, false)) return false;
   CompactSlots(program, slots);
   return true;
 }

@@ -96,8 +96,10 @@ std::string SavegameListCaption(const Program& program, const fs::path& savegame
          FormatFileDate(savegame, program.GetText(text::SavegameDateFormat)) + ") ";
 }
 
-bool CopySavegame(const Program& program, const fs::path& source, const fs::path& destination,
-                  bool remove_source) {
+namespace {
+
+bool CopyWithNote(const Program& program, const fs::path& source, const fs::path& destination,
+                  bool remove_source, bool clear_destination_note) {
   if (ResolveCase(source) == ResolveCase(destination)) return FileExists(source);
   if (!FileExists(source)) return false;
   const fs::path source_note = NoteName(program, source.parent_path(), text::NoteFileCopyFrom,
@@ -111,7 +113,7 @@ bool CopySavegame(const Program& program, const fs::path& source, const fs::path
   if (!same_note) {
     if (has_note) {
       if (!CopyIntoPlace(source_note, destination_note)) return false;
-    } else if (!DeleteFileForced(destination_note)) {
+    } else if (clear_destination_note && !DeleteFileForced(destination_note)) {
       return false;
     }
   }
@@ -125,6 +127,18 @@ bool CopySavegame(const Program& program, const fs::path& source, const fs::path
   FaultPoint("savegame-copy");
   if (remove_source && has_note && !same_note) DeleteFileForced(source_note);
   return true;
+}
+
+}  // namespace
+
+bool CopySavegame(const Program& program, const fs::path& source, const fs::path& destination,
+                  bool remove_source) {
+  return CopyWithNote(program, source, destination, remove_source, false);
+}
+
+bool PlaceSavegame(const Program& program, const fs::path& source, const fs::path& destination,
+                   bool remove_source) {
+  return CopyWithNote(program, source, destination, remove_source, true);
 }
 
 bool DeleteSavegame(const Program& program, const fs::path& savegame) {
@@ -189,7 +203,7 @@ bool CompactSlots(Program& program, const fs::path& folder) {
   if (files.empty()) return true;
   if (files.size() == 1) {
     if (ExtractExtension(files[0].string()) == ".0") return true;
-    return CopySavegame(
+    return PlaceSavegame(
         program, files[0],
         files[0].parent_path() / ChangeExtension(files[0].filename().string(), ".0"), true);
   }
@@ -203,12 +217,12 @@ bool CompactSlots(Program& program, const fs::path& folder) {
   for (std::size_t k = 0; k < order.size(); ++k) {
     const fs::path& file = files[static_cast<std::size_t>(order[k])];
     const std::string name = ChangeExtension(file.filename().string(), "." + std::to_string(k));
-    if (!CopySavegame(program, file, work / name, true))
+    if (!PlaceSavegame(program, file, work / name, true))
       return RecoverSavegameWork(program) && false;
     FaultPoint("savegame-compact");
   }
   for (const fs::path& file : ListWithMask(program, work, text::SavegameMaskCompact)) {
-    if (!CopySavegame(program, file, ResolveCase(folder) / file.filename(), true))
+    if (!PlaceSavegame(program, file, ResolveCase(folder) / file.filename(), true))
       return RecoverSavegameWork(program) && false;
     FaultPoint("savegame-compact");
   }

@@ -27,10 +27,15 @@ std::string SavegameListCaption(const Program& program, const std::filesystem::p
 
 // Copies (or, with `remove_source`, moves) a savegame and its note file. The copy lands under
 // a temporary name first, so a crash never leaves half a savegame under a savegame's name. A
-// source without a note takes away a note the destination had. False when the savegame could
-// not be copied; the source then stays.
+// source without a note copies none, and a note that stands at the destination stays. False
+// when the savegame could not be copied; the source then stays.
 bool CopySavegame(const Program& program, const std::filesystem::path& source,
                   const std::filesystem::path& destination, bool remove_source);
+// The same for the store's own moves between its folders, where a note at the destination can
+// only be left from a savegame that no longer stands there: a source without a note takes it
+// away, so that it never passes to another savegame.
+bool PlaceSavegame(const Program& program, const std::filesystem::path& source,
+                   const std::filesystem::path& destination, bool remove_source);
 // Deletes a savegame and its note file; true when both are gone.
 bool DeleteSavegame(const Program& program, const std::filesystem::path& savegame);
 

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cstdint>
 
+#include "archive/level_store.h"
 #include "foundation/program.h"
 #include "foundation/services/files.h"
 #include "foundation/services/paths.h"
@@ -38,10 +39,18 @@ ShotList ListLevelShots(Program& program, int level_index) {
   ShotList shots;
   const std::filesystem::path folder = ShotFolder(program, level_index, text::ShotFolderLoad);
   if (folder.empty()) return shots;
+  // The base level's shot folder holds the picture that stands in for a missing shot; it was
+  // never taken in the game, so it neither counts nor gets paged to.
+  const std::string no_image = program.catalogue.levels[level_index].Code == 0
+                                   ? JoinFragment(GetLevelFolder(program, 0, false),
+                                                  program.GetText(text::NoImageOfBaseLevel))
+                                         .string()
+                                   : std::string();
   for (std::int32_t mask : {text::ShotMaskJpeg, text::ShotMaskBmp})
     for (const std::filesystem::path& file :
          ListFiles(folder, ExtractFileName(program.GetText(mask))))
-      shots.InsertShotByDate(file, ShotFileDate(file));
+      if (no_image.empty() || !EqualsNoCase(file.string(), no_image))
+        shots.InsertShotByDate(file, ShotFileDate(file));
   return shots;
 }
 

@@ -17,8 +17,8 @@
 #include "foundation/services/strings.h"
 #include "intake/copy_info_file.h"
 #include "play/active_level.h"
-#include "window/principale_shots.h"
 #include "window/principale_savegames.h"
+#include "window/principale_shots.h"
 
 namespace vardolin {
 namespace {
@@ -32,11 +32,6 @@ std::string EntryText(const LevelRecord& level, std::int32_t active_code) {
 
 int CountFiles(const std::filesystem::path& folder, std::string_view pattern) {
   return static_cast<int>(ListFiles(folder, pattern).size());
-}
-
-// Shots are the JPEG and BMP files of the level's shot folder; nothing else counts there.
-int CountShots(const std::filesystem::path& folder) {
-  return CountFiles(folder, "*.jpg") + CountFiles(folder, "*.bmp");
 }
 
 int CountArchivedSavegames(Program& program, const std::filesystem::path& root) {
@@ -92,7 +87,8 @@ bool SelectLevelByCode(Principale& main, std::int32_t code) {
   return true;
 }
 
-std::string LevelInfoDirText(Program& program, const LevelRecord& level, std::int32_t active_code) {
+std::string LevelInfoDirText(Program& program, const LevelRecord& level, std::int32_t active_code,
+                             int shot_count) {
   const std::filesystem::path folder = GetLevelFolder(program, level.Code, false);
   // While the level is in the editor folder the game keeps its savegames there.
   const std::filesystem::path current =
@@ -103,12 +99,11 @@ std::string LevelInfoDirText(Program& program, const LevelRecord& level, std::in
       CountFiles(current, ExtractFileName(program.GetText(text::CurrentSavegamesPattern)));
   const int archived = CountArchivedSavegames(
       program, JoinFragment(folder, program.GetText(text::UserFolderSavegames)));
-  const int shots = CountShots(JoinFragment(folder, program.GetText(text::UserFolderScreenshots)));
   const std::string cd_note =
       level.CdNumber > 0 ? program.GetText(text::InfoDirCdNote) + std::to_string(level.CdNumber)
                          : std::string();
-  return program.GetText(text::InfoDirSummary,
-                         {"\"" + folder.string() + "\"  -  " + cd_note, std::to_string(shots)}) +
+  return program.GetText(text::InfoDirSummary, {"\"" + folder.string() + "\"  -  " + cd_note,
+                                                std::to_string(shot_count)}) +
          std::to_string(archived) + " + " + std::to_string(current_count);
 }
 
@@ -116,12 +111,21 @@ void AggiornaDatiLivello(Principale& main, int first_shot) {
   Program& program = main.program();
   const LevelRecord* level = ChosenLevel(main, nullptr, text::LevelCodeNotFound);
   if (!level) return;
-  LoadLevelScreenshots(main, static_cast<int>(level - program.catalogue.levels.data()),
-                       first_shot);
+  const int index = static_cast<int>(level - program.catalogue.levels.data());
+  // A level whose folder is gone would only show empty panels: told once, when it is chosen,
+  // not at each refresh.
+  if (index != main.Shots.level_index && level->Code != 0 && level->CdNumber == 0) {
+    const std::filesystem::path folder = GetLevelFolder(program, level->Code, false);
+    if (!folder.empty() && !FolderExists(folder))
+      AskUser(program, program.GetText(text::LevelFolderMissing, {folder.string()}),
+                 msg::kWarning);
+  }
+  LoadLevelScreenshots(main, index, first_shot);
   SelectShotImage(main, main.Shots.selected_image);
   LoadLevelSavegames(main);
   main.Label_InfoLevel.SetCaption(level->Note);
-  main.Label_InfoDir.SetCaption(LevelInfoDirText(program, *level, GetActiveLevelCode(program)));
+  main.Label_InfoDir.SetCaption(
+      LevelInfoDirText(program, *level, GetActiveLevelCode(program), program.ShotCount));
 }
 
 void SearchLevel(Principale& main, SearchWay way) {

@@ -20,8 +20,10 @@ bool SelectLevelByCode(Principale& main, std::int32_t code);
 // Refreshes the panels for the chosen level: its screenshots from the pair at `first_shot`,
 // its note and the summary line.
 void AggiornaDatiLivello(Principale& main, int first_shot = 0);
-// The summary line of Label_InfoDir for a level, counted from the disk.
-std::string LevelInfoDirText(Program& program, const LevelRecord& level, std::int32_t active_code);
+// The summary line of Label_InfoDir for a level: its savegames counted from the disk, beside the
+// count of the screenshots the panel listed.
+std::string LevelInfoDirText(Program& program, const LevelRecord& level, std::int32_t active_code,
+                             int shot_count);
 
 enum class SearchWay { FromTop, Down, Up };
 // Pul_Search (FromTop), Pul_Dopo (Down) and Pul_Prima (Up) with the text of Text_Search.

@@ -27,9 +27,10 @@ void Principale::WirePlay() {
 }
 
 void Principale::Timer1_Timer() {
-  // The common game's end refreshes the panels on the last pair of screenshots; after a media
-  // game the collection of its pictures does that.
-  if (WatchGame(program(), Watcher) == WatchEvent::CommonEnded) AggiornaDatiLivello(*this);
+  // The common game's end refreshes the panels on the last pair of screenshots, which the
+  // watcher noted; after a media game the collection of its pictures does that.
+  if (WatchGame(program(), Watcher) == WatchEvent::CommonEnded)
+    AggiornaDatiLivello(*this, program().FirstShotShown);
 }
 
 }  // namespace vardolin

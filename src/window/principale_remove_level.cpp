@@ -45,7 +45,8 @@ void RemoveChosenLevel(Principale& main) {
     return;
   // The level leaves the editor folder before its record goes, so that the marker never names a
   // level the archive has lost; no level is coming, so the folder is cleaned.
-  if (code == GetActiveLevelCode(program)) RemoveCurrentLevel(program, -1);
+  if (code == GetActiveLevelCode(program) && RemoveCurrentLevel(program, -1) == kEditorFolderInUse)
+    return;
   const std::filesystem::path folder = GetLevelFolder(program, code, false);
   const double files_size = catalogue.levels[index].FilesSize;
   const double user_size = catalogue.levels[index].UserSize;

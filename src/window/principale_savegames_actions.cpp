@@ -3,6 +3,7 @@
 #include <string>
 
 #include "foundation/dialogs/ask.h"
+#include "window/principale_levels.h"
 #include "window/principale.h"
 #include "foundation/ports/ui.h"
 #include "foundation/program.h"
@@ -77,7 +78,8 @@ void RestoreSelectedSavegame(Principale& main) {
   if (!code) return;
   const int row = main.List_SaveGameArchiviati.ListIndex();
   RestoreSavegameToSlot(program, *code, path);
-  ReloadSavegamePanel(main);
+  // The picture beside it may be one the user paged to: the pair on show stays.
+  AggiornaDatiLivello(main, program.FirstShotShown);
   main.List_SaveGameArchiviati.SetListIndex(row);
 }
 

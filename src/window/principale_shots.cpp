@@ -1,5 +1,7 @@
 #include "window/principale_shots.h"
 
+#include <algorithm>
+
 #include "foundation/dialogs/ask.h"
 #include "foundation/ports/ui.h"
 #include "archive/catalogue_ops.h"
@@ -28,12 +30,13 @@ void EnsureBaseNoImage(Program& program) {
   CopyFileOver(shipped, wanted);
 }
 
-void ShowInImage(Image& image, Label& label, const std::filesystem::path& picture) {
+// The no-image picture fills an empty place of the pair; it is no shot, so it has no caption.
+void ShowInImage(Image& image, Label& label, const std::filesystem::path& picture, bool shot) {
   if (image.Picture() == picture.string())
     image.Refresh();
   else
     image.SetPicture(picture.string());
-  label.SetCaption(ExtractBaseName(picture.string()));
+  label.SetCaption(shot ? ExtractBaseName(picture.string()) : std::string());
 }
 
 }  // namespace
@@ -54,6 +57,7 @@ void LoadLevelScreenshots(Principale& main, int level_index, int index) {
   state.level_index = level_index;
   EnsureBaseNoImage(program);
   state.shots = ListLevelShots(program, level_index);
+  program.ShotCount = state.shots.Count();
   ShowScreenshotPair(main, index);
 }
 
@@ -67,14 +71,16 @@ bool ShowScreenshotPair(Principale& main, int index) {
     return false;
   }
   state.current = state.shots.Holds(index) ? index : -2;
-  ShowInImage(main.Image1, main.Label_InfoImage1, first);
+  // What the next refresh of the panels comes back to, unless it asks for another pair.
+  program.FirstShotShown = std::max(state.current, 0);
+  ShowInImage(main.Image1, main.Label_InfoImage1, first, state.shots.Holds(index));
   const std::filesystem::path second =
       state.shots.Holds(index + 1) ? state.shots[index + 1].path : no_image;
   if (!FileExists(second)) {
     AskUser(program, program.GetText(text::ShotMissing2), msg::kError);
     return false;
   }
-  ShowInImage(main.Image2, main.Label_InfoImage2, second);
+  ShowInImage(main.Image2, main.Label_InfoImage2, second, state.shots.Holds(index + 1));
   return true;
 }
 

@@ -10,6 +10,7 @@
 #include "archive/catalogue_ops.h"
 #include "window/principale.h"
 #include "foundation/pictures/picture_file.h"
+#include "foundation/platform/wine_registry.h"
 #include "foundation/ports/platform.h"
 #include "foundation/program.h"
 #include "foundation/services/files.h"
@@ -25,8 +26,6 @@
 namespace vardolin {
 namespace {
 
-// Where a file dialog for a program starts: the programs of the system.
-constexpr const char* kProgramsFolder = "/usr/bin";
 // Shots that share the date a savegame gave to its chosen picture move by this much.
 constexpr std::chrono::seconds kTieStep{5};
 
@@ -231,7 +230,7 @@ bool ChooseGraphicsProgram(Program& program) {
   FileRequest request;
   request.title = program.GetText(text::ChooseGraphicsProgramTitle);
   request.filter = program.GetText(text::ProgramFileFilter);
-  request.start_folder = kProgramsFolder;
+  request.start_folder = ProgramFilesFolder().string();
   const std::string chosen = program.ui().AskOpenFile(request);
   if (chosen.empty()) return false;
   program.prefs.GraphicsProgram = chosen;

@@ -5,6 +5,7 @@
 
 #include <cstdint>
 
+#include "window/principale_levels.h"
 #include "window/principale.h"
 #include "foundation/program.h"
 #include "foundation/services/files.h"
@@ -45,14 +46,14 @@ void Principale::WireWatcherSteps() {
     if (!IsKeyCombinationDown(p.platform(), kKeyF9)) return;
     Beep(p, 200, 150);
     ArchiveActiveSlots(p, static_cast<std::int32_t>(kGameSlots));
-    LoadLevelSavegames(*this);
+    AggiornaDatiLivello(*this, p.FirstShotShown);
   };
   Watcher.f11_restore = [this] {
     Program& p = program();
     if (!IsKeyCombinationDown(p.platform(), kKeyF11)) return;
     Beep(p, 200, 150);
     RestoreArchivedSavegames(p, GetActiveLevelCode(p));
-    LoadLevelSavegames(*this);
+    AggiornaDatiLivello(*this, p.FirstShotShown);
   };
   Watcher.full_slots = [this] {
     Program& p = program();
@@ -60,7 +61,7 @@ void Principale::WireWatcherSteps() {
     ArchiveActiveSlots(p, p.prefs.SavegamesToArchive);
     Beep(p, 300, 100);
     Beep(p, 100, 150);
-    LoadLevelSavegames(*this);
+    AggiornaDatiLivello(*this, p.FirstShotShown);
   };
   Watcher.screenshot = [this] {
     Program& p = program();
@@ -71,7 +72,7 @@ void Principale::WireWatcherSteps() {
     CollectMediaShots(p);
     if (p.prefs.ArchiveSavegames && SlotsAreFull(p)) {
       ArchiveActiveSlots(p, p.prefs.SavegamesToArchive);
-      LoadLevelSavegames(*this);
+      AggiornaDatiLivello(*this, p.FirstShotShown);
     }
   };
   Joystick.ArchivedSaves = &List_SaveGameArchiviati;

@@ -8,6 +8,7 @@
 #include "archive/catalogue_sizes.h"
 #include "archive/level_folder_name.h"
 #include "archive_fixture.h"
+#include "foundation/dialogs/shared_dialogs.h"
 
 namespace vardolin::testing {
 namespace {
@@ -126,6 +127,9 @@ TEST(CatalogueSizes, RecomputeLeavesTheBaseLevelOutOfTheTotals) {
   ASSERT_EQ(f.ui.Questions().size(), 1u);
   EXPECT_EQ(f.ui.Questions()[0].title, "Archive sizes");
   EXPECT_EQ(f.ui.Questions()[0].style, msg::kInformation);
+  // The count went on in the progress window, which is gone again.
+  EXPECT_EQ(f.ui.ModelessShown(), std::vector<std::string>{"Dialog_Progress"});
+  EXPECT_EQ(ProgressDialog(f.program), nullptr);
 }
 
 TEST(CatalogueOps, CdLevelStopsTheCallerWithAnError) {
@@ -182,6 +186,17 @@ TEST(CatalogueFolders, VanishedSharedFolderTakesTheAnswerForBoth) {
   Catalogue saved;  // AutoSave wrote the change
   ASSERT_TRUE(ParseCatalogue(ReadFile(f.file), saved).ok());
   EXPECT_EQ(saved.header.SecondaryDir, moved);
+}
+
+TEST(CatalogueFolders, AnAnswerForAMainFolderOfItsOwnChangesNothing) {
+  FoldersFixture f;
+  std::filesystem::create_directories(f.Path("second"));
+  f.program.catalogue.header.SecondaryDir = f.Path("second").string();
+  std::filesystem::create_directories(f.Path("moved"));
+  f.ui.Answer(msg::kOk, "gone").Folder(f.Path("moved").string());
+  EXPECT_TRUE(CheckCatalogueFolders(f.program));
+  EXPECT_EQ(f.program.catalogue.header.MainDir, f.Path("gone").string());
+  EXPECT_EQ(f.program.catalogue.header.SecondaryDir, f.Path("second").string());
 }
 
 TEST(CatalogueFolders, VanishedSecondaryFolderWithoutAnswerFails) {

@@ -3,6 +3,7 @@
 #include <regex>
 #include <set>
 
+#include "foundation/platform/wine_registry.h"
 #include "foundation/program.h"
 #include "foundation/settings/dialog_settings.h"
 #include "foundation/text_ids.h"
@@ -143,6 +144,9 @@ TEST_F(DialogSettingsTest, CancelAfterChoosingAGraphicsProgramRestoresIt) {
   auto d = Open();
   ui.OpenFile("/usr/bin/new");
   d->Pul_ScegliEditor.Click();
+  // A graphics program of Windows lies where Windows keeps programs: the Wine prefix's.
+  EXPECT_EQ(ui.Questions().back().text,
+            (DefaultWinePrefix() / "drive_c" / "Program Files").string());
   EXPECT_EQ(program.prefs.GraphicsProgram, "/usr/bin/new");  // stored at once
   EXPECT_EQ(d->Label_EditorGrafico.Caption(), "/usr/bin/new");
   d->Pul_Cancel.Click();

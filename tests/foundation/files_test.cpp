@@ -152,16 +152,26 @@ TEST_F(FilesTest, CopyMatchingFilesStopsAtTheFirstFailure) {
   EXPECT_FALSE(CopyMatchingFiles(program, dir / "from", dir / "to", true, "*"));
 }
 
-TEST_F(FilesTest, ListsFilesAndSubfolders) {
-  dir.Write("l/x.TR4", "");
-  dir.Write("l/y.tr4", "");
-  dir.Write("l/z.pak", "");
+TEST_F(FilesTest, ListsFilesAndSubfoldersByNameAsWindowsDoes) {
+  // Written out of order: a listing goes by name without regard to case, letters before '_'.
+  for (const char* name : {"l/y.tr4", "l/savegame.8", "l/_a.tr4", "l/savegame.10", "l/x.TR4",
+                           "l/savegame.7", "l/z.pak", "l/savegame.6"})
+    dir.Write(name, "");
   fs::create_directories(dir / "l/sub1");
   fs::create_directories(dir / "l/Sub2");
-  EXPECT_EQ(Names(ListFiles(dir / "L", "*.tr4")), (std::vector<std::string>{"x.TR4", "y.tr4"}));
+  fs::create_directories(dir / "l/sub0");
+  const auto listed = [](const std::vector<fs::path>& paths) {
+    std::vector<std::string> out;
+    for (const auto& p : paths) out.push_back(p.filename().string());
+    return out;
+  };
+  EXPECT_EQ(listed(ListFiles(dir / "L", "*.tr4")),
+            (std::vector<std::string>{"x.TR4", "y.tr4", "_a.tr4"}));
+  EXPECT_EQ(listed(ListFiles(dir / "l", "savegame.*")),
+            (std::vector<std::string>{"savegame.10", "savegame.6", "savegame.7", "savegame.8"}));
   EXPECT_EQ(ListFiles(dir / "l", "*.tr4")[0].parent_path(), dir / "l");
-  EXPECT_EQ(Names(ListSubfolders((dir / "l").string() + "\\")),
-            (std::vector<std::string>{"Sub2", "sub1"}));
+  EXPECT_EQ(listed(ListSubfolders((dir / "l").string() + "\\")),
+            (std::vector<std::string>{"sub0", "sub1", "Sub2"}));
   EXPECT_TRUE(ListSubfolders(dir / "none").empty());
   EXPECT_TRUE(ListFiles(dir / "none", "*").empty());
 }

@@ -67,11 +67,24 @@ TEST(ProgramHomeTest, FirstStartCopiesResourcesAndLaterStartsKeepTheUsersFiles) 
   EXPECT_EQ(ReadFile(target / "english.trc"), "shipped");
   EXPECT_EQ(ReadFile(target / "pictures/splash.jpg"), "picture");
 
+  // A newer program: what it ships replaces what the older one put there, not what the user
+  // changed.
   home.Write("nested/home/english.trc", "edited by the user");
+  resources.Write("english.trc", "shipped, second version");
+  resources.Write("pictures/splash.jpg", "picture, second version");
   resources.Write("italian.trc", "new in this version");
   ASSERT_TRUE(PrepareHome(target));
   EXPECT_EQ(ReadFile(target / "english.trc"), "edited by the user");
+  EXPECT_EQ(ReadFile(target / "pictures/splash.jpg"), "picture, second version");
   EXPECT_EQ(ReadFile(target / "italian.trc"), "new in this version");
+
+  // A home an older build made, before it kept a record of what it shipped: its files are
+  // refreshed, and what stood there stays beside them.
+  fs::remove(target / ".shipped_resources");
+  home.Write("nested/home/italian.trc", "from an older build");
+  ASSERT_TRUE(PrepareHome(target));
+  EXPECT_EQ(ReadFile(target / "italian.trc"), "new in this version");
+  EXPECT_EQ(ReadFile(target / "italian.trc.old"), "from an older build");
 }
 
 TEST(ProgramHomeTest, AHomeThatIsAFileCannotBeUsed) {

@@ -63,8 +63,8 @@ struct FullDiskTest : ::testing::Test, testing::StoreFixture {
 TEST_F(FullDiskTest, ACopyThatFailsPartWayIsToldAndTheNextActivationPutsTheFolderRight) {
   const auto base = Snapshot(editor);
   const auto stores = Snapshot(archive);
-  const std::string told = program.GetText(text::LevelFilesNotReady);
-  ASSERT_FALSE(told.empty());
+  // The message names the file that didn't reach the editor folder.
+  const std::string told = " could not be copied into the editor folder as " + editor.string();
   struct Case {
     std::int32_t failing, next;
   };
@@ -87,7 +87,7 @@ TEST_F(FullDiskTest, ACopyThatFailsPartWayIsToldAndTheNextActivationPutsTheFolde
       }
       ++failures;
       ASSERT_EQ(ui.Messages().size(), messages + 1);
-      EXPECT_EQ(ui.Messages().back(), told);
+      EXPECT_NE(ui.Messages().back().find(told), std::string::npos) << ui.Messages().back();
       EXPECT_EQ(Snapshot(archive), stores);
       // The marker still names the level, so its half copy is taken out with it.
       EXPECT_EQ(GetActiveLevelCode(program), c.failing);

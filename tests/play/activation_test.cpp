@@ -20,6 +20,7 @@ namespace vardolin {
 namespace {
 
 namespace fs = std::filesystem;
+using testing::Names;
 using testing::ReadFile;
 using testing::Snapshot;
 
@@ -234,7 +235,8 @@ TEST_F(ActivationTest, ACopyThatFailsEndsWithTheMessageAndTheNextActivationPutsT
   const auto store = Snapshot(Files(1));
   // A folder where a file of the level should go: its copy fails as on a full disk.
   fs::create_directories(editor / "readme_a.txt");
-  ui.Answer(msg::kOk, "could not be made ready");
+  ui.Answer(msg::kOk, "readme_a.txt could not be copied into the editor folder as " +
+                          (editor / "readme_a.txt").string());
   EXPECT_FALSE(SetLevelInTrle(program, 1));
   EXPECT_EQ(GetActiveLevelCode(program), 1);  // what was copied is on the lists
   fs::remove(editor / "readme_a.txt");
@@ -242,6 +244,17 @@ TEST_F(ActivationTest, ACopyThatFailsEndsWithTheMessageAndTheNextActivationPutsT
   ASSERT_TRUE(ResetToBaseLevel(program));
   EXPECT_EQ(Snapshot(editor), base);
   EXPECT_EQ(Snapshot(Files(1)), store);
+}
+
+TEST_F(ActivationTest, FilesNamedInCapitalsLeaveTheEditorsNamesAsTheyWere) {
+  const auto base = Snapshot(editor);
+  WriteLevel(3, {{"c.tr4", "level c"}, {"SCRIPT.DAT", "c's script"}, {"ENGLISH.DAT", "c's text"}});
+  program.catalogue.levels[3].CdNumber = 0;
+  ASSERT_TRUE(SetLevelInTrle(program, 3));
+  EXPECT_EQ(ReadFile(editor / "script.dat"), "c's script");
+  EXPECT_EQ(ReadFile(editor / "english.dat"), "c's text");
+  ASSERT_TRUE(ResetToBaseLevel(program));
+  EXPECT_EQ(Names(Snapshot(editor)), Names(base));
 }
 
 TEST_F(ActivationTest, AStoreFolderComesWithTheLevelAndGoesWithIt) {

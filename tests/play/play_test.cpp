@@ -16,6 +16,7 @@
 #include "play/game_launch.h"
 #include "play/game_watcher.h"
 #include "play/play_level.h"
+#include "play/text_ids.h"
 #include "play_fixture.h"
 
 namespace vardolin {
@@ -45,6 +46,9 @@ TEST(Play, AChosenLevelIsPlayedWatchedToItsEndAndReplacedByTheNext) {
   f.main->Watcher.screenshot = [&] { steps.push_back("screenshot"); };
   f.main->Watcher.collect_media_shots = [&] { steps.push_back("media"); };
 
+  for (int i = 0; i < 5; ++i)
+    testing::WritePicture(GetLevelFolder(f.program, 1, false) / "screenshots" /
+                          ("s" + std::to_string(i) + ".jpg"));
   f.Choose("Beta");
   f.main->Pul_Play.Click();
   ASSERT_TRUE(f.program.GameRunning);
@@ -62,10 +66,9 @@ TEST(Play, AChosenLevelIsPlayedWatchedToItsEndAndReplacedByTheNext) {
   f.main->Timer1.Tick();
   EXPECT_EQ(steps, (std::vector<std::string>{"joystick", "f9", "f11", "full", "screenshot"}));
   WriteBytes(f.editor / "standin_commands.txt", "save 2 Beta\nexit 0\n");
-  f.program.ShotCount = 5;
   ASSERT_TRUE(f.TickUntilEnded());
   EXPECT_FALSE(f.program.GameProcess.Valid());
-  EXPECT_EQ(f.program.FirstShotShown, 4);
+  EXPECT_EQ(f.main->Shots.current, 4) << "the panel shows the last pair";
   // The panels were refreshed: the summary counts the new savegame in the editor folder.
   EXPECT_TRUE(f.main->Label_InfoDir.Caption().ends_with("0 + 1"))
       << f.main->Label_InfoDir.Caption();
@@ -97,6 +100,7 @@ TEST(Play, FailedLaunchesAreToldAndLeaveNoGameWatched) {
     std::vector<std::pair<int, std::string>> answers;
     std::int32_t active_after;
     bool media;
+    std::string gone = {};  // removed from the archive before the level is chosen
   };
   const std::vector<Case> cases = {
       {"no selection", "", {{msg::kOk, "Choose a level in the list first"}}, 0, false},
@@ -107,6 +111,20 @@ TEST(Play, FailedLaunchesAreToldAndLeaveNoGameWatched) {
        false},
       {"game won't start", "Beta", {{msg::kOk, "The game couldn't be started"}}, 1, false},
       {"media player missing", "Delta", {{msg::kOk, "play_the_game.exe is missing"}}, 3, true},
+      {"files folder missing",
+       "Beta",
+       {{msg::kNo, "LEVEL_0001/files\" is missing"}, {msg::kOk, "couldn't be put"}},
+       0,
+       false,
+       "LEVEL_0001/files"},
+      {"level folder missing",
+       "Beta",
+       {{msg::kOk, "/LEVEL_0001. Its files"},
+        {msg::kNo, "LEVEL_0001\" is missing"},
+        {msg::kOk, "couldn't be put"}},
+       0,
+       false,
+       "LEVEL_0001"},
   };
   for (const Case& c : cases) {
     SCOPED_TRACE(c.name);
@@ -117,11 +135,12 @@ TEST(Play, FailedLaunchesAreToldAndLeaveNoGameWatched) {
       fs::permissions(folder / "tomb4.exe",
                       fs::perms::owner_exec | fs::perms::group_exec | fs::perms::others_exec,
                       fs::perm_options::remove);
+    if (!c.gone.empty()) fs::remove_all(f.archive / c.gone);
+    for (const auto& [answer, text] : c.answers) f.ui.Answer(answer, text);
     if (c.choose.empty())
       f.main->Combo_Livelli.Clear();
     else
       f.Choose(c.choose);
-    for (const auto& [answer, text] : c.answers) f.ui.Answer(answer, text);
     f.main->Pul_Play.Click();
     EXPECT_TRUE(f.ui.Done());
     EXPECT_FALSE(f.program.GameRunning);
@@ -133,6 +152,25 @@ TEST(Play, FailedLaunchesAreToldAndLeaveNoGameWatched) {
     f.main->Timer1.Tick();
     EXPECT_FALSE(f.program.GameRunning);
   }
+}
+
+TEST(Play, NothingMovesInTheEditorFolderWhileTheGameRuns) {
+  PlayFixture f(kNames);
+  ASSERT_TRUE(SetLevelInTrle(f.program, 1));
+  f.program.GameRunning = true;
+  const auto before = testing::Snapshot(f.editor);
+  const std::string refused = f.program.GetText(text::EditorFolderInUse);
+  f.Choose("Gamma");
+  f.ui.Answer(msg::kOk, refused).Answer(msg::kOk, "couldn't be put");
+  f.main->Pul_Play.Click();
+  f.ui.Answer(msg::kOk, refused);
+  EXPECT_FALSE(ResetToBaseLevel(f.program));
+  f.Choose("Beta (*)");
+  f.ui.Answer(msg::kYes, "\"Beta\" ?").Answer(msg::kOk, refused);
+  f.main->mnu_RemoveLevel.Click();
+  EXPECT_EQ(f.program.catalogue.levels.size(), kNames.size()) << "the level stays";
+  EXPECT_EQ(testing::Snapshot(f.editor), before);
+  EXPECT_TRUE(f.ui.Done());
 }
 
 TEST(Play, AMediaLevelIsPlayedThroughPlayTheGameAndItsEndCollectsThePictures) {

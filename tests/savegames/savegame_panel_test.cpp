@@ -191,7 +191,11 @@ TEST(SavegamePanel, RestoringOneSavegameWantsAnArchivedOne) {
     SavegamePanelFixture f;
     f.FillSlots(1, {7});
     f.FillSet(1, 1, {1, 2});
+    fs::create_directories(ShotFolder(f.program, 1));
+    for (const char* shot : {"a.jpg", "b.jpg", "c.jpg"})
+      fs::copy_file(f.Path("home/no_image.jpg"), ShotFolder(f.program, 1) / shot);
     f.ChooseLevel(1);
+    f.main->Pul_DopoScreenShot.Click();
     f.main->List_SaveGameTomb.SetListIndex(c.tomb_row);
     f.main->List_SaveGameArchiviati.SetListIndex(c.archive_row);
     for (const std::string& text : c.told) f.ui.Answer(msg::kOk, text);
@@ -199,6 +203,7 @@ TEST(SavegamePanel, RestoringOneSavegameWantsAnArchivedOne) {
     EXPECT_EQ(f.SlotNumbers(SlotFolder(f.program, 1)), c.slots);
     EXPECT_EQ(f.Numbers(f.main->List_SaveGameArchiviati), (std::vector<int>{1, 2}));
     EXPECT_EQ(f.main->List_SaveGameArchiviati.ListIndex(), c.archive_row) << "kept";
+    EXPECT_EQ(f.main->Shots.current, 2) << "the pair on show stays";
   }
 }
 

@@ -36,8 +36,10 @@ TEST_F(SavegameStore, CopyAndMoveTakeTheNoteAlong) {
     const std::string bytes = ReadFile(source);
     ASSERT_TRUE(CopySavegame(program, source, destination, c.remove));
     EXPECT_EQ(ReadFile(destination), bytes);
-    // The note that stood at the destination belonged to the savegame that was replaced.
-    EXPECT_EQ(ReadFile(SavegameNoteFile(program, destination)), c.source_note ? "source note" : "");
+    // Without a note of its own the source copies none: the destination's note stays.
+    EXPECT_EQ(ReadFile(SavegameNoteFile(program, destination)), c.source_note        ? "source note"
+                                                                : c.destination_note ? "old note"
+                                                                                     : "");
     EXPECT_EQ(FileExists(destination.parent_path() / savegame_files::kPartialCopyName), false);
     EXPECT_EQ(FileExists(source), !c.remove);
     EXPECT_EQ(FileExists(SavegameNoteFile(program, source)), c.source_note && !c.remove);

@@ -124,7 +124,7 @@ TEST(ShotMenu, DeletingAShot) {
       {"the second of the last pair of six keeps it", 1, 6, {ShotPage::Last}, 1, msg::kYes, 5, 4},
       {"No keeps the file", 1, 2, {}, 1, msg::kNo, 2, 0},
       {"no shot beside the last of five", 1, 5, {ShotPage::Last}, 1, 0, 5, 4},
-      {"the base level's first picture", 0, 0, {}, 0, 0, 1, 0},
+      {"the base level's no-image picture", 0, 0, {}, 0, 0, 0, -2},
   };
   for (const Case& c : cases) {
     SCOPED_TRACE(c.what);

@@ -102,7 +102,8 @@ TEST(ShotPanel, PagingByPairs) {
     EXPECT_EQ(f.main->Shots.current, c.current);
     EXPECT_EQ(f.Shown(f.main->Image1), c.first);
     EXPECT_EQ(f.Shown(f.main->Image2), c.second);
-    EXPECT_EQ(f.main->Label_InfoImage1.Caption(), std::filesystem::path(c.first).stem());
+    EXPECT_EQ(f.main->Label_InfoImage1.Caption(),
+              c.current < 0 ? "" : std::filesystem::path(c.first).stem().string());
   }
 }
 
@@ -177,6 +178,13 @@ TEST(ShotPanel, TheBaseLevelGetsItsNoImagePictureBackFromTheProgramsFolder) {
   f.ChooseMyLevel();
   EXPECT_TRUE(std::filesystem::exists(f.Folder(0) / "screenshots" / "no_image.jpg"));
   EXPECT_EQ(f.Shown(f.main->Image1), "no_image.jpg");
+  // In the base level's own shot folder it is still no screenshot of that level.
+  f.Choose("Base");
+  EXPECT_EQ(f.Shown(f.main->Image1), "no_image.jpg");
+  EXPECT_EQ(f.program.ShotCount, 0);
+  EXPECT_EQ(f.main->Label_InfoImage1.Caption(), "");
+  EXPECT_NE(f.main->Label_InfoDir.Caption().find("Screenshots: 0 "), std::string::npos)
+      << f.main->Label_InfoDir.Caption();
 }
 
 }  // namespace

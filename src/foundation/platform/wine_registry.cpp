@@ -204,4 +204,9 @@ fs::path DefaultWinePrefix() {
   return {};
 }
 
+fs::path ProgramFilesFolder() {
+  const fs::path prefix = DefaultWinePrefix();
+  return prefix.empty() ? fs::path() : prefix / "drive_c" / "Program Files";
+}
+
 }  // namespace vardolin

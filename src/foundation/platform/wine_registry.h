@@ -35,5 +35,8 @@ std::string ReadWineRegistry(const std::filesystem::path& prefix, std::string_vi
 
 // $WINEPREFIX, else ~/.wine.
 std::filesystem::path DefaultWinePrefix();
+// Where Windows keeps its programs (its special folder 38): the default prefix's
+// "drive_c/Program Files". A Windows program the user picks, as the game's tools are, lies there.
+std::filesystem::path ProgramFilesFolder();
 
 }  // namespace vardolin

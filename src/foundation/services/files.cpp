@@ -5,6 +5,7 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <cerrno>
 #include <ctime>
 #include <fstream>
@@ -51,6 +52,27 @@ std::optional<std::string> FindNoCase(const fs::path& dir, const std::string& na
     if (EqualsNoCase(candidate, name) && (!found || candidate < *found)) found = candidate;
   }
   return found;
+}
+
+// Windows lists a folder by name without regard to case (its file system keeps the index in
+// upper case), and what the program shows in listing order, the savegame slots first of all,
+// rests on that; the raw order of a Linux folder is the order of its hash table.
+bool ListedBefore(const fs::path& a, const fs::path& b) {
+  const std::string x = a.filename().string();
+  const std::string y = b.filename().string();
+  const auto upper = [](char c) {
+    return static_cast<unsigned char>(c >= 'a' && c <= 'z' ? c - 'a' + 'A' : c);
+  };
+  const std::size_t n = std::min(x.size(), y.size());
+  for (std::size_t i = 0; i < n; ++i)
+    if (upper(x[i]) != upper(y[i])) return upper(x[i]) < upper(y[i]);
+  // Names that differ only in case can't both stand on Windows; bytes keep their order stable.
+  return x.size() != y.size() ? x.size() < y.size() : x < y;
+}
+
+template <class It>
+void InListingOrder(It first, It last) {
+  std::sort(first, last, ListedBefore);
 }
 
 void AddOwnerWrite(const fs::path& p) {
@@ -230,6 +252,7 @@ std::vector<fs::path> ListFiles(const fs::path& folder, std::string_view pattern
     if (file) out.push_back(real / name);
   }
   ::closedir(dir);
+  InListingOrder(out.begin(), out.end());
   return out;
 }
 
@@ -243,6 +266,7 @@ std::vector<fs::path> ListSubfolders(const fs::path& folder) {
     std::error_code type_ec;
     if (it->is_directory(type_ec)) out.push_back(it->path());
   }
+  InListingOrder(out.begin(), out.end());
   return out;
 }
 
@@ -261,20 +285,21 @@ bool FolderTreeWalker::Walk(const fs::path& folder) {
   fs::directory_iterator it(folder, ec);
   if (ec) return false;
   std::vector<fs::path> subfolders;
+  const std::size_t first_file = files_.size();
   for (fs::directory_iterator end; it != end; it.increment(ec)) {
     if (ec) return false;
     std::error_code type_ec;
     bool link = it->is_symlink(type_ec);
     if (it->is_directory(type_ec)) {
-      if (!link) {
-        folders_.push_back(it->path());
-        subfolders.push_back(it->path());
-      }
+      if (!link) subfolders.push_back(it->path());
     } else if (it->is_regular_file(type_ec)) {
       files_.push_back(it->path());
     }
   }
+  InListingOrder(files_.begin() + static_cast<std::ptrdiff_t>(first_file), files_.end());
+  InListingOrder(subfolders.begin(), subfolders.end());
   // A sub-folder that can't be read is skipped, as any unreadable entry is.
+  folders_.insert(folders_.end(), subfolders.begin(), subfolders.end());
   for (const fs::path& sub : subfolders) Walk(sub);
   return true;
 }

@@ -50,7 +50,8 @@ bool AskReplaceFile(Program& program, const std::filesystem::path& new_file,
 std::string ReplaceFileQuestion(const std::filesystem::path& new_file,
                                 const std::filesystem::path& old_file);
 
-// Full paths of the files of a folder whose names match, in the file system's order.
+// Full paths of the files of a folder whose names match, in the order Windows lists a folder:
+// by name without regard to case. The other listings here keep that order too.
 std::vector<std::filesystem::path> ListFiles(const std::filesystem::path& folder,
                                              std::string_view pattern);
 // Full paths of the sub-folders; a missing folder gives an empty list.

@@ -5,6 +5,7 @@
 #include <cstdlib>
 #include <limits>
 
+#include "foundation/platform/wine_registry.h"
 #include "foundation/ports/platform.h"
 #include "foundation/ports/ui.h"
 #include "foundation/program.h"
@@ -18,8 +19,6 @@ namespace {
 constexpr int kTenthsChoices = 9;
 constexpr int kTenthsFallbackIndex = 4;  // the fifth entry, 5 tenths
 constexpr int kMaxSavegamesToArchive = 15;
-// Where programs live on this system, as the program-files folder is elsewhere.
-constexpr const char* kProgramsFolder = "/usr/bin";
 
 // A number as a person types it: sign, digits, an optional fraction and exponent, blanks around.
 bool ParseNumber(const std::string& typed, double& value) {
@@ -212,7 +211,7 @@ void Dialog_Settings::Pul_ScegliEditor_Click() {
   FileRequest request;
   request.title = p.GetText(text::ChooseGraphicsProgramTitle);
   request.filter = p.GetText(text::ProgramFileFilter);
-  request.start_folder = kProgramsFolder;
+  request.start_folder = ProgramFilesFolder().string();
   std::string chosen = p.ui().AskOpenFile(request);
   if (chosen.empty()) return;
   // Stored at once, like the old dialog did; Cancel puts the copy back.

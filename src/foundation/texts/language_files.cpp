@@ -7,8 +7,8 @@
 
 #include "foundation/dialogs/progress.h"
 #include "foundation/forms/form.h"
-#include "foundation/ports/ui.h"
 #include "foundation/forms/open_forms.h"
+#include "foundation/ports/ui.h"
 #include "foundation/program.h"
 #include "foundation/services/codepage.h"
 #include "foundation/services/strings.h"
@@ -73,7 +73,10 @@ bool ReadTextFile(Program& program, const fs::path& path, TextTable& table, Labe
       SetProgressPercent(*bar, parsed.declared_count, i);
 
   if (!parsed.ok) {
-    program.ui().AskUser(parsed.error, msg::kError, "Error loading " + table.name + " texts:\r\n");
+    // The texts themselves may be what failed to load, so the box says it in plain English; the
+    // title is left to the box, which names the program.
+    program.ui().AskUser("Error loading " + table.name + " texts:\r\n" + parsed.error, msg::kError,
+                         "");
     return false;
   }
   if (label) label->SetCaption("");
