@@ -12,14 +12,6 @@ namespace {
 namespace fs = std::filesystem;
 using testing::ArchiveFixture;
 
-TEST(CatalogueMenus, EntriesWithWorkBehindThemAreEnabled) {
-  ArchiveFixture f;
-  Principale window(f.program);
-  for (Menu* m : {&window.mnu_New, &window.mnu_Load, &window.mnu_Save, &window.mnu_SaveAs,
-                  &window.mnu_PrefArchive, &window.Mnu_Exit})
-    EXPECT_TRUE(m->Enabled()) << m->Name();
-}
-
 TEST(CatalogueMenus, SaveAsSavePrefsAndLoadGoThroughTheOpenCatalogue) {
   ArchiveFixture f;
   f.program.catalogue = testing::SampleCatalogue(2, f.Path("arc").string());

@@ -25,13 +25,6 @@ TEST(LevelList, IsSortedCarriesCodesAndMarksTheActiveLevel) {
   EXPECT_EQ(f.main->Combo_Livelli.ListIndex(), 0) << "nothing chosen before: the first";
 }
 
-TEST(LevelList, WithoutAMarkerTheBaseLevelIsTheActiveOne) {
-  BrowserFixture f(kNames);
-  EXPECT_EQ(GetActiveLevelCode(f.program), 0);
-  RefreshLevelList(*f.main);
-  EXPECT_EQ(f.main->Combo_Livelli.List(1), "Base level (*)");
-}
-
 TEST(LevelList, MarkersThatNameNoCodeCountAsTheBaseLevel) {
   struct Case {
     std::string marker;
@@ -238,8 +231,6 @@ TEST(MainWindowPanels, ButtonsAndMenusChooseThePanelAndTheSetting) {
     EXPECT_EQ(f.main->Frame_ScreenShots.Visible(), s.screenshots);
     EXPECT_EQ(f.main->Frame_SaveGames.Visible(), !s.screenshots);
   }
-  EXPECT_TRUE(f.main->Pul_Play.Enabled());
-  EXPECT_TRUE(f.main->mnu_RemoveLevel.Enabled());
 }
 
 }  // namespace

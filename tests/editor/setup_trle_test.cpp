@@ -7,8 +7,8 @@
 #include <filesystem>
 #include <string>
 
-#include "../archive/store_fixture.h"
-#include "../play/play_fixture.h"
+#include "store_fixture.h"
+#include "play_fixture.h"
 #include "editor/text_ids.h"
 #include "foundation/services/log.h"
 #include "play/activation.h"

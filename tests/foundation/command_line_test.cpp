@@ -4,7 +4,7 @@
 
 #include "foundation/services/paths.h"
 
-#include "../archive/archive_fixture.h"
+#include "archive_fixture.h"
 
 namespace vardolin {
 namespace {

@@ -50,33 +50,6 @@ struct DialogSettingsTest : ::testing::Test, testing::TestProgram {
   }
 };
 
-TEST_F(DialogSettingsTest, ShowsTheSettings) {
-  program.prefs.CheckTenths = 3;
-  program.prefs.SavegamesToArchive = 15;
-  program.prefs.FullBackupDone = true;
-  program.prefs.PromptCapture = true;
-  program.prefs.Flags = 1;
-  program.prefs.AssociationMinutes = 12;
-  auto d = Open();
-  EXPECT_EQ(d->Combo_Decimi.ListCount(), 9);
-  EXPECT_EQ(d->Combo_Decimi.List(0), "Tenths: 1  ");
-  EXPECT_EQ(d->Combo_Decimi.SelectedText(), "Tenths: 3  ");
-  EXPECT_EQ(d->Combo_NSavegame.ListCount(), 15);
-  EXPECT_EQ(d->Combo_NSavegame.SelectedText(), "15");
-  EXPECT_EQ(d->Label_FullBackup.Caption(), "saved whole");
-  EXPECT_TRUE(d->Opt_PromptCapture.Value());
-  EXPECT_FALSE(d->Opt_NonPrompt.Value());
-  EXPECT_TRUE(d->Check_DisableSound.Value());
-  EXPECT_EQ(d->Text_MinutiDifferenza.Text(), "12");
-  EXPECT_EQ(d->Pul_ScegliEditor.Caption(), "Browse...");
-  EXPECT_EQ(d->Caption(), " Vardolin Settings");  // not in this catalogue: the default stays
-  EXPECT_FALSE(d->Pul_SetJoy.Enabled());
-  std::set<std::string> languages;
-  for (const auto& item : d->Combo_Lingua.Items()) languages.insert(item.text);
-  EXPECT_EQ(languages, (std::set<std::string>{"english", "Italian"}));
-  EXPECT_EQ(d->Combo_Lingua.SelectedText(), "english");
-}
-
 TEST_F(DialogSettingsTest, TenthsNotInTheListSelectTheFifthEntry) {
   for (int stored : {0, 10, 25, -1}) {
     program.prefs.CheckTenths = stored;
@@ -173,22 +146,6 @@ TEST_F(DialogSettingsTest, ChangingTheLanguageReloadsTheTexts) {
   EXPECT_EQ(program.prefs.Language, "Italian");
   EXPECT_EQ(main.Label_Title.Caption(), "Ciao");
   EXPECT_EQ(ReadFile(home / "Vardolin.prf").size(), Preferences::kFileSize);
-}
-
-TEST_F(DialogSettingsTest, LayoutHasAWidgetForEveryControlAndNoOther) {
-  std::string ui_xml = ReadFile(std::filesystem::path(VARDOLIN_SOURCE_DIR) /
-                                "src/foundation/settings/dialog_settings.ui");
-  std::set<std::string> widgets;
-  std::regex widget(R"re(<widget class="(\w+)" name="(\w+)")re");
-  for (std::sregex_iterator it(ui_xml.begin(), ui_xml.end(), widget), end; it != end; ++it) {
-    std::string name = (*it)[2];
-    if (std::islower(static_cast<unsigned char>(name[0]))) continue;  // layout helpers
-    widgets.insert(name);
-  }
-  Dialog_Settings d(program);
-  std::set<std::string> controls{"Dialog_Settings"};
-  for (Control* c : d.Controls()) controls.insert(c->Name());
-  EXPECT_EQ(widgets, controls);
 }
 
 }  // namespace

@@ -44,13 +44,5 @@ TEST_F(LogTest, ShownLinesAreFirstAskedAsAnError) {
   EXPECT_EQ(ReadFile(LogPath(program)), "bad package\n");
 }
 
-TEST_F(LogTest, AskUserKeepsAGivenTitle) {
-  ui.Answer(msg::kNo).Answer(msg::kOk);
-  EXPECT_EQ(AskUser(program, "Go on?", msg::kYesNo, "Mine"), msg::kNo);
-  EXPECT_EQ(AskUser(program, "Done", msg::kError), msg::kOk);
-  EXPECT_EQ(ui.Questions()[0].title, "Mine");
-  EXPECT_EQ(ui.Questions()[1].title, "Vardolin");
-}
-
 }  // namespace
 }  // namespace vardolin

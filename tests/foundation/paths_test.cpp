@@ -107,23 +107,6 @@ TEST(PathsTest, LinesEndAtAnyRunOfCrAndLf) {
   EXPECT_EQ(NextLineInText(text, pos), "");
 }
 
-TEST(PathsTest, QuotedTokensFromTheStartOfTheLine) {
-  // A command line as the program reads it: tokens without quotes are not seen.
-  std::string line = R"("/levels/my.cat" loose "C:\setup dir" "" "tail)";
-  std::size_t pos = 0;
-  EXPECT_EQ(NextQuotedToken(line, pos), "/levels/my.cat");
-  EXPECT_EQ(pos, 16u);
-  EXPECT_EQ(NextQuotedToken(line, pos), "C:\\setup dir");
-  EXPECT_EQ(NextQuotedToken(line, pos), "");  // the empty pair
-  EXPECT_LT(pos, line.size());
-  EXPECT_EQ(NextQuotedToken(line, pos), "");  // an unclosed quote is no token
-  EXPECT_EQ(pos, line.size());
-
-  std::size_t none = 0;
-  EXPECT_EQ(NextQuotedToken("no quotes here", none), "");
-  EXPECT_EQ(none, 14u);
-}
-
 TEST(PathsTest, SortIndexIsAnExchangeSortThatNeverSwapsEqualValues) {
   std::vector<double> values = {3, 1, 2, 1};
   EXPECT_EQ(SortIndexByValue(values, true), (std::vector<int>{1, 3, 2, 0}));

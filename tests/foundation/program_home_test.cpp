@@ -1,10 +1,7 @@
 #include <gtest/gtest.h>
 
-#include <cstdlib>
-#include <optional>
-#include <string>
-
 #include "foundation/program_home.h"
+#include "environment.h"
 #include "temp_dir.h"
 
 namespace vardolin {
@@ -12,28 +9,8 @@ namespace {
 
 namespace fs = std::filesystem;
 using testing::ReadFile;
+using testing::ScopedEnv;
 using testing::TempDir;
-
-class ScopedEnv {
- public:
-  ScopedEnv(const char* name, const char* value) : name_(name) {
-    if (const char* old = std::getenv(name)) old_ = old;
-    if (value)
-      ::setenv(name, value, 1);
-    else
-      ::unsetenv(name);
-  }
-  ~ScopedEnv() {
-    if (old_)
-      ::setenv(name_, old_->c_str(), 1);
-    else
-      ::unsetenv(name_);
-  }
-
- private:
-  const char* name_;
-  std::optional<std::string> old_;
-};
 
 TEST(ProgramHomeTest, OptionThenEnvironmentThenXdgThenHome) {
   struct Case {

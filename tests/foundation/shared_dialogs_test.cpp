@@ -78,27 +78,6 @@ TEST_F(DialogsTest, MessageBoxShowsTheButtonsOfItsStyleAndGivesTheirNumbers) {
   }
 }
 
-TEST_F(DialogsTest, ErrorBoxHasOneButtonThatGivesOk) {
-  Dialog_MsgBox box(program);
-  box.ImpostaValori("It failed.", msg::kError, "");
-  box.Load();
-  ASSERT_EQ(VisibleCaptions(box).size(), 1u);
-  box.Pul_Button1.Click();
-  EXPECT_EQ(box.ExitValue, msg::kOk);
-}
-
-TEST_F(DialogsTest, MessageBoxTitleAndCloseBox) {
-  Dialog_MsgBox box(program);
-  box.ImpostaValori("x", 0, "");
-  box.Load();
-  EXPECT_EQ(box.Caption(), program.GetText(text::ProgramTitle));
-  EXPECT_FALSE(box.QueryUnload()) << "only a button may close the box";
-  Dialog_MsgBox titled(program);
-  titled.ImpostaValori("x", 0, "Mine");
-  titled.Load();
-  EXPECT_EQ(titled.Caption(), "Mine");
-}
-
 TEST_F(DialogsTest, MessageBoxBeepsUnlessSoundIsOff) {
   for (int flags : {0, 1, 2, 3}) {
     platform.calls.clear();
@@ -131,23 +110,6 @@ TEST_F(DialogsTest, AskUserGivesTheProgramTitleWhenNoneIsGiven) {
   ASSERT_EQ(ui.Questions().size(), 2u);
   EXPECT_EQ(ui.Questions()[0].title, program.GetText(text::ProgramTitle));
   EXPECT_EQ(ui.Questions()[1].title, "Own");
-}
-
-TEST_F(DialogsTest, InputBoxGivesTheTextOnlyWhenConfirmed) {
-  Dialog_InputBox box(program);
-  box.ImpostaValori("Name?", "", "old");
-  box.Load();
-  EXPECT_EQ(box.Text_Input.Text(), "old");
-  box.Text_Input.SetText("new");
-  box.Pul_Ok.Click();
-  EXPECT_EQ(box.Result(), "new");
-
-  Dialog_InputBox cancelled(program);
-  cancelled.ImpostaValori("Name?", "", "old");
-  cancelled.Load();
-  cancelled.KeyDown(27, 0);
-  EXPECT_FALSE(cancelled.IsLoaded());
-  EXPECT_EQ(cancelled.Result(), "");
 }
 
 TEST(ChosenFolder, IsNormalised) {
@@ -218,21 +180,6 @@ TEST_F(GetDirTest, NewFolderCases) {
   EXPECT_TRUE(ui.Done());
 }
 
-TEST_F(GetDirTest, OkGivesTheFolderInViewAndCancelNothing) {
-  dialog.ImpostaValori(tree.path().string() + "/Alpha/");
-  dialog.Load();
-  dialog.OKButton.Click();
-  EXPECT_TRUE(dialog.ExitValue);
-  EXPECT_EQ(dialog.Path, (fs::canonical(tree.path()) / "Alpha").string());
-  EXPECT_FALSE(dialog.IsLoaded());
-
-  Dialog_GetDir other(program);
-  other.ImpostaValori(tree.path().string());
-  other.Load();
-  other.CancelButton.Click();
-  EXPECT_FALSE(other.ExitValue);
-}
-
 TEST_F(GetDirTest, DrivesFollowTheFolderAndADriveThatIsNotReadyIsRefused) {
   auto drive = [](std::string mount, int type, bool ready) {
     DriveInfo d;
@@ -281,27 +228,6 @@ TEST_F(DialogsTest, ProgressPercentIsWrittenOnlyWhenItChanges) {
   }
 }
 
-TEST_F(DialogsTest, ProgressAndWaitWindowsComeAndGo) {
-  ShowProgressDialog(program);
-  ASSERT_NE(ProgressDialog(program), nullptr);
-  EXPECT_EQ(ProgressDialog(program)->Label_Info.Caption(), program.GetText(text::ProgressCaption));
-  ProgressDialog(program)->ProgressBar1.SetValue(40);
-  ShowProgressDialog(program, "Copying");
-  EXPECT_EQ(ProgressDialog(program)->Label_Info.Caption(), "Copying");
-  EXPECT_EQ(ProgressDialog(program)->ProgressBar1.Value(), 0);
-  HideProgressDialog(program);
-  EXPECT_EQ(ProgressDialog(program), nullptr);
-
-  ShowWaitMessage(program, "Deleting");
-  auto* wait = program.open_forms.Find<Dialog_Wait>("Dialog_Wait");
-  ASSERT_NE(wait, nullptr);
-  EXPECT_EQ(wait->Label_Mex.Caption(), "Deleting ");
-  HideWaitMessage(program);
-  EXPECT_EQ(program.open_forms.Find("Dialog_Wait"), nullptr);
-  EXPECT_EQ(ui.ModelessShown(),
-            (std::vector<std::string>{"Dialog_Progress", "Dialog_Progress", "Dialog_Wait"}));
-}
-
 TEST_F(DialogsTest, SplashOnlyWithItsPictureAndAnyClickClosesIt) {
   fs::remove(home / "splash.jpg");
   EXPECT_FALSE(ShowSplash(program));
@@ -331,16 +257,6 @@ TEST_F(DialogsTest, OpenFormsReplaceByNameAndCloseAll) {
   program.open_forms.CloseAll();
   EXPECT_EQ(program.open_forms.Find("Dialog_Wait"), nullptr);
   EXPECT_EQ(program.open_forms.Find("Dialog_Progress"), nullptr);
-}
-
-TEST_F(DialogsTest, ClearMainProgressEmptiesTheMainWindowsFoot) {
-  ClearMainProgress(program);  // no main window yet: nothing to do, nothing breaks
-  testing::BareMainWindow main(program);
-  main.Label_Info.SetCaption("busy");
-  main.ProgressBar1.SetValue(70);
-  ClearMainProgress(program);
-  EXPECT_EQ(main.Label_Info.Caption(), "");
-  EXPECT_EQ(main.ProgressBar1.Value(), 0);
 }
 
 }  // namespace

@@ -5,7 +5,7 @@
 
 #include <gtest/gtest.h>
 
-#include "../archive/archive_fixture.h"
+#include "archive_fixture.h"
 #include "archive/principale.h"
 #include "archive/text_ids.h"
 #include "foundation/program_home.h"
@@ -194,34 +194,6 @@ TEST_F(StartUpTest, LoadingArchiveInsteadOfCreatingOpensTheChosenFile) {
   EXPECT_EQ(run.program.prefs.LastArchive, made.string());
   EXPECT_EQ(run.program.catalogue.header.SecondaryDir, archive.string());
   run.window.Unload();
-}
-
-TEST_F(StartUpTest, AnOlderSettingsFileStartsNormallyAndRunsTheCleanUp) {
-  WriteSettings({});
-  fs::remove_all(home / "backup_trle");
-  fs::path catalogue;
-  {
-    ProgramRun run(home);
-    run.ui.Answer(msg::kYes, editor.string()).Answer(msg::kNo);  // this editor folder, partly
-    ChooseNew(run.ui, archive);
-    run.window.Load();
-    catalogue = run.program.prefs.LastArchive;
-    run.window.Unload();
-  }
-  Preferences p;
-  p.LastArchive = catalogue.string();
-  p.AutoSave = true;
-  p.CheckTenths = 7;  // beyond offset 1296: back to its default
-  WriteSettings(p, Preferences::kOldFileSize);
-  ProgramRun run(home);
-  run.window.Load();
-  EXPECT_TRUE(run.window.PrefsLoad.PrefsUpgraded);
-  EXPECT_TRUE(run.ui.Questions().empty());
-  EXPECT_EQ(run.program.prefs.LastArchive, catalogue.string());
-  EXPECT_EQ(run.program.prefs.CheckTenths, Preferences{}.CheckTenths);
-  EXPECT_EQ(run.program.catalogue.levels.size(), 1u);
-  run.window.Unload();
-  EXPECT_EQ(fs::file_size(SettingsFile()), Preferences::kFileSize);
 }
 
 TEST_F(StartUpTest, WithoutAnEditorFolderTheWindowStaysUpWithNoCatalogue) {

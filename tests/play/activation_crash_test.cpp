@@ -10,7 +10,7 @@
 #include <fstream>
 #include <string>
 
-#include "../archive/store_fixture.h"
+#include "store_fixture.h"
 #include "editor_folder_fixture.h"
 #include "fault_child.h"
 #include "play/activation.h"

@@ -8,7 +8,7 @@
 #include <map>
 #include <string>
 
-#include "../archive/store_fixture.h"
+#include "store_fixture.h"
 #include "editor_folder_fixture.h"
 #include "play/activation.h"
 #include "play/active_level.h"

@@ -9,7 +9,7 @@
 #include <map>
 #include <string>
 
-#include "../archive/store_fixture.h"
+#include "store_fixture.h"
 #include "archive/level_files.h"
 #include "editor_folder_fixture.h"
 #include "foundation/services/paths.h"

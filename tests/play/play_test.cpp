@@ -9,7 +9,7 @@
 #include <string>
 #include <vector>
 
-#include "../archive/store_fixture.h"
+#include "store_fixture.h"
 #include "foundation/services/log.h"
 #include "play/activation.h"
 #include "play/active_level.h"

@@ -136,15 +136,8 @@ TEST_F(CaptureTest, CapturesCountOnAndTheLevelGrowsByEachFile) {
   EXPECT_TRUE(program.CatalogueDirty);
 }
 
-TEST_F(CaptureTest, SilencedProgramStoresWithoutABeep) {
-  program.prefs.Flags = 1;
-  ui.SetClipboardImage(Plain(8, 8, 9, 9, 9));
-  EXPECT_EQ(Tick(), ClipboardShot::Stored);
-  EXPECT_EQ(Beeps(), 0);
-}
-
 TEST_F(CaptureTest, APictureWithNoLevelToTakeItIsClearedAway) {
-  MakeActive(77);  // a marker naming a level the catalogue doesn't hold
+  MarkActive(program, 77);  // a marker naming a level the catalogue doesn't hold
   ui.SetClipboardImage(Plain(8, 8, 9, 9, 9));
   EXPECT_EQ(Tick(), ClipboardShot::Failed);
   EXPECT_FALSE(ui.ClipboardHasImage());

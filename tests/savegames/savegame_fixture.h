@@ -9,7 +9,7 @@
 #include <string>
 #include <vector>
 
-#include "../archive/archive_fixture.h"
+#include "archive_fixture.h"
 #include "archive/level_store.h"
 #include "savegame_bytes.h"
 #include "savegames/savegame_header.h"

@@ -247,14 +247,5 @@ TEST(ShotMenu, ChoosingAnImageGivesItTheSavegamesDateAlone) {
   EXPECT_EQ(f.Shown(target), "a.jpg");
 }
 
-TEST(ShotMenu, ChoosingAnImageNeedsARealScreenshot) {
-  ShotFixture f;
-  f.Shot("no_image.jpg", 0);
-  f.ChooseMyLevel();
-  const auto savegame = f.dir.Write("savegame.0", "x");
-  f.ui.Answer(msg::kOk, "no screenshots");
-  EXPECT_FALSE(ChooseImageForSavegame(*f.main, savegame));
-}
-
 }  // namespace
 }  // namespace vardolin::testing

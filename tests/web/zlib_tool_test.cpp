@@ -252,16 +252,6 @@ struct DialogZipTest : ::testing::Test {
   }
 };
 
-TEST_F(DialogZipTest, ShowsModelessWithTheMessageAndABlankAsCaption) {
-  Dialog_Zip dialog(program);
-  dialog.ShowWith("Preparing level");
-  EXPECT_EQ(dialog.Caption(), "Preparing level ");
-  EXPECT_EQ(dialog.Label_Info.Caption(), "Preparing level");
-  EXPECT_EQ(ui.ModelessShown(), std::vector<std::string>{"Dialog_Zip"});
-  dialog.Hide();
-  EXPECT_FALSE(dialog.IsLoaded());
-}
-
 TEST_F(DialogZipTest, ExpandsWithTheBarMovingAndReportsADamagedFileByName) {
   Dialog_Zip dialog(program);
   dialog.ShowWith("x");
