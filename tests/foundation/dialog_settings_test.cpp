@@ -1,22 +1,15 @@
 #include <gtest/gtest.h>
 
-#include <regex>
-#include <set>
-
 #include "foundation/program.h"
 #include "foundation/settings/dialog_settings.h"
 #include "foundation/text_ids.h"
 #include "language_file.h"
-#include "recording_platform.h"
-#include "scripted_ui.h"
-#include "temp_dir.h"
 #include "test_program.h"
 
 namespace vardolin {
 namespace {
 
 using testing::ReadFile;
-
 using testing::Trc;
 
 using MainWindow = testing::StandInMainWindow;

@@ -1,12 +1,8 @@
 #include <gtest/gtest.h>
 
-#include "foundation/forms/form.h"
 #include "foundation/program.h"
-#include "foundation/settings/preferences.h"
 #include "foundation/texts/text_catalogue.h"
 #include "language_file.h"
-#include "recording_platform.h"
-#include "scripted_ui.h"
 #include "temp_dir.h"
 #include "test_program.h"
 
@@ -14,10 +10,7 @@ namespace vardolin {
 namespace {
 
 using testing::TempDir;
-
 using testing::Trc;
-
-using MainWindow = testing::StandInMainWindow;
 
 struct LanguageTest : ::testing::Test, testing::TestProgram {};
 
@@ -105,49 +98,6 @@ TEST_F(LanguageTest, GreekFileIsReadInItsCodePage) {
   EXPECT_EQ(program.GetText(1), "\xCE\x95\xCE\xBB\xCE\xBB\xCE\xB7\xCE\xBD\xCE\xB9\xCE\xBA\xCE\xAC");
   EXPECT_EQ(program.texts.CodePage, 1253);
   EXPECT_EQ(program.texts.TextCharset, 161);
-}
-
-TEST_F(LanguageTest, ReadingShowsItsProgressOnTheMainWindow) {
-  MainWindow main(program);
-  program.main.info = &main.Label_Info;
-  program.main.bar = &main.ProgressBar1;
-  std::vector<std::string> captions;
-  int highest = 0;
-  main.Label_Info.Subscribe([&](Control& c, Change) { captions.push_back(c.Caption()); });
-  main.ProgressBar1.Subscribe(
-      [&](Control&, Change) { highest = std::max(highest, main.ProgressBar1.Value()); });
-  std::vector<std::pair<int, std::string>> many;
-  for (int i = 1; i <= 300; ++i) many.push_back({i, "t"});
-  home.Write("english.trc", Trc(many));
-  ASSERT_TRUE(ReadTextFile(program, home / "english.trc", program.texts.EnglishTexts));
-  EXPECT_EQ(captions, (std::vector<std::string>{"Loading english texts ...", ""}));
-  EXPECT_EQ(highest, 100);
-  EXPECT_EQ(main.ProgressBar1.Value(), 0);
-  EXPECT_EQ(program.texts.EnglishTexts.name, "english");
-  EXPECT_EQ(program.texts.EnglishTexts.count, 300);
-  EXPECT_FALSE(ReadTextFile(program, home / "missing.trc", program.texts.CurrentTexts));
-  EXPECT_EQ(program.texts.CurrentTexts.name, "missing");
-}
-
-TEST_F(LanguageTest, ReloadSavesSettingsAndRecaptionsTheMainWindow) {
-  home.Write("english.trc", Trc({{1, "Hello"}, {1089, "Vardolin.prf"}}));
-  home.Write("Italian.trc", Trc({{1, "Ciao"}}));
-  program.prefs.Language = "english";
-  ASSERT_TRUE(LoadLanguage(program));
-  MainWindow main(program);
-  program.main.form = &main;
-  main.Load();
-  EXPECT_EQ(main.Label_Title.Caption(), "Hello");
-
-  program.prefs.Language = "Italian";
-  program.prefs.EditorFolder = "/trle";
-  ReloadLanguage(program);
-  EXPECT_EQ(main.Label_Title.Caption(), "Ciao");
-  Program fresh{home.path(), ui, platform};
-  LoadResult r = LoadPreferences(fresh);
-  EXPECT_FALSE(r.FirstRun);
-  EXPECT_EQ(fresh.prefs.Language, "Italian");
-  EXPECT_EQ(fresh.prefs.EditorFolder, "/trle");
 }
 
 }  // namespace

@@ -2,10 +2,8 @@
 
 #include <filesystem>
 
-#include "bare_main_window.h"
 #include "foundation/dialogs/ask.h"
 #include "foundation/dialogs/dialog_get_dir.h"
-#include "foundation/dialogs/dialog_input_box.h"
 #include "foundation/dialogs/dialog_msg_box.h"
 #include "foundation/dialogs/dialog_progress.h"
 #include "foundation/dialogs/dialog_splash.h"
