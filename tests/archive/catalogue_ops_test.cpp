@@ -108,7 +108,6 @@ TEST(CatalogueSizes, RecomputeLeavesTheBaseLevelOutOfTheTotals) {
   EXPECT_EQ(c.header.TotalFilesSize, 300);
   EXPECT_EQ(c.header.TotalUserSize, 7);
   ASSERT_EQ(f.ui.Questions().size(), 1u);
-  EXPECT_EQ(f.ui.Questions()[0].title, "Archive sizes");
   EXPECT_EQ(f.ui.Questions()[0].style, msg::kInformation);
 }
 

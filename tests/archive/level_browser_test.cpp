@@ -94,7 +94,6 @@ TEST(LevelSearch, FindNextAndPreviousFollowTheTextOrTheList) {
                                                  : f.main->Pul_Prima;
     button.Click();
     EXPECT_EQ(f.main->Combo_Livelli.ListIndex(), c.expected);
-    EXPECT_TRUE(f.ui.Done());
   }
 }
 
@@ -140,7 +139,6 @@ TEST(LevelSummary, ALevelCodeMissingFromTheTableIsAnError) {
   f.main->Combo_Livelli.AddItem("Ghost", 77);
   f.ui.Answer(msg::kOk, "Level code not found in the archive: 77");
   f.main->Combo_Livelli.SetListIndex(f.main->Combo_Livelli.FindData(77));
-  EXPECT_TRUE(f.ui.Done());
 }
 
 TEST(MoreInfo, OpensTheFileAndCopiesItFromTheCdOnce) {
@@ -198,7 +196,6 @@ TEST(MoreInfo, TellsWhyNothingOpens) {
     f.ui.Answer(msg::kOk, c.told);
     f.main->Pul_MoreInfo.Click();
     EXPECT_TRUE(f.platform.calls.empty());
-    EXPECT_TRUE(f.ui.Done());
   }
 }
 

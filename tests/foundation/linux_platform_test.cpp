@@ -1,13 +1,14 @@
-#include "foundation/platform/linux_platform.h"
-
+#include <X11/keysym.h>
 #include <gtest/gtest.h>
 #include <stdlib.h>
+#include <cstdlib>
 
-#include "foundation/platform/virtual_keys.h"
 #include "environment.h"
+#include "foundation/platform/linux_platform.h"
+#include "foundation/platform/virtual_keys.h"
+#include "foundation/services/processes.h"
+#include "recording_platform.h"
 #include "temp_dir.h"
-
-#include <X11/keysym.h>
 
 namespace vardolin {
 namespace {
@@ -170,7 +171,8 @@ TEST_F(LinuxPlatformTest, ShellOpenStartsProgramsAndHandsDocumentsToTheOpener) {
 
   fs::path out = dir / "program-out.txt";
   ASSERT_TRUE(desktop.ShellOpen(Echo().string(), "--out \"" + out.string() + "\" \"a b\"", {}));
-  EXPECT_TRUE(testing::WaitFor([&] { return ReadFile(out).find("arg a b\n") != std::string::npos; }));
+  EXPECT_TRUE(
+      testing::WaitFor([&] { return ReadFile(out).find("arg a b\n") != std::string::npos; }));
 
   LinuxPlatform::Options failing;
   failing.opener = "false";
@@ -223,6 +225,38 @@ TEST(LinuxHardwareTest, WithoutDisplayJoystickOrSoundEverythingReadsIdle) {
   EXPECT_FALSE(platform.ReadJoystick(15, state));
   EXPECT_FALSE(platform.ReadJoystick(-1, state));
   platform.Beep(440, 20);  // no device here: quietly nothing
+}
+
+TEST(ProcessesTest, AKeyCombinationIsDownOnlyWhenEveryKeyIs) {
+  struct Case {
+    std::vector<int> held;
+    int k1, k2, k3;
+    bool down;
+  };
+  const Case cases[] = {
+      {{0x11, 0x78}, 0x11, 0x78, 0, true},  // Ctrl+F9
+      {{0x11}, 0x11, 0x78, 0, false},       // F9 not held
+      {{0x11, 0x10, 0x78}, 0x11, 0x10, 0x78, true},
+      {{}, 0, 0, 0, false},        // no keys asked: nothing is held
+      {{0x7A}, 0, 0x7A, 0, true},  // a zero in front is no key
+  };
+  for (const Case& c : cases) {
+    testing::RecordingPlatform platform;
+    for (int k : c.held) platform.keys_down[k] = true;
+    EXPECT_EQ(IsKeyCombinationDown(platform, c.k1, c.k2, c.k3), c.down) << c.k1 << "+" << c.k2;
+  }
+}
+
+TEST(ProcessesTest, RunAndWaitBlocksUntilTheProgramHasWritten) {
+  const char* standins = std::getenv("VARDOLIN_STANDINS");
+  if (!standins) GTEST_SKIP() << "stand-in programs are found through VARDOLIN_STANDINS";
+  testing::TempDir dir;
+  LinuxPlatform platform;
+  auto out = dir / "out.txt";
+  ASSERT_TRUE(RunAndWait(platform, std::filesystem::absolute(standins) / "standin_echo",
+                         {"--sleep", "100", "--out", out.string(), "done"}, true));
+  EXPECT_NE(testing::ReadFile(out).find("done"), std::string::npos);
+  EXPECT_FALSE(RunAndWait(platform, dir / "missing", {}, true));
 }
 
 }  // namespace

@@ -1,16 +1,18 @@
 // Start-up and shut-down end to end: the main window loads, runs the whole start-up against a
 // stand-in editor folder with the scripted Ui, and unloads.
-
-#include "foundation/startup/startup.h"
-
 #include <gtest/gtest.h>
 
-#include "archive_fixture.h"
 #include "archive/principale.h"
 #include "archive/text_ids.h"
+#include "archive_fixture.h"
+#include "environment.h"
 #include "foundation/program_home.h"
+#include "foundation/services/paths.h"
+#include "foundation/startup/command_line.h"
+#include "foundation/startup/startup.h"
 #include "foundation/text_ids.h"
 #include "standin_editor.h"
+#include "temp_dir.h"
 
 namespace vardolin {
 namespace {
@@ -18,7 +20,9 @@ namespace {
 namespace fs = std::filesystem;
 using testing::ArchiveFixture;
 using testing::ReadFile;
+using testing::ScopedEnv;
 using testing::ScriptedUi;
+using testing::TempDir;
 using testing::WriteBytes;
 
 // One run of the program over a home that lasts between runs.
@@ -72,7 +76,6 @@ TEST_F(StartUpTest, FirstRunMakesANewArchiveAndTheSecondStartOpensItWithoutQuest
     ChooseNew(run.ui, archive);
     run.window.Load();
     ASSERT_TRUE(run.window.IsLoaded());
-    EXPECT_TRUE(run.ui.Done());
     ASSERT_EQ(run.program.catalogue.levels.size(), 1u);
     catalogue = run.program.prefs.LastArchive;
     EXPECT_TRUE(fs::is_regular_file(catalogue));
@@ -169,7 +172,6 @@ TEST_F(StartUpTest, AVanishedCatalogueIsToldAndTheFirstRunDialogFollows) {
   run.ui.Answer(msg::kOk, "doesn't exist any more: " + p.LastArchive);
   ChooseNew(run.ui, archive);
   run.window.Load();
-  EXPECT_TRUE(run.ui.Done());
   EXPECT_NE(run.program.prefs.LastArchive, p.LastArchive);
   EXPECT_EQ(run.program.catalogue.levels.size(), 1u);
   run.window.Unload();
@@ -208,6 +210,99 @@ TEST_F(StartUpTest, WithoutAnEditorFolderTheWindowStaysUpWithNoCatalogue) {
   EXPECT_TRUE(run.window.IsLoaded());
   EXPECT_TRUE(run.program.catalogue.levels.empty());
   run.window.Unload();
+}
+
+TEST(NextQuotedToken, WalksThePairsOfQuotes) {
+  struct Case {
+    std::string text;
+    std::vector<std::string> tokens;
+  };
+  const Case cases[] = {
+      {R"("a b" "c")", {"a b", "c"}},
+      {R"(plain "x.vdc" more)", {"x.vdc"}},
+      {R"(no quotes at all)", {}},
+      {R"("open only)", {}},
+      {R"("")", {}},  // an empty token ends the walk
+      {R"("a" "" "b")", {"a"}},
+  };
+  for (const Case& c : cases) {
+    std::vector<std::string> got;
+    std::size_t pos = 0;
+    while (pos < c.text.size()) {
+      std::string t = NextQuotedToken(c.text, pos);
+      if (t.empty()) break;
+      got.push_back(t);
+    }
+    EXPECT_EQ(got, c.tokens) << c.text;
+  }
+}
+
+TEST(ParseCommandLine, TellsCataloguesFromSetupFoldersAndIgnoresUnquotedWords) {
+  testing::ArchiveFixture f;
+  struct Case {
+    std::string line;
+    std::string catalogue;
+    std::string setup;
+  };
+  const Case cases[] = {
+      {R"("/home/u/my levels.vdc")", "/home/u/my levels.vdc", ""},
+      {R"(/home/u/plain.vdc)", "", ""},
+      {R"(  "/a/ONE.VDC" "/b/two.vdc"  )", "/b/two.vdc", ""},
+      {R"("/media/cd/trle_setup")", "", "/media/cd/trle_setup"},
+      {R"("/media/cd/TRLE_SETUP/" "/x/a.vdc")", "/x/a.vdc", "/media/cd/TRLE_SETUP/"},
+      {R"("/media/cd/trle_setup_old")", "", ""},
+      {R"("/a/notes.txt")", "", ""},
+  };
+  for (const Case& c : cases) {
+    CommandLineArgs args = ParseCommandLine(f.program, c.line);
+    EXPECT_EQ(args.catalogue, c.catalogue) << c.line;
+    EXPECT_EQ(args.editor_setup, c.setup) << c.line;
+  }
+}
+
+TEST(ProgramHomeTest, OptionThenEnvironmentThenXdgThenHome) {
+  struct Case {
+    const char* option;
+    const char* vardolin_home;
+    const char* xdg;
+    const char* expected;
+  };
+  const Case cases[] = {
+      {"/opt/a", "/env/b", "/xdg", "/opt/a"},
+      {"", "/env/b", "/xdg", "/env/b"},
+      {"", "", "/xdg", "/xdg/vardolin"},
+      {"", nullptr, nullptr, "/users/lara/.local/share/vardolin"},
+  };
+  ScopedEnv home("HOME", "/users/lara");
+  for (const Case& c : cases) {
+    ScopedEnv v("VARDOLIN_HOME", c.vardolin_home);
+    ScopedEnv x("XDG_DATA_HOME", c.xdg);
+    EXPECT_EQ(ResolveHome(c.option), fs::path(c.expected)) << c.option;
+  }
+}
+
+TEST(ProgramHomeTest, FirstStartCopiesResourcesAndLaterStartsKeepTheUsersFiles) {
+  TempDir resources, home;
+  resources.Write("english.trc", "shipped");
+  resources.Write("pictures/splash.jpg", "picture");
+  ScopedEnv env("VARDOLIN_RESOURCES", resources.path().c_str());
+
+  fs::path target = home / "nested/home";
+  ASSERT_TRUE(PrepareHome(target));
+  EXPECT_EQ(ReadFile(target / "english.trc"), "shipped");
+  EXPECT_EQ(ReadFile(target / "pictures/splash.jpg"), "picture");
+
+  home.Write("nested/home/english.trc", "edited by the user");
+  resources.Write("italian.trc", "new in this version");
+  ASSERT_TRUE(PrepareHome(target));
+  EXPECT_EQ(ReadFile(target / "english.trc"), "edited by the user");
+  EXPECT_EQ(ReadFile(target / "italian.trc"), "new in this version");
+}
+
+TEST(ProgramHomeTest, AHomeThatIsAFileCannotBeUsed) {
+  TempDir dir;
+  fs::path file = dir.Write("occupied", "x");
+  EXPECT_FALSE(PrepareHome(file));
 }
 
 }  // namespace

