@@ -51,17 +51,6 @@ TEST(CatalogueOps, SizesBeyondTheFieldStopAtItsLimitAndTotalsAgree) {
   EXPECT_EQ(c.header.TotalFilesSize, std::numeric_limits<std::int32_t>::max() - 1000.0);
 }
 
-TEST(LevelFolderNames, CodeInAtLeastFourDigits) {
-  struct Case {
-    std::int32_t code;
-    const char* name;
-  };
-  for (const Case& t : {Case{12, "\\LEVEL_0012"}, Case{12345, "\\LEVEL_12345"},
-                        Case{0, "\\LEVEL_0000"}, Case{9999, "\\LEVEL_9999"}})
-    EXPECT_EQ(LevelFolderName(t.code), t.name);
-  EXPECT_EQ(LevelFolderName(7, "\\Livello_"), "\\Livello_0007");
-}
-
 // Level folders with real files below a temporary archive folder.
 struct SizesFixture : ArchiveFixture {
   std::filesystem::path archive = Path("archive");

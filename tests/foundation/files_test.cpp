@@ -33,11 +33,8 @@ fs::file_time_type MTime(const fs::path& p) {
   return fs::last_write_time(p);
 }
 
-struct FilesTest : ::testing::Test {
-  TempDir dir;
-  ScriptedUi ui;
-  RecordingPlatform platform;
-  Program program{dir / "home", ui, platform};
+struct FilesTest : ::testing::Test, testing::TestProgram {
+  const TempDir& dir = home;
 };
 
 TEST_F(FilesTest, PathsInAnotherCaseAreTheFilesOnDisk) {

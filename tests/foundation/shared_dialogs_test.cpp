@@ -30,8 +30,7 @@ using testing::TempDir;
 using testing::Trc;
 using MainWindow = testing::StandInMainWindow;
 
-class DialogsTest : public ::testing::Test {
- protected:
+struct DialogsTest : ::testing::Test, testing::TestProgram {
   DialogsTest() {
     PrepareHome(home.path());
     LoadLanguage(program);
@@ -42,10 +41,6 @@ class DialogsTest : public ::testing::Test {
       if (b->Visible()) out.push_back(b->Caption());
     return out;
   }
-  TempDir home;
-  ScriptedUi ui;
-  RecordingPlatform platform;
-  Program program{home.path(), ui, platform};
 };
 
 TEST_F(DialogsTest, MessageBoxShowsTheButtonsOfItsStyleAndGivesTheirNumbers) {

@@ -11,7 +11,7 @@
 #include "foundation/startup/command_line.h"
 #include "foundation/startup/startup.h"
 #include "foundation/text_ids.h"
-#include "standin_editor.h"
+#include "editor_folder_fixture.h"
 #include "temp_dir.h"
 
 namespace vardolin {
@@ -41,10 +41,11 @@ struct ProgramRun {
 struct StartUpTest : ::testing::Test {
   testing::TempDir dir;
   fs::path home = dir / "home";
-  fs::path editor = testing::MakeStandinEditor(dir);
+  fs::path editor = dir / "trle";
   fs::path archive = dir / "archive";
 
   void SetUp() override {
+    ASSERT_TRUE(testing::BuildEditorFolder(editor));
     ASSERT_TRUE(PrepareHome(home));
     // The safe copy of the editor's files stands, as after any earlier start.
     fs::copy(editor, home / "backup_trle", fs::copy_options::recursive);
@@ -82,8 +83,8 @@ TEST_F(StartUpTest, FirstRunMakesANewArchiveAndTheSecondStartOpensItWithoutQuest
     EXPECT_EQ(run.program.catalogue.header.SecondaryDir, archive.string());
     // The base level was built from the editor folder.
     EXPECT_TRUE(run.program.BaseLevelBuilt);
-    EXPECT_EQ(ReadFile(home / "LEVEL_0000" / "play" / "script.dat"), "script of the base level");
-    EXPECT_EQ(ReadFile(home / "LEVEL_0000" / "files" / "script.txt"), "[PSXExtensions]\r\n");
+    EXPECT_EQ(ReadFile(home / "LEVEL_0000/play/script.dat"), ReadFile(editor / "script.dat"));
+    EXPECT_EQ(ReadFile(home / "LEVEL_0000/files/script.txt"), ReadFile(editor / "script/script.txt"));
     EXPECT_EQ(run.program.BackupFolder, (home / "backup_trle").string());
     EXPECT_EQ(run.program.lists.WadFileExtensions.size(), 10u);
     EXPECT_EQ(run.program.lists.EngineShortNames,

@@ -59,16 +59,6 @@ TEST_F(SavegameStore, CopyKeepsTheDateAndFailsWithoutLosingTheSource) {
   EXPECT_FALSE(CopySavegame(program, Path("b/savegame.9"), Path("b/savegame.3"), false));
 }
 
-TEST_F(SavegameStore, DeleteTakesTheNote) {
-  const auto file = Put(Path("a"), 3, 30, "note");
-  Put(Path("a"), 4, 40, "other");
-  EXPECT_TRUE(DeleteSavegame(program, file));
-  EXPECT_FALSE(FileExists(file));
-  EXPECT_FALSE(FileExists(SavegameNoteFile(program, file)));
-  EXPECT_EQ(ReadFile(SavegameNoteFile(program, Path("a/savegame.4"))), "other");
-  EXPECT_TRUE(DeleteSavegame(program, file));  // gone already
-}
-
 TEST_F(SavegameStore, CompactClosesTheGaps) {
   struct Case {
     const char* what;
