@@ -152,11 +152,7 @@ TEST(MoreInfo, OpensTheFileAndCopiesItFromTheCdOnce) {
   WriteBytes(cd / "VARDO" / "LEVEL_0003" / "info" / "readme.htm", "<html>");
   WriteBytes(cd / "VARDO" / "LEVEL_0003" / "info" / "map.jpg", "jpg");
   WriteBytes(cd / "VARDO" / "LEVEL_0003" / "info" / "other.txt", "txt");
-  DriveInfo drive;
-  drive.letter = cd.string();
-  drive.type = kDriveCdRom;
-  drive.ready = true;
-  f.platform.drives.push_back(drive);
+  f.platform.drives.push_back(testing::MakeDrive(cd.string(), kDriveCdRom));
 
   f.Choose("Gamma RUINS");
   f.main->Pul_MoreInfo.Click();

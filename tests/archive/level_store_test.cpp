@@ -113,11 +113,7 @@ TEST_F(LevelStoreTest, LevelIsLookedForOnReadyCdDrivesOnly) {
   auto drive = [&](const std::string& name, int type, bool ready, bool holds) {
     fs::path mount = Path(name);
     fs::create_directories(mount / "Arc" / (holds ? "LEVEL_0003" : "LEVEL_0001"));
-    DriveInfo info;
-    info.letter = mount.string();
-    info.type = type;
-    info.ready = ready;
-    return info;
+    return MakeDrive(mount.string(), type, ready);
   };
   platform.drives = {
       drive("fixed", kDriveFixed, true, true), drive("cd_not_ready", kDriveCdRom, false, true),

@@ -10,6 +10,7 @@
 namespace vardolin {
 namespace {
 
+using testing::MakeDrive;
 using testing::RecordingPlatform;
 using testing::TempDir;
 
@@ -75,15 +76,6 @@ TEST(MountsTest, ClassifiesMountsAsDrives) {
         << device << " on " << mount_point;
 }
 
-DriveInfo Drive(std::string letter, int type, bool ready, double free) {
-  DriveInfo d;
-  d.letter = std::move(letter);
-  d.type = type;
-  d.ready = ready;
-  d.free_bytes = free;
-  return d;
-}
-
 struct NoFreeBytes : RecordingPlatform {
   double FreeBytes(const std::filesystem::path&) override { return -1; }
 };
@@ -92,10 +84,10 @@ struct DrivesTest : ::testing::Test {
   NoFreeBytes platform;
   void SetUp() override {
     platform.drives = {
-        Drive("/", kDriveFixed, true, 100),       Drive("/media/cd", kDriveCdRom, true, 0),
-        Drive("/home", kDriveFixed, true, 500),   Drive("/data", kDriveFixed, true, 500),
-        Drive("/dev/sr1", kDriveCdRom, false, 0), Drive("/mnt/stick", kDriveRemovable, true, 900),
-        Drive("/big", kDriveFixed, false, 9000)};
+        MakeDrive("/", kDriveFixed, true, 100),       MakeDrive("/media/cd", kDriveCdRom, true, 0),
+        MakeDrive("/home", kDriveFixed, true, 500),   MakeDrive("/data", kDriveFixed, true, 500),
+        MakeDrive("/dev/sr1", kDriveCdRom, false, 0), MakeDrive("/mnt/stick", kDriveRemovable, true, 900),
+        MakeDrive("/big", kDriveFixed, false, 9000)};
   }
 };
 

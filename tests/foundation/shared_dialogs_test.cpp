@@ -178,15 +178,9 @@ TEST_F(GetDirTest, NewFolderCases) {
 }
 
 TEST_F(GetDirTest, DrivesFollowTheFolderAndADriveThatIsNotReadyIsRefused) {
-  auto drive = [](std::string mount, int type, bool ready) {
-    DriveInfo d;
-    d.letter = std::move(mount);
-    d.type = type;
-    d.ready = ready;
-    return d;
-  };
-  platform.drives = {drive("/", kDriveFixed, true), drive(tree.path().string(), kDriveFixed, true),
-                     drive("/media/cd", kDriveCdRom, false)};
+  platform.drives = {testing::MakeDrive("/", kDriveFixed),
+                     testing::MakeDrive(tree.path().string(), kDriveFixed),
+                     testing::MakeDrive("/media/cd", kDriveCdRom, false)};
   dialog.ImpostaValori((tree.path() / "Alpha").string());
   ASSERT_EQ(dialog.Drive1.ListCount(), 3);
   EXPECT_EQ(dialog.Drive1.SelectedText(), tree.path().string()) << "the deepest mount point";

@@ -9,7 +9,6 @@
 #include <string>
 #include <vector>
 
-#include "store_fixture.h"
 #include "foundation/services/log.h"
 #include "play/activation.h"
 #include "play/active_level.h"
@@ -17,6 +16,7 @@
 #include "play/game_watcher.h"
 #include "play/play_level.h"
 #include "play_fixture.h"
+#include "store_fixture.h"
 
 namespace vardolin {
 namespace {
@@ -61,7 +61,7 @@ TEST(Play, AChosenLevelIsPlayedWatchedToItsEndAndReplacedByTheNext) {
   ASSERT_TRUE(testing::WaitFor([&] { return fs::exists(f.editor / "standin_started.txt"); }));
   f.main->Timer1.Tick();
   EXPECT_EQ(steps, (std::vector<std::string>{"joystick", "f9", "f11", "full", "screenshot"}));
-  WriteBytes(f.editor / "standin_commands.txt", "save 2 Beta\nexit 0\n");
+  f.Tell("save 2 Beta\nexit 0\n");
   f.program.ShotCount = 5;
   ASSERT_TRUE(f.TickUntilEnded());
   EXPECT_FALSE(f.program.GameProcess.Valid());

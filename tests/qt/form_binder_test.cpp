@@ -86,12 +86,8 @@ TEST_F(BinderTest, ListsAndCombosFollowBothWays) {
   testing::TempDir tree;
   fs::create_directories(tree.path() / "one" / "deep");
   fs::create_directories(tree.path() / "two");
-  DriveInfo root, scratch;
-  root.letter = "/";
-  root.ready = true;
-  scratch.letter = tree.path().string();
-  scratch.ready = true;
-  p.platform.drives = {root, scratch};
+  p.platform.drives = {testing::MakeDrive("/", kDriveFixed),
+                       testing::MakeDrive(tree.path().string(), kDriveFixed)};
   Dialog_GetDir dialog(p.program);
   dialog.ImpostaValori(tree.path().string());
   dialog.Load();

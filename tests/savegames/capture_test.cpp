@@ -132,7 +132,7 @@ TEST_F(CaptureTest, CapturesCountOnAndTheLevelGrowsByEachFile) {
 }
 
 TEST_F(CaptureTest, APictureWithNoLevelToTakeItIsClearedAway) {
-  MarkActive(program, 77);  // a marker naming a level the catalogue doesn't hold
+  testing::MarkActive(program, 77);  // a marker naming a level the catalogue doesn't hold
   ui.SetClipboardImage(Plain(8, 8, 9, 9, 9));
   EXPECT_EQ(Tick(), ClipboardShot::Failed);
   EXPECT_FALSE(ui.ClipboardHasImage());

@@ -10,7 +10,6 @@
 #include "foundation/program.h"
 #include "foundation/texts/text_catalogue.h"
 #include "play/active_level.h"
-#include "play/text_ids.h"
 #include "recording_platform.h"
 #include "scripted_ui.h"
 #include "temp_dir.h"
@@ -44,12 +43,7 @@ struct ArchiveFixture {
     MakeTestHome(dir / "home");
     program.texts.EnglishTexts = ReadEnglishForTests();
     // The one fixed drive is the test's folder, so that proposals of new folders stay in it.
-    DriveInfo drive;
-    drive.letter = dir.path().string();
-    drive.type = kDriveFixed;
-    drive.ready = true;
-    drive.free_bytes = 1e12;
-    platform.drives = {drive};
+    platform.drives = {MakeDrive(dir.path().string(), kDriveFixed)};
   }
   std::filesystem::path Path(std::string_view rel) const { return dir / rel; }
 };
@@ -89,8 +83,7 @@ inline void WriteBytes(const std::filesystem::path& path, const std::string& byt
 inline void MarkActive(Program& program, std::int32_t code) {
   char digits[16];
   std::snprintf(digits, sizeof digits, "%04d", code);
-  WriteBytes(ActiveLevelFilePath(program),
-             program.GetText(text::ActiveLevelCodeKey) + " " + digits + "#\r\n");
+  WriteBytes(ActiveLevelFilePath(program), std::string("Level code:") + digits + "#\r\n");
 }
 
 }  // namespace vardolin::testing

@@ -8,10 +8,10 @@
 #include <string>
 #include <vector>
 
-#include "archive_fixture.h"
 #include "archive/level_browser.h"
 #include "archive/level_store.h"
 #include "archive/principale.h"
+#include "archive_fixture.h"
 #include "editor_folder_fixture.h"
 #include "environment.h"
 #include "foundation/platform/linux_platform.h"
@@ -70,8 +70,12 @@ struct BasicPlayFixture {
   void Choose(const std::string& text) {
     main->Combo_Livelli.SetListIndex(main->Combo_Livelli.FindText(text));
   }
-  // Tells the stand-in game in the editor folder to end.
-  void EndGame() { WriteBytes(editor / "standin_commands.txt", "exit 0\n"); }
+  // Appends lines to the stand-in game's command file. Appending, never rewriting: a game that
+  // read the file while it was being rewritten would do its earlier commands again.
+  void Tell(const std::string& lines) {
+    std::ofstream(editor / "standin_commands.txt", std::ios::app) << lines;
+  }
+  void EndGame() { Tell("exit 0\n"); }
   // Ticks Timer1 until the watcher lets the game go; false when it doesn't within the limit.
   bool TickUntilEnded() {
     return WaitFor([this] {

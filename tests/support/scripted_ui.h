@@ -43,9 +43,15 @@ class ScriptedUi : public Ui {
   ScriptedUi& Input(std::string typed, std::string contains = {}) {
     return Push({AskKind::Input, 0, std::move(typed), std::move(contains), {}});
   }
-  ScriptedUi& Folder(std::string path) { return Push({AskKind::Folder, 0, std::move(path)}); }
-  ScriptedUi& OpenFile(std::string path) { return Push({AskKind::OpenFile, 0, std::move(path)}); }
-  ScriptedUi& SaveFile(std::string path) { return Push({AskKind::SaveFile, 0, std::move(path)}); }
+  ScriptedUi& Folder(std::string path) {
+    return Push({AskKind::Folder, 0, std::move(path), {}, {}});
+  }
+  ScriptedUi& OpenFile(std::string path) {
+    return Push({AskKind::OpenFile, 0, std::move(path), {}, {}});
+  }
+  ScriptedUi& SaveFile(std::string path) {
+    return Push({AskKind::SaveFile, 0, std::move(path), {}, {}});
+  }
   // When the named form is shown modally, `act` runs on it (fill fields, press a button). The
   // form is unloaded afterwards if `act` left it up.
   ScriptedUi& OnForm(std::string form_name, std::function<void(Form&)> act) {
