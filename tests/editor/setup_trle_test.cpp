@@ -7,13 +7,13 @@
 #include <filesystem>
 #include <string>
 
-#include "store_fixture.h"
-#include "play_fixture.h"
 #include "editor/text_ids.h"
 #include "foundation/services/log.h"
 #include "play/activation.h"
 #include "play/active_level.h"
 #include "play/text_ids.h"
+#include "play_fixture.h"
+#include "store_fixture.h"
 
 namespace vardolin {
 namespace {

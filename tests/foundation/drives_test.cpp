@@ -83,11 +83,13 @@ struct NoFreeBytes : RecordingPlatform {
 struct DrivesTest : ::testing::Test {
   NoFreeBytes platform;
   void SetUp() override {
-    platform.drives = {
-        MakeDrive("/", kDriveFixed, true, 100),       MakeDrive("/media/cd", kDriveCdRom, true, 0),
-        MakeDrive("/home", kDriveFixed, true, 500),   MakeDrive("/data", kDriveFixed, true, 500),
-        MakeDrive("/dev/sr1", kDriveCdRom, false, 0), MakeDrive("/mnt/stick", kDriveRemovable, true, 900),
-        MakeDrive("/big", kDriveFixed, false, 9000)};
+    platform.drives = {MakeDrive("/", kDriveFixed, true, 100),
+                       MakeDrive("/media/cd", kDriveCdRom, true, 0),
+                       MakeDrive("/home", kDriveFixed, true, 500),
+                       MakeDrive("/data", kDriveFixed, true, 500),
+                       MakeDrive("/dev/sr1", kDriveCdRom, false, 0),
+                       MakeDrive("/mnt/stick", kDriveRemovable, true, 900),
+                       MakeDrive("/big", kDriveFixed, false, 9000)};
   }
 };
 

@@ -5,13 +5,13 @@
 #include "archive/principale.h"
 #include "archive/text_ids.h"
 #include "archive_fixture.h"
+#include "editor_folder_fixture.h"
 #include "environment.h"
 #include "foundation/program_home.h"
 #include "foundation/services/paths.h"
 #include "foundation/startup/command_line.h"
 #include "foundation/startup/startup.h"
 #include "foundation/text_ids.h"
-#include "editor_folder_fixture.h"
 #include "temp_dir.h"
 
 namespace vardolin {
@@ -84,7 +84,8 @@ TEST_F(StartUpTest, FirstRunMakesANewArchiveAndTheSecondStartOpensItWithoutQuest
     // The base level was built from the editor folder.
     EXPECT_TRUE(run.program.BaseLevelBuilt);
     EXPECT_EQ(ReadFile(home / "LEVEL_0000/play/script.dat"), ReadFile(editor / "script.dat"));
-    EXPECT_EQ(ReadFile(home / "LEVEL_0000/files/script.txt"), ReadFile(editor / "script/script.txt"));
+    EXPECT_EQ(ReadFile(home / "LEVEL_0000/files/script.txt"),
+              ReadFile(editor / "script/script.txt"));
     EXPECT_EQ(run.program.BackupFolder, (home / "backup_trle").string());
     EXPECT_EQ(run.program.lists.WadFileExtensions.size(), 10u);
     EXPECT_EQ(run.program.lists.EngineShortNames,

@@ -77,7 +77,6 @@ TEST(WineRegistryTest, ReadsThePrefixFilesByRoot) {
     EXPECT_EQ(ReadWineRegistry(prefix.path(), key, name), data) << key;
   EXPECT_EQ(ReadWineRegistry(prefix / "none", "Software\\Vardolin", "Count"), "");
   EXPECT_EQ(ReadWineRegistry("", "Software\\Vardolin", "Count"), "");
-
 }
 
 }  // namespace

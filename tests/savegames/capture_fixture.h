@@ -5,13 +5,13 @@
 #include <filesystem>
 #include <string>
 
-#include "store_fixture.h"
 #include "archive/catalogue_ops.h"
 #include "foundation/pictures/picture_file.h"
 #include "play/active_level.h"
 #include "play/text_ids.h"
 #include "savegames/shot_store.h"
 #include "savegames/text_ids.h"
+#include "store_fixture.h"
 
 namespace vardolin::testing {
 

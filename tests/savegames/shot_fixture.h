@@ -7,9 +7,9 @@
 #include <string>
 
 #include "browser_fixture.h"
-#include "store_fixture.h"
 #include "foundation/services/files.h"
 #include "savegames/shot_panel.h"
+#include "store_fixture.h"
 
 namespace vardolin::testing {
 
