@@ -87,9 +87,6 @@ TEST_F(StartUpTest, FirstRunMakesANewArchiveAndTheSecondStartOpensItWithoutQuest
     EXPECT_EQ(ReadFile(home / "LEVEL_0000/files/script.txt"),
               ReadFile(editor / "script/script.txt"));
     EXPECT_EQ(run.program.BackupFolder, (home / "backup_trle").string());
-    EXPECT_EQ(run.program.lists.WadFileExtensions.size(), 10u);
-    EXPECT_EQ(run.program.lists.EngineShortNames,
-              (std::vector<std::string>{"<NONE>", "TR4", "TR5"}));
     run.window.Unload();
   }
   EXPECT_EQ(SavedSettings().LastArchive, catalogue.string());
