@@ -35,12 +35,6 @@ TEST(CatalogueFile, SaveWritesExactlyHeaderAndRecordsOverALongerFile) {
   EXPECT_FALSE(fs::exists(f.Path("cat.vdc.new~")));
 }
 
-TEST(CatalogueFile, SaveIntoAMissingFolderFailsAndKeepsThePath) {
-  FileFixture f;
-  EXPECT_FALSE(SaveCatalogueFile(f.program, f.Path("nowhere/cat.vdc")));
-  EXPECT_EQ(f.program.prefs.LastArchive, f.file.string());
-}
-
 TEST(CatalogueFile, LoadOpensTheCatalogue) {
   FileFixture f;
   Catalogue on_disk = SampleCatalogue(5, f.archive.string());
@@ -65,16 +59,6 @@ TEST(CatalogueFile, UnreadableOrRefusedFileChangesNothing) {
     EXPECT_EQ(f.program.prefs.LastArchive, f.file.string());
     EXPECT_FALSE(f.program.ClosingDown);
   }
-}
-
-TEST(CatalogueFile, TruncatedFileOpensWithTheWholeRecordsItHolds) {
-  FileFixture f;
-  std::string image = SerializeCatalogue(SampleCatalogue(4, f.archive.string()));
-  WriteBytes(f.Path("cut.vdc"), image.substr(0, image.size() - 10));
-  ASSERT_TRUE(LoadCatalogueFile(f.program, f.Path("cut.vdc")));
-  EXPECT_EQ(f.program.catalogue.levels.size(), 3u);
-  EXPECT_FALSE(f.program.CatalogueDirty);  // the file stays as it is until something changes
-  EXPECT_EQ(ReadFile(f.Path("cut.vdc")).size(), image.size() - 10);
 }
 
 TEST(CatalogueFile, PendingUserSizeIsCountedAtLoad) {
@@ -150,23 +134,6 @@ TEST(CatalogueFile, WithoutAutoSaveYesSavesAndKeepsTheSetting) {
   EXPECT_FALSE(f.program.prefs.AutoSave);
   EXPECT_FALSE(f.program.CatalogueDirty);
   EXPECT_EQ(ReadFile(f.file), SerializeCatalogue(f.program.catalogue));
-}
-
-TEST(CatalogueFile, BrowseCancelledOrUnreadable) {
-  FileFixture f;
-  f.ui.OpenFile("");
-  EXPECT_FALSE(BrowseForCatalogue(f.program));
-  EXPECT_EQ(f.ui.Questions()[0].title, "Load archive");
-  EXPECT_EQ(f.ui.Questions()[0].text, f.program.Home().string());
-
-  f.ui.OpenFile(f.Path("missing.vdc").string());
-  f.ui.Answer(msg::kOk, "Error loading archive file: " + f.Path("missing.vdc").string());
-  EXPECT_FALSE(BrowseForCatalogue(f.program));
-
-  WriteBytes(f.Path("b.vdc"), SerializeCatalogue(SampleCatalogue(2, f.archive.string())));
-  f.ui.OpenFile(f.Path("b.vdc").string());
-  EXPECT_TRUE(BrowseForCatalogue(f.program));
-  EXPECT_EQ(f.program.catalogue.levels.size(), 2u);
 }
 
 TEST(CatalogueFile, SaveAsMovesTheSettingsToTheNewPath) {

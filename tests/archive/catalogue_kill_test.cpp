@@ -1,20 +1,13 @@
 // A process killed in the middle of saving the catalogue, at many points of the write and just
 // before the file is put in place, must leave a whole catalogue: the old one or a new one.
 
-#include <fcntl.h>
 #include <gtest/gtest.h>
-#include <signal.h>
-#include <spawn.h>
-#include <sys/wait.h>
-#include <unistd.h>
 
-#include <cstdlib>
 #include <set>
 
 #include "archive/catalogue_file.h"
 #include "archive_fixture.h"
-
-extern char** environ;
+#include "fault_child.h"
 
 namespace vardolin::testing {
 namespace {
@@ -30,49 +23,26 @@ Catalogue Generation(int g, const std::filesystem::path& folder) {
   return c;
 }
 
+constexpr const char* kChildVariable = "VARDOLIN_CATALOGUE_CHILD";
+
+// Runs only as the child: saves generations 1 to 5 over "<root>/cat.vdc" until the fault point
+// the parent chose kills it.
 TEST(CatalogueKillChild, SavesUntilKilled) {
-  const char* file = std::getenv("VARDOLIN_KILL_CHILD_FILE");
-  if (!file) GTEST_SKIP() << "runs only as the child of the kill test";
+  const auto job = ReadFaultJob(kChildVariable);
+  if (!job) GTEST_SKIP() << "runs only as the child of the kill test";
   ScriptedUi ui;
   RecordingPlatform platform;
-  Program program(std::filesystem::path(file).parent_path(), ui, platform);
+  Program program(job->root, ui, platform);
   for (int g = 1; g <= kGenerations; ++g) {
     program.catalogue = Generation(g, program.Home());
-    if (!SaveCatalogueFile(program, file)) _exit(3);
+    ASSERT_TRUE(SaveCatalogueFile(program, job->root / "cat.vdc"));
   }
-  _exit(0);
 }
 
-// Runs this test program again as the saving child, with the fault point set; gives the raw
-// wait status.
-int RunSaverChild(const std::string& file, const std::string& fault_point) {
-  std::vector<std::string> env_store;
-  for (char** e = environ; *e; ++e) {
-    std::string_view v(*e);
-    if (v.starts_with("VARDOLIN_FAULT_POINT=") || v.starts_with("VARDOLIN_KILL_CHILD_FILE=") ||
-        v.starts_with("GTEST_"))
-      continue;
-    env_store.emplace_back(v);
-  }
-  env_store.push_back("VARDOLIN_FAULT_POINT=" + fault_point);
-  env_store.push_back("VARDOLIN_KILL_CHILD_FILE=" + file);
-  std::vector<char*> envp;
-  for (std::string& s : env_store) envp.push_back(s.data());
-  envp.push_back(nullptr);
-  std::string exe = "/proc/self/exe";
-  std::string filter = "--gtest_filter=CatalogueKillChild.SavesUntilKilled";
-  char* argv[] = {exe.data(), filter.data(), nullptr};
-
-  posix_spawn_file_actions_t actions;
-  posix_spawn_file_actions_init(&actions);
-  posix_spawn_file_actions_addopen(&actions, 1, "/dev/null", O_WRONLY, 0);
-  pid_t pid = -1;
-  int rc = posix_spawn(&pid, exe.c_str(), &actions, nullptr, argv, envp.data());
-  posix_spawn_file_actions_destroy(&actions);
-  if (rc != 0) return -1;
-  int status = 0;
-  waitpid(pid, &status, 0);
-  return status;
+// 1 when the fault point killed the child, 0 when it finished.
+int RunSaverChild(const std::filesystem::path& root, const std::string& point) {
+  return RunFaultChild("CatalogueKillChild.SavesUntilKilled", kChildVariable,
+                       "save|" + root.string(), point);
 }
 
 struct KillCase {
@@ -97,9 +67,7 @@ TEST(CatalogueKill, DiskAlwaysHoldsAWholeOldOrNewCatalogue) {
   std::set<int> seen;
   for (const KillCase& k : cases) {
     WriteBytes(file, images[0]);
-    int status = RunSaverChild(file.string(), k.point);
-    ASSERT_TRUE(WIFSIGNALED(status) && WTERMSIG(status) == SIGKILL)
-        << k.point << ": the child was not killed (status " << status << ")";
+    ASSERT_EQ(RunSaverChild(dir.path(), k.point), 1) << k.point << ": the child was not killed";
     std::string on_disk = ReadFile(file);
     int generation = -1;
     for (int g = 0; g <= kGenerations; ++g)
@@ -119,8 +87,7 @@ TEST(CatalogueKill, DiskAlwaysHoldsAWholeOldOrNewCatalogue) {
 
   // Unkilled, the child's last save stands.
   WriteBytes(file, images[0]);
-  int status = RunSaverChild(file.string(), "atomic-write:1000000");
-  ASSERT_TRUE(WIFEXITED(status) && WEXITSTATUS(status) == 0);
+  ASSERT_EQ(RunSaverChild(dir.path(), "atomic-write:1000000"), 0);
   EXPECT_EQ(ReadFile(file), images[kGenerations]);
 }
 

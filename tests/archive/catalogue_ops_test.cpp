@@ -28,13 +28,6 @@ TEST(CatalogueOps, NextLevelCodeIsHighestPlusOne) {
     EXPECT_EQ(NextLevelCode(WithCodes(t.codes)), t.next) << t.codes.size() << " levels";
 }
 
-TEST(CatalogueOps, FindLevelIndexByCode) {
-  Catalogue c = WithCodes({0, 5, 3});
-  EXPECT_EQ(FindLevelIndex(c, 3), 2);
-  EXPECT_EQ(FindLevelIndex(c, 0), 0);
-  EXPECT_EQ(FindLevelIndex(c, 4), -1);
-}
-
 TEST(CatalogueOps, TotalsLeaveTheBaseLevelOut) {
   Catalogue c = WithCodes({0, 1, 2});
   c.levels[0].FilesSize = 1'000'000;
@@ -58,25 +51,6 @@ TEST(CatalogueOps, SizesBeyondTheFieldStopAtItsLimitAndTotalsAgree) {
   AddSizeToCatalogue(c, 5e9, 1, SizeKind::Files);
   EXPECT_EQ(c.levels[1].FilesSize, std::numeric_limits<std::int32_t>::max());
   EXPECT_EQ(c.header.TotalFilesSize, std::numeric_limits<std::int32_t>::max() - 1000.0);
-}
-
-TEST(LevelFolderNames, CodeInAtLeastFourDigits) {
-  struct Case {
-    std::int32_t code;
-    const char* name;
-  };
-  for (const Case& t : {Case{12, "\\LEVEL_0012"}, Case{12345, "\\LEVEL_12345"},
-                        Case{0, "\\LEVEL_0000"}, Case{9999, "\\LEVEL_9999"}})
-    EXPECT_EQ(LevelFolderName(t.code), t.name);
-  EXPECT_EQ(LevelFolderName(7, "\\Livello_"), "\\Livello_0007");
-}
-
-TEST(LevelFolderNames, FragmentsJoinAsFolders) {
-  std::filesystem::path base = "/a";
-  EXPECT_EQ(JoinFragment(base, "\\LEVEL_0001"), std::filesystem::path("/a/LEVEL_0001"));
-  EXPECT_EQ(JoinFragment(base, "\\files\\readme.txt"),
-            std::filesystem::path("/a/files/readme.txt"));
-  EXPECT_EQ(JoinFragment(base, "name.vdc"), std::filesystem::path("/a/name.vdc"));
 }
 
 // Level folders with real files below a temporary archive folder.
@@ -125,7 +99,6 @@ TEST(CatalogueSizes, RecomputeLeavesTheBaseLevelOutOfTheTotals) {
   EXPECT_EQ(c.header.TotalFilesSize, 300);
   EXPECT_EQ(c.header.TotalUserSize, 7);
   ASSERT_EQ(f.ui.Questions().size(), 1u);
-  EXPECT_EQ(f.ui.Questions()[0].title, "Archive sizes");
   EXPECT_EQ(f.ui.Questions()[0].style, msg::kInformation);
   // The count went on in the progress window, which is gone again.
   EXPECT_EQ(f.ui.ModelessShown(), std::vector<std::string>{"Dialog_Progress"});
@@ -140,17 +113,6 @@ TEST(CatalogueOps, CdLevelStopsTheCallerWithAnError) {
   EXPECT_TRUE(CheckLevelNotOnCd(f.program, 1));
   EXPECT_EQ(f.ui.Questions().at(0).style, msg::kError);
   EXPECT_FALSE(CheckLevelNotOnCd(f.program, 2));
-}
-
-TEST(CatalogueOps, MainTitleNamesFileAndLevelCount) {
-  ArchiveFixture f;
-  f.program.catalogue = SampleCatalogue(4);
-  f.program.prefs.LastArchive = (f.dir / "my.vdc").string();
-  EXPECT_EQ(MainTitleText(f.program), "Vardolin - my.vdc (4 levels)");
-  Form main(f.program, "Principale");
-  f.program.main.form = &main;
-  UpdateMainTitle(f.program);
-  EXPECT_EQ(main.Caption(), "Vardolin - my.vdc (4 levels)");
 }
 
 // The questions when an opened catalogue's folders are gone.

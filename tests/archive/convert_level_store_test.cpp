@@ -3,8 +3,6 @@
 #include <gtest/gtest.h>
 
 #include "archive/text_ids.h"
-#include "foundation/forms/controls.h"
-#include "foundation/forms/form.h"
 #include "store_fixture.h"
 
 namespace vardolin::testing {
@@ -102,20 +100,6 @@ TEST_F(ConvertTest, OnlyLevelsOnHardDiskAreConverted) {
   EXPECT_TRUE(ConvertLevelStore(program, 2, true, nullptr, nullptr)) << "no files: nothing to do";
   EXPECT_EQ(ReadFile(Files(3) / "level.tr4"), "on CD");
   EXPECT_TRUE(ui.Questions().empty());
-}
-
-TEST_F(ConvertTest, TheLabelNamesTheLevelAndTheBarFollowsTheFiles) {
-  struct Window : Form {
-    explicit Window(Program& p) : Form(p, "Window", "") {}
-    Label info{*this, "info"};
-    ProgressBar bar{*this, "bar"};
-  } window(program);
-  std::vector<int> values;
-  window.bar.Subscribe([&](Control&, Change) { values.push_back(window.bar.Value()); });
-  MakePlainLevel();
-  ASSERT_TRUE(ConvertLevelStore(program, 1, true, &window.info, &window.bar));
-  EXPECT_EQ(window.info.Caption(), program.GetText(text::ConvertingLevel, {"Level 1"}));
-  EXPECT_NE(std::find(values.begin(), values.end(), 100), values.end());
 }
 
 }  // namespace

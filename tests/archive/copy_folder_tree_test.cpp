@@ -78,13 +78,6 @@ TEST(CopyFolderTreeTest, CopiesTheTreeAndLeavesOutMarkedFiles) {
   }
 }
 
-TEST(CopyFolderTreeTest, WithoutProgressShowsNoWindow) {
-  CopyTreeTest t;
-  EXPECT_TRUE(CopyFolderTree(t.program, t.Path("src"), t.Path("out"), false, false, false));
-  EXPECT_EQ(ReadFile(t.Path("out/sub/b.bin")), std::string(3000, 'b'));
-  EXPECT_TRUE(t.ui.ModelessShown().empty());
-}
-
 TEST(CopyFolderTreeTest, AsksBeforeReplacingAndKeepsWhatTheUserKeeps) {
   for (int answer : {msg::kYes, msg::kNo}) {
     CopyTreeTest t;

@@ -2,12 +2,9 @@
 
 #include <gtest/gtest.h>
 
-#include <map>
-
 #include "archive/catalogue_file.h"
 #include "archive/whole_store_conversion.h"
-#include "archive_fixture.h"
-#include "foundation/pictures/picture_file.h"
+#include "store_fixture.h"
 
 namespace vardolin {
 namespace {
@@ -15,20 +12,6 @@ namespace {
 namespace fs = std::filesystem;
 using testing::ArchiveFixture;
 using testing::ReadFile;
-
-// Every file below a folder, by its path relative to the folder.
-std::map<std::string, std::string> Contents(const fs::path& folder) {
-  std::map<std::string, std::string> all;
-  for (const auto& e : fs::recursive_directory_iterator(folder))
-    if (e.is_regular_file()) all[fs::relative(e.path(), folder).string()] = ReadFile(e.path());
-  return all;
-}
-
-std::string Noise(std::size_t n, unsigned seed) {
-  std::string s(n, '\0');
-  for (char& c : s) c = static_cast<char>((seed = seed * 1103515245u + 12345u) >> 16);
-  return s;
-}
 
 struct PrefArcTest : ::testing::Test {
   ArchiveFixture f;
@@ -41,11 +24,10 @@ struct PrefArcTest : ::testing::Test {
     f.program.prefs.LastArchive = (f.dir / "cat.vdc").string();
     for (int code : {1, 2}) {
       fs::path files = archive / ("LEVEL_000" + std::to_string(code)) / "files";
-      testing::WriteBytes(files / "level.tr4", Noise(200000, code));
+      testing::WriteBytes(files / "level.tr4", testing::LevelBytes(code, 200000));
       testing::WriteBytes(files / "script.dat", std::string(5000, 'a' + code));
       testing::WriteBytes(files / "store" / "inside.bin", "left alone");
-      Bitmap picture = Bitmap::Make(8, 6);
-      ASSERT_EQ(WritePictureFile(files / "load.bmp", picture), PictureResult::Ok);
+      testing::WritePicture(files / "load.bmp", 8, 6);
     }
     ASSERT_TRUE(SaveCatalogueFile(f.program, f.program.prefs.LastArchive));
   }
@@ -77,7 +59,6 @@ TEST_F(PrefArcTest, ShowsTheArchiveAndCancelPutsTheHeaderBack) {
   EXPECT_EQ(dialog.Label_TotCd.Caption(), "1");
   EXPECT_EQ(dialog.Label_OnCd.Caption(), "Yes");
   EXPECT_EQ(dialog.Label_FullPath.Caption(), f.program.prefs.LastArchive);
-  EXPECT_EQ(dialog.Check_Compresso.Caption(), "Compress files in .zl and load.bmp in load.jpg");
   dialog.Check_Compresso.SetValue(true);
   EXPECT_TRUE(f.program.catalogue.header.CompressFiles);
   dialog.Pul_Cancel.Click();
@@ -85,58 +66,25 @@ TEST_F(PrefArcTest, ShowsTheArchiveAndCancelPutsTheHeaderBack) {
   EXPECT_FALSE(dialog.ConvertStore);
 }
 
-TEST_F(PrefArcTest, CompressionOnAndOffComesBackByteForByte) {
-  auto before1 = Contents(Files(1));
-  auto before2 = Contents(Files(2));
-  f.ui.Answer(msg::kYes, "convert all the levels");
+TEST_F(PrefArcTest, AFailurePartWayLeavesEveryLevelWholeAndPutsTheFlagBack) {
+  f.ui.Answer(msg::kYes);
   ASSERT_TRUE(ChangeFlags(true, false, msg::kYes));
   f.ui.AllowAnyMessage();
   StoreConversion on = ConvertWholeStore(f.program, saved_, nullptr, nullptr);
   ASSERT_TRUE(on.ok);
   EXPECT_EQ(on.levels_converted, 2);
-  for (int code : {1, 2}) {
-    EXPECT_TRUE(fs::exists(Files(code) / "level.tr4.zl"));
-    EXPECT_TRUE(fs::exists(Files(code) / "script.dat.zl"));
-    EXPECT_TRUE(fs::exists(Files(code) / "load.jpg"));
-    EXPECT_FALSE(fs::exists(Files(code) / "level.tr4"));
-    EXPECT_FALSE(fs::exists(Files(code) / "load.bmp"));
-    EXPECT_EQ(ReadFile(Files(code) / "store" / "inside.bin"), "left alone");
-  }
-  f.ui.Answer(msg::kYes);
-  ASSERT_TRUE(ChangeFlags(false, false, msg::kYes));
-  StoreConversion off = ConvertWholeStore(f.program, saved_, nullptr, nullptr);
-  ASSERT_TRUE(off.ok);
-  for (auto* pair : {&before1, &before2}) {
-    int code = pair == &before1 ? 1 : 2;
-    auto after = Contents(Files(code));
-    // The loading picture went through JPEG and comes back as a bitmap of the same size; every
-    // other file comes back as it was.
-    Bitmap back;
-    ASSERT_EQ(ReadPictureFile(Files(code) / "load.bmp", back), PictureResult::Ok);
-    EXPECT_EQ(back.width, 8);
-    pair->erase("load.bmp");
-    after.erase("load.bmp");
-    EXPECT_EQ(after, *pair);
-  }
-}
-
-TEST_F(PrefArcTest, AFailurePartWayLeavesEveryLevelWholeAndPutsTheFlagBack) {
-  f.ui.Answer(msg::kYes);
-  ASSERT_TRUE(ChangeFlags(true, false, msg::kYes));
-  f.ui.AllowAnyMessage();
-  ASSERT_TRUE(ConvertWholeStore(f.program, saved_, nullptr, nullptr).ok);
   // Level 2's packed script is damaged: expanding it must fail.
   std::string packed = ReadFile(Files(2) / "script.dat.zl");
   packed[packed.size() / 2] ^= 0x55;
   testing::WriteBytes(Files(2) / "script.dat.zl", packed);
-  auto level2 = Contents(Files(2));
+  auto level2 = testing::Snapshot(Files(2));
 
   f.ui.Answer(msg::kYes);
   ASSERT_TRUE(ChangeFlags(false, false, msg::kYes));
   StoreConversion off = ConvertWholeStore(f.program, saved_, nullptr, nullptr);
   EXPECT_FALSE(off.ok);
   EXPECT_EQ(off.failed_level, "Second");
-  EXPECT_EQ(Contents(Files(2)), level2);  // nothing written for it remains, nothing lost
+  EXPECT_EQ(testing::Snapshot(Files(2)), level2);  // nothing written for it remains, nothing lost
   EXPECT_TRUE(fs::exists(Files(1) / "level.tr4"));
   EXPECT_TRUE(f.program.catalogue.header.CompressFiles);
 }

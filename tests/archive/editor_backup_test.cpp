@@ -1,7 +1,7 @@
 #include <gtest/gtest.h>
 
-#include "../editor/editor_test_fixture.h"
 #include "archive/editor_backup.h"
+#include "editor_test_fixture.h"
 #include "foundation/dialogs/shared_dialogs.h"
 #include "foundation/services/paths.h"
 

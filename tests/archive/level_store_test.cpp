@@ -2,9 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include "archive/catalogue_sizes.h"
-#include "foundation/forms/controls.h"
-#include "foundation/forms/form.h"
 #include "store_fixture.h"
 
 namespace vardolin::testing {
@@ -45,42 +42,15 @@ TEST_F(LevelStoreTest, LevelFoldersByCodeAndCd) {
   }
 }
 
-TEST_F(LevelStoreTest, SizesOfACdLevelAskForNoCd) {
-  WriteBytes(archive / "LEVEL_0003" / "files" / "a.tr4", std::string(500, 'x'));
-  WriteBytes(archive / "LEVEL_0001" / "files" / "a.tr4", std::string(700, 'x'));
-  EXPECT_EQ(FilesBytesOfLevel(program, 3), 0);
-  EXPECT_EQ(FilesBytesOfLevel(program, 1), 700);
-  program.catalogue.levels[3].FilesSize = 4242;
-  program.prefs.AutoSave = false;
-  ASSERT_TRUE(UpdateLevelSizes(program, 3));
-  EXPECT_EQ(program.catalogue.levels[3].FilesSize, 4242);
-  EXPECT_TRUE(ui.Questions().empty());
-}
-
 TEST_F(LevelStoreTest, CreateLevelFoldersMakesTheFourSubfoldersTheSizesCount) {
   fs::path level = archive / "LEVEL_0009";
   ASSERT_TRUE(CreateLevelFolders(program, level));
   for (const char* sub : {"files", "play", "savegames", "screenshots"})
     EXPECT_TRUE(fs::is_directory(level / sub)) << sub;
-  // The four names are the folders the sizes and the files of a level are looked for in.
-  EXPECT_EQ(program.GetText(text::LevelSubfolderFiles), program.GetText(text::FilesFolder));
-  for (int i = 0; i < 3; ++i) {
-    EXPECT_EQ(program.GetText(text::LevelSubfolderPlay + i),
-              program.GetText(text::SizeFolderPlay + i));
-    EXPECT_EQ(program.GetText(text::LevelSubfolderPlay + i),
-              program.GetText(text::UserFolderPlay + i));
-  }
-  EXPECT_EQ(program.GetText(text::PlayFolder), program.GetText(text::SizeFolderPlay));
   EXPECT_TRUE(CreateLevelFolders(program, level)) << "folders that stand already count";
   WriteBytes(Path("blocker"), "a file where a folder should go");
   EXPECT_FALSE(CreateLevelFolders(program, Path("blocker")));
 }
-
-struct ProgressForm : Form {
-  explicit ProgressForm(Program& p) : Form(p, "ProgressForm", "") {}
-  Label info{*this, "info"};
-  ProgressBar bar{*this, "bar"};
-};
 
 TEST_F(LevelStoreTest, DeleteLevelTreeRemovesReadOnlyPartsAndNeverFollowsLinks) {
   fs::path level = archive / "LEVEL_0001";
@@ -93,16 +63,9 @@ TEST_F(LevelStoreTest, DeleteLevelTreeRemovesReadOnlyPartsAndNeverFollowsLinks) 
   fs::permissions(level / "files" / "store" / "deep",
                   fs::perms::owner_read | fs::perms::owner_exec);
 
-  ProgressForm form(program);
-  std::vector<std::string> labels;
-  form.info.Subscribe([&](Control& c, Change) { labels.push_back(c.Caption()); });
-  EXPECT_TRUE(DeleteLevelTree(program, level, &form.info, &form.bar));
+  EXPECT_TRUE(DeleteLevelTree(program, level, nullptr, nullptr));
   EXPECT_FALSE(fs::exists(level));
   EXPECT_EQ(ReadFile(Path("outside") / "keep.txt"), "keep");
-  EXPECT_NE(std::find(labels.begin(), labels.end(), program.GetText(text::DeleteTreeListing)),
-            labels.end());
-  EXPECT_NE(std::find(labels.begin(), labels.end(), program.GetText(text::DeleteTreeDeleting)),
-            labels.end());
   EXPECT_TRUE(DeleteLevelTree(program, level, nullptr, nullptr)) << "a missing tree is gone";
   WriteBytes(Path("plain.txt"), "x");
   EXPECT_FALSE(DeleteLevelTree(program, Path("plain.txt"), nullptr, nullptr));
@@ -150,11 +113,7 @@ TEST_F(LevelStoreTest, LevelIsLookedForOnReadyCdDrivesOnly) {
   auto drive = [&](const std::string& name, int type, bool ready, bool holds) {
     fs::path mount = Path(name);
     fs::create_directories(mount / "Arc" / (holds ? "LEVEL_0003" : "LEVEL_0001"));
-    DriveInfo info;
-    info.letter = mount.string();
-    info.type = type;
-    info.ready = ready;
-    return info;
+    return MakeDrive(mount.string(), type, ready);
   };
   platform.drives = {
       drive("fixed", kDriveFixed, true, true), drive("cd_not_ready", kDriveCdRom, false, true),

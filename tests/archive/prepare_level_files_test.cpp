@@ -75,13 +75,6 @@ TEST_F(PrepareTest, EachStoredFormEndsInTheGameForm) {
   EXPECT_TRUE(ui.Questions().empty());
 }
 
-TEST_F(PrepareTest, PackedFilesAreExpandedUnderTheZipWindow) {
-  Store("level.tr4", 1, true);
-  fs::path temporary;
-  ASSERT_TRUE(PrepareLevelFiles(program, files, temporary));
-  EXPECT_EQ(ui.ModelessShown(), std::vector<std::string>{"Dialog_Zip"});
-}
-
 TEST_F(PrepareTest, ALeftoverTemporaryFolderIsEmptiedFirst) {
   WriteBytes(TemporaryFilesFolder(program) / "stale.tr4", "from an earlier run");
   WriteBytes(TemporaryFilesFolder(program) / "sub" / "stale.dat", "from an earlier run");

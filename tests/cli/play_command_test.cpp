@@ -14,7 +14,7 @@
 #include <string>
 #include <thread>
 
-#include "../archive/archive_fixture.h"
+#include "archive_fixture.h"
 #include "archive/catalogue_file.h"
 #include "archive/level_store.h"
 #include "cli_runner.h"

@@ -152,19 +152,6 @@ TEST(FindEditorFolderTest, TheRegistryProposesTheFolderOfItsPrefix) {
   EXPECT_EQ(t.program.prefs.EditorFolder, proposed);
 }
 
-TEST(DialogTrovaTrleTest, CantBeClosedByItsBoxAndOffersNoInstallYet) {
-  EditorTest t;
-  Dialog_TrovaTrle d(t.program);
-  d.Load();
-  EXPECT_FALSE(d.QueryUnload());
-  EXPECT_EQ(d.Caption(), " Where is Tomb Raider Level Editor folder ?");
-  EXPECT_EQ(d.Pul_Cancel.Caption(), "I've not it");
-  EXPECT_FALSE(d.Pul_InstallCompresso.Enabled());
-  EXPECT_FALSE(d.Pul_InstallTrleCD.Enabled());
-  d.Pul_InstallTrleCD.Click();  // disabled: nothing is asked
-  EXPECT_TRUE(t.ui.Questions().empty());
-}
-
 TEST(DialogTipoExeTest, TellsWhereTheSetupCopiedItsFiles) {
   EditorTest t;
   Dialog_TipoExe d(t.program);

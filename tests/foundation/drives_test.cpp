@@ -10,6 +10,7 @@
 namespace vardolin {
 namespace {
 
+using testing::MakeDrive;
 using testing::RecordingPlatform;
 using testing::TempDir;
 
@@ -75,19 +76,6 @@ TEST(MountsTest, ClassifiesMountsAsDrives) {
         << device << " on " << mount_point;
 }
 
-DriveInfo Drive(std::string letter, int type, bool ready, double free) {
-  DriveInfo d;
-  d.letter = std::move(letter);
-  d.type = type;
-  d.ready = ready;
-  d.free_bytes = free;
-  d.total_bytes = free * 2;
-  d.volume_name = "VOL";
-  d.serial = 77;
-  d.share_name = "share";
-  return d;
-}
-
 struct NoFreeBytes : RecordingPlatform {
   double FreeBytes(const std::filesystem::path&) override { return -1; }
 };
@@ -95,11 +83,13 @@ struct NoFreeBytes : RecordingPlatform {
 struct DrivesTest : ::testing::Test {
   NoFreeBytes platform;
   void SetUp() override {
-    platform.drives = {
-        Drive("/", kDriveFixed, true, 100),       Drive("/media/cd", kDriveCdRom, true, 0),
-        Drive("/home", kDriveFixed, true, 500),   Drive("/data", kDriveFixed, true, 500),
-        Drive("/dev/sr1", kDriveCdRom, false, 0), Drive("/mnt/stick", kDriveRemovable, true, 900),
-        Drive("/big", kDriveFixed, false, 9000)};
+    platform.drives = {MakeDrive("/", kDriveFixed, true, 100),
+                       MakeDrive("/media/cd", kDriveCdRom, true, 0),
+                       MakeDrive("/home", kDriveFixed, true, 500),
+                       MakeDrive("/data", kDriveFixed, true, 500),
+                       MakeDrive("/dev/sr1", kDriveCdRom, false, 0),
+                       MakeDrive("/mnt/stick", kDriveRemovable, true, 900),
+                       MakeDrive("/big", kDriveFixed, false, 9000)};
   }
 };
 
@@ -123,26 +113,6 @@ TEST_F(DrivesTest, ThePathBelongsToTheLongestMountPoint) {
 TEST_F(DrivesTest, ListsDrivesByType) {
   EXPECT_EQ(ListCdDrives(platform), (std::vector<std::string>{"/media/cd", "/dev/sr1"}));
   EXPECT_EQ(ListFixedDrives(platform), (std::vector<std::string>{"/", "/home", "/data", "/big"}));
-}
-
-TEST_F(DrivesTest, DriveInfoOfReadyAbsentAndNotReadyDrives) {
-  DriveInfo info;
-  ASSERT_TRUE(GetDriveInfo(platform, "/home", info));
-  EXPECT_EQ(info.free_bytes, 500);
-  EXPECT_EQ(info.volume_name, "VOL");
-
-  ASSERT_TRUE(GetDriveInfo(platform, "/dev/sr1", info));
-  EXPECT_EQ(info.letter, "/dev/sr1");
-  EXPECT_EQ(info.type, kDriveCdRom);
-  EXPECT_FALSE(info.ready);
-  EXPECT_EQ(info.share_name, "share");
-  EXPECT_EQ(info.volume_name, "");
-  EXPECT_EQ(info.serial, 0u);
-  EXPECT_EQ(info.total_bytes, 0);
-
-  EXPECT_FALSE(GetDriveInfo(platform, "/nowhere", info));
-  EXPECT_EQ(info.letter, "");
-  EXPECT_EQ(info.type, kDriveUnknown);
 }
 
 TEST_F(DrivesTest, FreeBytesFallBackOnTheDriveRecord) {

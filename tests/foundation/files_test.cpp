@@ -1,15 +1,17 @@
-#include "foundation/services/files.h"
-
 #include <gtest/gtest.h>
 #include <sys/stat.h>
 #include <unistd.h>
-
 #include <algorithm>
 
+#include "foundation/dialogs/ask.h"
 #include "foundation/program.h"
+#include "foundation/services/files.h"
+#include "foundation/services/log.h"
+#include "foundation/text_ids.h"
 #include "recording_platform.h"
 #include "scripted_ui.h"
 #include "temp_dir.h"
+#include "test_program.h"
 
 namespace vardolin {
 namespace {
@@ -31,11 +33,8 @@ fs::file_time_type MTime(const fs::path& p) {
   return fs::last_write_time(p);
 }
 
-struct FilesTest : ::testing::Test {
-  TempDir dir;
-  ScriptedUi ui;
-  RecordingPlatform platform;
-  Program program{dir / "home", ui, platform};
+struct FilesTest : ::testing::Test, testing::TestProgram {
+  const TempDir& dir = home;
 };
 
 TEST_F(FilesTest, PathsInAnotherCaseAreTheFilesOnDisk) {
@@ -216,6 +215,35 @@ TEST_F(FilesTest, WholeFilesAndDates) {
   EXPECT_EQ(st.st_mtime, 1000000000);
   EXPECT_EQ(st.st_atime, 1000000000);
   EXPECT_FALSE(SetFileDateTime(dir / "none", when));
+}
+
+struct LogTest : ::testing::Test, testing::TestProgram {
+  void SetUp() override {
+    TextEntry title{"", text::ProgramTitle, "Vardolin"};
+    program.texts.EnglishTexts.entries.push_back(title);
+    program.texts.CurrentTexts.entries.push_back(title);
+  }
+};
+
+TEST_F(LogTest, AppendsLinesAndStartsAnew) {
+  WriteLog(program, "first");
+  WriteLog(program, "second");
+  EXPECT_EQ(ReadFile(home / "vardo_log.txt"), "first\nsecond\n");
+  ResetLog(program);
+  EXPECT_FALSE(std::filesystem::exists(home / "vardo_log.txt"));
+  ResetLog(program);  // no log: nothing to do
+  WriteLog(program, "third");
+  EXPECT_EQ(ReadFile(LogPath(program)), "third\n");
+  EXPECT_TRUE(ui.Questions().empty());
+}
+
+TEST_F(LogTest, ShownLinesAreFirstAskedAsAnError) {
+  ui.Answer(msg::kOk, "bad package");
+  WriteLog(program, "bad package", true);
+  ASSERT_EQ(ui.Questions().size(), 1u);
+  EXPECT_EQ(ui.Questions()[0].style, msg::kError);
+  EXPECT_EQ(ui.Questions()[0].title, "Vardolin");
+  EXPECT_EQ(ReadFile(LogPath(program)), "bad package\n");
 }
 
 }  // namespace

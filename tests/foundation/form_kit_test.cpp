@@ -117,12 +117,5 @@ TEST_F(FormKitTest, ObserversHearOnlyRealChanges) {
   EXPECT_EQ(seen, (std::vector<Change>{Change::Caption, Change::Visible}));
 }
 
-TEST_F(FormKitTest, ScriptedModalShowRunsTheActionAndUnloads) {
-  ui.OnForm("Dialog_Sample", [](Form& f) { static_cast<SampleForm&>(f).Pul_Ok.Click(); });
-  ui.ShowModal(form);
-  EXPECT_EQ(form.clicks, 1);
-  EXPECT_FALSE(form.IsLoaded());
-}
-
 }  // namespace
 }  // namespace vardolin

@@ -1,15 +1,14 @@
-#include "foundation/platform/linux_platform.h"
-
+#include <X11/keysym.h>
 #include <gtest/gtest.h>
 #include <stdlib.h>
+#include <cstdlib>
 
-#include <chrono>
-#include <thread>
-
+#include "environment.h"
+#include "foundation/platform/linux_platform.h"
 #include "foundation/platform/virtual_keys.h"
+#include "foundation/services/processes.h"
+#include "recording_platform.h"
 #include "temp_dir.h"
-
-#include <X11/keysym.h>
 
 namespace vardolin {
 namespace {
@@ -17,38 +16,12 @@ namespace {
 namespace fs = std::filesystem;
 using std::chrono::milliseconds;
 using testing::ReadFile;
+using testing::ScopedEnv;
 using testing::TempDir;
 
-fs::path StandinsDir() {
-  const char* env = getenv("VARDOLIN_STANDINS");
-  return env && *env ? fs::path(env) : fs::path(VARDOLIN_BUILD_DIR) / "standins";
-}
-
 fs::path Echo() {
-  return StandinsDir() / "standin_echo";
+  return testing::Standin("standin_echo");
 }
-
-// Sets an environment variable for the length of a test.
-class ScopedEnv {
- public:
-  ScopedEnv(const char* name, const std::string& value) : name_(name) {
-    const char* old = getenv(name);
-    had_ = old != nullptr;
-    if (had_) old_ = old;
-    setenv(name, value.c_str(), 1);
-  }
-  ~ScopedEnv() {
-    if (had_)
-      setenv(name_, old_.c_str(), 1);
-    else
-      unsetenv(name_);
-  }
-
- private:
-  const char* name_;
-  bool had_;
-  std::string old_;
-};
 
 std::vector<std::string> Capture(LinuxPlatform& platform, const StartRequest& request,
                                  int* code = nullptr) {
@@ -61,12 +34,6 @@ std::vector<std::string> Capture(LinuxPlatform& platform, const StartRequest& re
   return lines;
 }
 
-bool WaitForFile(const fs::path& p) {
-  for (int i = 0; i < 300 && !fs::exists(p); ++i) std::this_thread::sleep_for(milliseconds(10));
-  std::this_thread::sleep_for(milliseconds(20));
-  return fs::exists(p);
-}
-
 struct LinuxPlatformTest : ::testing::Test {
   TempDir dir;
   LinuxPlatform platform;
@@ -76,7 +43,7 @@ struct LinuxPlatformTest : ::testing::Test {
 TEST_F(LinuxPlatformTest, RunsInTheProgramsOwnFolderUnlessToldOtherwise) {
   int code = 0;
   auto lines = Capture(platform, {Echo(), {"one", "two words", ""}, {}, true}, &code);
-  EXPECT_EQ(lines, (std::vector<std::string>{"cwd " + fs::canonical(StandinsDir()).string(),
+  EXPECT_EQ(lines, (std::vector<std::string>{"cwd " + fs::canonical(Echo().parent_path()).string(),
                                              "arg one", "arg two words", "arg "}));
   EXPECT_EQ(code, 0);
   lines = Capture(platform, {Echo(), {}, dir.path(), false});
@@ -158,7 +125,7 @@ TEST_F(LinuxPlatformTest, MissingProgramsDontStart) {
 }
 
 TEST_F(LinuxPlatformTest, ProgramsOnThePathAndInAnotherCase) {
-  ScopedEnv path("PATH", StandinsDir().string() + ":/usr/bin:/bin");
+  ScopedEnv path("PATH", Echo().parent_path().string() + ":/usr/bin:/bin");
   auto lines = Capture(platform, {"standin_echo", {"x"}, dir.path(), false});
   EXPECT_EQ(lines.size(), 2u);
   fs::copy_file(Echo(), dir / "Tool");
@@ -204,9 +171,8 @@ TEST_F(LinuxPlatformTest, ShellOpenStartsProgramsAndHandsDocumentsToTheOpener) {
 
   fs::path out = dir / "program-out.txt";
   ASSERT_TRUE(desktop.ShellOpen(Echo().string(), "--out \"" + out.string() + "\" \"a b\"", {}));
-  ASSERT_TRUE(WaitForFile(out));
-  std::string text = ReadFile(out);
-  EXPECT_NE(text.find("arg a b\n"), std::string::npos) << text;
+  EXPECT_TRUE(
+      testing::WaitFor([&] { return ReadFile(out).find("arg a b\n") != std::string::npos; }));
 
   LinuxPlatform::Options failing;
   failing.opener = "false";
@@ -259,6 +225,38 @@ TEST(LinuxHardwareTest, WithoutDisplayJoystickOrSoundEverythingReadsIdle) {
   EXPECT_FALSE(platform.ReadJoystick(15, state));
   EXPECT_FALSE(platform.ReadJoystick(-1, state));
   platform.Beep(440, 20);  // no device here: quietly nothing
+}
+
+TEST(ProcessesTest, AKeyCombinationIsDownOnlyWhenEveryKeyIs) {
+  struct Case {
+    std::vector<int> held;
+    int k1, k2, k3;
+    bool down;
+  };
+  const Case cases[] = {
+      {{0x11, 0x78}, 0x11, 0x78, 0, true},  // Ctrl+F9
+      {{0x11}, 0x11, 0x78, 0, false},       // F9 not held
+      {{0x11, 0x10, 0x78}, 0x11, 0x10, 0x78, true},
+      {{}, 0, 0, 0, false},        // no keys asked: nothing is held
+      {{0x7A}, 0, 0x7A, 0, true},  // a zero in front is no key
+  };
+  for (const Case& c : cases) {
+    testing::RecordingPlatform platform;
+    for (int k : c.held) platform.keys_down[k] = true;
+    EXPECT_EQ(IsKeyCombinationDown(platform, c.k1, c.k2, c.k3), c.down) << c.k1 << "+" << c.k2;
+  }
+}
+
+TEST(ProcessesTest, RunAndWaitBlocksUntilTheProgramHasWritten) {
+  const char* standins = std::getenv("VARDOLIN_STANDINS");
+  if (!standins) GTEST_SKIP() << "stand-in programs are found through VARDOLIN_STANDINS";
+  testing::TempDir dir;
+  LinuxPlatform platform;
+  auto out = dir / "out.txt";
+  ASSERT_TRUE(RunAndWait(platform, std::filesystem::absolute(standins) / "standin_echo",
+                         {"--sleep", "100", "--out", out.string(), "done"}, true));
+  EXPECT_NE(testing::ReadFile(out).find("done"), std::string::npos);
+  EXPECT_FALSE(RunAndWait(platform, dir / "missing", {}, true));
 }
 
 }  // namespace

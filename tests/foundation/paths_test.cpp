@@ -3,10 +3,15 @@
 
 #include <gtest/gtest.h>
 
+#include "foundation/services/safe_join.h"
 #include "foundation/services/wildcard.h"
+#include "temp_dir.h"
 
 namespace vardolin {
 namespace {
+
+namespace fs = std::filesystem;
+using testing::TempDir;
 
 struct PathCase {
   const char* path;
@@ -108,23 +113,6 @@ TEST(PathsTest, LinesEndAtAnyRunOfCrAndLf) {
   EXPECT_EQ(NextLineInText(text, pos), "");
 }
 
-TEST(PathsTest, QuotedTokensFromTheStartOfTheLine) {
-  // A command line as the program reads it: tokens without quotes are not seen.
-  std::string line = R"("/levels/my.cat" loose "C:\setup dir" "" "tail)";
-  std::size_t pos = 0;
-  EXPECT_EQ(NextQuotedToken(line, pos), "/levels/my.cat");
-  EXPECT_EQ(pos, 16u);
-  EXPECT_EQ(NextQuotedToken(line, pos), "C:\\setup dir");
-  EXPECT_EQ(NextQuotedToken(line, pos), "");  // the empty pair
-  EXPECT_LT(pos, line.size());
-  EXPECT_EQ(NextQuotedToken(line, pos), "");  // an unclosed quote is no token
-  EXPECT_EQ(pos, line.size());
-
-  std::size_t none = 0;
-  EXPECT_EQ(NextQuotedToken("no quotes here", none), "");
-  EXPECT_EQ(none, 14u);
-}
-
 TEST(PathsTest, SortIndexIsAnExchangeSortThatNeverSwapsEqualValues) {
   std::vector<double> values = {3, 1, 2, 1};
   EXPECT_EQ(SortIndexByValue(values, true), (std::vector<int>{1, 3, 2, 0}));
@@ -170,6 +158,78 @@ TEST(WildcardTest, PatternsMatchWithoutRegardToCase) {
   };
   for (const auto& [name, pattern, match] : cases)
     EXPECT_EQ(WildcardMatch(name, pattern), match) << name << " ~ " << pattern;
+}
+
+struct SafeJoinTest : ::testing::Test {
+  TempDir dir;
+  fs::path target = dir / "target";
+  void SetUp() override {
+    fs::create_directories(target / "Data");
+    fs::create_directories(dir / "outside");
+    fs::create_directory_symlink(dir / "outside", target / "escape");
+    fs::create_directory_symlink(target / "Data", target / "inner");
+    fs::create_symlink("../../outside/x", target / "Data" / "dangling");
+    fs::create_symlink("loop2", target / "loop1");
+    fs::create_symlink("loop1", target / "loop2");
+  }
+};
+
+TEST_F(SafeJoinTest, AcceptsRelativeNamesWithEitherSeparator) {
+  const std::pair<const char*, const char*> cases[] = {
+      {"level.tr4", "level.tr4"},
+      {"data\\level.tr4", "Data/level.tr4"},  // takes the on-disk case of "Data"
+      {"DATA/sub/x.wad", "Data/sub/x.wad"},
+      {"./a//b\\.\\c", "a/b/c"},
+      {"inner/x", "inner/x"},  // a link that stays inside is fine
+      {"..name", "..name"},
+      {"name..", "name.."},
+      {"a b/c d", "a b/c d"},
+  };
+  for (const auto& [name, rel] : cases) {
+    auto r = SafeJoin(target, name);
+    ASSERT_TRUE(r) << name << ": " << r.error;
+    EXPECT_EQ(r.path, target / rel) << name;
+    EXPECT_TRUE(r.error.empty());
+  }
+}
+
+TEST_F(SafeJoinTest, RefusesNamesThatLeadOutOrAreNotNames) {
+  const char* refused[] = {
+      "",
+      "/etc/passwd",
+      "\\windows\\system32",
+      "C:\\autoexec.bat",
+      "c:relative",
+      "file:stream",
+      "..",
+      "../x",
+      "a/../../x",
+      "a\\..\\b",
+      "data/..",
+      "./",
+      "\\",
+      "escape/file",
+      "ESCAPE\\sub\\file",
+      "escape",
+      "data/dangling",
+      "inner/dangling/y",
+      "loop1/x",
+  };
+  for (const char* name : refused) {
+    auto r = SafeJoin(target, name);
+    EXPECT_FALSE(r) << name << " gave " << r.path;
+    EXPECT_FALSE(r.error.empty()) << name;
+  }
+  EXPECT_FALSE(SafeJoin(target, std::string("a\0b", 3)));
+  EXPECT_FALSE(SafeJoin("", "a"));
+}
+
+TEST_F(SafeJoinTest, ATargetReachedThroughALinkStillWorks) {
+  fs::create_directory_symlink(target, dir / "via");
+  auto r = SafeJoin(dir / "via", "Data/x");
+  ASSERT_TRUE(r) << r.error;
+  EXPECT_EQ(r.path, dir / "via" / "Data/x");
+  EXPECT_FALSE(SafeJoin(dir / "via", "escape/x"));
 }
 
 }  // namespace

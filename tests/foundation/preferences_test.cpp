@@ -142,15 +142,6 @@ TEST_F(PreferencesFileTest, MissingFileIsAFirstRunWithDefaults) {
   EXPECT_EQ(program.prefs, Preferences{});
 }
 
-TEST_F(PreferencesFileTest, EarlierFormatFileIsUpgraded) {
-  home.Write("Vardolin.prf", SerializePreferences(Unusual()).substr(0, 1296));
-  LoadResult r = LoadPreferences(program);
-  EXPECT_FALSE(r.FirstRun);
-  EXPECT_TRUE(r.PrefsUpgraded);
-  EXPECT_EQ(program.prefs.EditorFolder, "/games/trle");
-  EXPECT_EQ(program.prefs.SavegamesToArchive, 5);
-}
-
 TEST_F(PreferencesFileTest, SaveRunsTheCatalogueHookFirstAndWritesTheWholeRecord) {
   program.prefs = Unusual();
   std::vector<std::string> order;

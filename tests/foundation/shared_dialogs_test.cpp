@@ -1,34 +1,37 @@
 #include <gtest/gtest.h>
-
 #include <filesystem>
 
-#include "bare_main_window.h"
 #include "foundation/dialogs/ask.h"
 #include "foundation/dialogs/dialog_get_dir.h"
-#include "foundation/dialogs/dialog_input_box.h"
 #include "foundation/dialogs/dialog_msg_box.h"
 #include "foundation/dialogs/dialog_progress.h"
 #include "foundation/dialogs/dialog_splash.h"
 #include "foundation/dialogs/dialog_wait.h"
 #include "foundation/dialogs/progress.h"
 #include "foundation/dialogs/shared_dialogs.h"
+#include "foundation/platform/wine_registry.h"
 #include "foundation/program.h"
 #include "foundation/program_home.h"
+#include "foundation/settings/dialog_settings.h"
 #include "foundation/text_ids.h"
+#include "language_file.h"
 #include "recording_platform.h"
 #include "scripted_ui.h"
 #include "temp_dir.h"
+#include "test_program.h"
 
 namespace vardolin {
 namespace {
 
 namespace fs = std::filesystem;
+using testing::ReadFile;
 using testing::RecordingPlatform;
 using testing::ScriptedUi;
 using testing::TempDir;
+using testing::Trc;
+using MainWindow = testing::StandInMainWindow;
 
-class DialogsTest : public ::testing::Test {
- protected:
+struct DialogsTest : ::testing::Test, testing::TestProgram {
   DialogsTest() {
     PrepareHome(home.path());
     LoadLanguage(program);
@@ -39,10 +42,6 @@ class DialogsTest : public ::testing::Test {
       if (b->Visible()) out.push_back(b->Caption());
     return out;
   }
-  TempDir home;
-  ScriptedUi ui;
-  RecordingPlatform platform;
-  Program program{home.path(), ui, platform};
 };
 
 TEST_F(DialogsTest, MessageBoxShowsTheButtonsOfItsStyleAndGivesTheirNumbers) {
@@ -78,27 +77,6 @@ TEST_F(DialogsTest, MessageBoxShowsTheButtonsOfItsStyleAndGivesTheirNumbers) {
   }
 }
 
-TEST_F(DialogsTest, ErrorBoxHasOneButtonThatGivesOk) {
-  Dialog_MsgBox box(program);
-  box.ImpostaValori("It failed.", msg::kError, "");
-  box.Load();
-  ASSERT_EQ(VisibleCaptions(box).size(), 1u);
-  box.Pul_Button1.Click();
-  EXPECT_EQ(box.ExitValue, msg::kOk);
-}
-
-TEST_F(DialogsTest, MessageBoxTitleAndCloseBox) {
-  Dialog_MsgBox box(program);
-  box.ImpostaValori("x", 0, "");
-  box.Load();
-  EXPECT_EQ(box.Caption(), program.GetText(text::ProgramTitle));
-  EXPECT_FALSE(box.QueryUnload()) << "only a button may close the box";
-  Dialog_MsgBox titled(program);
-  titled.ImpostaValori("x", 0, "Mine");
-  titled.Load();
-  EXPECT_EQ(titled.Caption(), "Mine");
-}
-
 TEST_F(DialogsTest, MessageBoxBeepsUnlessSoundIsOff) {
   for (int flags : {0, 1, 2, 3}) {
     platform.calls.clear();
@@ -131,23 +109,6 @@ TEST_F(DialogsTest, AskUserGivesTheProgramTitleWhenNoneIsGiven) {
   ASSERT_EQ(ui.Questions().size(), 2u);
   EXPECT_EQ(ui.Questions()[0].title, program.GetText(text::ProgramTitle));
   EXPECT_EQ(ui.Questions()[1].title, "Own");
-}
-
-TEST_F(DialogsTest, InputBoxGivesTheTextOnlyWhenConfirmed) {
-  Dialog_InputBox box(program);
-  box.ImpostaValori("Name?", "", "old");
-  box.Load();
-  EXPECT_EQ(box.Text_Input.Text(), "old");
-  box.Text_Input.SetText("new");
-  box.Pul_Ok.Click();
-  EXPECT_EQ(box.Result(), "new");
-
-  Dialog_InputBox cancelled(program);
-  cancelled.ImpostaValori("Name?", "", "old");
-  cancelled.Load();
-  cancelled.KeyDown(27, 0);
-  EXPECT_FALSE(cancelled.IsLoaded());
-  EXPECT_EQ(cancelled.Result(), "");
 }
 
 TEST(ChosenFolder, IsNormalised) {
@@ -215,34 +176,12 @@ TEST_F(GetDirTest, NewFolderCases) {
       EXPECT_EQ(dialog.FolderInView(), fs::canonical(tree.path())) << c.typed;
     }
   }
-  EXPECT_TRUE(ui.Done());
-}
-
-TEST_F(GetDirTest, OkGivesTheFolderInViewAndCancelNothing) {
-  dialog.ImpostaValori(tree.path().string() + "/Alpha/");
-  dialog.Load();
-  dialog.OKButton.Click();
-  EXPECT_TRUE(dialog.ExitValue);
-  EXPECT_EQ(dialog.Path, (fs::canonical(tree.path()) / "Alpha").string());
-  EXPECT_FALSE(dialog.IsLoaded());
-
-  Dialog_GetDir other(program);
-  other.ImpostaValori(tree.path().string());
-  other.Load();
-  other.CancelButton.Click();
-  EXPECT_FALSE(other.ExitValue);
 }
 
 TEST_F(GetDirTest, DrivesFollowTheFolderAndADriveThatIsNotReadyIsRefused) {
-  auto drive = [](std::string mount, int type, bool ready) {
-    DriveInfo d;
-    d.letter = std::move(mount);
-    d.type = type;
-    d.ready = ready;
-    return d;
-  };
-  platform.drives = {drive("/", kDriveFixed, true), drive(tree.path().string(), kDriveFixed, true),
-                     drive("/media/cd", kDriveCdRom, false)};
+  platform.drives = {testing::MakeDrive("/", kDriveFixed),
+                     testing::MakeDrive(tree.path().string(), kDriveFixed),
+                     testing::MakeDrive("/media/cd", kDriveCdRom, false)};
   dialog.ImpostaValori((tree.path() / "Alpha").string());
   ASSERT_EQ(dialog.Drive1.ListCount(), 3);
   EXPECT_EQ(dialog.Drive1.SelectedText(), tree.path().string()) << "the deepest mount point";
@@ -281,27 +220,6 @@ TEST_F(DialogsTest, ProgressPercentIsWrittenOnlyWhenItChanges) {
   }
 }
 
-TEST_F(DialogsTest, ProgressAndWaitWindowsComeAndGo) {
-  ShowProgressDialog(program);
-  ASSERT_NE(ProgressDialog(program), nullptr);
-  EXPECT_EQ(ProgressDialog(program)->Label_Info.Caption(), program.GetText(text::ProgressCaption));
-  ProgressDialog(program)->ProgressBar1.SetValue(40);
-  ShowProgressDialog(program, "Copying");
-  EXPECT_EQ(ProgressDialog(program)->Label_Info.Caption(), "Copying");
-  EXPECT_EQ(ProgressDialog(program)->ProgressBar1.Value(), 0);
-  HideProgressDialog(program);
-  EXPECT_EQ(ProgressDialog(program), nullptr);
-
-  ShowWaitMessage(program, "Deleting");
-  auto* wait = program.open_forms.Find<Dialog_Wait>("Dialog_Wait");
-  ASSERT_NE(wait, nullptr);
-  EXPECT_EQ(wait->Label_Mex.Caption(), "Deleting ");
-  HideWaitMessage(program);
-  EXPECT_EQ(program.open_forms.Find("Dialog_Wait"), nullptr);
-  EXPECT_EQ(ui.ModelessShown(),
-            (std::vector<std::string>{"Dialog_Progress", "Dialog_Progress", "Dialog_Wait"}));
-}
-
 TEST_F(DialogsTest, SplashOnlyWithItsPictureAndAnyClickClosesIt) {
   fs::remove(home / "splash.jpg");
   EXPECT_FALSE(ShowSplash(program));
@@ -333,14 +251,134 @@ TEST_F(DialogsTest, OpenFormsReplaceByNameAndCloseAll) {
   EXPECT_EQ(program.open_forms.Find("Dialog_Progress"), nullptr);
 }
 
-TEST_F(DialogsTest, ClearMainProgressEmptiesTheMainWindowsFoot) {
-  ClearMainProgress(program);  // no main window yet: nothing to do, nothing breaks
-  testing::BareMainWindow main(program);
-  main.Label_Info.SetCaption("busy");
-  main.ProgressBar1.SetValue(70);
-  ClearMainProgress(program);
-  EXPECT_EQ(main.Label_Info.Caption(), "");
-  EXPECT_EQ(main.ProgressBar1.Value(), 0);
+struct DialogSettingsTest : ::testing::Test, testing::TestProgram {
+  MainWindow main{program};
+
+  DialogSettingsTest() {
+    home.Write("english.trc", Trc({{1, "Hello"},
+                                   {text::CheckTenthsEntry, "Tenths: "},
+                                   {text::FullBackupDone, "saved whole"},
+                                   {text::FullBackupNotDone, "partly saved"},
+                                   {text::MinutesNotNumber, "minutes must be a number"},
+                                   {text::NoLanguageChosen, "choose a language"},
+                                   {text::SettingsBrowse, "Browse..."},
+                                   {text::SettingsFileName, "Vardolin.prf"}}));
+    home.Write("Italian.trc", Trc({{1, "Ciao"}}));
+    program.prefs.Language = "english";
+    LoadLanguage(program);
+    program.main.form = &main;
+    program.main.timer1 = &main.Timer1;
+    main.Load();
+  }
+
+  // Opens the dialog as the settings menu does.
+  std::unique_ptr<Dialog_Settings> Open() {
+    auto d = std::make_unique<Dialog_Settings>(program);
+    d->ImpostaValori();
+    d->Load();
+    return d;
+  }
+};
+
+TEST_F(DialogSettingsTest, TenthsNotInTheListSelectTheFifthEntry) {
+  for (int stored : {0, 10, 25, -1}) {
+    program.prefs.CheckTenths = stored;
+    EXPECT_EQ(Open()->Combo_Decimi.ListIndex(), 4) << stored;
+  }
+}
+
+TEST_F(DialogSettingsTest, OkStoresTheControlsAndKeepsOtherFlagBits) {
+  program.prefs.Flags = 0x40 | 0x2;
+  program.prefs.SavegamesToArchive = 5;
+  auto d = Open();
+  d->Check_DisableSound.SetValue(true);
+  d->Check_AutoSave.SetValue(false);
+  d->Opt_PromptCapture.Click();
+  d->Combo_Decimi.SetListIndex(6);
+  d->Combo_NSavegame.SetListIndex(9);
+  d->Text_MinutiDifferenza.SetText(" 7.9 ");
+  d->Label_EditorGrafico.SetCaption("  /usr/bin/gimp  ");
+  d->Pul_Ok.Click();
+  EXPECT_TRUE(d->Result);
+  EXPECT_FALSE(d->IsLoaded());
+  const Preferences& p = program.prefs;
+  EXPECT_EQ(p.Flags, 0x43);
+  EXPECT_FALSE(p.AutoSave);
+  EXPECT_TRUE(p.PromptCapture);
+  EXPECT_EQ(p.CheckTenths, 7);
+  EXPECT_EQ(main.Timer1.Interval(), 700);
+  EXPECT_EQ(p.SavegamesToArchive, 10);
+  EXPECT_EQ(p.AssociationMinutes, 7);
+  EXPECT_EQ(p.GraphicsProgram, "/usr/bin/gimp");
+  EXPECT_EQ(platform.calls, (std::vector<std::string>{"joystick 0"}));  // probed once more
+
+  auto again = Open();
+  again->Check_DisableSound.SetValue(false);
+  again->Check_ArchiviaSavegame.SetValue(false);
+  again->Combo_NSavegame.SetListIndex(0);
+  again->Pul_Ok.Click();
+  EXPECT_EQ(program.prefs.Flags, 0x42);
+  EXPECT_EQ(program.prefs.SavegamesToArchive, 10);  // archiving off: the number stays
+}
+
+TEST_F(DialogSettingsTest, BadMinutesOrNoLanguageKeepTheDialogUp) {
+  auto d = Open();
+  for (const char* typed : {"", "abc", "5 minutes", "1e99"}) {
+    ui.Answer(msg::kOk, "minutes must be a number");
+    d->Text_MinutiDifferenza.SetText(typed);
+    d->Pul_Ok.Click();
+    EXPECT_TRUE(d->IsLoaded()) << typed;
+    EXPECT_EQ(ui.Questions().back().style, msg::kError);
+  }
+  d->Text_MinutiDifferenza.SetText("-3");
+  d->Check_DisableSound.SetValue(true);
+  d->Combo_Lingua.SetListIndex(-1);
+  ui.Answer(msg::kOk, "choose a language");
+  d->Pul_Ok.Click();
+  EXPECT_TRUE(d->IsLoaded());
+  EXPECT_FALSE(d->Result);
+  EXPECT_EQ(program.prefs.AssociationMinutes, -3);  // what came before the language is stored
+  EXPECT_TRUE(program.prefs.SoundDisabled());
+}
+
+TEST_F(DialogSettingsTest, CancelAfterChoosingAGraphicsProgramRestoresIt) {
+  program.prefs.GraphicsProgram = "/usr/bin/old";
+  auto d = Open();
+  ui.OpenFile("/usr/bin/new");
+  d->Pul_ScegliEditor.Click();
+  // A graphics program of Windows lies where Windows keeps programs: the Wine prefix's.
+  EXPECT_EQ(ui.Questions().back().text,
+            (DefaultWinePrefix() / "drive_c" / "Program Files").string());
+  EXPECT_EQ(program.prefs.GraphicsProgram, "/usr/bin/new");  // stored at once
+  EXPECT_EQ(d->Label_EditorGrafico.Caption(), "/usr/bin/new");
+  d->Pul_Cancel.Click();
+  EXPECT_FALSE(d->Result);
+  EXPECT_EQ(program.prefs.GraphicsProgram, "/usr/bin/old");
+}
+
+TEST_F(DialogSettingsTest, BrowseButtonsStartFromTheValueAtHand) {
+  program.prefs.EditorFolder = "/games/trle";
+  program.prefs.DefaultLoadDir = "/downloads";
+  auto d = Open();
+  ui.Folder("/games/other").Folder("");
+  d->Pul_SfogliaPathTrle.Click();
+  d->Pul_SfogliaLoadDir.Click();  // cancelled
+  EXPECT_EQ(ui.Questions()[0].text, "/games/trle");
+  EXPECT_EQ(ui.Questions()[1].text, "/downloads");
+  EXPECT_EQ(d->Label_PathTrle.Caption(), "/games/other");
+  EXPECT_EQ(d->Label_DefaultLoadDir.Caption(), "/downloads");
+  d->Pul_Ok.Click();
+  EXPECT_EQ(program.prefs.EditorFolder, "/games/other");
+}
+
+TEST_F(DialogSettingsTest, ChangingTheLanguageReloadsTheTexts) {
+  auto d = Open();
+  d->Combo_Lingua.SetListIndex(d->Combo_Lingua.FindText("italian"));
+  d->Pul_Ok.Click();
+  EXPECT_TRUE(d->Result);
+  EXPECT_EQ(program.prefs.Language, "Italian");
+  EXPECT_EQ(main.Label_Title.Caption(), "Ciao");
+  EXPECT_EQ(ReadFile(home / "Vardolin.prf").size(), Preferences::kFileSize);
 }
 
 }  // namespace

@@ -1,16 +1,20 @@
 // Start-up and shut-down end to end: the main window loads, runs the whole start-up against a
 // stand-in editor folder with the scripted Ui, and unloads.
-
 #include "startup/startup.h"
 
 #include <gtest/gtest.h>
 
-#include "../archive/archive_fixture.h"
+#include "foundation/services/text_scan.h"
 #include "startup/main_window.h"
 #include "archive/text_ids.h"
+#include "archive_fixture.h"
+#include "editor_folder_fixture.h"
+#include "environment.h"
 #include "foundation/program_home.h"
+#include "foundation/services/paths.h"
+#include "startup/command_line.h"
 #include "foundation/text_ids.h"
-#include "standin_editor.h"
+#include "temp_dir.h"
 
 namespace vardolin {
 namespace {
@@ -18,7 +22,9 @@ namespace {
 namespace fs = std::filesystem;
 using testing::ArchiveFixture;
 using testing::ReadFile;
+using testing::ScopedEnv;
 using testing::ScriptedUi;
+using testing::TempDir;
 using testing::WriteBytes;
 
 // One run of the program over a home that lasts between runs.
@@ -37,10 +43,11 @@ struct ProgramRun {
 struct StartUpTest : ::testing::Test {
   testing::TempDir dir;
   fs::path home = dir / "home";
-  fs::path editor = testing::MakeStandinEditor(dir);
+  fs::path editor = dir / "trle";
   fs::path archive = dir / "archive";
 
   void SetUp() override {
+    ASSERT_TRUE(testing::BuildEditorFolder(editor));
     ASSERT_TRUE(PrepareHome(home));
     // The safe copy of the editor's files stands, as after any earlier start.
     fs::copy(editor, home / "backup_trle", fs::copy_options::recursive);
@@ -72,19 +79,16 @@ TEST_F(StartUpTest, FirstRunMakesANewArchiveAndTheSecondStartOpensItWithoutQuest
     ChooseNew(run.ui, archive);
     run.window.Load();
     ASSERT_TRUE(run.window.IsLoaded());
-    EXPECT_TRUE(run.ui.Done());
     ASSERT_EQ(run.program.catalogue.levels.size(), 1u);
     catalogue = run.program.prefs.LastArchive;
     EXPECT_TRUE(fs::is_regular_file(catalogue));
     EXPECT_EQ(run.program.catalogue.header.SecondaryDir, archive.string());
     // The base level was built from the editor folder.
     EXPECT_TRUE(run.program.BaseLevelBuilt);
-    EXPECT_EQ(ReadFile(home / "LEVEL_0000" / "play" / "script.dat"), "script of the base level");
-    EXPECT_EQ(ReadFile(home / "LEVEL_0000" / "files" / "script.txt"), "[PSXExtensions]\r\n");
+    EXPECT_EQ(ReadFile(home / "LEVEL_0000/play/script.dat"), ReadFile(editor / "script.dat"));
+    EXPECT_EQ(ReadFile(home / "LEVEL_0000/files/script.txt"),
+              ReadFile(editor / "script/script.txt"));
     EXPECT_EQ(run.program.BackupFolder, (home / "backup_trle").string());
-    EXPECT_EQ(run.program.lists.WadFileExtensions.size(), 10u);
-    EXPECT_EQ(run.program.lists.EngineShortNames,
-              (std::vector<std::string>{"<NONE>", "TR4", "TR5"}));
     run.window.Unload();
   }
   EXPECT_EQ(SavedSettings().LastArchive, catalogue.string());
@@ -169,7 +173,6 @@ TEST_F(StartUpTest, AVanishedCatalogueIsToldAndTheFirstRunDialogFollows) {
   run.ui.Answer(msg::kOk, "doesn't exist any more: " + p.LastArchive);
   ChooseNew(run.ui, archive);
   run.window.Load();
-  EXPECT_TRUE(run.ui.Done());
   EXPECT_NE(run.program.prefs.LastArchive, p.LastArchive);
   EXPECT_EQ(run.program.catalogue.levels.size(), 1u);
   run.window.Unload();
@@ -196,34 +199,6 @@ TEST_F(StartUpTest, LoadingArchiveInsteadOfCreatingOpensTheChosenFile) {
   run.window.Unload();
 }
 
-TEST_F(StartUpTest, AnOlderSettingsFileStartsNormallyAndRunsTheCleanUp) {
-  WriteSettings({});
-  fs::remove_all(home / "backup_trle");
-  fs::path catalogue;
-  {
-    ProgramRun run(home);
-    run.ui.Answer(msg::kYes, editor.string()).Answer(msg::kNo);  // this editor folder, partly
-    ChooseNew(run.ui, archive);
-    run.window.Load();
-    catalogue = run.program.prefs.LastArchive;
-    run.window.Unload();
-  }
-  Preferences p;
-  p.LastArchive = catalogue.string();
-  p.AutoSave = true;
-  p.CheckTenths = 7;  // beyond offset 1296: back to its default
-  WriteSettings(p, Preferences::kOldFileSize);
-  ProgramRun run(home);
-  run.window.Load();
-  EXPECT_TRUE(run.window.PrefsLoad.PrefsUpgraded);
-  EXPECT_TRUE(run.ui.Questions().empty());
-  EXPECT_EQ(run.program.prefs.LastArchive, catalogue.string());
-  EXPECT_EQ(run.program.prefs.CheckTenths, Preferences{}.CheckTenths);
-  EXPECT_EQ(run.program.catalogue.levels.size(), 1u);
-  run.window.Unload();
-  EXPECT_EQ(fs::file_size(SettingsFile()), Preferences::kFileSize);
-}
-
 TEST_F(StartUpTest, WithoutAnEditorFolderTheWindowStaysUpWithNoCatalogue) {
   Preferences p;
   p.EditorFolder = (dir / "nowhere").string();
@@ -236,6 +211,112 @@ TEST_F(StartUpTest, WithoutAnEditorFolderTheWindowStaysUpWithNoCatalogue) {
   EXPECT_TRUE(run.window.IsLoaded());
   EXPECT_TRUE(run.program.catalogue.levels.empty());
   run.window.Unload();
+}
+
+TEST(NextQuotedToken, WalksThePairsOfQuotes) {
+  struct Case {
+    std::string text;
+    std::vector<std::string> tokens;
+  };
+  const Case cases[] = {
+      {R"("a b" "c")", {"a b", "c"}},
+      {R"(plain "x.vdc" more)", {"x.vdc"}},
+      {R"(no quotes at all)", {}},
+      {R"("open only)", {}},
+      {R"("")", {}},  // an empty token ends the walk
+      {R"("a" "" "b")", {"a"}},
+  };
+  for (const Case& c : cases) {
+    std::vector<std::string> got;
+    std::size_t pos = 0;
+    while (pos < c.text.size()) {
+      std::string t = NextQuotedToken(c.text, pos);
+      if (t.empty()) break;
+      got.push_back(t);
+    }
+    EXPECT_EQ(got, c.tokens) << c.text;
+  }
+}
+
+TEST(ParseCommandLine, TellsCataloguesFromSetupFoldersAndIgnoresUnquotedWords) {
+  testing::ArchiveFixture f;
+  struct Case {
+    std::string line;
+    std::string catalogue;
+    std::string setup;
+  };
+  const Case cases[] = {
+      {R"("/home/u/my levels.vdc")", "/home/u/my levels.vdc", ""},
+      {R"(/home/u/plain.vdc)", "", ""},
+      {R"(  "/a/ONE.VDC" "/b/two.vdc"  )", "/b/two.vdc", ""},
+      {R"("/media/cd/trle_setup")", "", "/media/cd/trle_setup"},
+      {R"("/media/cd/TRLE_SETUP/" "/x/a.vdc")", "/x/a.vdc", "/media/cd/TRLE_SETUP/"},
+      {R"("/media/cd/trle_setup_old")", "", ""},
+      {R"("/a/notes.txt")", "", ""},
+  };
+  for (const Case& c : cases) {
+    CommandLineArgs args = ParseCommandLine(f.program, c.line);
+    EXPECT_EQ(args.catalogue, c.catalogue) << c.line;
+    EXPECT_EQ(args.editor_setup, c.setup) << c.line;
+  }
+}
+
+TEST(ProgramHomeTest, OptionThenEnvironmentThenXdgThenHome) {
+  struct Case {
+    const char* option;
+    const char* vardolin_home;
+    const char* xdg;
+    const char* expected;
+  };
+  const Case cases[] = {
+      {"/opt/a", "/env/b", "/xdg", "/opt/a"},
+      {"", "/env/b", "/xdg", "/env/b"},
+      {"", "", "/xdg", "/xdg/vardolin"},
+      {"", nullptr, nullptr, "/users/lara/.local/share/vardolin"},
+  };
+  ScopedEnv home("HOME", "/users/lara");
+  for (const Case& c : cases) {
+    ScopedEnv v("VARDOLIN_HOME", c.vardolin_home);
+    ScopedEnv x("XDG_DATA_HOME", c.xdg);
+    EXPECT_EQ(ResolveHome(c.option), fs::path(c.expected)) << c.option;
+  }
+}
+
+TEST(ProgramHomeTest, FirstStartCopiesResourcesAndLaterStartsKeepTheUsersFiles) {
+  TempDir resources, home;
+  resources.Write("english.trc", "shipped");
+  resources.Write("pictures/splash.jpg", "picture");
+  ScopedEnv env("VARDOLIN_RESOURCES", resources.path().c_str());
+
+  fs::path target = home / "nested/home";
+  ASSERT_TRUE(PrepareHome(target));
+  EXPECT_EQ(ReadFile(target / "english.trc"), "shipped");
+  EXPECT_EQ(ReadFile(target / "pictures/splash.jpg"), "picture");
+
+  // A newer program: what it ships replaces what the older one put there, not what the user
+  // changed.
+  home.Write("nested/home/english.trc", "edited by the user");
+  resources.Write("english.trc", "shipped, second version");
+  resources.Write("pictures/splash.jpg", "picture, second version");
+  resources.Write("italian.trc", "new in this version");
+  ASSERT_TRUE(PrepareHome(target));
+  EXPECT_EQ(ReadFile(target / "english.trc"), "edited by the user");
+  EXPECT_EQ(ReadFile(target / "pictures/splash.jpg"), "picture, second version");
+  EXPECT_EQ(ReadFile(target / "italian.trc"), "new in this version");
+
+  // A home an older build made, before it kept a record of what it shipped: its files are
+  // refreshed, and what stood there stays beside them.
+  fs::remove(target / ".shipped_resources");
+  home.Write("nested/home/italian.trc", "from an older build");
+  ASSERT_TRUE(PrepareHome(target));
+  EXPECT_EQ(ReadFile(target / "italian.trc"), "new in this version");
+  EXPECT_EQ(ReadFile(target / "italian.trc.old"), "from an older build");
+}
+
+TEST(ProgramHomeTest, AHomeThatIsAFileCannotBeUsed) {
+  TempDir dir;
+  fs::path file = dir.Write("occupied", "x");
+  EXPECT_FALSE(PrepareHome(file));
 }
 
 }  // namespace

@@ -3,15 +3,11 @@
 // the editor folder back to its base state without touching any level's store.
 #include <gtest/gtest.h>
 
-#include <csignal>
 #include <cstdio>
-#include <cstdlib>
 #include <filesystem>
-#include <fstream>
 #include <string>
 
-#include "../archive/store_fixture.h"
-#include "editor_folder_fixture.h"
+#include "activation_fixture.h"
 #include "fault_child.h"
 #include "play/activation.h"
 
@@ -23,20 +19,6 @@ using testing::Snapshot;
 
 constexpr const char* kChildVariable = "VARDOLIN_ACTIVATION_CHILD";
 
-// The program's state lies on disk, so a Program made afresh on the same folders is what a new
-// run of Vardolin would see.
-void Configure(Program& program, const fs::path& root) {
-  program.prefs.EditorFolder = (root / "trle").string();
-  program.BackupFolder = (root / "home/backup_trle").string();
-  program.prefs.FullBackupDone = true;
-  program.catalogue = testing::SampleCatalogue(4, (root / "archive").string());
-}
-
-void WriteFile(const fs::path& path, const std::string& bytes) {
-  fs::create_directories(path.parent_path());
-  std::ofstream(path, std::ios::binary) << bytes;
-}
-
 // Runs only as the child: activates the level named in the variable ("code|root") and is killed
 // on the way by the fault point the parent chose.
 TEST(ActivationCrashChild, Activate) {
@@ -47,7 +29,7 @@ TEST(ActivationCrashChild, Activate) {
   testing::RecordingPlatform platform;
   Program program(job->root / "home", ui, platform);
   program.texts.EnglishTexts = testing::ReadEnglishForTests();
-  Configure(program, job->root);
+  testing::ConfigureActivation(program, job->root);
   SetLevelInTrle(program, std::stoi(job->what));
 }
 
@@ -57,20 +39,7 @@ int RunChild(std::int32_t code, const fs::path& root, const std::string& point) 
                                 std::to_string(code) + "|" + root.string(), point);
 }
 
-struct ActivationCrashTest : ::testing::Test, testing::ArchiveFixture {
-  ActivationCrashTest() {
-    testing::BuildEditorFolder(Path("trle"));
-    fs::copy(Path("trle"), Path("home/backup_trle"), fs::copy_options::recursive);
-    Configure(program, dir.path());
-    for (const auto& [code, files] : std::vector<std::pair<int, std::vector<std::string>>>{
-             {1,
-              {"a.tr4", "title.tr4", "load.bmp", "script.dat", "french.dat", "044.wav", "a.txt"}},
-             {2, {"b.tr4", "script.dat", "english.dat", "new.wav", "tut1.tr4"}}})
-      for (const std::string& name : files)
-        WriteFile(GetLevelFolder(program, code, false) / "files" / name,
-                  std::string(3000, static_cast<char>('a' + code)) + name);
-  }
-};
+struct ActivationCrashTest : ::testing::Test, testing::ActivationFixture {};
 
 TEST_F(ActivationCrashTest, KilledActivationsLeaveNothingBehind) {
   const auto base = Snapshot(Path("trle"));

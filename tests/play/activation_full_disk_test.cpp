@@ -8,8 +8,7 @@
 #include <map>
 #include <string>
 
-#include "../archive/store_fixture.h"
-#include "editor_folder_fixture.h"
+#include "activation_fixture.h"
 #include "play/activation.h"
 #include "play/active_level.h"
 #include "play/text_ids.h"
@@ -20,37 +19,16 @@ namespace {
 namespace fs = std::filesystem;
 using testing::Snapshot;
 
-struct FullDiskTest : ::testing::Test, testing::StoreFixture {
-  fs::path editor = Path("trle");
-
+struct FullDiskTest : ::testing::Test, testing::ActivationFixture {
   FullDiskTest() {
-    testing::BuildEditorFolder(editor);
-    fs::copy(editor, Path("home/backup_trle"), fs::copy_options::recursive);
-    program.prefs.EditorFolder = editor.string();
-    program.BackupFolder = Path("home/backup_trle").string();
-    program.prefs.FullBackupDone = true;
     ui.AllowAnyMessage();
-    // Level 1 is kept plain and overwrites editor files in the root, data and audio.
-    Write(1, {{"a.tr4", 5000},
-              {"title.tr4", 7000},
-              {"load.bmp", 900},
-              {"script.dat", 300},
-              {"french.dat", 800},
-              {"044.wav", 4000},
-              {"readme_a.txt", 200}});
     // Level 2 is kept compressed: its files are expanded into a temporary folder first.
-    Write(2, {{"b.tr4", 9000}, {"script.dat", 300}, {"english.dat", 800}, {"new.wav", 3000}});
-    for (const char* name : {"b.tr4", "script.dat", "english.dat"}) {
-      testing::Pack(Files(2) / name, Files(2) / (std::string(name) + ".zl"));
+    for (const std::string& name : LevelFiles().at(2)) {
+      testing::Pack(Files(2) / name, Files(2) / (name + ".zl"));
       fs::remove(Files(2) / name);
     }
   }
   ~FullDiskTest() override { unsetenv("VARDOLIN_FAULT_POINT"); }
-  void Write(std::int32_t code, const std::map<std::string, std::size_t>& files) {
-    unsigned seed = static_cast<unsigned>(code) * 100;
-    for (const auto& [name, size] : files)
-      testing::WriteBytes(Files(code) / name, testing::LevelBytes(seed++, size));
-  }
   // What the editor folder holds with the level in it after a clean activation.
   std::map<std::string, std::string> CleanlyActive(std::int32_t code) {
     EXPECT_TRUE(SetLevelInTrle(program, code));
@@ -99,7 +77,7 @@ TEST_F(FullDiskTest, ACopyThatFailsPartWayIsToldAndTheNextActivationPutsTheFolde
     }
   }
   // Each level fails once per file it brings.
-  EXPECT_EQ(failures, 2 * (7 + 4));
+  EXPECT_EQ(failures, 2 * (7 + 5));
 }
 
 }  // namespace

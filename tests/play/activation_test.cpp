@@ -9,12 +9,12 @@
 #include <map>
 #include <string>
 
-#include "../archive/store_fixture.h"
 #include "archive/level_files.h"
 #include "editor_folder_fixture.h"
 #include "foundation/services/paths.h"
 #include "play/active_level.h"
 #include "play/active_level_file.h"
+#include "store_fixture.h"
 
 namespace vardolin {
 namespace {

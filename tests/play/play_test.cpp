@@ -9,7 +9,6 @@
 #include <string>
 #include <vector>
 
-#include "../archive/store_fixture.h"
 #include "foundation/services/log.h"
 #include "play/activation.h"
 #include "play/active_level.h"
@@ -18,6 +17,7 @@
 #include "play/play_level.h"
 #include "play/text_ids.h"
 #include "play_fixture.h"
+#include "store_fixture.h"
 
 namespace vardolin {
 namespace {
@@ -65,7 +65,7 @@ TEST(Play, AChosenLevelIsPlayedWatchedToItsEndAndReplacedByTheNext) {
   ASSERT_TRUE(testing::WaitFor([&] { return fs::exists(f.editor / "standin_started.txt"); }));
   f.main->Timer1.Tick();
   EXPECT_EQ(steps, (std::vector<std::string>{"joystick", "f9", "f11", "full", "screenshot"}));
-  WriteBytes(f.editor / "standin_commands.txt", "save 2 Beta\nexit 0\n");
+  f.Tell("save 2 Beta\nexit 0\n");
   ASSERT_TRUE(f.TickUntilEnded());
   EXPECT_FALSE(f.program.GameProcess.Valid());
   EXPECT_EQ(f.main->Shots.current, 4) << "the panel shows the last pair";
@@ -90,7 +90,6 @@ TEST(Play, AChosenLevelIsPlayedWatchedToItsEndAndReplacedByTheNext) {
   f.EndGame();
   ASSERT_TRUE(f.TickUntilEnded());
   EXPECT_EQ(std::count(steps.begin(), steps.end(), "media"), 0);
-  EXPECT_TRUE(f.ui.Done());
 }
 
 TEST(Play, FailedLaunchesAreToldAndLeaveNoGameWatched) {
@@ -142,7 +141,6 @@ TEST(Play, FailedLaunchesAreToldAndLeaveNoGameWatched) {
     else
       f.Choose(c.choose);
     f.main->Pul_Play.Click();
-    EXPECT_TRUE(f.ui.Done());
     EXPECT_FALSE(f.program.GameRunning);
     EXPECT_EQ(f.program.MediaPlay, c.media);
     EXPECT_EQ(GetActiveLevelCode(f.program), c.active_after);
@@ -224,7 +222,6 @@ TEST(Play, RemovingTheActiveLevelTakesItOutOfTheEditorFolderFirst) {
   f.ui.Answer(msg::kYes, "the level \"Beta\" ?");
   f.ui.Answer(msg::kNo, "\"Beta\"");
   f.main->mnu_RemoveLevel.Click();
-  EXPECT_TRUE(f.ui.Done());
   EXPECT_EQ(GetActiveLevelCode(f.program), 0);
   EXPECT_FALSE(fs::exists(ActiveLevelFilePath(f.program)));
   EXPECT_EQ(f.program.catalogue.levels.size(), 3u);

@@ -1,5 +1,5 @@
 // The watcher's savegame and screenshot steps with a real stand-in game: the game saves until its
-// slots are full, F9 and F11 are pressed while it runs, a picture turns up on the clipboard. The
+// slots are full, and F9 and F11 are pressed while it runs. The
 // savegames move between the slots and the archive sets of the level being played, even while the
 // user browses another level, and not one of them is lost on the way.
 #include <gtest/gtest.h>
@@ -12,12 +12,10 @@
 #include <utility>
 #include <vector>
 
-#include "foundation/pictures/bitmap.h"
 #include "play/active_level.h"
 #include "play_fixture.h"
 #include "savegame_bytes.h"
 #include "savegames/savegame_store.h"
-#include "savegames/shot_store.h"
 
 namespace vardolin {
 namespace {
@@ -43,15 +41,15 @@ class KeyFakePlatform : public LinuxPlatform {
 
 struct WatchFixture : testing::BasicPlayFixture<KeyFakePlatform> {
   int commands_sent = 0;
-  std::string commands;
 
   WatchFixture() : BasicPlayFixture({"Base level", "Beta", "Gamma"}) {}
 
   // Sends lines to the game and waits until it has done them all.
   bool Tell(const std::vector<std::string>& lines) {
-    for (const std::string& line : lines) commands += line + "\n";
+    std::string text;
+    for (const std::string& line : lines) text += line + "\n";
+    BasicPlayFixture::Tell(text);
     commands_sent += static_cast<int>(lines.size());
-    WriteBytes(editor / "standin_commands.txt", commands);
     return testing::WaitFor([&] {
       const std::string done = ReadFile(editor / "standin_done.txt");
       return std::count(done.begin(), done.end(), '\n') >= commands_sent;
@@ -166,49 +164,6 @@ TEST(SavegameWatch, FullSlotsF9AndF11MoveTheActiveLevelsSavegamesAndLoseNone) {
   // With the keys up and the slots not full, a tick moves nothing.
   f.main->Timer1.Tick();
   EXPECT_EQ(SlotSaves(f), Range(5, 14));
-
-  f.EndGame();
-  ASSERT_TRUE(f.TickUntilEnded());
-}
-
-TEST(SavegameWatch, APictureOnTheClipboardBecomesTheActiveLevelsShot) {
-  WatchFixture f;
-  f.program.prefs.PromptCapture = false;
-  f.program.prefs.VerifyImage = true;
-  f.Choose("Beta");
-  f.main->Pul_Play.Click();
-  ASSERT_TRUE(f.program.GameRunning);
-  ASSERT_TRUE(testing::WaitFor([&] { return fs::exists(f.editor / "standin_started.txt"); }));
-  f.Choose("Gamma");
-  const fs::path shots = ShotFolder(f.program, ActiveLevelIndex(f.program));
-  ASSERT_FALSE(shots.empty());
-
-  Bitmap black = Bitmap::Make(64, 48);
-  Bitmap coloured = Bitmap::Make(64, 48);
-  for (int x = 0; x < coloured.width; ++x) coloured.Pixel(x, 24)[0] = 200;
-  struct Case {
-    const char* what;
-    Bitmap picture;
-    std::vector<std::string> stored;
-  };
-  const std::vector<Case> cases = {
-      {"a black picture is dropped", black, {}},
-      {"a coloured one is stored under the level's name", coloured, {"1) Beta.jpg"}},
-  };
-  for (const Case& c : cases) {
-    SCOPED_TRACE(c.what);
-    ASSERT_TRUE(f.ui.SetClipboardImage(c.picture));
-    f.main->Timer1.Tick();
-    std::vector<std::string> stored;
-    if (fs::exists(shots))
-      for (const auto& entry : fs::directory_iterator(shots))
-        stored.push_back(entry.path().filename().string());
-    EXPECT_EQ(stored, c.stored);
-    EXPECT_FALSE(f.ui.ClipboardHasImage()) << "the clipboard is cleared behind it";
-  }
-  f.main->Timer1.Tick();
-  EXPECT_EQ(std::distance(fs::directory_iterator(shots), fs::directory_iterator()), 1)
-      << "a picture is taken once";
 
   f.EndGame();
   ASSERT_TRUE(f.TickUntilEnded());

@@ -20,17 +20,6 @@ bool NamesAControl(const QString& name) {
   return !name.isEmpty() && (name[0].isUpper() || name.startsWith(u"mnu_"));
 }
 
-TEST(FormLayouts, FileNamesFollowTheFormsName) {
-  struct Case {
-    const char* form;
-    const char* file;
-  } cases[] = {
-      {"Dialog_MsgBox", "dialog_msg_box.ui"}, {"Principale", "principale.ui"},
-      {"Dialog_GetDir", "dialog_get_dir.ui"}, {"Dialog_ConvertiMp3", "dialog_converti_mp3.ui"},
-      {"Dialog_CD", "dialog_cd.ui"},          {"Dialog_NewLevel", "dialog_new_level.ui"}};
-  for (const Case& c : cases) EXPECT_EQ(qt::FormLayoutFileName(c.form), c.file) << c.form;
-}
-
 TEST(FormLayouts, EveryFormMatchesItsLayout) {
   testing::QtProgram p;
   ASSERT_FALSE(AllForms().empty());

@@ -102,11 +102,6 @@ TEST_F(QtUiTest, ModelessFormsStayUpUntilTheyUnload) {
   EXPECT_EQ(p.ui.WindowOf(main), nullptr);
 }
 
-TEST_F(QtUiTest, ClipboardRoundTrip) {
-  p.ui.SetClipboardText("/levels/LEVEL_0001");
-  EXPECT_EQ(p.ui.ClipboardText(), "/levels/LEVEL_0001");
-}
-
 TEST_F(QtUiTest, PicturesOnTheClipboardComeBackPixelForPixelAndClear) {
   Bitmap picture = Bitmap::Make(7, 5, 3);  // odd widths pad Qt's rows
   for (int y = 0; y < 5; ++y)

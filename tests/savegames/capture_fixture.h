@@ -5,13 +5,13 @@
 #include <filesystem>
 #include <string>
 
-#include "../archive/store_fixture.h"
 #include "archive/catalogue_ops.h"
 #include "foundation/pictures/picture_file.h"
 #include "play/active_level.h"
 #include "play/text_ids.h"
 #include "savegames/shot_store.h"
 #include "savegames/text_ids.h"
+#include "store_fixture.h"
 
 namespace vardolin::testing {
 
@@ -51,14 +51,7 @@ struct CaptureFixture : StoreFixture {
     program.prefs.VerifyImage = true;
     program.catalogue.levels[kPlayed].Name = "Valley of the Kings";
     std::filesystem::create_directories(GetLevelFolder(program, kPlayed, false));
-    MakeActive(kPlayed);
-  }
-  // The marker as activation leaves it, as far as the code goes.
-  void MakeActive(std::int32_t code) {
-    char digits[16];
-    std::snprintf(digits, sizeof digits, "%04d", code);
-    WriteBytes(ActiveLevelFilePath(program),
-               program.GetText(text::ActiveLevelCodeKey) + " " + digits + "#\r\n");
+    MarkActive(program, kPlayed);
   }
   int Index(std::int32_t code) const { return FindLevelIndex(program.catalogue, code); }
   std::filesystem::path Shots(std::int32_t code = kPlayed) {

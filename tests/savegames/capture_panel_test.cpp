@@ -44,16 +44,5 @@ TEST_F(CapturePanelTest, ThePanelFollowsToTheNewestPair) {
   }
 }
 
-TEST_F(CapturePanelTest, LauncherPicturesShowAsTheNewestPairToo) {
-  Shots(3);
-  for (const char* name : {"a.bmp", "b.bmp"}) {
-    testing::WritePicture(editor / "shots" / name, 8, 6, 90);
-    SetFileDateTime(editor / "shots" / name, testing::ShotEpoch() + std::chrono::hours(1));
-  }
-  EXPECT_EQ(CollectMediaShots(program), 2);
-  EXPECT_EQ(main->Shots.current, 4);
-  EXPECT_EQ(main->Shots.shots.Count(), 5);
-}
-
 }  // namespace
 }  // namespace vardolin

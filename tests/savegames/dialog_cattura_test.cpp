@@ -134,17 +134,5 @@ TEST_F(PromptTest, AGameWithoutAWindowOnTheDesktopIsLeftAsItIs) {
   EXPECT_TRUE(platform.calls.empty()) << "nothing raised";
 }
 
-TEST(CaptureMenu, TellsHowToCaptureWithALineBreak) {
-  testing::CaptureFixture f;
-  Principale window(f.program);
-  EXPECT_TRUE(window.mnu_CaptureScreen.Enabled());
-  f.ui.Answer(msg::kOk, "[Print Screen]");
-  window.mnu_CaptureScreen.Click();
-  ASSERT_EQ(f.ui.Questions().size(), 1u);
-  EXPECT_EQ(f.ui.Questions()[0].style, msg::kInformation);
-  EXPECT_NE(f.ui.Questions()[0].text.find("\r\n"), std::string::npos);
-  EXPECT_EQ(f.ui.Questions()[0].text.find("~1"), std::string::npos);
-}
-
 }  // namespace
 }  // namespace vardolin

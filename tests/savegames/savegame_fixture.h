@@ -9,8 +9,8 @@
 #include <string>
 #include <vector>
 
-#include "../archive/archive_fixture.h"
 #include "archive/level_store.h"
+#include "archive_fixture.h"
 #include "savegame_bytes.h"
 #include "savegames/savegame_header.h"
 #include "savegames/savegame_store.h"

@@ -7,8 +7,9 @@
 #include <string>
 #include <vector>
 
-#include "../archive/browser_fixture.h"
+#include "browser_fixture.h"
 #include "foundation/services/files.h"
+#include "savegame_bytes.h"
 #include "savegames/savegame_header.h"
 #include "window/principale_savegames.h"
 #include "savegames/savegame_store.h"
@@ -19,20 +20,12 @@ namespace vardolin::testing {
 struct SavegamePanelFixture : BrowserFixture {
   SavegamePanelFixture() : BrowserFixture({"Base level", "Alpha", "Beta"}) {}
 
-  static std::string SavegameBytes(const std::string& title, std::int16_t number) {
-    std::string bytes = title + ",";
-    bytes.resize(75, '\0');
-    bytes.push_back(static_cast<char>(number & 0xFF));
-    bytes.push_back(static_cast<char>((number >> 8) & 0xFF));
-    bytes.append(40, 'x');
-    return bytes;
-  }
   // Writes savegame.<slot> with the save number into the folder.
   static std::filesystem::path WriteSavegame(const std::filesystem::path& folder, int slot,
                                              std::int16_t number) {
     std::filesystem::create_directories(folder);
     const std::filesystem::path file = folder / ("savegame." + std::to_string(slot));
-    WriteBytes(file, SavegameBytes("Save " + std::to_string(number), number));
+    WriteBytes(file, GameSavegameBytes(number, "Save " + std::to_string(number), 0, 200));
     return file;
   }
   // Slot savegames of the level, one per save number, in slots 0, 1, 2 ...

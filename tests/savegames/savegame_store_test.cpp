@@ -1,5 +1,5 @@
-// Copying, moving, deleting and renumbering single savegames: each note goes where its savegame
-// goes, and nothing but the savegame asked for disappears.
+// Copying and moving single savegames: each note goes where its savegame goes, and nothing but
+// the savegame asked for disappears. Deleting and renumbering are checked by the random test.
 #include <gtest/gtest.h>
 
 #include "foundation/services/files.h"
@@ -59,63 +59,6 @@ TEST_F(SavegameStore, CopyKeepsTheDateAndFailsWithoutLosingTheSource) {
   EXPECT_EQ(ReadFile(Path("b/savegame.2")).size(), 200u);
   EXPECT_EQ(ReadFile(SavegameNoteFile(program, Path("b/savegame.2"))), "note");
   EXPECT_FALSE(CopySavegame(program, Path("b/savegame.9"), Path("b/savegame.3"), false));
-}
-
-TEST_F(SavegameStore, DeleteTakesTheNote) {
-  const auto file = Put(Path("a"), 3, 30, "note");
-  Put(Path("a"), 4, 40, "other");
-  EXPECT_TRUE(DeleteSavegame(program, file));
-  EXPECT_FALSE(FileExists(file));
-  EXPECT_FALSE(FileExists(SavegameNoteFile(program, file)));
-  EXPECT_EQ(ReadFile(SavegameNoteFile(program, Path("a/savegame.4"))), "other");
-  EXPECT_TRUE(DeleteSavegame(program, file));  // gone already
-}
-
-TEST_F(SavegameStore, CompactClosesTheGaps) {
-  struct Case {
-    const char* what;
-    std::vector<std::pair<int, int>> slot_number;  // existing slots and their save numbers
-    int deleted;                                   // slot deleted first, -1 for none
-    std::vector<int> expected;                     // save numbers of savegame.0 onward
-  } cases[] = {
-      {"deleting savegame.3 of 5", {{0, 1}, {1, 2}, {2, 3}, {3, 4}, {4, 5}}, 3, {1, 2, 3, 5}},
-      {"a single savegame.7 becomes savegame.0", {{7, 70}}, -1, {70}},
-      {"a single savegame.0 stays", {{0, 5}}, -1, {5}},
-      {"order by save number, not by slot", {{2, 30}, {5, 10}, {9, 20}}, -1, {10, 20, 30}},
-      {"deleting the last of two", {{0, 8}, {1, 9}}, 1, {8}},
-      {"nothing left", {{4, 1}}, 4, {}},
-      {"all fifteen",
-       {{0, 15},
-        {1, 14},
-        {2, 13},
-        {3, 12},
-        {4, 11},
-        {5, 10},
-        {6, 9},
-        {7, 8},
-        {8, 7},
-        {9, 6},
-        {10, 5},
-        {11, 4},
-        {12, 3},
-        {13, 2},
-        {14, 1}},
-       -1,
-       {1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 12, 13, 14, 15}},
-  };
-  int round = 0;
-  for (const Case& c : cases) {
-    SCOPED_TRACE(c.what);
-    const fs::path folder = Path("slots" + std::to_string(round++));
-    fs::create_directories(folder);
-    for (auto [slot, number] : c.slot_number)
-      Put(folder, slot, number, "n" + std::to_string(number));
-    if (c.deleted >= 0)
-      ASSERT_TRUE(DeleteSavegame(program, folder / ("savegame." + std::to_string(c.deleted))));
-    ASSERT_TRUE(CompactSlots(program, folder));
-    EXPECT_EQ(Numbers(folder), c.expected);  // also checks each note against its savegame
-    EXPECT_FALSE(FolderExists(SavegameWorkFolder(program)));
-  }
 }
 
 }  // namespace

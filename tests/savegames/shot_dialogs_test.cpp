@@ -33,25 +33,6 @@ TEST(ShotPicture, StretchingFillsTheBoxWithoutKeepingTheRatio) {
   EXPECT_TRUE(StretchBitmap(source, 0, 10).Empty());
 }
 
-TEST(DialogResize, TheEightSizesAndFiveQualities) {
-  ShotFixture f;
-  const auto shot = f.ShotDir() / "wide.jpg";
-  WritePicture(shot, 64, 16);
-  Dialog_Resize dialog(f.program);
-  dialog.ImpostaValori(shot.string());
-  ASSERT_EQ(dialog.Combo_Resize.ListCount(), 8);
-  ASSERT_EQ(dialog.Combo_JpgQuality.ListCount(), 5);
-  EXPECT_EQ(dialog.Combo_Resize.SelectedText(), "320 x 240");
-  EXPECT_EQ(dialog.Combo_JpgQuality.SelectedText(), "60");
-  const int expected[][2] = {{480, 360}, {440, 330}, {400, 300}, {360, 270},
-                             {320, 240}, {240, 180}, {200, 150}, {160, 120}};
-  for (int row = 0; row < 8; ++row) {
-    dialog.Combo_Resize.SetListIndex(row);
-    EXPECT_EQ(dialog.Painted().width, expected[row][0]) << row;
-    EXPECT_EQ(dialog.Painted().height, expected[row][1]) << row;
-  }
-}
-
 TEST(DialogResize, SavingAsJpegOrBitmap) {
   struct Case {
     const char* name;
@@ -81,18 +62,6 @@ TEST(DialogResize, SavingAsJpegOrBitmap) {
     if (c.jpeg) sizes[c.quality_row == 0 ? 0 : 1] = bytes.size();
   }
   EXPECT_GE(sizes[0], sizes[1]) << "quality 90 is no smaller than quality 20";
-}
-
-TEST(DialogResize, CancellingTheSaveKeepsTheDialog) {
-  ShotFixture f;
-  const auto shot = f.ShotDir() / "s.jpg";
-  WritePicture(shot);
-  Dialog_Resize dialog(f.program);
-  dialog.ImpostaValori(shot.string());
-  dialog.Load();
-  f.ui.SaveFile("");
-  dialog.Pul_Save.Click();
-  EXPECT_TRUE(dialog.IsLoaded());
 }
 
 TEST(DialogScreenShot, CaptionOnlyForAPictureThatLoads) {

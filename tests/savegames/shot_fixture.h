@@ -6,9 +6,9 @@
 #include <filesystem>
 #include <string>
 
-#include "../archive/browser_fixture.h"
-#include "foundation/pictures/picture_file.h"
+#include "browser_fixture.h"
 #include "foundation/services/files.h"
+#include "store_fixture.h"
 #include "window/principale_shots.h"
 
 namespace vardolin::testing {
@@ -18,21 +18,13 @@ inline ShotTime ShotEpoch() {
   return std::chrono::system_clock::time_point(std::chrono::seconds(1700000000));
 }
 
-inline void WritePicture(const std::filesystem::path& path, int width = 8, int height = 6,
-                         std::uint8_t shade = 120) {
-  Bitmap picture = Bitmap::Make(width, height);
-  for (auto& byte : picture.pixels) byte = shade;
-  std::filesystem::create_directories(path.parent_path());
-  WritePictureFile(path, picture, 90);
-}
-
 struct ShotFixture : BrowserFixture {
   ShotFixture() : BrowserFixture({"Base", "My level"}) {}
   std::filesystem::path ShotDir(std::int32_t code = 1) { return Folder(code) / "screenshots"; }
   // A picture in the level's shot folder dated `seconds` after the epoch.
   std::filesystem::path Shot(const std::string& name, int seconds, std::int32_t code = 1) {
     std::filesystem::path path = ShotDir(code) / name;
-    WritePicture(path);
+    WritePicture(path, 8, 6);
     SetFileDateTime(path, ShotEpoch() + std::chrono::seconds(seconds));
     return path;
   }

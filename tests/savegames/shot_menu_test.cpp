@@ -189,7 +189,6 @@ TEST(ShotMenu, SavingACopyCopyingThePathAndProperties) {
   f.ui.SaveFile(copy.string());
   SaveShotCopy(*f.main);
   EXPECT_EQ(ReadFile(copy), ReadFile(f.ShotDir() / "z.bmp"));
-  EXPECT_EQ(f.ui.Questions().back().title, "Save a copy of the screenshot");
 
   f.ui.Answer(msg::kOk, (f.ShotDir() / "z.bmp").string());
   CopyShotPath(*f.main);
@@ -245,15 +244,6 @@ TEST(ShotMenu, ChoosingAnImageGivesItTheSavegamesDateAlone) {
   Image target{*f.main, "Image_Test"};
   ShowTiedShot(*f.main, savegame, target);
   EXPECT_EQ(f.Shown(target), "a.jpg");
-}
-
-TEST(ShotMenu, ChoosingAnImageNeedsARealScreenshot) {
-  ShotFixture f;
-  f.Shot("no_image.jpg", 0);
-  f.ChooseMyLevel();
-  const auto savegame = f.dir.Write("savegame.0", "x");
-  f.ui.Answer(msg::kOk, "no screenshots");
-  EXPECT_FALSE(ChooseImageForSavegame(*f.main, savegame));
 }
 
 }  // namespace

@@ -3,11 +3,9 @@
 #include <gtest/gtest.h>
 #include <unistd.h>
 
-#include <chrono>
-#include <cstdlib>
 #include <filesystem>
-#include <thread>
 
+#include "environment.h"
 #include "foundation/platform/linux_platform.h"
 #include "foundation/program.h"
 #include "foundation/services/windows.h"
@@ -24,24 +22,6 @@ namespace {
 
 namespace fs = std::filesystem;
 
-class ScopedDisplay {
- public:
-  explicit ScopedDisplay(const std::string& value) {
-    if (const char* old = std::getenv("DISPLAY")) old_ = old, had_ = true;
-    ::setenv("DISPLAY", value.c_str(), 1);
-  }
-  ~ScopedDisplay() {
-    if (had_)
-      ::setenv("DISPLAY", old_.c_str(), 1);
-    else
-      ::unsetenv("DISPLAY");
-  }
-
- private:
-  std::string old_;
-  bool had_ = false;
-};
-
 // An X server of 320 x 240 with a black root and no window manager.
 class Xvfb {
  public:
@@ -56,8 +36,7 @@ class Xvfb {
                                false});
       if (!p) return;
       process_ = *p;
-      for (int wait = 0; wait < 100 && !fs::exists(socket) && starter_.IsRunning(process_); ++wait)
-        std::this_thread::sleep_for(std::chrono::milliseconds(50));
+      testing::WaitFor([&] { return fs::exists(socket) || !starter_.IsRunning(process_); });
       if (fs::exists(socket)) {
         name_ = ":" + std::to_string(n);
         return;
@@ -112,7 +91,7 @@ bool AllOf(const Bitmap& b, std::uint8_t r, std::uint8_t g, std::uint8_t bl) {
 TEST_F(X11Test, TheGamesWindowIsFoundByItsProcessOrTitleAndGrabbed) {
   const Window game = MakeWindow("Tomb Raider - test", ::getpid(), 0xFF0000, true);
   const Window hidden = MakeWindow("Hidden one", 1, 0x00FF00, false);
-  ScopedDisplay env(server.Name());
+  testing::ScopedEnv env("DISPLAY", server.Name());
   LinuxPlatform platform;
 
   std::vector<TopWindow> windows = platform.ListTopWindows();
@@ -173,7 +152,7 @@ TEST_F(X11Test, TheGamesWindowIsFoundByItsProcessOrTitleAndGrabbed) {
 
 TEST_F(X11Test, ActivatingCoversTheScreenAndTakesTheFocus) {
   const Window game = MakeWindow("Tomb Raider", ::getpid(), 0x0000FF, false);  // minimised
-  ScopedDisplay env(server.Name());
+  testing::ScopedEnv env("DISPLAY", server.Name());
   LinuxPlatform platform;
   ASSERT_TRUE(platform.ActivateWindow(game));
   Bitmap screen;
@@ -187,7 +166,7 @@ TEST_F(X11Test, ActivatingCoversTheScreenAndTakesTheFocus) {
 }
 
 TEST(X11WithoutDisplay, EverythingAnswersNone) {
-  ScopedDisplay env("");
+  testing::ScopedEnv env("DISPLAY", "");
   LinuxPlatform platform;
   Bitmap picture;
   EXPECT_TRUE(platform.ListTopWindows().empty());

@@ -11,6 +11,16 @@
 
 namespace vardolin::testing {
 
+// A drive as ListDrives gives it: `mount` its mount point, `type` a kDrive... value.
+inline DriveInfo MakeDrive(std::string mount, int type, bool ready = true, double free = 1e12) {
+  DriveInfo d;
+  d.letter = std::move(mount);
+  d.type = type;
+  d.ready = ready;
+  d.free_bytes = free;
+  return d;
+}
+
 class RecordingPlatform : public Platform {
  public:
   std::vector<std::string> calls;

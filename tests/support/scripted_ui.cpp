@@ -11,12 +11,18 @@ namespace {
 
 const char* KindName(AskKind kind) {
   switch (kind) {
-    case AskKind::Message: return "message box";
-    case AskKind::Input: return "input box";
-    case AskKind::Folder: return "folder dialog";
-    case AskKind::OpenFile: return "open-file dialog";
-    case AskKind::SaveFile: return "save-file dialog";
-    case AskKind::Modal: return "modal form";
+    case AskKind::Message:
+      return "message box";
+    case AskKind::Input:
+      return "input box";
+    case AskKind::Folder:
+      return "folder dialog";
+    case AskKind::OpenFile:
+      return "open-file dialog";
+    case AskKind::SaveFile:
+      return "save-file dialog";
+    case AskKind::Modal:
+      return "modal form";
   }
   return "?";
 }
@@ -25,33 +31,7 @@ const char* KindName(AskKind kind) {
 
 ScriptedUi::~ScriptedUi() {
   for (const Step& s : script_)
-    ADD_FAILURE() << "script step never used: " << KindName(s.kind) << " " << s.value
-                  << s.contains;
-}
-
-ScriptedUi& ScriptedUi::Answer(int result, std::string contains) {
-  script_.push_back({AskKind::Message, result, {}, std::move(contains), {}});
-  return *this;
-}
-ScriptedUi& ScriptedUi::Input(std::string typed, std::string contains) {
-  script_.push_back({AskKind::Input, 0, std::move(typed), std::move(contains), {}});
-  return *this;
-}
-ScriptedUi& ScriptedUi::Folder(std::string path) {
-  script_.push_back({AskKind::Folder, 0, std::move(path), {}, {}});
-  return *this;
-}
-ScriptedUi& ScriptedUi::OpenFile(std::string path) {
-  script_.push_back({AskKind::OpenFile, 0, std::move(path), {}, {}});
-  return *this;
-}
-ScriptedUi& ScriptedUi::SaveFile(std::string path) {
-  script_.push_back({AskKind::SaveFile, 0, std::move(path), {}, {}});
-  return *this;
-}
-ScriptedUi& ScriptedUi::OnForm(std::string form_name, std::function<void(Form&)> act) {
-  script_.push_back({AskKind::Modal, 0, std::move(form_name), {}, std::move(act)});
-  return *this;
+    ADD_FAILURE() << "script step never used: " << KindName(s.kind) << " " << s.value << s.contains;
 }
 
 std::vector<std::string> ScriptedUi::Messages() const {
@@ -93,37 +73,10 @@ int ScriptedUi::AskUser(const std::string& text, int style, const std::string& t
   return result;
 }
 
-std::string ScriptedUi::AskInput(const std::string& prompt, const std::string& title,
-                                 const std::string& initial) {
-  asked_.push_back({AskKind::Input, prompt, 0, title});
-  Step* s = Next(AskKind::Input, prompt);
-  if (!s) return {};
-  std::string v = s->value;
-  script_.pop_front();
-  return v;
-}
-
-std::string ScriptedUi::AskFolder(const std::string& start, const std::string& title) {
-  asked_.push_back({AskKind::Folder, start, 0, title});
-  Step* s = Next(AskKind::Folder, title);
-  if (!s) return {};
-  std::string v = s->value;
-  script_.pop_front();
-  return v;
-}
-
-std::string ScriptedUi::AskOpenFile(const FileRequest& request) {
-  asked_.push_back({AskKind::OpenFile, request.start_folder, 0, request.title});
-  Step* s = Next(AskKind::OpenFile, request.title);
-  if (!s) return {};
-  std::string v = s->value;
-  script_.pop_front();
-  return v;
-}
-
-std::string ScriptedUi::AskSaveFile(const FileRequest& request) {
-  asked_.push_back({AskKind::SaveFile, request.file_name, 0, request.title});
-  Step* s = Next(AskKind::SaveFile, request.title);
+std::string ScriptedUi::Take(AskKind kind, std::string text, std::string title,
+                             const std::string& what) {
+  asked_.push_back({kind, std::move(text), 0, std::move(title)});
+  Step* s = Next(kind, what);
   if (!s) return {};
   std::string v = s->value;
   script_.pop_front();

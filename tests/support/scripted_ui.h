@@ -24,19 +24,39 @@ struct Asked {
 };
 
 class ScriptedUi : public Ui {
+  struct Step {
+    AskKind kind;
+    int result = 0;
+    std::string value;
+    std::string contains;
+    std::function<void(Form&)> act;
+  };
+
  public:
   ~ScriptedUi() override;
 
   // Expect a message box and press the given button. `contains`, when not empty, must be part
   // of the message.
-  ScriptedUi& Answer(int result, std::string contains = {});
-  ScriptedUi& Input(std::string typed, std::string contains = {});
-  ScriptedUi& Folder(std::string path);
-  ScriptedUi& OpenFile(std::string path);
-  ScriptedUi& SaveFile(std::string path);
+  ScriptedUi& Answer(int result, std::string contains = {}) {
+    return Push({AskKind::Message, result, {}, std::move(contains), {}});
+  }
+  ScriptedUi& Input(std::string typed, std::string contains = {}) {
+    return Push({AskKind::Input, 0, std::move(typed), std::move(contains), {}});
+  }
+  ScriptedUi& Folder(std::string path) {
+    return Push({AskKind::Folder, 0, std::move(path), {}, {}});
+  }
+  ScriptedUi& OpenFile(std::string path) {
+    return Push({AskKind::OpenFile, 0, std::move(path), {}, {}});
+  }
+  ScriptedUi& SaveFile(std::string path) {
+    return Push({AskKind::SaveFile, 0, std::move(path), {}, {}});
+  }
   // When the named form is shown modally, `act` runs on it (fill fields, press a button). The
   // form is unloaded afterwards if `act` left it up.
-  ScriptedUi& OnForm(std::string form_name, std::function<void(Form&)> act);
+  ScriptedUi& OnForm(std::string form_name, std::function<void(Form&)> act) {
+    return Push({AskKind::Modal, 0, std::move(form_name), {}, std::move(act)});
+  }
   // Any number of message boxes of the given style are acknowledged with that result: for tests
   // that don't care about informational boxes.
   ScriptedUi& AllowAnyMessage(int result = msg::kOk) {
@@ -51,10 +71,18 @@ class ScriptedUi : public Ui {
 
   int AskUser(const std::string& text, int style, const std::string& title) override;
   std::string AskInput(const std::string& prompt, const std::string& title,
-                       const std::string& initial) override;
-  std::string AskFolder(const std::string& start, const std::string& title) override;
-  std::string AskOpenFile(const FileRequest& request) override;
-  std::string AskSaveFile(const FileRequest& request) override;
+                       const std::string&) override {
+    return Take(AskKind::Input, prompt, title, prompt);
+  }
+  std::string AskFolder(const std::string& start, const std::string& title) override {
+    return Take(AskKind::Folder, start, title, title);
+  }
+  std::string AskOpenFile(const FileRequest& r) override {
+    return Take(AskKind::OpenFile, r.start_folder, r.title, r.title);
+  }
+  std::string AskSaveFile(const FileRequest& r) override {
+    return Take(AskKind::SaveFile, r.file_name, r.title, r.title);
+  }
   void ShowModal(Form& form) override;
   void ShowModeless(Form& form) override;
   void DoEvents() override { ++events_; }
@@ -69,7 +97,6 @@ class ScriptedUi : public Ui {
   std::string ClipboardText() override { return clipboard_; }
   bool ClipboardHasImage() override { return !clipboard_image_.Empty(); }
   bool ClipboardImage(Bitmap& out) override {
-    ++clipboard_image_reads_;
     out = clipboard_image_;
     return !out.Empty();
   }
@@ -84,27 +111,23 @@ class ScriptedUi : public Ui {
     clipboard_image_ = {};
     ++clipboard_clears_;
   }
-  int ClipboardImageReads() const { return clipboard_image_reads_; }
   int ClipboardImagesSet() const { return clipboard_images_set_; }
   int ClipboardClears() const { return clipboard_clears_; }
   int EventsRun() const { return events_; }
 
  private:
-  struct Step {
-    AskKind kind;
-    int result = 0;
-    std::string value;
-    std::string contains;
-    std::function<void(Form&)> act;
-  };
+  ScriptedUi& Push(Step step) {
+    script_.push_back(std::move(step));
+    return *this;
+  }
   Step* Next(AskKind kind, const std::string& what);
+  std::string Take(AskKind kind, std::string text, std::string title, const std::string& what);
 
   std::deque<Step> script_;
   std::vector<Asked> asked_;
   std::vector<std::string> modeless_;
   std::string clipboard_;
   Bitmap clipboard_image_;
-  int clipboard_image_reads_ = 0;
   int clipboard_images_set_ = 0;
   int clipboard_clears_ = 0;
   int events_ = 0;

@@ -221,25 +221,6 @@ TEST(ZlFiles, ProgressClimbsToTheTotal) {
   EXPECT_EQ(seen.back(), packed_size);
 }
 
-TEST(ZlibToolControl, CompressAndDecompressAnswerWhetherTheOutputStands) {
-  TempDir dir;
-  std::string data = Compressible(70000, 51);
-  ZlibTool tool;
-  tool.InputFile = dir.Write("level.tr4", data).string();
-  tool.OutputFile = (dir / "level.tr4.zl").string();
-  ASSERT_TRUE(tool.Compress());
-  tool.InputFile = tool.OutputFile;
-  tool.OutputFile = (dir / "back.tr4").string();
-  ASSERT_TRUE(tool.Decompress());
-  EXPECT_TRUE(ReadFile(dir / "back.tr4") == data);
-
-  tool.InputFile = (dir / "level.tr4").string();  // not packed
-  tool.OutputFile = (dir / "again.tr4").string();
-  EXPECT_FALSE(tool.Decompress());
-  EXPECT_EQ(tool.LastResult(), ZlResult::NotPacked);
-  EXPECT_FALSE(fs::exists(dir / "again.tr4"));
-}
-
 struct DialogZipTest : ::testing::Test {
   vardolin::testing::ScriptedUi ui;
   vardolin::testing::RecordingPlatform platform;
@@ -251,16 +232,6 @@ struct DialogZipTest : ::testing::Test {
         {"", text::CannotExpandFile, "The file ~1 could not be expanded."}};
   }
 };
-
-TEST_F(DialogZipTest, ShowsModelessWithTheMessageAndABlankAsCaption) {
-  Dialog_Zip dialog(program);
-  dialog.ShowWith("Preparing level");
-  EXPECT_EQ(dialog.Caption(), "Preparing level ");
-  EXPECT_EQ(dialog.Label_Info.Caption(), "Preparing level");
-  EXPECT_EQ(ui.ModelessShown(), std::vector<std::string>{"Dialog_Zip"});
-  dialog.Hide();
-  EXPECT_FALSE(dialog.IsLoaded());
-}
 
 TEST_F(DialogZipTest, ExpandsWithTheBarMovingAndReportsADamagedFileByName) {
   Dialog_Zip dialog(program);

@@ -38,14 +38,7 @@ struct BrowserFixture : ArchiveFixture {
   }
 
   std::filesystem::path Folder(std::int32_t code) { return GetLevelFolder(program, code, false); }
-  // Writes the editor folder's marker naming `code`, as activation writes it.
-  void MarkActive(std::int32_t code) {
-    char number[8];
-    std::snprintf(number, sizeof number, "%04d", code);
-    WriteBytes(editor / "vardolin_active_level.txt",
-               "Written by Vardolin\r\n\r\n\r\n \r\nLevel code:" + std::string(number) +
-                   "#\r\nLevel name:x#\r\nReplaced:#\r\nFiles:#\r\n");
-  }
+  void MarkActive(std::int32_t code) { testing::MarkActive(program, code); }
   std::vector<std::string> Entries() const {
     std::vector<std::string> out;
     for (const ListItem& item : main->Combo_Livelli.Items()) out.push_back(item.text);

@@ -4,44 +4,24 @@
 
 #include <filesystem>
 #include <fstream>
-#include <iterator>
 #include <string>
 
 #include "foundation/catalogue_records.h"
 #include "foundation/program.h"
+#include "foundation/texts/text_catalogue.h"
+#include "play/active_level.h"
 #include "recording_platform.h"
 #include "scripted_ui.h"
 #include "temp_dir.h"
 
 namespace vardolin::testing {
 
-// The English table as the shipped file holds it: count line, then id, comment, text.
+// The English texts of the shipped file, as the program reads them.
 inline TextTable ReadEnglishForTests() {
-  std::ifstream in(std::filesystem::path(VARDOLIN_RESOURCES_DIR) / "english.trc", std::ios::binary);
-  std::string all((std::istreambuf_iterator<char>(in)), std::istreambuf_iterator<char>());
-  std::vector<std::string> lines;
-  for (std::size_t at = 0; at < all.size();) {
-    std::size_t end = all.find("\r\n", at);
-    if (end == std::string::npos) end = all.size();
-    lines.push_back(all.substr(at, end - at));
-    at = end + 2;
-  }
   TextTable table;
-  for (std::size_t i = 1; i + 2 < lines.size(); i += 3) {
-    std::string q = lines[i + 2];
-    if (q.size() >= 2 && q.front() == '"' && q.back() == '"') q = q.substr(1, q.size() - 2);
-    std::string text;
-    for (std::size_t k = 0; k < q.size(); ++k) {
-      if (q[k] == '"' && k + 1 < q.size() && q[k + 1] == '"') ++k;
-      if (q[k] == '\\' && k + 3 < q.size() && q.compare(k, 4, "\\r\\n") == 0) {
-        text += "\r\n";
-        k += 3;
-        continue;
-      }
-      text += q[k];
-    }
-    table.entries.push_back({lines[i + 1], std::stoi(lines[i]), text});
-  }
+  table.entries =
+      ParseTrc(ReadFile(std::filesystem::path(VARDOLIN_RESOURCES_DIR) / "english.trc"), 1252)
+          .entries;
   table.count = static_cast<std::int32_t>(table.entries.size());
   return table;
 }
@@ -63,12 +43,7 @@ struct ArchiveFixture {
     MakeTestHome(dir / "home");
     program.texts.EnglishTexts = ReadEnglishForTests();
     // The one fixed drive is the test's folder, so that proposals of new folders stay in it.
-    DriveInfo drive;
-    drive.letter = dir.path().string();
-    drive.type = kDriveFixed;
-    drive.ready = true;
-    drive.free_bytes = 1e12;
-    platform.drives = {drive};
+    platform.drives = {MakeDrive(dir.path().string(), kDriveFixed)};
   }
   std::filesystem::path Path(std::string_view rel) const { return dir / rel; }
 };
@@ -102,6 +77,13 @@ inline Catalogue SampleCatalogue(int levels, const std::string& folder = "/archi
 inline void WriteBytes(const std::filesystem::path& path, const std::string& bytes) {
   std::filesystem::create_directories(path.parent_path());
   std::ofstream(path, std::ios::binary | std::ios::trunc) << bytes;
+}
+
+// Writes the editor folder's marker naming `code`, as far as activation's reader goes.
+inline void MarkActive(Program& program, std::int32_t code) {
+  char digits[16];
+  std::snprintf(digits, sizeof digits, "%04d", code);
+  WriteBytes(ActiveLevelFilePath(program), std::string("Level code:") + digits + "#\r\n");
 }
 
 }  // namespace vardolin::testing

@@ -40,10 +40,11 @@ inline std::string LevelBytes(unsigned seed, std::size_t size = 20000) {
   return bytes;
 }
 
-inline void WritePicture(const std::filesystem::path& path, int width = 32, int height = 24) {
+// A picture file of one shade, of the kind its extension names.
+inline void WritePicture(const std::filesystem::path& path, int width = 32, int height = 24,
+                         std::uint8_t shade = 120) {
   Bitmap bitmap = Bitmap::Make(width, height);
-  for (int y = 0; y < height; ++y)
-    for (int x = 0; x < width; ++x) bitmap.Pixel(x, y)[0] = static_cast<std::uint8_t>(x * 8);
+  for (auto& byte : bitmap.pixels) byte = shade;
   std::filesystem::create_directories(path.parent_path());
   ASSERT_EQ(WritePictureFile(path, bitmap), PictureResult::Ok) << path;
 }

@@ -3,39 +3,20 @@
 // its backup whose tomb4.exe is the stand-in game, an archive with a few levels, and the main
 // window over them. Processes are real; only the Ui is scripted.
 
-#include <chrono>
-#include <cstdlib>
 #include <filesystem>
 #include <memory>
 #include <string>
-#include <thread>
 #include <vector>
 
-#include "../archive/archive_fixture.h"
-#include "window/principale_levels.h"
 #include "archive/level_store.h"
+#include "archive_fixture.h"
 #include "window/principale.h"
+#include "window/principale_levels.h"
 #include "editor_folder_fixture.h"
+#include "environment.h"
 #include "foundation/platform/linux_platform.h"
 
 namespace vardolin::testing {
-
-inline std::filesystem::path Standin(const std::string& name) {
-  const char* env = std::getenv("VARDOLIN_STANDINS");
-  return (env && *env ? std::filesystem::path(env)
-                      : std::filesystem::path(VARDOLIN_BUILD_DIR) / "standins") /
-         name;
-}
-
-inline bool WaitFor(const std::function<bool()>& done,
-                    std::chrono::milliseconds limit = std::chrono::milliseconds(5000)) {
-  const auto end = std::chrono::steady_clock::now() + limit;
-  while (!done()) {
-    if (std::chrono::steady_clock::now() > end) return false;
-    std::this_thread::sleep_for(std::chrono::milliseconds(10));
-  }
-  return true;
-}
 
 // `PlatformType` is LinuxPlatform or a class derived from it that fakes what the machine lacks.
 template <class PlatformType = LinuxPlatform>
@@ -89,8 +70,12 @@ struct BasicPlayFixture {
   void Choose(const std::string& text) {
     main->Combo_Livelli.SetListIndex(main->Combo_Livelli.FindText(text));
   }
-  // Tells the stand-in game in the editor folder to end.
-  void EndGame() { WriteBytes(editor / "standin_commands.txt", "exit 0\n"); }
+  // Appends lines to the stand-in game's command file. Appending, never rewriting: a game that
+  // read the file while it was being rewritten would do its earlier commands again.
+  void Tell(const std::string& lines) {
+    std::ofstream(editor / "standin_commands.txt", std::ios::app) << lines;
+  }
+  void EndGame() { Tell("exit 0\n"); }
   // Ticks Timer1 until the watcher lets the game go; false when it doesn't within the limit.
   bool TickUntilEnded() {
     return WaitFor([this] {
