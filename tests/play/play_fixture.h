@@ -6,6 +6,7 @@
 #include <chrono>
 #include <cstdlib>
 #include <filesystem>
+#include <fstream>
 #include <memory>
 #include <string>
 #include <thread>
@@ -89,8 +90,12 @@ struct BasicPlayFixture {
   void Choose(const std::string& text) {
     main->Combo_Livelli.SetListIndex(main->Combo_Livelli.FindText(text));
   }
-  // Tells the stand-in game in the editor folder to end.
-  void EndGame() { WriteBytes(editor / "standin_commands.txt", "exit 0\n"); }
+  // Hands the stand-in game in the editor folder command lines, each ended by LF. Appended, as
+  // the game takes the file away when it reads it.
+  void Tell(const std::string& lines) {
+    std::ofstream(editor / "standin_commands.txt", std::ios::binary | std::ios::app) << lines;
+  }
+  void EndGame() { Tell("exit 0\n"); }
   // Ticks Timer1 until the watcher lets the game go; false when it doesn't within the limit.
   bool TickUntilEnded() {
     return WaitFor([this] {

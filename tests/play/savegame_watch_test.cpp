@@ -43,15 +43,15 @@ class KeyFakePlatform : public LinuxPlatform {
 
 struct WatchFixture : testing::BasicPlayFixture<KeyFakePlatform> {
   int commands_sent = 0;
-  std::string commands;
 
   WatchFixture() : BasicPlayFixture({"Base level", "Beta", "Gamma"}) {}
 
   // Sends lines to the game and waits until it has done them all.
   bool Tell(const std::vector<std::string>& lines) {
+    std::string commands;
     for (const std::string& line : lines) commands += line + "\n";
     commands_sent += static_cast<int>(lines.size());
-    WriteBytes(editor / "standin_commands.txt", commands);
+    BasicPlayFixture::Tell(commands);
     return testing::WaitFor([&] {
       const std::string done = ReadFile(editor / "standin_done.txt");
       return std::count(done.begin(), done.end(), '\n') >= commands_sent;

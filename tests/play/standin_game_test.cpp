@@ -127,8 +127,16 @@ TEST_F(StandinGameTest, CommandFileDrivesSavesShotsAndTheExit) {
   ASSERT_EQ(platform.Wait(game, 5000ms), WaitResult::Ended);
   EXPECT_EQ(platform.ExitCode(game), 3);
   EXPECT_EQ(ReadHeader(editor / "savegame.5").title, "Catacombs again");
-  EXPECT_EQ(Read(editor / "standin_done.txt"),
-            "save 5 Catacombs of Rome\nshot\nsave 5 Catacombs again\nexit 3\n");
+  const std::string done = "save 5 Catacombs of Rome\nshot\nsave 5 Catacombs again\nexit 3\n";
+  EXPECT_EQ(Read(editor / "standin_done.txt"), done);
+
+  // The game consumed its commands: the next one in the folder doesn't replay them.
+  EXPECT_FALSE(fs::exists(editor / "standin_commands.txt"));
+  EXPECT_FALSE(fs::exists(editor / "standin_commands.taken"));
+  Process second = Start({"--exit-after", "300", "--exit-code", "9"});
+  ASSERT_EQ(platform.Wait(second, 5000ms), WaitResult::Ended);
+  EXPECT_EQ(platform.ExitCode(second), 9);
+  EXPECT_EQ(Read(editor / "standin_done.txt"), done);
 }
 
 TEST_F(StandinGameTest, WithoutAClipboardStandInAShotWritesNothing) {
