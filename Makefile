@@ -3,7 +3,7 @@
 BUILD ?= build
 FUZZ_BUILD ?= build-fuzz
 JOBS ?= 2
-FUZZ_SECONDS ?= 30
+FUZZ_SECONDS ?= 60
 DEMO_HOME ?= $(BUILD)/demo-home
 # A compiler cache, where the machine has one, makes rebuilds in fresh clones cheap.
 LAUNCHER := $(if $(shell command -v ccache),-DCMAKE_C_COMPILER_LAUNCHER=ccache -DCMAKE_CXX_COMPILER_LAUNCHER=ccache)
@@ -35,7 +35,7 @@ bench: build
 
 fuzz: deps
 	@cmake -S . -B $(FUZZ_BUILD) -G Ninja -DVARDOLIN_FUZZ=ON -DCMAKE_C_COMPILER=clang \
-	  -DCMAKE_CXX_COMPILER=clang++ -DCMAKE_BUILD_TYPE=Debug >/dev/null
+	  -DCMAKE_CXX_COMPILER=clang++ -DCMAKE_BUILD_TYPE=Debug $(LAUNCHER) >/dev/null
 	@cmake --build $(FUZZ_BUILD) -j $(JOBS)
 	fuzz/run-all $(FUZZ_BUILD) $(FUZZ_SECONDS)
 

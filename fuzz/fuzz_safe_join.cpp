@@ -31,7 +31,9 @@ fs::path Target() {
 
 // Where the path leads once every existing link is followed.
 bool LeadsInside(const fs::path& base, const fs::path& p) {
-  fs::path real = fs::weakly_canonical(p);
+  std::error_code ec;
+  fs::path real = fs::weakly_canonical(p, ec);
+  if (ec) std::abort();  // a path that SafeJoin gives must be one the system can resolve
   auto b = base.begin();
   auto r = real.begin();
   for (; b != base.end(); ++b, ++r)

@@ -222,6 +222,15 @@ TEST_F(SafeJoinTest, RefusesNamesThatLeadOutOrAreNotNames) {
   }
   EXPECT_FALSE(SafeJoin(target, std::string("a\0b", 3)));
   EXPECT_FALSE(SafeJoin("", "a"));
+  // Longer than the file system takes: one part, or the whole path. The longest part is fine.
+  std::string deep;
+  for (int i = 0; i < 20; ++i) deep += std::string(250, 'd') + "/";
+  for (const std::string& name : {"a/" + std::string(256, 'n') + "/b", deep}) {
+    auto r = SafeJoin(target, name);
+    EXPECT_FALSE(r) << name.size();
+    EXPECT_NE(r.error.find("too long"), std::string::npos) << r.error;
+  }
+  EXPECT_TRUE(SafeJoin(target, std::string(255, 'n')));
 }
 
 TEST_F(SafeJoinTest, ATargetReachedThroughALinkStillWorks) {

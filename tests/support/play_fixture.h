@@ -4,6 +4,7 @@
 // window over them. Processes are real; only the Ui is scripted.
 
 #include <filesystem>
+#include <fstream>
 #include <memory>
 #include <string>
 #include <vector>
@@ -70,10 +71,10 @@ struct BasicPlayFixture {
   void Choose(const std::string& text) {
     main->Combo_Livelli.SetListIndex(main->Combo_Livelli.FindText(text));
   }
-  // Appends lines to the stand-in game's command file. Appending, never rewriting: a game that
-  // read the file while it was being rewritten would do its earlier commands again.
+  // Hands the stand-in game in the editor folder command lines, each ended by LF. Appended, as
+  // the game takes the file away when it reads it.
   void Tell(const std::string& lines) {
-    std::ofstream(editor / "standin_commands.txt", std::ios::app) << lines;
+    std::ofstream(editor / "standin_commands.txt", std::ios::binary | std::ios::app) << lines;
   }
   void EndGame() { Tell("exit 0\n"); }
   // Ticks Timer1 until the watcher lets the game go; false when it doesn't within the limit.

@@ -1,5 +1,8 @@
 #include "foundation/services/safe_join.h"
 
+#include <unistd.h>
+
+#include <climits>
 #include <optional>
 #include <vector>
 
@@ -66,6 +69,15 @@ std::optional<std::string> FindNoCase(const fs::path& dir, const std::string& na
   return found;
 }
 
+// The longest single name the file system under `folder` takes. A longer part could never be
+// written, and the file system functions fail on it ("File name too long").
+std::size_t LongestName(fs::path folder) {
+  std::error_code ec;
+  while (!fs::exists(folder, ec) && folder.has_relative_path()) folder = folder.parent_path();
+  const long longest = ::pathconf(folder.c_str(), _PC_NAME_MAX);
+  return longest > 0 ? static_cast<std::size_t>(longest) : NAME_MAX;
+}
+
 }  // namespace
 
 SafeJoinResult SafeJoin(const fs::path& target_folder, std::string_view name) {
@@ -93,6 +105,11 @@ SafeJoinResult SafeJoin(const fs::path& target_folder, std::string_view name) {
   fs::path given = fs::absolute(target_folder, ec);
   fs::path base = ec ? fs::path() : RealPath(given);
   if (ec || base.empty()) return Refuse(name, "target folder unusable");
+  const std::size_t longest = LongestName(base);
+  for (const std::string& p : parts)
+    if (p.size() > longest)
+      return Refuse(name, "a part is too long: the file system takes " + std::to_string(longest) +
+                              " bytes at most");
 
   fs::path out = given;
   bool on_disk = true;  // whether `out` still stands, so that its parts may be looked up
@@ -114,6 +131,7 @@ SafeJoinResult SafeJoin(const fs::path& target_folder, std::string_view name) {
       on_disk = false;
     }
   }
+  if (out.native().size() >= PATH_MAX) return Refuse(name, "the whole path is too long");
   SafeJoinResult r;
   r.ok = true;
   r.path = std::move(out);

@@ -19,7 +19,8 @@ struct SafeJoinResult {
 // `name` may use '/' or '\' as separators; empty and "." parts are dropped. Parts that already
 // stand inside the target in another case take their on-disk spelling (names ignore case).
 // Refused: an empty name, an absolute name, any ':' (drive letters, streams), a ".." part, a
-// NUL, and a name whose existing prefix inside the target is a link that leads out of it.
+// NUL, a part longer than the target's file system allows or a whole path longer than the system
+// takes, and a name whose existing prefix inside the target is a link that leads out of it.
 SafeJoinResult SafeJoin(const std::filesystem::path& target_folder, std::string_view name);
 
 }  // namespace vardolin

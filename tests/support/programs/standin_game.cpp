@@ -1,5 +1,6 @@
-// The stand-in game: a native program that behaves toward Vardolin as tomb4.exe does, for the
-// tests and the demo. It is started in the editor folder (its working folder) and
+// The stand-in game: a program that behaves toward Vardolin as tomb4.exe does, for the tests and
+// the demo. It is built twice from this one source: natively, and as a Windows program that runs
+// under Wine. It is started in the editor folder (its working folder) and
 //   - writes savegame files there in the game's format: "savegame.N", the level title in the
 //     first 75 bytes (blank-padded, ended by a comma as the game writes it), the save number as
 //     a signed 16-bit little-endian number at offset 75, then filler up to the game's size;
@@ -7,17 +8,20 @@
 //
 // Arguments: --save N:TITLE (may repeat) writes savegame.N with TITLE and save number N at start.
 //
-// Commands: the file "standin_commands.txt" in the working folder is read every 20 ms; each
-// complete line (ended by LF) is done once, in order, and the file is left as it is. Lines:
+// Commands: the file "standin_commands.txt" in the working folder is looked for every 20 ms;
+// each complete line (ended by LF) is done once, in order. Lines:
 //   save N TITLE       writes savegame.N as above (TITLE may hold blanks)
 //   exit CODE          exits with CODE
+// The game consumes what it reads: it takes the file away under another name
+// ("standin_commands.taken") before reading it, and deletes that once it is done and no longer
+// growing, or when the game ends. Lines appended meanwhile land in a new command file. So a
+// second game in the same folder starts on an empty list instead of replaying the first one's.
 // After each command it appends the line and "\n" to "standin_done.txt", so that a test can wait
 // until a command took effect. A file "standin_started.txt" holding the working folder is
 // written at start.
-#include <unistd.h>
-
 #include <chrono>
 #include <cstdlib>
+#include <filesystem>
 #include <fstream>
 #include <sstream>
 #include <string>
@@ -27,6 +31,11 @@
 
 namespace {
 
+namespace fs = std::filesystem;
+
+const char kCommandFile[] = "standin_commands.txt";
+const char kTakenFile[] = "standin_commands.taken";
+
 bool WriteSavegame(int number, const std::string& title) {
   const std::string bytes = vardolin::testing::GameSavegameBytes(number, title);
   std::ofstream out("savegame." + std::to_string(number), std::ios::binary | std::ios::trunc);
@@ -34,8 +43,14 @@ bool WriteSavegame(int number, const std::string& title) {
   return static_cast<bool>(out);
 }
 
+// Binary, so that the Windows build writes the same bytes as the native one.
 void NoteDone(const std::string& line) {
-  std::ofstream("standin_done.txt", std::ios::app) << line << "\n";
+  std::ofstream("standin_done.txt", std::ios::binary | std::ios::app) << line << "\n";
+}
+
+std::string ReadAll(const char* name) {
+  std::ifstream in(name, std::ios::binary);
+  return std::string((std::istreambuf_iterator<char>(in)), std::istreambuf_iterator<char>());
 }
 
 // Gives true and the exit code when the command ends the game.
@@ -63,29 +78,56 @@ bool RunCommand(const std::string& line, int& exit_code) {
 }  // namespace
 
 int main(int argc, char** argv) {
-  for (int i = 1; i + 1 < argc; ++i) {
-    if (std::string(argv[i]) != "--save") continue;
-    const std::string value = argv[++i];
-    const std::size_t colon = value.find(':');
-    WriteSavegame(std::atoi(value.substr(0, colon).c_str()),
-                  colon == std::string::npos ? std::string() : value.substr(colon + 1));
+  for (int i = 1; i < argc; ++i) {
+    const std::string arg = argv[i];
+    const bool has_value = i + 1 < argc;
+    if (arg == "--save" && has_value) {
+      const std::string value = argv[++i];
+      const std::size_t colon = value.find(':');
+      WriteSavegame(std::atoi(value.substr(0, colon).c_str()),
+                    colon == std::string::npos ? std::string() : value.substr(colon + 1));
+    }
   }
-  char cwd[4096] = {};
-  if (getcwd(cwd, sizeof cwd)) std::ofstream("standin_started.txt") << cwd << "\n";
+  {
+    std::error_code error;
+    const fs::path folder = fs::current_path(error);
+    std::ofstream("standin_started.txt", std::ios::binary) << folder.string() << "\n";
+    // Whatever a game before this one took and left behind was its own.
+    fs::remove(kTakenFile, error);
+  }
 
-  std::size_t consumed = 0;  // bytes of the command file already done
+  bool taken = false;
+  std::size_t consumed = 0;   // bytes of the taken file already done
+  std::size_t last_size = 0;  // its size at the look before; none for a file just taken
+  const auto finish = [](int code) {
+    std::error_code error;
+    fs::remove(kTakenFile, error);
+    return code;
+  };
   for (;;) {
-    std::ifstream commands("standin_commands.txt", std::ios::binary);
-    if (commands) {
-      std::string all((std::istreambuf_iterator<char>(commands)), std::istreambuf_iterator<char>());
-      if (all.size() < consumed) consumed = 0;  // the file was replaced by a new one
+    std::error_code error;
+    if (!taken) {
+      fs::rename(kCommandFile, kTakenFile, error);
+      taken = !error;
+      consumed = 0;
+      last_size = std::string::npos;
+    }
+    if (taken) {
+      // A writer that opened the file before it was taken may still be writing into it: it is
+      // read again until it stays as it was for one look.
+      const std::string all = ReadAll(kTakenFile);
       for (std::size_t end; (end = all.find('\n', consumed)) != std::string::npos;) {
         std::string line = all.substr(consumed, end - consumed);
         consumed = end + 1;
         if (!line.empty() && line.back() == '\r') line.pop_back();
         int code = 0;
-        if (RunCommand(line, code)) return code;
+        if (RunCommand(line, code)) return finish(code);
       }
+      if (consumed == all.size() && all.size() == last_size) {
+        fs::remove(kTakenFile, error);
+        taken = false;
+      }
+      last_size = all.size();
     }
     std::this_thread::sleep_for(std::chrono::milliseconds(20));
   }
