@@ -32,6 +32,8 @@ class Principale : public Form {
 
   // Shows the screenshot panel or the savegame panel, as the settings choose.
   void ShowChosenPanel();
+  // While a game runs, closing the window asks first (play/principale_play.cpp).
+  bool QueryUnload() override;
 
   // What reading the settings found at load; start-up takes its course from them.
   LoadResult PrefsLoad;
@@ -218,6 +220,8 @@ class Principale : public Form {
   // Play and the game watcher (play/principale_play.cpp).
   void WirePlay();
   void Timer1_Timer();
+  void ShowGameState();
+  bool game_shown_ = false;  // whether the title and status line say the game runs
 
   // The editor's game settings (editor/setup_trle.cpp).
   void WireEditorSettings();

@@ -21,6 +21,12 @@ inline constexpr std::int32_t CatalogueAutoSaveFailed = 1300;  // the path follo
 inline constexpr std::int32_t CatalogueSaveFailed = 1962;      // the path follows
 inline constexpr std::int32_t MainTitle = 1269;                // ~1 file name " (" count
 
+// The main window while a game runs: the mark behind its title, its status line, and the
+// question its close box asks then.
+inline constexpr std::int32_t GameRunningTitleMark = 6410;
+inline constexpr std::int32_t GameRunningStatus = 6411;
+inline constexpr std::int32_t CloseWhileGameRuns = 6412;  // ~1 CR LF
+
 // The base level's record in a new catalogue.
 inline constexpr std::int32_t BaseLevelName = 1095;
 inline constexpr std::int32_t BaseLevelNote = 1096;
@@ -178,10 +184,10 @@ inline constexpr std::int32_t RemoveLevelFilesQuestion = 1952;  // name, (folder
 inline constexpr std::int32_t RemoveLevelFilesWait = 1953;
 inline constexpr std::int32_t RemoveLevelFilesFailed = 1954;  // the folder follows
 inline constexpr std::int32_t RemoveLevelDone = 1955;
-inline constexpr std::int32_t MoreInfoCodeNotFound = 1972;      // the code follows
-inline constexpr std::int32_t MoreInfoNone = 1973;              // ~1 CR LF
-inline constexpr std::int32_t MoreInfoFolder = 1974;            // fragment, hard disk
-inline constexpr std::int32_t MoreInfoFolderCd = 1975;          // fragment, CD allowed
+inline constexpr std::int32_t MoreInfoCodeNotFound = 1972;  // the code follows
+inline constexpr std::int32_t MoreInfoNone = 1973;          // ~1 CR LF
+inline constexpr std::int32_t MoreInfoFolder = 1974;        // fragment, hard disk
+inline constexpr std::int32_t MoreInfoFolderCd = 1975;      // fragment, CD allowed
 inline constexpr std::int32_t MoreInfoCdRefused = 1976;
 inline constexpr std::int32_t MoreInfoMissing = 1977;     // ~1 the path
 inline constexpr std::int32_t MoreInfoCopyFolder = 1978;  // fragment, same as 1974

@@ -12,8 +12,11 @@
 #include "foundation/dialogs/dialog_wait.h"
 #include "foundation/dialogs/progress.h"
 #include "foundation/dialogs/shared_dialogs.h"
+#include "foundation/pictures/bitmap.h"
+#include "foundation/pictures/picture_file.h"
 #include "foundation/program.h"
 #include "foundation/program_home.h"
+#include "foundation/startup/desktop_integration.h"
 #include "foundation/text_ids.h"
 #include "recording_platform.h"
 #include "scripted_ui.h"
@@ -303,6 +306,12 @@ TEST_F(DialogsTest, ProgressAndWaitWindowsComeAndGo) {
 }
 
 TEST_F(DialogsTest, SplashOnlyWithItsPictureAndAnyClickClosesIt) {
+  // A fresh home has the picture that Vardolin ships, and the icon its desktop entries name.
+  Bitmap shipped;
+  ASSERT_EQ(ReadPictureFile(home / "splash.jpg", shipped), PictureResult::Ok);
+  EXPECT_EQ(shipped.width, 480);
+  EXPECT_EQ(shipped.height, 360);
+  EXPECT_TRUE(fs::is_regular_file(ProgramIcon(program)));
   fs::remove(home / "splash.jpg");
   EXPECT_FALSE(ShowSplash(program));
   EXPECT_TRUE(ui.ModelessShown().empty());
