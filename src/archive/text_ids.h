@@ -25,7 +25,7 @@ inline constexpr std::int32_t MainTitle = 1269;                // ~1 file name "
 // question its close box asks then.
 inline constexpr std::int32_t GameRunningTitleMark = 6410;
 inline constexpr std::int32_t GameRunningStatus = 6411;
-inline constexpr std::int32_t CloseWhileGameRuns = 6412;  // ~1 CR LF
+inline constexpr std::int32_t CloseWhileGameRuns = 6412;  // ~1 CR LF, ~2 two CR LF
 
 // The base level's record in a new catalogue.
 inline constexpr std::int32_t BaseLevelName = 1095;

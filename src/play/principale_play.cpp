@@ -37,7 +37,7 @@ void Principale::ShowGameState() {
 bool Principale::QueryUnload() {
   // Closing ends the watching, not the game: what it saves from then on stays in its slots.
   if (!program().GameRunning) return true;
-  return ArchiveAsk(program(), program().GetText(text::CloseWhileGameRuns, {"\r\n"}),
+  return ArchiveAsk(program(), program().GetText(text::CloseWhileGameRuns, {"\r\n", "\r\n\r\n"}),
                     msg::kYesNo | msg::kWarning) == msg::kYes;
 }
 

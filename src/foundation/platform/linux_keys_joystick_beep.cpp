@@ -23,6 +23,12 @@ namespace {
 // game ran is forgotten by the time one starts.
 constexpr milliseconds kPressKeptFor{2000};
 
+// SDL would turn SIGTERM and SIGINT into a quit event that nobody reads: the program could no
+// longer be ended from outside.
+void KeepSignalsOurs() {
+  SDL_SetHint(SDL_HINT_NO_SIGNAL_HANDLERS, "1");
+}
+
 }  // namespace
 
 RawKeyPresses::~RawKeyPresses() {
@@ -126,6 +132,7 @@ bool LinuxPlatform::ReadJoystick(int number, JoystickState& state) {
   if (!d.joystick_tried) {
     d.joystick_tried = true;
     SDL_SetHint(SDL_HINT_JOYSTICK_ALLOW_BACKGROUND_EVENTS, "1");
+    KeepSignalsOurs();
     d.joystick_ok = SDL_InitSubSystem(SDL_INIT_JOYSTICK) == 0;
   }
   if (!d.joystick_ok || number < 0) return false;
@@ -157,6 +164,7 @@ void LinuxPlatform::Beep(int frequency_hz, int ms) {
   Impl& d = *impl_;
   if (!d.audio_tried) {
     d.audio_tried = true;
+    KeepSignalsOurs();
     if (SDL_InitSubSystem(SDL_INIT_AUDIO) == 0) {
       SDL_AudioSpec want{}, have{};
       want.freq = 44100;
