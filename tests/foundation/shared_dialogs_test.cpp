@@ -65,7 +65,8 @@ TEST_F(DialogsTest, MessageBoxShowsTheButtonsOfItsStyleAndGivesTheirNumbers) {
       {16, {ok}, {1}},
       {48, {ok}, {1}},
       {64, {ok}, {1}},
-      {99, {ok}, {1}},
+      {4 + 48, {yes, no}, {6, 7}},  // the icon bits ride on top of the buttons
+      {9, {ok}, {1}},
   };
   for (const Case& c : cases) {
     for (size_t slot = 0; slot < c.results.size(); ++slot) {
