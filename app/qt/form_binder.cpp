@@ -11,9 +11,10 @@
 #include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
-#include <QMouseEvent>
 #include <QListWidget>
 #include <QMenu>
+#include <QMouseEvent>
+#include <QPainter>
 #include <QPixmap>
 #include <QPlainTextEdit>
 #include <QProgressBar>
@@ -67,14 +68,20 @@ void FillList(QListWidget* list, const ListBox& model) {
   SelectRows(list, model);
 }
 
-void ShowPicture(QLabel* label, const Image& image) {
-  if (image.Picture().empty()) {
-    label->clear();
-    return;
-  }
-  label->setScaledContents(image.Stretch());
-  if (!image.Stretch()) label->setAlignment(Qt::AlignCenter);
-  label->setPixmap(QPixmap(Q(image.Picture())));
+// Cancel buttons go by the name the forms give them.
+bool IsCancelButton(const QString& name) {
+  return name.endsWith(u"Cancel") || name.endsWith(u"Annulla") || name == u"CancelButton";
+}
+
+// Where a picture goes in a box: scaled to fit keeping its shape (only ever down unless
+// `enlarge`), centred.
+QRect FitPicture(QSize picture, QRect box, bool enlarge) {
+  if (picture.isEmpty() || box.isEmpty()) return {};
+  QSize size = picture;
+  if (enlarge || picture.width() > box.width() || picture.height() > box.height())
+    size = picture.scaled(box.size(), Qt::KeepAspectRatio);
+  return QRect(box.x() + (box.width() - size.width()) / 2,
+               box.y() + (box.height() - size.height()) / 2, size.width(), size.height());
 }
 
 }  // namespace
@@ -328,8 +335,14 @@ void FormBinder::Push(Control& control, QObject* object, Change change) {
         SelectRows(list, static_cast<ListBox&>(control));
       break;
     case Change::Picture:
-      if (control.Kind() == ControlKind::Image)
-        ShowPicture(static_cast<QLabel*>(object), static_cast<Image&>(control));
+      if (control.Kind() == ControlKind::Image) {
+        // The label paints the picture itself (eventFilter), fitted to whatever size the layout
+        // gives it: a pixmap set on the label would stretch, or hold the window at its size.
+        const std::string& path = static_cast<Image&>(control).Picture();
+        pictures_[object] = path.empty() ? QPixmap() : QPixmap(Q(path));
+        static_cast<QLabel*>(object)->clear();
+        static_cast<QLabel*>(object)->update();
+      }
       break;
     case Change::Popup:
       if (QMenu* entries = menu ? menu : (action ? action->menu() : nullptr))
@@ -383,8 +396,12 @@ bool FormBinder::eventFilter(QObject* watched, QEvent* event) {
       case QEvent::KeyPress: {
         auto* key = static_cast<QKeyEvent*>(event);
         if (int vk = VirtualKeyOf(key->key())) form_.KeyDown(vk, ShiftBitsOf(key->modifiers()));
-        // A dialog would hide itself on Escape behind the form's back; the form decides.
-        return key->key() == Qt::Key_Escape && qobject_cast<QDialog*>(window_.data());
+        if (detached_) return true;  // the form's own key handler closed it
+        // A dialog would hide itself on Escape behind the form's back: Escape presses the
+        // form's Cancel button instead, or the close box, which asks the form.
+        if (key->key() != Qt::Key_Escape || !qobject_cast<QDialog*>(window_.data())) return false;
+        Cancel();
+        return true;
       }
       case QEvent::MouseButtonPress:
         form_.Click();
@@ -400,14 +417,20 @@ bool FormBinder::eventFilter(QObject* watched, QEvent* event) {
     target = area;
   for (const Binding& b : bindings_) {
     if (b.object != target) continue;
+    if (b.control->Kind() == ControlKind::Image && event->type() == QEvent::Paint) {
+      PaintPicture(*static_cast<Image*>(b.control), static_cast<QLabel*>(watched));
+      return false;
+    }
+    if (b.control->Kind() == ControlKind::TextBox && event->type() == QEvent::KeyPress &&
+        PressEnterButton(static_cast<QKeyEvent*>(event), watched))
+      return true;
     if (b.control->Kind() == ControlKind::ListBox && event->type() == QEvent::MouseButtonPress) {
       // A right press opens the list's menu and leaves its selection alone.
       if (static_cast<QMouseEvent*>(event)->button() != Qt::RightButton) return false;
       static_cast<ListBox*>(b.control)->MouseDown(2);
       return true;
     }
-    if (b.control->Kind() == ControlKind::TextBox &&
-        event->type() == QEvent::MouseButtonRelease &&
+    if (b.control->Kind() == ControlKind::TextBox && event->type() == QEvent::MouseButtonRelease &&
         static_cast<QMouseEvent*>(event)->button() == Qt::LeftButton) {
       static_cast<TextBox*>(b.control)->Click();
       return false;
@@ -427,8 +450,7 @@ bool FormBinder::eventFilter(QObject* watched, QEvent* event) {
       }
       return true;
     }
-    if (b.control->Kind() == ControlKind::Image &&
-        event->type() == QEvent::MouseButtonDblClick) {
+    if (b.control->Kind() == ControlKind::Image && event->type() == QEvent::MouseButtonDblClick) {
       static_cast<Image*>(b.control)->DblClick();
       return true;
     }
@@ -442,6 +464,41 @@ bool FormBinder::eventFilter(QObject* watched, QEvent* event) {
     break;
   }
   return false;
+}
+
+void FormBinder::Cancel() {
+  for (const Binding& b : bindings_) {
+    auto* button = qobject_cast<QPushButton*>(b.object);
+    if (button && IsCancelButton(button->objectName()) && button->isVisible() &&
+        button->isEnabled()) {
+      static_cast<Button*>(b.control)->Click();
+      return;
+    }
+  }
+  window_->close();
+}
+
+bool FormBinder::PressEnterButton(QKeyEvent* key, QObject* box) {
+  // A text box whose layout names a button in `enterButton` (a search box and its Find) runs
+  // that button on Enter, before the window's default button could take the key.
+  if (key->key() != Qt::Key_Return && key->key() != Qt::Key_Enter) return false;
+  QString name = box->property("enterButton").toString();
+  if (name.isEmpty()) return false;
+  for (const Binding& b : bindings_)
+    if (b.control->Kind() == ControlKind::Button && b.object->objectName() == name) {
+      if (static_cast<QWidget*>(b.object)->isEnabled()) static_cast<Button*>(b.control)->Click();
+      return true;
+    }
+  return false;
+}
+
+void FormBinder::PaintPicture(const Image& image, QLabel* label) {
+  auto it = pictures_.find(label);
+  if (it == pictures_.end() || it->second.isNull()) return;
+  QPainter painter(label);
+  painter.setRenderHint(QPainter::SmoothPixmapTransform);
+  painter.drawPixmap(FitPicture(it->second.size(), label->contentsRect(), image.Stretch()),
+                     it->second);
 }
 
 int VirtualKeyOf(int qt_key) {

@@ -3,15 +3,23 @@
 // each control's changes update its widget, each user action on a widget calls the control, as a
 // test calls it. The window follows the form: its caption is the window title, Unload closes the
 // window, Refresh lets it paint. The close box asks the form (QueryUnload) and unloads it.
+// In a dialog Escape presses the form's Cancel button, or the close box where it has none; Enter
+// presses the layout's default button, and a text box whose layout names an `enterButton` (a
+// search box and its Find) presses that one. Pictures are painted to fit their label, keeping
+// their shape.
 
 #include <QObject>
+#include <QPixmap>
 #include <QPointer>
 #include <QWidget>
+#include <map>
 #include <memory>
 #include <vector>
 
 #include "foundation/forms/form.h"
 
+class QKeyEvent;
+class QLabel;
 class QTimer;
 
 namespace vardolin::qt {
@@ -50,11 +58,16 @@ class FormBinder : public QObject {
   void PushAll(Control& control, QObject* object);
   void OnFormEvent(FormEvent event);
   void Detach();
+  void Cancel();
+  bool PressEnterButton(QKeyEvent* key, QObject* box);
+  void PaintPicture(const Image& image, QLabel* label);
 
   Form& form_;
   QPointer<QWidget> window_;
   std::vector<Binding> bindings_;
   std::vector<std::unique_ptr<QTimer>> timers_;
+  // The pictures of the form's images, as loaded; each is painted to fit its label.
+  std::map<QObject*, QPixmap> pictures_;
   int form_token_ = 0;
   int paused_ = 0;
   bool pushing_ = false;

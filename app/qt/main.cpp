@@ -2,6 +2,7 @@
 // its unload handler ends it.
 
 #include <QApplication>
+#include <QIcon>
 #include <QMessageBox>
 #include <string>
 
@@ -10,7 +11,9 @@
 #include "foundation/program.h"
 #include "foundation/program_home.h"
 #include "foundation/services/home_lock.h"
+#include "foundation/platform/desktop_integration.h"
 #include "qt_ui.h"
+#include "window_geometry.h"
 
 int main(int argc, char** argv) {
   QApplication app(argc, argv);
@@ -55,13 +58,22 @@ int main(int argc, char** argv) {
   ui.SetProgram(program);
   program.CommandLine = command_line;
 
+  QApplication::setWindowIcon(
+      QIcon(QString::fromStdString(vardolin::ProgramIcon(program).string())));
+
   vardolin::MainWindow main_window(program);
-  main_window.Subscribe([](vardolin::Form&, vardolin::FormEvent event) {
-    if (event == vardolin::FormEvent::Unloaded) QApplication::quit();
+  const std::filesystem::path geometry = vardolin::qt::WindowGeometryFile(home);
+  // Subscribed ahead of the window's binder, so the window is still up when this runs.
+  main_window.Subscribe([&ui, &geometry](vardolin::Form& form, vardolin::FormEvent event) {
+    if (event != vardolin::FormEvent::Unloaded) return;
+    if (QWidget* window = ui.WindowOf(form)) vardolin::qt::SaveWindowGeometry(window, geometry);
+    QApplication::quit();
   });
   main_window.Load();
   if (!main_window.IsLoaded()) return 1;
   ui.ShowModeless(main_window);
+  if (QWidget* window = ui.WindowOf(main_window))
+    vardolin::qt::RestoreWindowGeometry(window, geometry);
   int rc = QApplication::exec();
   // The session may end the loop with the window still up: shut down as the window would.
   main_window.Unload();

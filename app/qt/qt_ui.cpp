@@ -4,8 +4,10 @@
 #include <QClipboard>
 #include <QEventLoop>
 #include <QFileDialog>
+#include <QLabel>
 #include <QMessageBox>
 #include <QStringList>
+#include <QStyle>
 #include <QWidget>
 
 #include "form_binder.h"
@@ -31,6 +33,29 @@ QString PatternsBothCases(const QString& patterns) {
       if (!out.contains(variant)) out << variant;
   }
   return out.join(u' ');
+}
+
+// The desktop style's own picture for the icon of a message box.
+QPixmap StylePicture(MessageIcon icon, QStyle* style) {
+  QStyle::StandardPixmap which;
+  switch (icon) {
+    case MessageIcon::Error:
+      which = QStyle::SP_MessageBoxCritical;
+      break;
+    case MessageIcon::Question:
+      which = QStyle::SP_MessageBoxQuestion;
+      break;
+    case MessageIcon::Warning:
+      which = QStyle::SP_MessageBoxWarning;
+      break;
+    case MessageIcon::Information:
+      which = QStyle::SP_MessageBoxInformation;
+      break;
+    default:
+      return {};
+  }
+  const int size = style->pixelMetric(QStyle::PM_MessageBoxIconSize);
+  return style->standardIcon(which).pixmap(size, size);
 }
 
 }  // namespace
@@ -60,7 +85,13 @@ int QtUi::AskUser(const std::string& text, int style, const std::string& title) 
   if (!program_) return ButtonsOfStyle(style).back();
   Dialog_MsgBox box(*program_);
   box.ImpostaValori(text, style, title);
-  ShowModal(box);
+  RunModal(box, [style](QWidget* window) {
+    if (auto* icon = window->findChild<QLabel*>(QStringLiteral("icon_style"))) {
+      QPixmap picture = StylePicture(IconOfStyle(style), window->style());
+      icon->setPixmap(picture);
+      icon->setVisible(!picture.isNull());
+    }
+  });
   return box.ExitValue ? box.ExitValue : ButtonsOfStyle(style).back();
 }
 
@@ -97,6 +128,10 @@ std::string QtUi::AskSaveFile(const FileRequest& request) {
 }
 
 void QtUi::ShowModal(Form& form) {
+  RunModal(form, {});
+}
+
+void QtUi::RunModal(Form& form, const std::function<void(QWidget*)>& prepare) {
   form.Load();
   if (!form.IsLoaded()) return;
   FormBinder binder(form, DialogParent());
@@ -113,6 +148,7 @@ void QtUi::ShowModal(Form& form) {
   for (FormBinder* b : paused) b->PauseTimers();
   modal_stack_.push_back(&binder);
 
+  if (prepare) prepare(binder.window());
   QEventLoop loop;
   QObject::connect(&binder, &FormBinder::unloaded, &loop, &QEventLoop::quit);
   binder.window()->setWindowModality(Qt::ApplicationModal);

@@ -3,6 +3,7 @@
 // own form models shown through the generic binder; file dialogs are Qt's.
 
 #include <QString>
+#include <functional>
 #include <map>
 #include <memory>
 #include <string>
@@ -49,6 +50,8 @@ class QtUi : public Ui {
 
  private:
   QWidget* DialogParent() const;
+  // A modal show; `prepare` dresses the window before it comes up.
+  void RunModal(Form& form, const std::function<void(QWidget*)>& prepare);
 
   Program* program_ = nullptr;
   std::map<const Form*, std::unique_ptr<FormBinder>> modeless_;

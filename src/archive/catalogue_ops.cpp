@@ -75,7 +75,10 @@ std::string MainTitleText(const Program& program) {
 }
 
 void UpdateMainTitle(Program& program) {
-  if (program.main.form) program.main.form->SetCaption(MainTitleText(program));
+  if (!program.main.form) return;
+  std::string title = MainTitleText(program);
+  if (program.GameRunning) title += program.GetText(text::GameRunningTitleMark);
+  program.main.form->SetCaption(title);
 }
 
 }  // namespace vardolin

@@ -21,6 +21,12 @@ inline constexpr std::int32_t CatalogueAutoSaveFailed = 1300;  // the path follo
 inline constexpr std::int32_t CatalogueSaveFailed = 1962;      // the path follows
 inline constexpr std::int32_t MainTitle = 1269;                // ~1 file name " (" count
 
+// The main window while a game runs: the mark behind its title, its status line, and the
+// question its close box asks then.
+inline constexpr std::int32_t GameRunningTitleMark = 6410;
+inline constexpr std::int32_t GameRunningStatus = 6411;
+inline constexpr std::int32_t CloseWhileGameRuns = 6412;  // ~1 CR LF, ~2 two CR LF
+
 // The base level's record in a new catalogue.
 inline constexpr std::int32_t BaseLevelName = 1095;
 inline constexpr std::int32_t BaseLevelNote = 1096;

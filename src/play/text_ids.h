@@ -25,7 +25,7 @@ inline constexpr std::int32_t MarkerFileNameWrite = 1183;  // fragment
 // Activation: folders and patterns (fragments).
 inline constexpr std::int32_t PlayFolderBaseCopy = 1125;
 inline constexpr std::int32_t PlayFolderIn = 1126;
-inline constexpr std::int32_t FilesFolder = 1127;
+inline constexpr std::int32_t PlayFilesFolder = 1127;
 inline constexpr std::int32_t LanguagePattern = 1145;
 inline constexpr std::int32_t ScriptNameLanguageStep = 1146;
 inline constexpr std::int32_t LanguageExtension = 1147;

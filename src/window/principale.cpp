@@ -182,7 +182,7 @@ void Principale::Form_KeyDown(int key_code, int shift) {
 }
 
 void Principale::Mnu_Exit_Click() {
-  Unload();
+  if (QueryUnload()) Unload();
 }
 
 }  // namespace vardolin

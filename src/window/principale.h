@@ -37,6 +37,8 @@ class Principale : public Form {
   // catalogue, -1 when none is chosen or the catalogue no longer holds it.
   std::optional<std::int32_t> ChosenLevelCode() const;
   int ChosenLevelIndex() const;
+  // While a game runs, closing the window asks first (principale_play.cpp).
+  bool QueryUnload() override;
 
   // What reading the settings found at load; start-up takes its course from them.
   LoadResult PrefsLoad;
@@ -225,6 +227,8 @@ class Principale : public Form {
   // Play and the game watcher (play/principale_play.cpp).
   void WirePlay();
   void Timer1_Timer();
+  void ShowGameState();
+  bool game_shown_ = false;  // whether the title and status line say the game runs
 
   // The editor's game settings (editor/setup_trle.cpp).
   void WireEditorSettings();

@@ -58,7 +58,7 @@ void Principale::WireJoystick() {
   Watcher.joystick = [this] {
     Program& p = program();
     JoystickDuringGame(p, {[&p] { PressPrintScreen(p, p.GameProcess); },
-                           [&p] { p.platform().End(p.GameProcess); }});
+                           [&p] { p.platform().EndWithoutWaiting(p.GameProcess); }});
   };
 }
 

@@ -1,10 +1,13 @@
-// The main window's part in playing: Pul_Play and the watcher's Timer1.
+// The main window's part in playing: Pul_Play, the watcher's Timer1, and what the window
+// shows and asks while a game runs.
 
 #include "window/principale_levels.h"
 #include "window/principale.h"
 #include "foundation/program.h"
 #include "play/game_watcher.h"
 #include "play/play_level.h"
+#include "archive/catalogue_ops.h"
+#include "archive/text_ids.h"
 #include "play/text_ids.h"
 #include "foundation/dialogs/ask.h"
 #include "foundation/ports/ui.h"
@@ -22,7 +25,10 @@ void PlayChosenLevel(Principale& main) {
 }
 
 void Principale::WirePlay() {
-  Pul_Play.SetHandler([this] { PlayChosenLevel(*this); });
+  Pul_Play.SetHandler([this] {
+    PlayChosenLevel(*this);
+    ShowGameState();
+  });
   Timer1.SetHandler([this] { Timer1_Timer(); });
 }
 
@@ -31,6 +37,21 @@ void Principale::Timer1_Timer() {
   // watcher noted; after a media game the collection of its pictures does that.
   if (WatchGame(program(), Watcher) == WatchEvent::CommonEnded)
     AggiornaDatiLivello(*this, program().FirstShotShown);
+  // Whoever started or saw the end of a game, the window says so within a tick.
+  if (game_shown_ != program().GameRunning) ShowGameState();
+}
+
+void Principale::ShowGameState() {
+  game_shown_ = program().GameRunning;
+  UpdateMainTitle(program());
+  Label_Info.SetCaption(game_shown_ ? program().GetText(text::GameRunningStatus) : std::string());
+}
+
+bool Principale::QueryUnload() {
+  // Closing ends the watching, not the game: what it saves from then on stays in its slots.
+  if (!program().GameRunning) return true;
+  return AskUser(program(), program().GetText(text::CloseWhileGameRuns, {"\r\n", "\r\n\r\n"}),
+                 msg::kYesNo | msg::kWarning) == msg::kYes;
 }
 
 }  // namespace vardolin

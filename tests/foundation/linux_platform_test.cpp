@@ -92,14 +92,23 @@ TEST_F(LinuxPlatformTest, AProgramThatIgnoresTheRequestToEndIsKilled) {
       dir.Write("stubborn.sh", "#!/bin/sh\ntrap '' TERM\nsleep 3 >/dev/null 2>&1 & wait\n");
   fs::permissions(script, fs::perms::owner_all);
   LinuxPlatform::Options options;
-  options.end_grace = milliseconds(100);
+  options.end_grace = milliseconds(300);
   LinuxPlatform quick_to_kill(options);
-  auto p = quick_to_kill.Start({script, {}, {}, false});
-  ASSERT_TRUE(p);
-  std::this_thread::sleep_for(milliseconds(100));
-  quick_to_kill.End(*p);
-  EXPECT_FALSE(quick_to_kill.IsRunning(*p));
-  EXPECT_EQ(quick_to_kill.ExitCode(*p), 128 + 9);
+  // End waits out the grace time; EndWithoutWaiting returns at once and the end comes later.
+  for (bool waiting : {true, false}) {
+    SCOPED_TRACE(waiting ? "End" : "EndWithoutWaiting");
+    auto p = quick_to_kill.Start({script, {}, {}, false});
+    ASSERT_TRUE(p);
+    std::this_thread::sleep_for(milliseconds(100));
+    const auto asked = std::chrono::steady_clock::now();
+    if (waiting)
+      quick_to_kill.End(*p);
+    else
+      quick_to_kill.EndWithoutWaiting(*p);
+    EXPECT_EQ(std::chrono::steady_clock::now() - asked < milliseconds(150), !waiting);
+    EXPECT_EQ(quick_to_kill.Wait(*p, milliseconds(3000)), WaitResult::Ended);
+    EXPECT_EQ(quick_to_kill.ExitCode(*p), 128 + 9);
+  }
 }
 
 TEST_F(LinuxPlatformTest, TheHandlerCanBreakOffTheProgram) {

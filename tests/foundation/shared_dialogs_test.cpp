@@ -9,10 +9,13 @@
 #include "foundation/dialogs/dialog_wait.h"
 #include "foundation/dialogs/progress.h"
 #include "foundation/dialogs/shared_dialogs.h"
+#include "foundation/pictures/bitmap.h"
+#include "foundation/pictures/picture_file.h"
 #include "foundation/platform/wine_registry.h"
 #include "foundation/program.h"
 #include "foundation/program_home.h"
 #include "foundation/settings/dialog_settings.h"
+#include "foundation/platform/desktop_integration.h"
 #include "foundation/text_ids.h"
 #include "language_file.h"
 #include "recording_platform.h"
@@ -61,7 +64,8 @@ TEST_F(DialogsTest, MessageBoxShowsTheButtonsOfItsStyleAndGivesTheirNumbers) {
       {16, {ok}, {1}},
       {48, {ok}, {1}},
       {64, {ok}, {1}},
-      {99, {ok}, {1}},
+      {4 + 48, {yes, no}, {6, 7}},  // the icon bits ride on top of the buttons
+      {9, {ok}, {1}},
   };
   for (const Case& c : cases) {
     for (size_t slot = 0; slot < c.results.size(); ++slot) {
@@ -221,6 +225,12 @@ TEST_F(DialogsTest, ProgressPercentIsWrittenOnlyWhenItChanges) {
 }
 
 TEST_F(DialogsTest, SplashOnlyWithItsPictureAndAnyClickClosesIt) {
+  // A fresh home has the picture that Vardolin ships, and the icon its desktop entries name.
+  Bitmap shipped;
+  ASSERT_EQ(ReadPictureFile(home / "splash.jpg", shipped), PictureResult::Ok);
+  EXPECT_EQ(shipped.width, 480);
+  EXPECT_EQ(shipped.height, 360);
+  EXPECT_TRUE(fs::is_regular_file(ProgramIcon(program)));
   fs::remove(home / "splash.jpg");
   EXPECT_FALSE(ShowSplash(program));
   EXPECT_TRUE(ui.ModelessShown().empty());

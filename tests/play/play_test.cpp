@@ -9,6 +9,8 @@
 #include <string>
 #include <vector>
 
+#include "archive/text_ids.h"
+#include "store_fixture.h"
 #include "foundation/services/log.h"
 #include "play/activation.h"
 #include "play/active_level.h"
@@ -17,7 +19,6 @@
 #include "play/play_level.h"
 #include "play/text_ids.h"
 #include "play_fixture.h"
-#include "store_fixture.h"
 
 namespace vardolin {
 namespace {
@@ -57,6 +58,11 @@ TEST(Play, AChosenLevelIsPlayedWatchedToItsEndAndReplacedByTheNext) {
   EXPECT_EQ(GetActiveLevelCode(f.program), 1);
   EXPECT_EQ(ReadFile(f.editor / "data/Beta.tr4"), "level Beta");
   EXPECT_EQ(f.main->Combo_Livelli.SelectedText(), "Beta (*)");
+  // The window says that the game runs, and its close box asks before it stops watching.
+  const std::string running = f.program.GetText(text::GameRunningTitleMark);
+  EXPECT_TRUE(f.main->Caption().ends_with(running)) << f.main->Caption();
+  f.ui.Answer(msg::kNo, "still running");
+  EXPECT_FALSE(f.main->QueryUnload());
   const std::string log = ReadFile(LogPath(f.program));
   EXPECT_EQ(log, "SetLevelInTrle()\nCommon level (non media files)\nCreate process for tom4: " +
                      (f.editor / "tomb4.exe").string() + "\n");
@@ -69,6 +75,8 @@ TEST(Play, AChosenLevelIsPlayedWatchedToItsEndAndReplacedByTheNext) {
   ASSERT_TRUE(f.TickUntilEnded());
   EXPECT_FALSE(f.program.GameProcess.Valid());
   EXPECT_EQ(f.main->Shots.current, 4) << "the panel shows the last pair";
+  EXPECT_FALSE(f.main->Caption().ends_with(running));
+  EXPECT_TRUE(f.main->QueryUnload());
   // The panels were refreshed: the summary counts the new savegame in the editor folder.
   EXPECT_TRUE(f.main->Label_InfoDir.Caption().ends_with("0 + 1"))
       << f.main->Label_InfoDir.Caption();

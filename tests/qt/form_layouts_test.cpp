@@ -1,15 +1,20 @@
 // Every form model against its layout: each control has a widget of its name and of a fitting
-// Qt type, and each widget the layout names as a control belongs to a control of the model.
+// Qt type, and each widget the layout names as a control belongs to a control of the model; and
+// every window, with the program's English captions, lays out without clipping at its smallest.
 
 #include <gtest/gtest.h>
 
 #include <QAction>
+#include <QLayout>
 #include <QMenu>
+#include <QPushButton>
 #include <QWidget>
 #include <memory>
 #include <set>
 
+#include "form_binder.h"
 #include "window/all_forms.h"
+#include "window/principale.h"
 #include "form_layout.h"
 #include "qt_test_support.h"
 
@@ -53,6 +58,55 @@ TEST(FormLayouts, EveryFormMatchesItsLayout) {
       if (!NamesAControl(name) || name.startsWith(u"qt_")) continue;
       EXPECT_TRUE(form->FindControl(name.toStdString()))
           << o->metaObject()->className() << " " << name.toStdString() << " has no control";
+    }
+  }
+}
+
+// What is cut or squeezed in the window as it stands: a part whose layout needs more room than
+// it has, a button narrower than its caption.
+std::vector<std::string> Clipped(QWidget* window) {
+  std::vector<std::string> out;
+  QList<QWidget*> widgets = window->findChildren<QWidget*>();
+  widgets.prepend(window);
+  for (QWidget* w : widgets) {
+    if (!w->isVisible()) continue;
+    const std::string name = w->objectName().toStdString();
+    if (QLayout* layout = w->layout(); layout && layout->isEnabled()) {
+      const QSize need = layout->minimumSize();
+      if (w->width() < need.width() || w->height() < need.height())
+        out.push_back(name + " is " + std::to_string(w->width()) + "x" +
+                      std::to_string(w->height()) + ", its layout needs " +
+                      std::to_string(need.width()) + "x" + std::to_string(need.height()));
+    }
+    if (auto* button = qobject_cast<QPushButton*>(w);
+        button && button->width() < button->sizeHint().width())
+      out.push_back(name + "'s caption is cut: " + std::to_string(button->width()) + " of " +
+                    std::to_string(button->sizeHint().width()));
+  }
+  return out;
+}
+
+TEST(FormLayouts, EveryWindowFitsItsCaptionsFromItsSmallestSizeUp) {
+  testing::QtProgram p;
+  for (const FormFactory& factory : AllForms()) {
+    SCOPED_TRACE(factory.name);
+    std::unique_ptr<Form> form = factory.make(p.program);
+    form->ReapplyCaptions();
+    auto* main = dynamic_cast<Principale*>(form.get());
+    // The main window shows one of its two panels at a time: both must fit.
+    for (bool screenshots : {false, true}) {
+      if (main) {
+        p.program.prefs.ShowScreenshotPanel = screenshots;
+        main->ShowChosenPanel();
+      } else if (screenshots) {
+        break;
+      }
+      qt::FormBinder binder(*form);
+      ASSERT_NE(binder.window(), nullptr);
+      binder.window()->show();
+      binder.window()->resize(1, 1);
+      testing::Spin(5);
+      for (const std::string& fault : Clipped(binder.window())) ADD_FAILURE() << fault;
     }
   }
 }

@@ -1,14 +1,18 @@
 #include <gtest/gtest.h>
 
 #include <QApplication>
+#include <QImage>
+#include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
+#include <QStyle>
 #include <QWidget>
 #include <filesystem>
 
 #include "bare_main_window.h"
 #include "foundation/pictures/bitmap.h"
 #include "qt_test_support.h"
+#include "window_geometry.h"
 
 namespace vardolin {
 namespace {
@@ -36,25 +40,42 @@ class QtUiTest : public ::testing::Test {
   testing::QtProgram p;
 };
 
-TEST_F(QtUiTest, AskUserShowsTheProgramsMessageBox) {
+TEST_F(QtUiTest, AskUserShowsTheProgramsMessageBoxWithTheIconOfItsStyle) {
+  constexpr auto kNone = QStyle::SP_CustomBase;
   struct Case {
     int style;
     const char* button;
     int result;
     int visible_buttons;
-  } cases[] = {{msg::kError, "Pul_Button1", msg::kOk, 1},
-               {msg::kYesNoCancel, "Pul_Button3", msg::kCancel, 3},
-               {msg::kYesNo, "Pul_Button2", msg::kNo, 2}};
+    QStyle::StandardPixmap icon;
+  } cases[] = {
+      {msg::kError, "Pul_Button1", msg::kOk, 1, QStyle::SP_MessageBoxCritical},
+      {msg::kYesNoCancel, "Pul_Button3", msg::kCancel, 3, QStyle::SP_MessageBoxQuestion},
+      {msg::kYesNo, "Pul_Button2", msg::kNo, 2, QStyle::SP_MessageBoxQuestion},
+      {msg::kOkCancel, "Pul_Button1", msg::kOk, 2, QStyle::SP_MessageBoxQuestion},
+      {msg::kYesNo | msg::kWarning, "Pul_Button1", msg::kYes, 2, QStyle::SP_MessageBoxWarning},
+      {msg::kInformation, "Pul_Button1", msg::kOk, 1, QStyle::SP_MessageBoxInformation},
+      {msg::kOkOnly, "Pul_Button1", msg::kOk, 1, kNone}};
   for (const Case& c : cases) {
     int visible = 0;
+    QImage shown;
     testing::Soon([&] {
       QWidget* box = OpenWindow("Dialog_MsgBox");
       ASSERT_NE(box, nullptr);
       for (QPushButton* b : box->findChildren<QPushButton*>()) visible += b->isVisible();
+      auto* icon = box->findChild<QLabel*>("icon_style");
+      ASSERT_NE(icon, nullptr);
+      if (icon->isVisible()) shown = icon->pixmap().toImage();
       Press("Dialog_MsgBox", c.button);
     });
     EXPECT_EQ(p.ui.AskUser("Question", c.style, "Title"), c.result) << c.style;
     EXPECT_EQ(visible, c.visible_buttons) << c.style;
+    QImage expected;
+    if (c.icon != kNone) {
+      const int size = QApplication::style()->pixelMetric(QStyle::PM_MessageBoxIconSize);
+      expected = QApplication::style()->standardIcon(c.icon).pixmap(size, size).toImage();
+    }
+    EXPECT_EQ(shown, expected) << c.style;
   }
 }
 
@@ -123,6 +144,38 @@ TEST_F(QtUiTest, PicturesOnTheClipboardComeBackPixelForPixelAndClear) {
   EXPECT_FALSE(p.ui.ClipboardHasImage());
   EXPECT_FALSE(p.ui.ClipboardImage(back));
   EXPECT_FALSE(p.ui.SetClipboardImage(Bitmap{}));
+}
+
+TEST(WindowGeometry, TheWindowComesBackWhereItWasLeft) {
+  testing::App();
+  testing::TempDir home;
+  const fs::path file = qt::WindowGeometryFile(home.path());
+  QWidget left;
+  left.setGeometry(40, 50, 420, 310);
+  left.show();
+  ASSERT_TRUE(qt::SaveWindowGeometry(&left, file));
+  struct Case {
+    const char* what;
+    std::string text;  // empty: the file just saved
+    bool restored;
+    QRect place;
+    bool maximised;
+  } cases[] = {
+      {"as saved", "", true, QRect(40, 50, 420, 310), false},
+      {"maximised", "30 40 500 350 1\n", true, QRect(30, 40, 500, 350), true},
+      {"off every screen", "-9000 -9000 380 260 0\n", true, QRect(0, 0, 380, 260), false},
+      {"damaged", "40 50 wide\n", false, QRect(0, 0, 200, 100), false},
+  };
+  for (const Case& c : cases) {
+    if (!c.text.empty()) home.Write(file.filename().string(), c.text);
+    QWidget window;
+    window.setGeometry(0, 0, 200, 100);
+    EXPECT_EQ(qt::RestoreWindowGeometry(&window, file), c.restored) << c.what;
+    EXPECT_EQ(window.isMaximized(), c.maximised) << c.what;
+    if (!c.maximised) {
+      EXPECT_EQ(window.geometry(), c.place) << c.what;
+    }
+  }
 }
 
 TEST(FileFilters, BecomeQtFiltersThatIgnoreCase) {

@@ -1,5 +1,6 @@
-// The desktop's windows on a real X server (Xvfb, private to the test): finding the game's window
-// by its process or title, grabbing what the screen shows of it, and bringing it to the front.
+// The desktop on a real X server (Xvfb, private to the test): finding the game's window by its
+// process or title, grabbing what the screen shows of it, bringing it to the front, and the hot
+// keys pressed meanwhile.
 #include <gtest/gtest.h>
 #include <unistd.h>
 
@@ -7,6 +8,7 @@
 
 #include "environment.h"
 #include "foundation/platform/linux_platform.h"
+#include "foundation/platform/virtual_keys.h"
 #include "foundation/program.h"
 #include "foundation/services/windows.h"
 #include "savegames/capture_source.h"
@@ -16,6 +18,8 @@
 // Last: Xlib's macros (None, Bool, Status) would reach into everything included after it.
 #include <X11/Xatom.h>
 #include <X11/Xlib.h>
+#include <X11/extensions/XTest.h>
+#include <X11/keysym.h>
 
 namespace vardolin {
 namespace {
@@ -163,6 +167,32 @@ TEST_F(X11Test, ActivatingCoversTheScreenAndTakesTheFocus) {
   XGetInputFocus(display, &focus, &revert);
   EXPECT_EQ(focus, game);
   EXPECT_FALSE(platform.ActivateWindow(0x7fffff)) << "a window that isn't there";
+}
+
+TEST_F(X11Test, AKeyPressedBetweenTwoLooksIsSeenOnce) {
+  testing::ScopedEnv env("DISPLAY", server.Name());
+  LinuxPlatform platform;
+  EXPECT_FALSE(platform.IsKeyDown(vk::kSnapshot));  // the first look starts the listening
+  const KeyCode print = XKeysymToKeycode(display, XK_Print);
+  const KeyCode f9 = XKeysymToKeycode(display, XK_F9);
+  struct Case {
+    const char* what;
+    std::vector<std::pair<KeyCode, bool>> presses;  // key, down
+    int key;
+    bool first_look, second_look;
+  } cases[] = {
+      {"Print Screen tapped", {{print, true}, {print, false}}, vk::kSnapshot, true, false},
+      {"F9 held", {{f9, true}}, vk::kF1 + 8, true, true},
+      {"F9 let go", {{f9, false}}, vk::kF1 + 8, false, false},
+      {"a tap of another key", {{print, true}, {print, false}}, vk::kF1 + 8, false, false},
+  };
+  for (const Case& c : cases) {
+    for (const auto& [code, down] : c.presses) XTestFakeKeyEvent(display, code, down, 0);
+    XSync(display, False);
+    std::this_thread::sleep_for(std::chrono::milliseconds(150));
+    EXPECT_EQ(platform.IsKeyDown(c.key), c.first_look) << c.what;
+    EXPECT_EQ(platform.IsKeyDown(c.key), c.second_look) << c.what;
+  }
 }
 
 TEST(X11WithoutDisplay, EverythingAnswersNone) {

@@ -1,5 +1,5 @@
 #pragma once
-// Which buttons a message-box style shows, left to right, as result numbers.
+// What a message-box style shows: its buttons, left to right, as result numbers, and its icon.
 
 #include <vector>
 
@@ -8,7 +8,8 @@
 namespace vardolin {
 
 inline std::vector<int> ButtonsOfStyle(int style) {
-  switch (style) {
+  // The low bits choose the buttons, the icon bits (16 ... 64) ride on top of them.
+  switch (style & 0x0F) {
     case msg::kOkCancel:
       return {msg::kOk, msg::kCancel};
     case msg::kAbortRetryIgnore:
@@ -20,8 +21,26 @@ inline std::vector<int> ButtonsOfStyle(int style) {
     case msg::kRetryCancel:
       return {msg::kRetry, msg::kCancel};
     default:
-      return {msg::kOk};  // 0, 16 and any other style
+      return {msg::kOk};
   }
+}
+
+enum class MessageIcon { None, Error, Question, Warning, Information };
+
+// A box without an icon bit that offers a choice (Yes/No, OK/Cancel ...) asks a question, and
+// shows it as one.
+inline MessageIcon IconOfStyle(int style) {
+  switch (style & 0x70) {
+    case msg::kError:
+      return MessageIcon::Error;
+    case msg::kQuestion:
+      return MessageIcon::Question;
+    case msg::kWarning:
+      return MessageIcon::Warning;
+    case msg::kInformation:
+      return MessageIcon::Information;
+  }
+  return ButtonsOfStyle(style).size() > 1 ? MessageIcon::Question : MessageIcon::None;
 }
 
 }  // namespace vardolin

@@ -70,6 +70,10 @@ std::string MimePackageText(const std::string& mime_type, const std::string& ext
          "</mime-info>\n";
 }
 
+fs::path ProgramIcon(const Program& program) {
+  return program.Home() / "vardolin.png";
+}
+
 fs::path ProgramExecutable(const Program& program) {
   std::error_code ec;
   fs::path self = fs::read_symlink("/proc/self/exe", ec);
@@ -80,7 +84,7 @@ fs::path ProgramExecutable(const Program& program) {
 bool RegisterCatalogueType(Program& program) {
   std::string extension = program.GetText(text::CatalogueTypeExtension);
   std::string mime = CatalogueMimeType(program.GetText(text::CatalogueTypeClass));
-  fs::path icon = program.Home() / "lara.ico";
+  fs::path icon = ProgramIcon(program);
   fs::path mime_file =
       program.Home() / (DesktopFileId(ToLower(program.GetText(text::CatalogueTypeClass))) + ".xml");
   // xdg-desktop-menu wants a vendor prefix in the file name.
@@ -114,8 +118,8 @@ bool CreateProgramShortcut(Program& program) {
   std::error_code ec;
   fs::create_directories(folder, ec);
   fs::path link = folder / (DesktopFileId(name) + ".desktop");
-  if (!AtomicWriteFile(link, DesktopEntryText(name, ProgramExecutable(program),
-                                              program.Home() / "lara.ico", {})))
+  if (!AtomicWriteFile(
+          link, DesktopEntryText(name, ProgramExecutable(program), ProgramIcon(program), {})))
     return false;
   fs::permissions(link, fs::perms::owner_exec | fs::perms::group_exec | fs::perms::others_exec,
                   fs::perm_options::add, ec);

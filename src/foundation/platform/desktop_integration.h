@@ -26,6 +26,9 @@ bool RegisterCatalogueType(Program& program);
 bool CreateProgramShortcut(Program& program);
 // The user's desktop folder.
 std::filesystem::path DesktopFolder(Program& program);
+// The program's icon in its folder, shipped with it: the desktop entries name it and the window
+// shows it.
+std::filesystem::path ProgramIcon(const Program& program);
 // The program file the links start: the running executable.
 std::filesystem::path ProgramExecutable(const Program& program);
 

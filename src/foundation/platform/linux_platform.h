@@ -1,7 +1,8 @@
 #pragma once
-// The Platform of a Linux desktop: child processes (Windows programs through Wine), X key state,
-// SDL2 joystick and sound, mount points as drives, xdg-open, the Wine prefix's registry, and the
-// X windows of the session.
+// The Platform of a Linux desktop: child processes (Windows programs through Wine), X key state
+// and XInput2 key presses, SDL2 joystick and sound, mount points as drives, xdg-open, the Wine
+// prefix's registry, and the X windows of the session. Its three parts: linux_processes.cpp,
+// linux_keys_joystick_beep.cpp and linux_drives.cpp.
 
 #include <chrono>
 #include <filesystem>
@@ -44,6 +45,8 @@ class LinuxPlatform : public Platform {
   bool IsRunning(const Process& process) override;
   // SIGTERM, then SIGKILL when the process is still there after the grace time.
   void End(Process& process) override;
+  // SIGTERM now, SIGKILL from a thread of its own when the grace time passes first.
+  void EndWithoutWaiting(Process& process) override;
   // The exit status, or 128 + the signal for a process a signal ended; -1 while it runs.
   int ExitCode(const Process& process) override;
   // Lines end at LF, CR LF or a lone CR (progress lines of console tools). A last line without
@@ -52,7 +55,8 @@ class LinuxPlatform : public Platform {
   int RunCapturing(const StartRequest& request,
                    const std::function<bool(const std::string& line)>& on_line) override;
 
-  // Without an X display every key reads up.
+  // Held, or pressed since the key was last asked for (XInput2 raw events, whichever window has
+  // the focus; a press is kept two seconds at most). Without an X display every key reads up.
   bool IsKeyDown(int virtual_key) override;
   // Axes scaled to 0..65535, button i in bit i; false without that joystick.
   bool ReadJoystick(int number, JoystickState& state) override;

@@ -77,6 +77,9 @@ class Platform {
   virtual WaitResult Wait(Process& process, std::chrono::milliseconds timeout) = 0;
   virtual bool IsRunning(const Process& process) = 0;
   virtual void End(Process& process) = 0;
+  // Asks the process to end and returns at once, for a window that must not freeze meanwhile;
+  // the end is seen later by Wait and IsRunning. Where a platform can't, it ends it as End does.
+  virtual void EndWithoutWaiting(Process& process) { End(process); }
   // Exit code of an ended process, -1 when unknown.
   virtual int ExitCode(const Process& process) = 0;
   // Runs a program with its standard output on a pipe and hands each line to `on_line`; a false
@@ -84,7 +87,8 @@ class Platform {
   virtual int RunCapturing(const StartRequest& request,
                            const std::function<bool(const std::string& line)>& on_line) = 0;
 
-  // Keys and joystick. Virtual-key codes as the program knows them (VK_F9 = 0x78 ...).
+  // Keys and joystick. Virtual-key codes as the program knows them (VK_F9 = 0x78 ...). A key
+  // reads down while it is held, and once after a press that was over before it was asked.
   virtual bool IsKeyDown(int virtual_key) = 0;
   virtual bool ReadJoystick(int number, JoystickState& state) = 0;
   virtual void Beep(int frequency_hz, int milliseconds) = 0;

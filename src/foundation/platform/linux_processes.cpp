@@ -1,25 +1,23 @@
-#include "foundation/platform/linux_platform.h"
-
-#include <SDL.h>
-#include <X11/Xlib.h>
+// The Linux platform's processes, and the desktop they meet: documents handed to the opener, the
+// Wine prefix's registry, the X windows of the session. Keys, joystick and beep, and drives, are
+// the platform's two other parts.
 #include <fcntl.h>
+#include <poll.h>
 #include <signal.h>
 #include <spawn.h>
-#include <sys/statvfs.h>
+#include <sys/syscall.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
 #include <cerrno>
-#include <cmath>
 #include <cstdlib>
 #include <fstream>
 #include <map>
 #include <mutex>
-#include <set>
 #include <thread>
 
-#include "foundation/platform/mounts.h"
-#include "foundation/platform/virtual_keys.h"
+#include "foundation/platform/linux_platform.h"
+#include "foundation/platform/linux_platform_impl.h"
 #include "foundation/platform/wine_registry.h"
 #include "foundation/platform/x11_windows.h"
 #include "foundation/services/files.h"
@@ -70,27 +68,6 @@ fs::path FindExecutable(const std::string& word) {
   return {};
 }
 
-std::map<std::string, std::string> DiskLabels() {
-  std::map<std::string, std::string> labels;  // real device path -> label
-  std::error_code ec;
-  for (fs::directory_iterator it("/dev/disk/by-label", ec), end; !ec && it != end;
-       it.increment(ec)) {
-    std::string raw = it->path().filename().string(), label;
-    for (std::size_t i = 0; i < raw.size(); ++i) {
-      if (raw.compare(i, 2, "\\x") == 0 && i + 3 < raw.size()) {
-        label += static_cast<char>(std::stoi(raw.substr(i + 2, 2), nullptr, 16));
-        i += 3;
-      } else {
-        label += raw[i];
-      }
-    }
-    std::error_code link_ec;
-    fs::path device = fs::canonical(it->path(), link_ec);
-    if (!link_ec) labels[device.string()] = label;
-  }
-  return labels;
-}
-
 }  // namespace
 
 std::vector<std::string> SplitCommandWords(std::string_view text) {
@@ -114,58 +91,32 @@ std::vector<std::string> SplitCommandWords(std::string_view text) {
   return words;
 }
 
-struct LinuxPlatform::Impl {
-  std::mutex mutex;
-  std::map<int, int> exit_codes;  // children we have reaped
-
-  bool display_tried = false;
-  Display* display = nullptr;
-
-  // The X display of the session, opened at first need; null without one.
-  Display* OpenDisplay() {
-    if (!display_tried) {
-      display_tried = true;
-      const char* name = std::getenv("DISPLAY");
-      if (name && *name) display = XOpenDisplay(nullptr);
-    }
-    return display;
+Display* LinuxPlatform::Impl::OpenDisplay() {
+  if (!display_tried) {
+    display_tried = true;
+    const char* name = std::getenv("DISPLAY");
+    if (name && *name) display = XOpenDisplay(nullptr);
   }
+  return display;
+}
 
-  bool joystick_tried = false, joystick_ok = false;
-  std::map<int, SDL_Joystick*> joysticks;
-
-  bool audio_tried = false;
-  SDL_AudioDeviceID audio = 0;
-  int audio_rate = 44100;
-
-  // Reaps `pid` if it has ended; true when its exit code is known.
-  bool Reap(int pid, bool block) {
-    {
-      std::lock_guard<std::mutex> lock(mutex);
-      if (exit_codes.count(pid)) return true;
-    }
-    int status = 0;
-    int r;
-    do {
-      r = ::waitpid(pid, &status, block ? 0 : WNOHANG);
-    } while (r < 0 && errno == EINTR);
-    if (r == pid) {
-      std::lock_guard<std::mutex> lock(mutex);
-      exit_codes[pid] = StatusToCode(status);
-      return true;
-    }
-    return false;
+bool LinuxPlatform::Impl::Reap(int pid, bool block) {
+  {
+    std::lock_guard<std::mutex> lock(mutex);
+    if (exit_codes.count(pid)) return true;
   }
-
-  ~Impl() {
-    if (display) XCloseDisplay(display);
-    for (auto& [n, js] : joysticks)
-      if (js) SDL_JoystickClose(js);
-    if (joystick_ok) SDL_QuitSubSystem(SDL_INIT_JOYSTICK);
-    if (audio) SDL_CloseAudioDevice(audio);
-    if (audio_tried) SDL_QuitSubSystem(SDL_INIT_AUDIO);
+  int status = 0;
+  int r;
+  do {
+    r = ::waitpid(pid, &status, block ? 0 : WNOHANG);
+  } while (r < 0 && errno == EINTR);
+  if (r == pid) {
+    std::lock_guard<std::mutex> lock(mutex);
+    exit_codes[pid] = StatusToCode(status);
+    return true;
   }
-};
+  return false;
+}
 
 LinuxPlatform::LinuxPlatform() : LinuxPlatform(Options{}) {}
 LinuxPlatform::LinuxPlatform(Options options)
@@ -260,6 +211,24 @@ void LinuxPlatform::End(Process& process) {
   }
 }
 
+void LinuxPlatform::EndWithoutWaiting(Process& process) {
+  if (!IsRunning(process)) return;
+  // A pidfd names this very process, so the late SIGKILL can never reach another one that got
+  // its number after the watcher reaped it. The watcher sees the end as it sees any end.
+  const int pidfd = static_cast<int>(::syscall(SYS_pidfd_open, process.pid, 0));
+  ::kill(process.pid, SIGTERM);
+  if (pidfd < 0) return;
+  std::thread([pidfd, grace = options_.end_grace] {
+    pollfd ended{pidfd, POLLIN, 0};
+    int r;
+    do {
+      r = ::poll(&ended, 1, static_cast<int>(grace.count()));
+    } while (r < 0 && errno == EINTR);
+    if (r == 0) ::syscall(SYS_pidfd_send_signal, pidfd, SIGKILL, nullptr, 0);
+    ::close(pidfd);
+  }).detach();
+}
+
 int LinuxPlatform::ExitCode(const Process& process) {
   if (!process.Valid() || !impl_->Reap(process.pid, false)) return -1;
   std::lock_guard<std::mutex> lock(impl_->mutex);
@@ -307,144 +276,6 @@ int LinuxPlatform::RunCapturing(const StartRequest& request,
     Wait(*process, milliseconds{-1});
   ::close(fds[0]);
   return ExitCode(*process);
-}
-
-bool LinuxPlatform::IsKeyDown(int virtual_key) {
-  if (!impl_->OpenDisplay()) return false;
-  char keys[32] = {};
-  XQueryKeymap(impl_->display, keys);
-  for (unsigned long sym : KeySymsOfVirtualKey(virtual_key)) {
-    KeyCode code = XKeysymToKeycode(impl_->display, sym);
-    if (code != 0 && (keys[code / 8] & (1 << (code % 8)))) return true;
-  }
-  return false;
-}
-
-bool LinuxPlatform::ReadJoystick(int number, JoystickState& state) {
-  Impl& d = *impl_;
-  if (!d.joystick_tried) {
-    d.joystick_tried = true;
-    SDL_SetHint(SDL_HINT_JOYSTICK_ALLOW_BACKGROUND_EVENTS, "1");
-    d.joystick_ok = SDL_InitSubSystem(SDL_INIT_JOYSTICK) == 0;
-  }
-  if (!d.joystick_ok || number < 0) return false;
-  SDL_PumpEvents();
-  SDL_FlushEvents(SDL_FIRSTEVENT, SDL_LASTEVENT);
-  SDL_JoystickUpdate();
-  SDL_Joystick*& js = d.joysticks[number];
-  if (js && !SDL_JoystickGetAttached(js)) {
-    SDL_JoystickClose(js);
-    js = nullptr;
-  }
-  if (!js && number < SDL_NumJoysticks()) js = SDL_JoystickOpen(number);
-  if (!js) return false;
-  auto axis = [&](int i) -> std::uint32_t {
-    if (i >= SDL_JoystickNumAxes(js)) return 32767;
-    return static_cast<std::uint32_t>(SDL_JoystickGetAxis(js, i) + 32768);
-  };
-  state.x = axis(0);
-  state.y = axis(1);
-  state.z = axis(2);
-  state.buttons = 0;
-  int buttons = std::min(SDL_JoystickNumButtons(js), 32);
-  for (int i = 0; i < buttons; ++i)
-    if (SDL_JoystickGetButton(js, i)) state.buttons |= 1u << i;
-  return true;
-}
-
-void LinuxPlatform::Beep(int frequency_hz, int ms) {
-  Impl& d = *impl_;
-  if (!d.audio_tried) {
-    d.audio_tried = true;
-    if (SDL_InitSubSystem(SDL_INIT_AUDIO) == 0) {
-      SDL_AudioSpec want{}, have{};
-      want.freq = 44100;
-      want.format = AUDIO_S16SYS;
-      want.channels = 1;
-      want.samples = 1024;
-      d.audio = SDL_OpenAudioDevice(nullptr, 0, &want, &have, SDL_AUDIO_ALLOW_FREQUENCY_CHANGE);
-      if (d.audio) d.audio_rate = have.freq;
-    }
-  }
-  if (!d.audio || frequency_hz <= 0 || ms <= 0) return;
-  const int count = static_cast<int>(static_cast<long long>(d.audio_rate) * ms / 1000);
-  const int fade = std::min(count / 2, d.audio_rate / 200);  // 5 ms ramps keep it from clicking
-  std::vector<std::int16_t> samples(static_cast<std::size_t>(count));
-  for (int i = 0; i < count; ++i) {
-    double gain = 1.0;
-    if (fade > 0) gain = std::min({1.0, double(i) / fade, double(count - 1 - i) / fade});
-    samples[static_cast<std::size_t>(i)] = static_cast<std::int16_t>(
-        9000 * gain * std::sin(2 * M_PI * frequency_hz * i / d.audio_rate));
-  }
-  SDL_QueueAudio(d.audio, samples.data(), static_cast<Uint32>(samples.size() * 2));
-  SDL_PauseAudioDevice(d.audio, 0);
-  auto deadline = Clock::now() + milliseconds(ms + 200);
-  while (SDL_GetQueuedAudioSize(d.audio) > 0 && Clock::now() < deadline)
-    std::this_thread::sleep_for(milliseconds(5));
-  SDL_ClearQueuedAudio(d.audio);
-}
-
-std::vector<DriveInfo> LinuxPlatform::ListDrives() {
-  std::vector<DriveInfo> drives;
-  std::string table = ReadWholeFile(options_.mounts_file);
-  std::map<std::string, std::string> labels = DiskLabels();
-  std::set<std::string> mounted_devices;
-  for (const MountEntry& m : ParseMounts(table)) {
-    int type = ClassifyMount(m, options_.sys_root);
-    if (type < 0) continue;
-    std::error_code ec;
-    if (!fs::is_directory(m.mount_point, ec)) continue;  // files bound into a container
-    DriveInfo d;
-    d.letter = m.mount_point;
-    d.type = type;
-    if (type == kDriveRemote) d.share_name = m.device;
-    std::error_code dev_ec;
-    fs::path device = m.device;
-    if (m.device.rfind("/dev/", 0) == 0) {
-      fs::path real = fs::canonical(m.device, dev_ec);
-      if (!dev_ec) device = real;
-      mounted_devices.insert(device.string());
-    }
-    struct statvfs st;
-    if (::statvfs(m.mount_point.c_str(), &st) == 0) {
-      d.ready = true;
-      d.serial = static_cast<std::uint32_t>(st.f_fsid);
-      d.total_bytes = static_cast<double>(st.f_blocks) * st.f_frsize;
-      d.free_bytes = static_cast<double>(st.f_bavail) * st.f_frsize;
-      auto label = labels.find(device.string());
-      if (label != labels.end()) d.volume_name = label->second.substr(0, 64);
-    }
-    drives.push_back(std::move(d));
-  }
-  // Optical drives with no disc in them are there too, like an empty drive letter.
-  std::error_code ec;
-  for (fs::directory_iterator it(options_.sys_root / "block", ec), end; !ec && it != end;
-       it.increment(ec)) {
-    std::string name = it->path().filename().string();
-    if (name.rfind("sr", 0) != 0) continue;
-    std::string device = "/dev/" + name;
-    std::error_code dev_ec;
-    fs::path real = fs::canonical(device, dev_ec);
-    if (mounted_devices.count(dev_ec ? device : real.string())) continue;
-    DriveInfo d;
-    d.letter = device;
-    d.type = kDriveCdRom;
-    drives.push_back(std::move(d));
-  }
-  return drives;
-}
-
-double LinuxPlatform::FreeBytes(const fs::path& any_path) {
-  std::error_code ec;
-  fs::path p = fs::absolute(any_path, ec);
-  if (ec) return -1;
-  while (!p.empty() && !fs::exists(p, ec)) {
-    if (p == p.parent_path()) break;
-    p = p.parent_path();
-  }
-  struct statvfs st;
-  if (p.empty() || ::statvfs(p.c_str(), &st) != 0) return -1;
-  return static_cast<double>(st.f_bavail) * st.f_frsize;
 }
 
 bool LinuxPlatform::ShellOpen(const std::string& document, const std::string& parameters,

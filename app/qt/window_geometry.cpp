@@ -1,0 +1,43 @@
+#include "window_geometry.h"
+
+#include <QGuiApplication>
+#include <QRect>
+#include <QScreen>
+#include <QWidget>
+#include <sstream>
+#include <string>
+
+#include "foundation/services/atomic_file.h"
+#include "foundation/services/files.h"
+
+namespace vardolin::qt {
+
+std::filesystem::path WindowGeometryFile(const std::filesystem::path& home) {
+  return home / "vardolin_window.txt";
+}
+
+bool RestoreWindowGeometry(QWidget* window, const std::filesystem::path& file) {
+  std::istringstream in(ReadWholeFile(file));
+  int x = 0, y = 0, width = 0, height = 0, maximised = 0;
+  if (!(in >> x >> y >> width >> height >> maximised) || width <= 0 || height <= 0) return false;
+  const QRect place(x, y, width, height);
+  if (QGuiApplication::screenAt(place.center()))
+    window->setGeometry(place);
+  else
+    window->resize(place.size());
+  if (maximised) window->setWindowState(window->windowState() | Qt::WindowMaximized);
+  return true;
+}
+
+bool SaveWindowGeometry(const QWidget* window, const std::filesystem::path& file) {
+  // A maximised window's own size is the screen's; the size to come back to is the normal one.
+  const bool maximised = window->isMaximized();
+  const QRect place = maximised ? window->normalGeometry() : window->geometry();
+  if (place.isEmpty()) return false;
+  std::ostringstream out;
+  out << place.x() << ' ' << place.y() << ' ' << place.width() << ' ' << place.height() << ' '
+      << (maximised ? 1 : 0) << '\n';
+  return AtomicWriteFile(file, out.str());
+}
+
+}  // namespace vardolin::qt

@@ -1,0 +1,19 @@
+#pragma once
+// The main window's place between runs: its size and place as a normal window and whether it was
+// maximised, in a small text file of its own beside the settings (whose byte layout is fixed):
+// "x y width height maximised".
+
+#include <filesystem>
+
+class QWidget;
+
+namespace vardolin::qt {
+
+// The file in the program's folder.
+std::filesystem::path WindowGeometryFile(const std::filesystem::path& home);
+// Puts the window where the file says. A missing or damaged file leaves it alone; a place that no
+// screen shows any more keeps the size and lets the desktop place the window.
+bool RestoreWindowGeometry(QWidget* window, const std::filesystem::path& file);
+bool SaveWindowGeometry(const QWidget* window, const std::filesystem::path& file);
+
+}  // namespace vardolin::qt
