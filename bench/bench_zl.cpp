@@ -96,7 +96,7 @@ double Seconds(const std::function<bool()>& body, bool& ok) {
 // so that load from elsewhere on the machine falls on both alike. The benchmark's own time
 // is ours; the label names the reference and the counters give its time and the ratio, as
 // bench/compare reads them.
-void MeasurePair(benchmark::State& state, const std::string& op, int kind, const char* reference,
+void MeasurePair(benchmark::State& state, const std::string& op, int kind, const char* tool,
                  const std::function<bool()>& ours, const std::function<bool()>& reference,
                  const std::function<void()>& after_reference = {}) {
   double total_ours = 0, total_ref = 0;
@@ -121,7 +121,7 @@ void MeasurePair(benchmark::State& state, const std::string& op, int kind, const
     total_ref += t_ref;
   }
   state.SetBytesProcessed(state.iterations() * kFilesPerKind * kFileSize);
-  state.SetLabel(std::string("vs:") + reference);
+  state.SetLabel(std::string("vs:") + tool);
   state.counters["reference_ms"] = 1000 * total_ref / state.iterations();
   state.counters["ratio"] = total_ours / total_ref;
   g_seconds[op + "/ours/" + kKindName[kind]] = total_ours / state.iterations();
