@@ -244,16 +244,16 @@ std::size_t ExpandFiles(const std::vector<std::pair<fs::path, fs::path>>& files,
       }
     }
   };
-  std::thread helper;
-  if (threads > 1 && files.size() > 1) {
+  std::vector<std::thread> helpers;
+  for (int t = 1; t < threads && static_cast<std::size_t>(t) < files.size(); ++t) {
     try {
-      helper = std::thread(work, false);
+      helpers.emplace_back(work, false);
     } catch (const std::exception&) {
-      // Without a second thread the files are expanded one after the other.
+      break;  // fewer threads only means fewer files at once
     }
   }
   work(true);
-  if (helper.joinable()) helper.join();
+  for (std::thread& helper : helpers) helper.join();
   return failed;
 }
 
