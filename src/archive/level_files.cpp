@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <string>
 #include <system_error>
+#include <utility>
 #include <vector>
 
 #include "archive/level_store.h"
@@ -17,6 +18,7 @@
 #include "foundation/services/wildcard.h"
 #include "web/dialog_zip.h"
 #include "web/text_ids.h"
+#include "web/zlib_tool.h"
 
 namespace vardolin {
 namespace fs = std::filesystem;
@@ -107,10 +109,9 @@ bool PrepareLevelFiles(Program& program, const fs::path& files_folder, fs::path&
       return false;
     }
     const std::string suffix = program.GetText(text::PackedSuffix);
+    std::vector<std::pair<fs::path, fs::path>> jobs;
     for (const fs::path& file : packed) {
       const std::string name = file.filename().string();
-      zip.Label_Info.SetCaption(program.GetText(text::ExpandingFile, {name}));
-      program.ui().DoEvents();
       std::string plain_name = name.substr(0, name.size() - std::min(name.size(), suffix.size()));
       SafeJoinResult target = SafeJoin(temporary, plain_name);
       if (!target) {
@@ -119,11 +120,33 @@ bool PrepareLevelFiles(Program& program, const fs::path& files_folder, fs::path&
         Abandon(program, temporary);
         return false;
       }
-      if (!zip.ExpandFile(file, target.path)) {
-        zip.Hide();
-        Abandon(program, temporary);
-        return false;
-      }
+      jobs.emplace_back(file, target.path);
+    }
+    // Two files at a time: inflating one stream keeps one core busy, and a level has many.
+    std::size_t shown = jobs.size();
+    ZlResult why = ZlResult::Ok;
+    const std::size_t failed = ExpandFiles(
+        jobs, why, 2, [&](std::size_t file, std::uint64_t done, std::uint64_t total) {
+          if (file != shown) {
+            shown = file;
+            zip.Label_Info.SetCaption(
+                program.GetText(text::ExpandingFile, {jobs[file].first.filename().string()}));
+          }
+          const int percent = total ? static_cast<int>(done * 100 / total) : 100;
+          if (percent != zip.ProgressBar1.Value()) {
+            zip.ProgressBar1.SetValue(percent);
+            zip.Refresh();
+          }
+          program.ui().DoEvents();
+        });
+    if (failed < jobs.size()) {
+      WriteLog(program, jobs[failed].first.string() + ": " + ZlResultName(why));
+      program.ui().AskUser(
+          program.GetText(text::CannotExpandFile, {jobs[failed].first.filename().string()}),
+          msg::kError, {});
+      zip.Hide();
+      Abandon(program, temporary);
+      return false;
     }
     DeleteMatchingFiles(temporary, PatternText(program, text::PackedCopiesPattern));
     zip.Hide();

@@ -207,14 +207,6 @@ std::string EditorLanguageFile(Program& program) {
 
 }  // namespace
 
-const std::vector<std::string>& EditorStandardNames() {
-  static const std::vector<std::string> names = {
-      "EDGEPTR.PCX",       "load.bmp",      "OBJECTS.H",       "script.DAT",      "Setup tomb4.lnk",
-      "tom2pc.exe",        "tomb4.exe",     "Uninst.isu",      "winroomedit.exe", "kvle.exe",
-      "Tomb_Kelverin.dll", "KV_Tom2Pc.exe", "kv_constants.txt"};
-  return names;
-}
-
 std::string LevelFileTarget(std::string_view file_name) {
   const std::string ext = ToLower(ExtractExtension(file_name));
   if (ext == ".tr4" || ext == ".pak") return "\\data\\";
@@ -400,7 +392,12 @@ bool SetLevelInTrle(Program& program, std::int32_t code) {
     std::error_code ec;
     fs::create_directories(target.path.parent_path(), ec);
     const bool stood = FileExists(target.path);
-    if (!CopyFileOver(sources[i], target.path, "activation-copy")) {
+    // Files expanded into the temporary folder aren't wanted there afterwards: moving them in
+    // costs a rename each instead of a second pass over the level's bytes.
+    const bool placed = temporary.empty()
+                            ? CopyFileOver(sources[i], target.path, "activation-copy")
+                            : MoveFileOver(sources[i], target.path, "activation-copy");
+    if (!placed) {
       copy_failed = true;
       failed_source = sources[i];
       failed_target = target.path;
@@ -448,89 +445,6 @@ bool SetLevelInTrle(Program& program, std::int32_t code) {
 
 bool ResetToBaseLevel(Program& program) {
   return SetLevelInTrle(program, 0);
-}
-
-void CleanEditorFolder(Program& program) {
-  const fs::path editor = Editor(program);
-  if (editor.empty()) return;
-  // Without a backup nothing deleted here could come back.
-  if (BackupComplete(program)) {
-    const std::string kept = ToLower(program.GetText(text::KeptRootExtension));
-    const std::string marker = ToLower(ActiveLevelFilePath(program).filename().string());
-    for (const fs::path& file : ListFiles(editor, "*")) {
-      const std::string name = file.filename().string();
-      if (ToLower(name) == marker) continue;
-      if (!kept.empty() && ToLower(ExtractExtension(name)) == kept) continue;
-      bool standard = false;
-      for (const std::string& s : EditorStandardNames()) standard = standard || SameName(s, name);
-      if (standard) continue;
-      FaultPoint("activation-remove");
-      DeleteFileForced(file);
-    }
-  }
-  for (std::int32_t id :
-       {text::CleanedFolder1, text::CleanedFolder2, text::CleanedFolder3, text::CleanedFolder4}) {
-    const fs::path folder = JoinFragment(editor, program.GetText(id));
-    if (FolderExists(folder)) DeleteFolderTree(folder);
-  }
-  RestoreEditorBasics(program);
-}
-
-void RestoreEditorBasics(Program& program) {
-  const fs::path editor = Editor(program);
-  const fs::path backup = Backup(program);
-  if (editor.empty()) return;
-  const std::int32_t pairs[2][2] = {{text::BasicFileFrom1, text::BasicFileTo1},
-                                    {text::BasicFileFrom2, text::BasicFileTo2}};
-  for (const auto& p : pairs) {
-    const fs::path from = JoinFragment(backup, program.GetText(p[0]));
-    if (!FileExists(from)) continue;
-    CopyFileOver(from, JoinFragment(editor, program.GetText(p[1])), "activation-copy");
-  }
-  for (const fs::path& file : ListFiles(backup, Pattern(program, text::BasicFilesPattern))) {
-    CopyFileOver(file, editor / file.filename(), "activation-copy");
-  }
-  PruneSavegames(program);
-}
-
-void PruneSavegames(Program& program) {
-  for (const fs::path& file : ListFiles(Editor(program), Pattern(program, text::SavegamePattern))) {
-    const std::string ext = ExtractExtension(file.filename().string());
-    const std::optional<std::int32_t> slot =
-        ext.size() > 1 ? ParseMarkerCode(std::string_view(ext).substr(1)) : std::nullopt;
-    if (slot && *slot >= 0 && *slot <= 14) continue;
-    FaultPoint("activation-remove");
-    DeleteFileForced(file);
-  }
-}
-
-void FixScriptFiles(Program& program) {
-  const fs::path editor = Editor(program);
-  const fs::path backup = Backup(program);
-  if (editor.empty()) return;
-  const std::string script = program.GetText(text::ScriptName);
-  bool has_script = false;
-  bool has_language = false;
-  for (const fs::path& file : ListFiles(editor, Pattern(program, text::ScriptPattern))) {
-    if (SameName(file.filename().string(), script))
-      has_script = true;
-    else
-      has_language = true;
-  }
-  if (!has_script) {
-    const fs::path from = JoinFragment(backup, program.GetText(text::ScriptFromBackup));
-    if (FileExists(from)) {
-      CopyFileOver(from, JoinFragment(editor, program.GetText(text::ScriptToEditor)),
-                   "activation-copy");
-    }
-  }
-  if (has_language) return;
-  const std::string backup_script = program.GetText(text::BackupScriptName);
-  for (const fs::path& file : ListFiles(backup, Pattern(program, text::BackupLanguagePattern))) {
-    if (SameName(file.filename().string(), backup_script)) continue;
-    CopyFileOver(file, editor / file.filename(), "activation-copy");
-    return;
-  }
 }
 
 }  // namespace vardolin

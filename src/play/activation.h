@@ -8,12 +8,12 @@
 #include <string_view>
 #include <vector>
 
+#include "play/editor_housekeeping.h"
+
 namespace vardolin {
 
 class Program;
 
-// The 13 names that stay in the root of the editor folder when it is cleaned.
-const std::vector<std::string>& EditorStandardNames();
 // Where a level file goes in the editor folder by its extension (case ignored): "\data\" for
 // .tr4 and .pak, "\audio\" for .wav, "\" for any other.
 std::string LevelFileTarget(std::string_view file_name);
@@ -33,15 +33,5 @@ inline constexpr std::int32_t kEditorFolderInUse = -2;
 std::int32_t RemoveCurrentLevel(Program& program, std::int32_t next_code);
 // The base level in the editor folder: a clean folder for whoever changes it next.
 bool ResetToBaseLevel(Program& program);
-// Deletes from the root what isn't the editor's own, removes the folders levels bring, then
-// RestoreEditorBasics.
-void CleanEditorFolder(Program& program);
-// Copies the editor's basic files back from the backup, then PruneSavegames.
-void RestoreEditorBasics(Program& program);
-// Deletes savegame files whose slot the game can't have (it has 0 to 14).
-void PruneSavegames(Program& program);
-// Sees to it that the script file and a language file stand in the editor folder, taking them
-// from the backup when missing.
-void FixScriptFiles(Program& program);
 
 }  // namespace vardolin

@@ -8,7 +8,9 @@
 #include <cerrno>
 #include <cstring>
 #include <exception>
+#include <mutex>
 #include <string>
+#include <thread>
 
 #include "web/zl_codec.h"
 
@@ -198,6 +200,61 @@ ZlResult ExpandFile(const fs::path& input, const fs::path& output, const ZlOptio
       Guarded([&] { return zl::Expand(source, in.Size(), sink, std::uint64_t(1) << 48, options); });
   if (result != ZlResult::Ok) return result;
   return out.Commit(options.sync) ? ZlResult::Ok : ZlResult::CannotWriteOutput;
+}
+
+std::size_t ExpandFiles(const std::vector<std::pair<fs::path, fs::path>>& files, ZlResult& failure,
+                        int threads, const ZlBatchProgress& progress) {
+  std::vector<std::uint64_t> sizes(files.size(), 0);
+  std::uint64_t total = 0;
+  for (std::size_t i = 0; i < files.size(); ++i) {
+    std::error_code ec;
+    const auto size = fs::file_size(files[i].first, ec);
+    sizes[i] = ec ? 0 : static_cast<std::uint64_t>(size);
+    total += sizes[i];
+  }
+  std::atomic<std::size_t> next{0};
+  std::atomic<std::uint64_t> finished{0};  // bytes of the files already expanded
+  std::atomic<bool> stop{false};
+  std::mutex mutex;
+  std::size_t failed = files.size();
+  failure = ZlResult::Ok;
+
+  // Each thread takes the next file not yet begun. Only the calling thread reports progress.
+  auto work = [&](bool caller) {
+    for (;;) {
+      if (stop.load()) return;
+      const std::size_t i = next.fetch_add(1);
+      if (i >= files.size()) return;
+      ZlOptions options;
+      options.threads = 1;
+      if (caller && progress)
+        options.progress = [&, i](std::uint64_t done, std::uint64_t) {
+          progress(i, finished.load() + done, total);
+        };
+      const ZlResult result =
+          Guarded([&] { return ExpandFile(files[i].first, files[i].second, options); });
+      finished += sizes[i];
+      if (result != ZlResult::Ok) {
+        std::lock_guard<std::mutex> lock(mutex);
+        if (i < failed) {
+          failed = i;
+          failure = result;
+        }
+        stop = true;
+      }
+    }
+  };
+  std::vector<std::thread> helpers;
+  for (int t = 1; t < threads && static_cast<std::size_t>(t) < files.size(); ++t) {
+    try {
+      helpers.emplace_back(work, false);
+    } catch (const std::exception&) {
+      break;  // fewer threads only means fewer files at once
+    }
+  }
+  work(true);
+  for (std::thread& helper : helpers) helper.join();
+  return failed;
 }
 
 ZlResult PackBytes(std::string_view data, std::string& packed, const ZlOptions& options) {

@@ -21,6 +21,8 @@
 #include <functional>
 #include <string>
 #include <string_view>
+#include <utility>
+#include <vector>
 
 namespace vardolin {
 
@@ -58,6 +60,20 @@ ZlResult PackFile(const std::filesystem::path& input, const std::filesystem::pat
 // Expands a `.zl` file. Nothing is left at `output` unless every byte checked out.
 ZlResult ExpandFile(const std::filesystem::path& input, const std::filesystem::path& output,
                     const ZlOptions& options = {});
+
+// Progress of several files: the one the calling thread expands now, and the `.zl` bytes of
+// all the files read so far against their total.
+using ZlBatchProgress =
+    std::function<void(std::size_t file, std::uint64_t done, std::uint64_t total)>;
+
+// Expands each `files[i].first` to `files[i].second`, `threads` files at once with the calling
+// thread as one of them: a level's files are many and each stream inflates on one core only.
+// `progress` is called on the calling thread alone, so a window may be updated from it. At the
+// first failure no further file is begun. Gives the index of the first file that failed
+// (`failure` says why), or files.size() when all stand.
+std::size_t ExpandFiles(
+    const std::vector<std::pair<std::filesystem::path, std::filesystem::path>>& files,
+    ZlResult& failure, int threads = 2, const ZlBatchProgress& progress = {});
 
 // The same in memory. Expansion refuses (Corrupt) a head that promises more than `max_size`.
 ZlResult PackBytes(std::string_view data, std::string& packed, const ZlOptions& options = {});

@@ -131,27 +131,6 @@ TEST_F(ActivationTest, WithoutAFullBackupTheLevelsAudioStays) {
   EXPECT_FALSE(fs::exists(editor / "data/a.tr4"));
 }
 
-TEST_F(ActivationTest, AMarkerCutAfterItsHeadIsSweptByTheNextActivation) {
-  const auto base = Snapshot(editor);
-  BaseSavegameAside();
-  // A crash in the middle of the copy: the head names level 1, the lists never came.
-  WriteMarker(FormatActiveLevelHead(
-      {"n1", "n2", "n3", "Level code:", "Level name:", "Replaced files:", "Level files:"}, 1,
-      "Level 1"));
-  WriteFile(editor / "readme_a.txt", "a's notes");
-  WriteFile(editor / "half_copied.dat.part", "cut");
-  WriteFile(editor / "data/a.tr4", "level a");
-  WriteFile(editor / "data/title.tr4", "a's ti");  // cut in the middle of its copy
-  ASSERT_TRUE(SetLevelInTrle(program, 2));
-  EXPECT_FALSE(fs::exists(editor / "readme_a.txt"));
-  EXPECT_FALSE(fs::exists(editor / "half_copied.dat.part"));
-  EXPECT_FALSE(fs::exists(editor / "data/a.tr4"));
-  EXPECT_EQ(ReadFile(editor / "data/title.tr4"), testing::EditorFileContent("data/title.tr4"));
-  EXPECT_EQ(GetActiveLevelCode(program), 2);
-  ASSERT_TRUE(ResetToBaseLevel(program));
-  EXPECT_EQ(Snapshot(editor), base);
-}
-
 TEST_F(ActivationTest, BrokenMarkersAreToldAndLeaveTheBaseLevel) {
   struct Case {
     std::string marker;
@@ -228,22 +207,6 @@ TEST_F(ActivationTest, AMissingScriptOrLanguageFileComesFromTheBackup) {
   FixScriptFiles(program);
   EXPECT_EQ(ReadFile(editor / "english.dat"), testing::EditorFileContent("english.dat"));
   EXPECT_EQ(ReadFile(editor / "script.dat"), testing::EditorFileContent("script.dat"));
-}
-
-TEST_F(ActivationTest, ACopyThatFailsEndsWithTheMessageAndTheNextActivationPutsThingsRight) {
-  const auto base = Snapshot(editor);
-  const auto store = Snapshot(Files(1));
-  // A folder where a file of the level should go: its copy fails as on a full disk.
-  fs::create_directories(editor / "readme_a.txt");
-  ui.Answer(msg::kOk, "readme_a.txt could not be copied into the editor folder as " +
-                          (editor / "readme_a.txt").string());
-  EXPECT_FALSE(SetLevelInTrle(program, 1));
-  EXPECT_EQ(GetActiveLevelCode(program), 1);  // what was copied is on the lists
-  fs::remove(editor / "readme_a.txt");
-  ASSERT_TRUE(SetLevelInTrle(program, 2));
-  ASSERT_TRUE(ResetToBaseLevel(program));
-  EXPECT_EQ(Snapshot(editor), base);
-  EXPECT_EQ(Snapshot(Files(1)), store);
 }
 
 TEST_F(ActivationTest, FilesNamedInCapitalsLeaveTheEditorsNamesAsTheyWere) {

@@ -206,6 +206,23 @@ bool CopyFileOver(const fs::path& source, const fs::path& target, const char* fa
   return false;
 }
 
+bool MoveFileOver(const fs::path& source, const fs::path& target, const char* fault_point) {
+  const bool disk_full = fault_point && FaultPoint(fault_point);
+  if (source.empty() || target.empty()) return false;
+  const fs::path src = ResolveCase(source);
+  if (!IsFile(src)) return false;
+  const fs::path dst = ResolveCase(target);
+  if (IsFolder(dst)) return false;
+  if (disk_full) {
+    // A rename that finds no room for the new entry leaves both files as they were.
+    errno = ENOSPC;
+    return false;
+  }
+  if (::rename(src.c_str(), dst.c_str()) == 0) return true;
+  if (errno != EXDEV) return false;
+  return CopyFileOver(src, dst) && DeleteFileForced(src);
+}
+
 std::string ReplaceFileQuestion(const fs::path& new_file, const fs::path& old_file) {
   std::ostringstream text;
   text << "Replace file: " << old_file.string() << "\n"

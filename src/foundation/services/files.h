@@ -38,6 +38,11 @@ bool DeleteFolderTree(const std::filesystem::path& folder);
 // names the test hook of the caller's step (see FaultPoint), reached as the copy begins.
 bool CopyFileOver(const std::filesystem::path& source, const std::filesystem::path& target,
                   const char* fault_point = nullptr);
+// Moves one file onto `target` as CopyFileOver would copy it, for a source that is not wanted
+// afterwards: a rename when both lie on one file system (the target is then the old file or the
+// new one, never a part), else a copy and a delete. False leaves the source in place.
+bool MoveFileOver(const std::filesystem::path& source, const std::filesystem::path& target,
+                  const char* fault_point = nullptr);
 // Copies the matching files of a folder (sub-folders skipped). With `overwrite` clear, a target
 // that stands is replaced only when AskReplaceFile says so. Stops at the first failed copy.
 bool CopyMatchingFiles(Program& program, const std::filesystem::path& source_folder,
