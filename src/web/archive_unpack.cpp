@@ -337,7 +337,7 @@ class Unpacker {
     }
 
     fs::path temp = final.parent_path() / (".vardolin-unzip-" + std::to_string(getpid()) + "-" +
-                                           std::to_string(pending_.size()) + ".part");
+                                           std::to_string(temps_made_++) + ".part");
     const bool exec = (archive_entry_perm(e) & 0111) != 0;
     int fd = ::open(temp.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, exec ? 0755 : 0644);
     if (fd < 0)
@@ -454,6 +454,7 @@ class Unpacker {
   UnpackFailure failure_ = UnpackFailure::None;
   std::string error_;
   std::vector<Pending> pending_;
+  std::size_t temps_made_ = 0;
   std::unordered_map<std::string, std::size_t> by_name_;
   std::unordered_set<std::string> links_;
   std::vector<fs::path> created_folders_;

@@ -138,7 +138,8 @@ TEST(ExtractZip, UnpacksAndMovesTheBarByFiles) {
                             {"script.dat", Text(50000, 2)}}));
   EXPECT_EQ(bar, (std::vector<int>{25, 50, 75, 100, 0}));
 
-  ASSERT_TRUE(ExtractZip(t.program, zip, flat, nullptr, false, false));
+  std::string why;
+  ASSERT_TRUE(ExtractZip(t.program, zip, flat, nullptr, false, false, &why)) << why;
   EXPECT_EQ(Tree(flat).size(), 3u);
   EXPECT_TRUE(fs::exists(flat / "044.wav"));
 }
@@ -188,7 +189,7 @@ TEST(ExtractZip, WhatComesOutOfAZipThatFailsOrHoldsNoFile) {
   }
 }
 
-TEST(ExtractZip, AskesThePasswordOncePerArchive) {
+TEST(ExtractZip, AsksThePasswordOncePerArchive) {
   TestProgram t;
   WriteArchive(t.home / "locked.zip", {{"one.txt", Text(3000, 5)}, {"two.txt", "2"}}, "zip",
                nullptr, "secret");
