@@ -125,7 +125,8 @@ TEST(ExtractZip, UnpacksAndMovesTheBarByFiles) {
                      {"data/title.tr4", Random(70000, 1)},
                      {"DATA/Title.TR4", "the later entry of a name wins"},
                      {"script.dat", Text(50000, 2)},
-                     {"audio/044.wav", "wave"}});
+                     {"audio/044.wav", "wave"},
+                     {"\x8a\x82.txt", "named in the OEM code page"}});
   std::vector<int> bar;
   window.ProgressBar1.Subscribe(
       [&](Control&, Change) { bar.push_back(window.ProgressBar1.Value()); });
@@ -135,12 +136,13 @@ TEST(ExtractZip, UnpacksAndMovesTheBarByFiles) {
   EXPECT_EQ(Tree(tree), (std::map<std::string, std::string>{
                             {"audio/044.wav", "wave"},
                             {"data/title.tr4", "the later entry of a name wins"},
+                            {"\u00e8\u00e9.txt", "named in the OEM code page"},
                             {"script.dat", Text(50000, 2)}}));
-  EXPECT_EQ(bar, (std::vector<int>{25, 50, 75, 100, 0}));
+  EXPECT_EQ(bar, (std::vector<int>{20, 40, 60, 80, 100, 0}));
 
   std::string why;
   ASSERT_TRUE(ExtractZip(t.program, zip, flat, nullptr, false, false, &why)) << why;
-  EXPECT_EQ(Tree(flat).size(), 3u);
+  EXPECT_EQ(Tree(flat).size(), 4u);
   EXPECT_TRUE(fs::exists(flat / "044.wav"));
 }
 
