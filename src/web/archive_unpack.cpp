@@ -3,7 +3,6 @@
 #include <archive.h>
 #include <archive_entry.h>
 #include <fcntl.h>
-#include <locale.h>
 #include <sys/mman.h>
 #include <sys/stat.h>
 #include <unistd.h>
@@ -26,6 +25,7 @@
 #include "foundation/services/paths.h"
 #include "foundation/services/safe_join.h"
 #include "foundation/services/strings.h"
+#include "web/utf8_locale.h"
 
 namespace vardolin::web {
 namespace fs = std::filesystem;
@@ -41,25 +41,6 @@ constexpr int kOemCodePage = 850;
 std::string Quoted(const std::string& s) {
   return "\"" + s + "\"";
 }
-
-// libarchive converts names into the charset of the calling thread's locale. Reading under
-// C.UTF-8 makes every name UTF-8 whatever locale the program runs in, without touching the
-// locale of other threads.
-class Utf8Locale {
- public:
-  Utf8Locale() {
-    static locale_t utf8 = newlocale(LC_ALL_MASK, "C.UTF-8", nullptr);
-    if (utf8) previous_ = uselocale(utf8);
-  }
-  ~Utf8Locale() {
-    if (previous_) uselocale(previous_);
-  }
-  Utf8Locale(const Utf8Locale&) = delete;
-  Utf8Locale& operator=(const Utf8Locale&) = delete;
-
- private:
-  locale_t previous_ = nullptr;
-};
 
 // The archive mapped into memory: libarchive then seeks for free, which the zip reader does
 // once per entry (10,000 small entries cost 10,000 seeks), and reads without copying.
@@ -208,7 +189,7 @@ class Unpacker {
         breathe_(program.ui()) {}
 
   UnpackResult Run() {
-    Utf8Locale locale;
+    ScopedUtf8Locale locale;
     MappedFile file;
     std::string error;
     if (!file.Open(archive_path_, error)) return Fail(UnpackFailure::Unreadable, error);
@@ -553,7 +534,7 @@ bool ListZipDirectory(const MappedFile& file, const std::function<void(const Lis
 
 bool ListArchive(const fs::path& archive_path, ArchiveKinds kinds,
                  const std::function<void(const ListedEntry&)>& each, std::string& error) {
-  Utf8Locale locale;
+  ScopedUtf8Locale locale;
   MappedFile file;
   if (!file.Open(archive_path, error)) return false;
   if (kinds == ArchiveKinds::Zip) {

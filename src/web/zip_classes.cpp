@@ -3,7 +3,6 @@
 #include <archive.h>
 #include <archive_entry.h>
 #include <fcntl.h>
-#include <locale.h>
 #include <sys/stat.h>
 #include <unistd.h>
 #include <zlib.h>
@@ -18,6 +17,7 @@
 #include "foundation/services/strings.h"
 #include "foundation/services/wildcard.h"
 #include "web/archive_unpack.h"
+#include "web/utf8_locale.h"
 
 namespace vardolin::web {
 namespace fs = std::filesystem;
@@ -102,24 +102,9 @@ struct EntryFree {
   void operator()(archive_entry* e) const { archive_entry_free(e); }
 };
 
-// Non-ASCII names get the zip's UTF-8 flag when the writer runs under a UTF-8 locale.
-class Utf8Locale {
- public:
-  Utf8Locale() {
-    static locale_t utf8 = newlocale(LC_ALL_MASK, "C.UTF-8", nullptr);
-    if (utf8) previous_ = uselocale(utf8);
-  }
-  ~Utf8Locale() {
-    if (previous_) uselocale(previous_);
-  }
-
- private:
-  locale_t previous_ = nullptr;
-};
-
 bool WriteZip(const fs::path& target, const std::vector<Item>& items,
               const std::function<void()>& on_file, std::string& error) {
-  Utf8Locale locale;
+  ScopedUtf8Locale locale;
   std::unique_ptr<archive, WriterFree> w(archive_write_new());
   archive_write_set_format_zip(w.get());
   archive_write_set_format_option(w.get(), "zip", "hdrcharset", "UTF-8");
