@@ -94,6 +94,11 @@ TEST(ListZipEntries, NamesAsAuthorsWriteThem) {
                      {"data\\x.tr4", "y"},
                      {"\x8a\x82.txt", "oem"}});
   WriteArchive(utf8, {{"citt\u00e0/\u00e8.txt", "u"}}, "zip", nullptr, nullptr, true);
+  dir.Write("sfx.exe", "MZ a self-extractor's program" + ReadFile(raw));
+  dir.Write("z64/level/room.tr4", "r");
+  ASSERT_EQ(
+      std::system(("cd " + (dir / "z64").string() + " && zip -q -r -fz ../z64.zip level").c_str()),
+      0);
   dir.Write("junk.zip", "not a zip at all");
   dir.Write("cut.zip", ReadFile(raw).substr(0, ReadFile(raw).size() / 2));
 
@@ -105,6 +110,8 @@ TEST(ListZipEntries, NamesAsAuthorsWriteThem) {
       {raw, true, {"a\\b\\c.tr4", "data\\x.tr4", "\u00e8\u00e9.txt"}},
       {raw, false, {"c.tr4", "x.tr4", "\u00e8\u00e9.txt"}},
       {utf8, true, {"citt\u00e0\\\u00e8.txt"}},
+      {dir / "sfx.exe", false, {"c.tr4", "x.tr4", "\u00e8\u00e9.txt"}},
+      {dir / "z64.zip", true, {"level\\room.tr4"}},
       {dir / "junk.zip", true, {}},
       {dir / "cut.zip", true, {}},
       {dir / "missing.zip", true, {}},
