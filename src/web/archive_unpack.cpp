@@ -85,8 +85,16 @@ Reader OpenReader(ArchiveKinds kinds) {
   if (kinds == ArchiveKinds::Zip) {
     archive_read_support_format_zip_seekable(a.get());
   } else {
-    archive_read_support_format_all(a.get());
-    archive_read_support_filter_all(a.get());
+    // Every packing format, but not mtree: an mtree "archive" is a list that makes libarchive
+    // read files from this machine's disk, which a hostile download would use to copy them.
+    archive* r = a.get();
+    for (auto support : {archive_read_support_format_7zip, archive_read_support_format_cab,
+                         archive_read_support_format_cpio, archive_read_support_format_iso9660,
+                         archive_read_support_format_lha, archive_read_support_format_rar,
+                         archive_read_support_format_rar5, archive_read_support_format_tar,
+                         archive_read_support_format_xar, archive_read_support_format_zip})
+      support(r);
+    archive_read_support_filter_all(r);
     archive_read_set_format_option(a.get(), "rar", "hdrcharset", kOemCharset);
   }
   archive_read_set_format_option(a.get(), "zip", "hdrcharset", kOemCharset);

@@ -272,10 +272,19 @@ TEST(ExtractWithTool, UnpacksEveryKindAndNamesWhatItCantRead) {
     EXPECT_TRUE(ExtractWithTool(t.program, t.home / name, target, true));
     EXPECT_EQ(Tree(target), expected);
   }
-  t.home.Write("target/old.txt", "stays");
-  t.ui.Answer(msg::kOk, "broken.rar");
-  EXPECT_FALSE(ExtractWithTool(t.program, t.home / "broken.rar", t.home / "target", false));
-  EXPECT_EQ(ReadFile(t.home / "target/old.txt"), "stays");
+  // An mtree list would have files of this machine read into the target.
+  const fs::path secret = t.home.Write("secret.txt", "not for levels");
+  t.home.Write("list.mtree", "#mtree\n./copied type=file contents=" + secret.string() + "\n");
+  for (const char* name : {"broken.rar", "list.mtree"}) {
+    SCOPED_TRACE(name);
+    t.home.Write("target/old.txt", "stays");
+    t.ui.Answer(msg::kOk, name);
+    EXPECT_FALSE(ExtractWithTool(t.program, t.home / name, t.home / "target", false));
+    EXPECT_EQ(Tree(t.home / "target"),
+              (std::map<std::string, std::string>{{"old.txt", "stays"},
+                                                  {"data/level.tr4", Random(5000, 6)},
+                                                  {"readme.txt", Text(2000, 7)}}));
+  }
 }
 
 TEST(ZipFolderToFile, WhatGoesInComesBackOut) {
