@@ -273,14 +273,16 @@ class Unpacker {
   bool Entry(archive* a, archive_entry* e) {
     std::string stored = EntryName(e);
     const auto type = archive_entry_filetype(e);
-    if (archive_entry_hardlink(e) || type == AE_IFLNK) {
+    if (type == AE_IFLNK) {
       // Links could carry later names out of the destination; levels need none.
       links_.insert(JoinParts(FoldedParts(stored), FoldedParts(stored).size()));
       Refuse(stored, "links are not unpacked");
       return true;
     }
-    const bool folder = type == AE_IFDIR || EndsWithSeparator(stored);
-    if (!folder && type != AE_IFREG) {
+    // A hard link without data of its own stands for a copy of a file brought earlier.
+    const char* copy_of = archive_entry_size(e) == 0 ? archive_entry_hardlink(e) : nullptr;
+    const bool folder = !copy_of && (type == AE_IFDIR || EndsWithSeparator(stored));
+    if (!copy_of && !folder && type != AE_IFREG) {
       Refuse(stored, "not a plain file");
       return true;
     }
@@ -308,32 +310,33 @@ class Unpacker {
       Refuse(stored, "a file stands where a folder of the name goes");
       return true;
     }
+    if (copy_of) return CopyEarlier(stored, copy_of, joined.path);
     return WriteFile(a, e, stored, joined.path);
   }
 
-  bool WriteFile(archive* a, archive_entry* e, const std::string& stored, const fs::path& place) {
+  // Opens the temporary file that will become `place` once the archive has been read, after
+  // checking that `size` bytes fit on the disk. -1 when the unpacking must stop.
+  int Claim(const std::string& stored, const fs::path& place, double size, bool exec) {
     // Names that differ only in case are one file, as on Windows: the later entry wins.
     std::string key = ToLower(place.string());
     auto seen = by_name_.find(key);
     fs::path final = seen == by_name_.end() ? place : pending_[seen->second].final;
 
-    if (archive_entry_size_is_set(e)) {
-      double size = static_cast<double>(archive_entry_size(e));
-      double free = DiskFreeBytes(program_.platform(), final.parent_path());
-      if (size > free)
-        return Stop(UnpackFailure::NoSpace, Quoted(stored) + " of " + Quoted(archive_name_) +
-                                                " needs " + FormatFileSize(size) +
-                                                " and the disk has " + FormatFileSize(free) +
-                                                " free");
-    }
+    double free = DiskFreeBytes(program_.platform(), final.parent_path());
+    if (size > free)
+      return Stop(UnpackFailure::NoSpace,
+                  Quoted(stored) + " of " + Quoted(archive_name_) + " needs " +
+                      FormatFileSize(size) + " and the disk has " + FormatFileSize(free) + " free"),
+             -1;
 
     fs::path temp = final.parent_path() / (".vardolin-unzip-" + std::to_string(getpid()) + "-" +
                                            std::to_string(temps_made_++) + ".part");
-    const bool exec = (archive_entry_perm(e) & 0111) != 0;
     int fd = ::open(temp.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, exec ? 0755 : 0644);
-    if (fd < 0)
-      return Stop(UnpackFailure::CannotWrite,
-                  Quoted(stored) + " can't be written: " + std::strerror(errno));
+    if (fd < 0) {
+      Stop(UnpackFailure::CannotWrite,
+           Quoted(stored) + " can't be written: " + std::strerror(errno));
+      return -1;
+    }
     std::error_code ec;
     Pending p{temp, final, stored, fs::exists(fs::symlink_status(final, ec))};
     if (seen == by_name_.end()) {
@@ -343,6 +346,42 @@ class Unpacker {
       ::unlink(pending_[seen->second].temp.c_str());
       pending_[seen->second].temp = temp;
     }
+    return fd;
+  }
+
+  bool CopyEarlier(const std::string& stored, const std::string& target, const fs::path& place) {
+    SafeJoinResult from =
+        SafeJoin(destination_, options_.honor_directories ? target : ExtractFileName(target));
+    auto source = from ? by_name_.find(ToLower(from.path.string())) : by_name_.end();
+    if (source == by_name_.end()) {
+      Refuse(stored, "a link to a file the archive doesn't bring before it");
+      return true;
+    }
+    const fs::path source_temp = pending_[source->second].temp;
+    std::error_code ec;
+    const auto size = fs::file_size(source_temp, ec);
+    int fd = Claim(stored, place, static_cast<double>(size), false);
+    if (fd < 0) return false;
+    int in = ::open(source_temp.c_str(), O_RDONLY | O_CLOEXEC);
+    off_t at = 0;
+    bool ok = in >= 0;
+    while (ok && static_cast<std::uintmax_t>(at) < size) {
+      ssize_t n = ::copy_file_range(in, &at, fd, nullptr, size - at, 0);
+      ok = n > 0;
+    }
+    if (in >= 0) ::close(in);
+    if (::close(fd) != 0 || !ok)
+      return Stop(UnpackFailure::CannotWrite, Quoted(stored) + " can't be written");
+    ++result_.files_done;
+    return true;
+  }
+
+  bool WriteFile(archive* a, archive_entry* e, const std::string& stored, const fs::path& place) {
+    const bool exec = (archive_entry_perm(e) & 0111) != 0;
+    int fd =
+        Claim(stored, place,
+              archive_entry_size_is_set(e) ? static_cast<double>(archive_entry_size(e)) : 0, exec);
+    if (fd < 0) return false;
 
     std::int64_t end = 0;
     for (;;) {

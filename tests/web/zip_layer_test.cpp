@@ -21,7 +21,7 @@ using vardolin::testing::TempDir;
 using vardolin::testing::TestProgram;
 
 struct Member {
-  enum Kind { File, Folder, Link };
+  enum Kind { File, Folder, Link, HardLink };
   Member(std::string n, std::string d, Kind k = File, std::string l = {})
       : name(std::move(n)), data(std::move(d)), kind(k), link(std::move(l)) {}
   std::string name;  // bytes as stored
@@ -53,6 +53,7 @@ void WriteArchive(const fs::path& path, const std::vector<Member>& members,
                                                            : AE_IFREG);
     archive_entry_set_perm(e, 0644);
     if (m.kind == Member::Link) archive_entry_set_symlink(e, m.link.c_str());
+    if (m.kind == Member::HardLink) archive_entry_set_hardlink(e, m.link.c_str());
     archive_entry_set_size(e, static_cast<la_int64_t>(m.data.size()));
     ASSERT_GE(archive_write_header(a, e), ARCHIVE_WARN) << archive_error_string(a);
     if (!m.data.empty()) archive_write_data(a, m.data.data(), m.data.size());
@@ -272,6 +273,17 @@ TEST(ExtractWithTool, UnpacksEveryKindAndNamesWhatItCantRead) {
     EXPECT_TRUE(ExtractWithTool(t.program, t.home / name, target, true));
     EXPECT_EQ(Tree(target), expected);
   }
+  // A hard link is a second copy of a file that came before it.
+  WriteArchive(t.home / "links.tar",
+               {{"data/level.tr4", Random(5000, 6)},
+                {"copy.tr4", "", Member::HardLink, "data/level.tr4"},
+                {"orphan.tr4", "", Member::HardLink, "nowhere.tr4"}},
+               "pax");
+  EXPECT_TRUE(ExtractWithTool(t.program, t.home / "links.tar", t.home / "linked", false));
+  EXPECT_EQ(Tree(t.home / "linked"),
+            (std::map<std::string, std::string>{{"data/level.tr4", Random(5000, 6)},
+                                                {"copy.tr4", Random(5000, 6)}}));
+
   // An mtree list would have files of this machine read into the target.
   const fs::path secret = t.home.Write("secret.txt", "not for levels");
   t.home.Write("list.mtree", "#mtree\n./copied type=file contents=" + secret.string() + "\n");
