@@ -11,6 +11,9 @@ inline constexpr std::int32_t ZipDialogCaption = 1078;  // " Zipping"
 inline constexpr std::int32_t CannotExpandFile = 1229;  // ~1 = the packed file's name
 inline constexpr std::int32_t PackedSuffix = 1253;      // ".zl", put behind a packed file's name
 
+// Archives.
+inline constexpr std::int32_t CannotUnpackArchive = 2255;  // shown behind the archive's name
+
 // Dialog_InputTesto.
 inline constexpr std::int32_t InputTestoClear = 5920;  // caption of Pul_Svuota
 

@@ -1,0 +1,217 @@
+// The zip layer against Info-ZIP's tools doing the same work in the same run.
+//
+//   extract   ExtractZip of a 200 MB zip of 40 files (20 of 5 MB that don't compress, 20 that
+//             compress about 2:1), made by zip -r        vs unzip -o -q into an empty folder
+//                                                          (goal <= 1)
+//   list      ListZipEntries of a zip of 10,000 small files  vs unzip -Z1 (goal <= 1)
+//   pack      ZipFolderToFile of the 40 files               vs zip -r -q (goal <= 1, and the
+//                                                          counter size_vs_zip <= 1.01)
+//
+// The zip is written to a fresh name each time, since zip adds to one that stands.
+
+#include <benchmark/benchmark.h>
+#include <fcntl.h>
+#include <spawn.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <chrono>
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+#include <functional>
+#include <string>
+#include <vector>
+
+#include "bench_data.h"
+#include "bench_ports.h"
+#include "foundation/program.h"
+#include "web/zip_layer.h"
+
+extern char** environ;
+
+namespace vardolin {
+namespace {
+
+namespace fs = std::filesystem;
+using Clock = std::chrono::steady_clock;
+
+constexpr std::size_t kFileSize = 5 * 1000 * 1000;
+constexpr int kFilesPerKind = 20;
+constexpr int kSmallEntries = 10000;
+
+void Write(const fs::path& path, const std::string& bytes) {
+  fs::create_directories(path.parent_path());
+  std::ofstream(path, std::ios::binary)
+      .write(bytes.data(), static_cast<std::streamsize>(bytes.size()));
+}
+
+// Runs a tool in `dir` with its output thrown away; true when it exits with 0.
+bool Run(std::vector<std::string> args, const fs::path& dir = {}) {
+  std::vector<char*> argv;
+  for (auto& a : args) argv.push_back(a.data());
+  argv.push_back(nullptr);
+  posix_spawn_file_actions_t actions;
+  posix_spawn_file_actions_init(&actions);
+  posix_spawn_file_actions_addopen(&actions, 1, "/dev/null", O_WRONLY, 0);
+  if (!dir.empty()) posix_spawn_file_actions_addchdir_np(&actions, dir.c_str());
+  pid_t pid;
+  int started = posix_spawnp(&pid, argv[0], &actions, nullptr, argv.data(), environ);
+  posix_spawn_file_actions_destroy(&actions);
+  if (started != 0) return false;
+  int status = 0;
+  return waitpid(pid, &status, 0) == pid && WIFEXITED(status) && WEXITSTATUS(status) == 0;
+}
+
+struct Bench {
+  fs::path root;
+  bench::SilentUi ui;
+  bench::NoPlatform platform;
+  Program program;
+  fs::path level, level_zip, small_zip;
+
+  Bench() : root(MakeRoot()), program(root / "home", ui, platform) {
+    level = root / "level";
+    for (int i = 0; i < 2 * kFilesPerKind; ++i) {
+      const bool random = i < kFilesPerKind;
+      Write(level / ("room" + std::to_string(i) + (random ? ".tr4" : ".wad")),
+            random ? bench::RandomBytes(kFileSize, 100 + i)
+                   : bench::CompressibleBytes(kFileSize, 200 + i));
+    }
+    level_zip = root / "level.zip";
+    if (!Run({"zip", "-r", "-q", level_zip.string(), "."}, level)) std::abort();
+
+    const fs::path small = root / "small";
+    for (int i = 0; i < kSmallEntries; ++i)
+      Write(small / ("dir" + std::to_string(i / 500)) / ("file" + std::to_string(i) + ".txt"),
+            "entry " + std::to_string(i));
+    small_zip = root / "small.zip";
+    if (!Run({"zip", "-r", "-q", small_zip.string(), "."}, small)) std::abort();
+  }
+  ~Bench() {
+    std::error_code ec;
+    fs::remove_all(root, ec);
+  }
+  static fs::path MakeRoot() {
+    std::string tmpl = (fs::temp_directory_path() / "vardolin-bench-zip-XXXXXX").string();
+    if (!mkdtemp(tmpl.data())) std::abort();
+    return tmpl;
+  }
+  fs::path Fresh(const char* name) {
+    fs::path p = root / name;
+    std::error_code ec;
+    fs::remove_all(p, ec);
+    return p;
+  }
+};
+
+Bench& TheBench() {
+  static Bench bench;
+  return bench;
+}
+
+double Seconds(const std::function<bool()>& body, benchmark::State& state) {
+  auto start = Clock::now();
+  if (!body()) state.SkipWithError("the operation failed");
+  return std::chrono::duration<double>(Clock::now() - start).count();
+}
+
+void Label(benchmark::State& state, const char* reference) {
+  if (reference) state.SetLabel(std::string("vs:") + reference);
+}
+
+void BM_ExtractZip(benchmark::State& state) {
+  Bench& b = TheBench();
+  for (auto _ : state) {
+    fs::path target = b.Fresh("extract");
+    state.SetIterationTime(Seconds(
+        [&] { return ExtractZip(b.program, b.level_zip, target, nullptr, true, false); },
+        state));
+  }
+  Label(state, "BM_UnzipO");
+}
+
+void BM_UnzipO(benchmark::State& state) {
+  Bench& b = TheBench();
+  for (auto _ : state) {
+    fs::path target = b.Fresh("extract");
+    state.SetIterationTime(Seconds(
+        [&] {
+          return Run({"unzip", "-o", "-q", b.level_zip.string(), "-d", target.string()});
+        },
+        state));
+  }
+  Label(state, nullptr);
+}
+
+void BM_ListZipEntries(benchmark::State& state) {
+  Bench& b = TheBench();
+  for (auto _ : state) {
+    state.SetIterationTime(Seconds(
+        [&] {
+          std::int32_t count = 0;
+          ListZipEntries(b.small_zip, count, true);
+          return count == kSmallEntries;
+        },
+        state));
+  }
+  Label(state, "BM_UnzipZ1");
+}
+
+void BM_UnzipZ1(benchmark::State& state) {
+  Bench& b = TheBench();
+  for (auto _ : state)
+    state.SetIterationTime(Seconds(
+        [&] {
+          return Run({"unzip", "-Z1", b.small_zip.string()});
+        },
+        state));
+  Label(state, nullptr);
+}
+
+void BM_ZipFolderToFile(benchmark::State& state) {
+  Bench& b = TheBench();
+  for (auto _ : state) {
+    fs::path zip = b.Fresh("ours.zip");
+    state.SetIterationTime(Seconds(
+        [&] { return ZipFolderToFile(b.program, b.level, zip, nullptr, false); }, state));
+  }
+  fs::path theirs = b.root / "theirs.zip";
+  if (fs::exists(theirs))
+    state.counters["size_vs_zip"] = static_cast<double>(fs::file_size(b.root / "ours.zip")) /
+                                    static_cast<double>(fs::file_size(theirs));
+  Label(state, "BM_ZipRQ");
+}
+
+void BM_ZipRQ(benchmark::State& state) {
+  Bench& b = TheBench();
+  for (auto _ : state) {
+    fs::path zip = b.Fresh("theirs.zip");
+    state.SetIterationTime(Seconds(
+        [&] {
+          return Run({"zip", "-r", "-q", zip.string(), "."}, b.level);
+        },
+        state));
+  }
+  Label(state, nullptr);
+}
+
+#define FIGURE ->UseManualTime()->Unit(benchmark::kMillisecond)
+BENCHMARK(BM_UnzipO) FIGURE->Iterations(5);
+BENCHMARK(BM_ExtractZip) FIGURE->Iterations(5);
+BENCHMARK(BM_UnzipZ1) FIGURE->Iterations(20);
+BENCHMARK(BM_ListZipEntries) FIGURE->Iterations(20);
+BENCHMARK(BM_ZipRQ) FIGURE->Iterations(3);
+BENCHMARK(BM_ZipFolderToFile) FIGURE->Iterations(3);
+
+}  // namespace
+}  // namespace vardolin
+
+int main(int argc, char** argv) {
+  benchmark::Initialize(&argc, argv);
+  if (benchmark::ReportUnrecognizedArguments(argc, argv)) return 1;
+  vardolin::TheBench();  // the zips are made before any timing
+  benchmark::RunSpecifiedBenchmarks();
+  benchmark::Shutdown();
+  return 0;
+}

@@ -1,0 +1,67 @@
+#pragma once
+// Reading archives in-process with libarchive: listing their names and unpacking them into a
+// folder without ever writing outside it.
+//
+// Names come as authors make them: '/' or '\' separators, folder entries, zip names in the OEM
+// code page or in UTF-8 when the zip says so; every name reaches the caller as UTF-8. Each one
+// is joined onto the destination through SafeJoin, and a name that passes through a link stored
+// in the same archive is refused too (links themselves are never made). A refused name is
+// skipped and told in the result; the other files still come in.
+//
+// An unpacking either completes or leaves the destination as it found it: every file is written
+// under a temporary name beside its place and renamed into place only once the whole archive
+// has been read, so a damaged archive, a wrong password or a full disk takes back all it wrote.
+
+#include <cstdint>
+#include <filesystem>
+#include <functional>
+#include <string>
+#include <vector>
+
+namespace vardolin {
+class Program;
+}
+
+namespace vardolin {
+
+enum class ArchiveKinds {
+  Zip,  // zip files only, self-extracting ones included
+  Any,  // every format and compression libarchive reads: 7z, rar, tar, tar.gz, cab, iso ...
+};
+
+enum class UnpackFailure { None, Unreadable, Damaged, Password, NoSpace, CannotWrite };
+
+struct ListedEntry {
+  std::string name;  // UTF-8, separators as stored
+  bool folder = false;
+};
+
+// Calls `each` for every entry in archive order. False, with `error` naming the archive, when
+// it can't be read to its end; the entries met before that have been given.
+bool ListArchive(const std::filesystem::path& archive, ArchiveKinds kinds,
+                 const std::function<void(const ListedEntry&)>& each, std::string& error);
+
+struct UnpackOptions {
+  ArchiveKinds kinds = ArchiveKinds::Zip;
+  bool honor_directories = true;     // false: every file lands directly in the destination
+  bool space_to_underscore = false;  // blanks in names become '_'
+  // After each file written: the count so far, and how far through the archive's bytes the
+  // reading has come (0 to 1).
+  std::function<void(std::int64_t files_done, double fraction)> progress;
+};
+
+struct UnpackResult {
+  bool ok = false;
+  UnpackFailure failure = UnpackFailure::None;
+  std::int64_t files_done = 0;
+  std::string message;               // why it failed, naming the archive and the entry
+  std::vector<std::string> refused;  // one line per name that was skipped, with the reason
+};
+
+// Unpacks `archive` into `destination` (made when missing). A password is asked through the
+// program's Ui ("Please Enter The Password!") at most once per archive; an empty answer gives
+// up. Before each file is written its size is checked against the free space of the disk.
+UnpackResult UnpackArchive(Program& program, const std::filesystem::path& archive,
+                           const std::filesystem::path& destination, const UnpackOptions& options);
+
+}  // namespace vardolin
