@@ -10,7 +10,6 @@
 #include "archive/editor_backup.h"
 #include "archive/level_files.h"
 #include "archive/level_store.h"
-#include "foundation/dialogs/dialog_progress.h"
 #include "foundation/dialogs/shared_dialogs.h"
 #include "foundation/program.h"
 #include "foundation/services/atomic_file.h"
@@ -84,14 +83,6 @@ void ClearReadOnlyFile(const fs::path& file) {
   fs::permissions(file, fs::perms::owner_write, fs::perm_options::add, ec);
 }
 
-void SetBar(Program& program, int value, int max) {
-  if (Dialog_Progress* dialog = ProgressDialog(program)) {
-    dialog->ProgressBar1.SetMax(max);
-    dialog->ProgressBar1.SetValue(value);
-  }
-  program.ui().DoEvents();
-}
-
 // Saves play files into `folder` and takes them out of the editor folder.
 void MovePlayFiles(Program& program, const fs::path& folder, std::int32_t keep,
                    std::int32_t remove) {
@@ -128,7 +119,7 @@ bool RemoveLevelFiles(Program& program, const std::string& marker) {
   if (!files.empty()) ShowProgressDialog(program, program.GetText(text::RemovingLevelCaption));
   int done = 0;
   for (const std::string& entry : files) {
-    SetBar(program, done++, static_cast<int>(files.size()));
+    StepProgressDialog(program, done++, static_cast<int>(files.size()));
     // Without a full backup the audio files the level replaced can't be given back, so the
     // level's ones are the best the folder can keep.
     if (!program.prefs.FullBackupDone && ToLower(entry.substr(0, 7)) == audio) continue;
@@ -150,7 +141,7 @@ bool RemoveLevelFiles(Program& program, const std::string& marker) {
   const fs::path backup = Backup(program);
   done = 0;
   for (const std::string& entry : replaced) {
-    SetBar(program, done++, static_cast<int>(replaced.size()));
+    StepProgressDialog(program, done++, static_cast<int>(replaced.size()));
     const SafeJoinResult from = Inside(backup, entry);
     const SafeJoinResult to = Inside(editor, entry);
     if (!from || !to || !FileExists(from.path)) continue;
@@ -220,13 +211,15 @@ bool RefusedWhileGameRuns(Program& program) {
   return true;
 }
 
-std::int32_t RemoveCurrentLevel(Program& program, std::int32_t next_code) {
+namespace {
+
+// RemoveCurrentLevel without telling the window, so that an activation tells it once.
+std::int32_t TakeOutCurrentLevel(Program& program, std::int32_t next_code) {
   // The game reads and writes the editor folder while it runs: nothing may move there then.
   if (RefusedWhileGameRuns(program)) return kEditorFolderInUse;
   const fs::path marker_path = ActiveLevelFilePath(program);
   if (!FileExists(marker_path)) {
     SaveBasePlayFiles(program);
-    program.notify.LevelListChanged();
     return 0;
   }
   const std::string marker = ReadWholeFile(marker_path);
@@ -276,11 +269,9 @@ std::int32_t RemoveCurrentLevel(Program& program, std::int32_t next_code) {
   CleanEditorFolder(program);
   FaultPoint("activation-remove");
   DeleteFileForced(marker_path);
-  program.notify.LevelListChanged();
   return previous;
 }
 
-namespace {
 // A failed activation leaves the base level in the folder: its play files, kept aside when the
 // previous level was taken out, come back, or the next removal would empty their folder.
 bool BackToBase(Program& program) {
@@ -291,11 +282,10 @@ bool BackToBase(Program& program) {
         Editor(program), true, "*");
   return false;
 }
-}  // namespace
 
-bool SetLevelInTrle(Program& program, std::int32_t code) {
+bool PutLevelInTrle(Program& program, std::int32_t code) {
   const fs::path editor = Editor(program);
-  const std::int32_t previous = RemoveCurrentLevel(program, code);
+  const std::int32_t previous = TakeOutCurrentLevel(program, code);
   if (previous == kEditorFolderInUse) return false;
   if (previous == code) {
     if (code == 0)
@@ -348,7 +338,6 @@ bool SetLevelInTrle(Program& program, std::int32_t code) {
                     editor, true, "*");
   if (code == 0) {
     DeleteFileForced(marker_path);
-    program.notify.LevelListChanged();
     return true;
   }
 
@@ -386,7 +375,7 @@ bool SetLevelInTrle(Program& program, std::int32_t code) {
   fs::path failed_source, failed_target;
   if (!sources.empty()) ShowProgressDialog(program, program.GetText(text::CopyingLevelCaption));
   for (std::size_t i = 0; i < sources.size(); ++i) {
-    SetBar(program, static_cast<int>(i), static_cast<int>(sources.size()));
+    StepProgressDialog(program, static_cast<int>(i), static_cast<int>(sources.size()));
     const SafeJoinResult target = Inside(editor, targets[i]);
     if (!target) continue;
     std::error_code ec;
@@ -439,8 +428,22 @@ bool SetLevelInTrle(Program& program, std::int32_t code) {
     return false;
   }
   FixScriptFiles(program);
-  program.notify.LevelListChanged();
   return true;
+}
+
+}  // namespace
+
+std::int32_t RemoveCurrentLevel(Program& program, std::int32_t next_code) {
+  const std::int32_t previous = TakeOutCurrentLevel(program, next_code);
+  if (previous != kEditorFolderInUse) program.notify.LevelListChanged();
+  return previous;
+}
+
+bool SetLevelInTrle(Program& program, std::int32_t code) {
+  // Whatever way it ends, the list shows what stands in the editor folder now, and only once.
+  const bool done = PutLevelInTrle(program, code);
+  program.notify.LevelListChanged();
+  return done;
 }
 
 bool ResetToBaseLevel(Program& program) {

@@ -34,6 +34,14 @@ Dialog_Progress* ProgressDialog(Program& program) {
   return program.open_forms.Find<Dialog_Progress>("Dialog_Progress");
 }
 
+void StepProgressDialog(Program& program, int value, int max) {
+  if (Dialog_Progress* dialog = ProgressDialog(program)) {
+    dialog->ProgressBar1.SetMax(max);
+    dialog->ProgressBar1.SetValue(value);
+  }
+  program.ui().DoEvents();
+}
+
 void ShowWaitMessage(Program& program, const std::string& text) {
   auto& dialog =
       static_cast<Dialog_Wait&>(program.open_forms.Keep(std::make_unique<Dialog_Wait>(program)));

@@ -15,6 +15,9 @@ void ShowProgressDialog(Program& program, const std::string& caption = {});
 void HideProgressDialog(Program& program);
 // The progress window while it is up, else null.
 Dialog_Progress* ProgressDialog(Program& program);
+// Moves the progress window's bar to `value` of `max`, when the window is up, and lets the
+// interface breathe; long loops call it once per step.
+void StepProgressDialog(Program& program, int value, int max);
 
 // Shows Dialog_Wait with the text and refreshes it at once.
 void ShowWaitMessage(Program& program, const std::string& text);
