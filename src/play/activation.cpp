@@ -30,19 +30,8 @@ namespace {
 
 constexpr const char* kLineEnd = "\r\n";
 
-fs::path Editor(const Program& program) {
-  return fs::path(Trim(program.prefs.EditorFolder));
-}
-
 fs::path Backup(const Program& program) {
   return EditorBackupFolder(program);
-}
-
-// A pattern text may be written as a fragment ("\*.dat"); ListFiles wants the bare pattern.
-std::string Pattern(const Program& program, std::int32_t id) {
-  std::string p = program.GetText(id);
-  while (!p.empty() && (p.front() == '\\' || p.front() == '/')) p.erase(0, 1);
-  return p;
 }
 
 bool SameName(std::string_view a, std::string_view b) {
@@ -86,9 +75,9 @@ void ClearReadOnlyFile(const fs::path& file) {
 // Saves play files into `folder` and takes them out of the editor folder.
 void MovePlayFiles(Program& program, const fs::path& folder, std::int32_t keep,
                    std::int32_t remove) {
-  const fs::path editor = Editor(program);
-  CopyMatchingFiles(program, editor, folder, true, Pattern(program, keep));
-  DeleteMatchingFiles(editor, Pattern(program, remove));
+  const fs::path editor = EditorFolderPath(program);
+  CopyMatchingFiles(program, editor, folder, true, WithoutLeadingSeparators(program.GetText(keep)));
+  DeleteMatchingFiles(editor, WithoutLeadingSeparators(program.GetText(remove)));
 }
 
 // The base level is in the folder: its play files go to its play folder.
@@ -112,7 +101,7 @@ fs::path AsInBackup(const fs::path& backup_file, const fs::path& place) {
 // Deletes the level's files named by the marker. False (and the user told) at the first file
 // that won't go. Names that would lead out of the editor folder are never acted on.
 bool RemoveLevelFiles(Program& program, const std::string& marker) {
-  const fs::path editor = Editor(program);
+  const fs::path editor = EditorFolderPath(program);
   const std::vector<std::string> files =
       SplitMarkerList(ReadMarkerField(marker, program.GetText(text::MarkerFilesReadKey)));
   const std::string audio = ToLower(program.GetText(text::AudioFolderPrefix));
@@ -156,7 +145,7 @@ bool RemoveLevelFiles(Program& program, const std::string& marker) {
 // have put into the folder is read from its own store instead: each such file is taken out and
 // the backup's copy, when there is one, goes back in its place.
 void RemoveUnlistedLevelFiles(Program& program, std::int32_t code) {
-  const fs::path editor = Editor(program);
+  const fs::path editor = EditorFolderPath(program);
   const fs::path backup = Backup(program);
   const std::string packed = ToLower(program.GetText(text::PackedSuffix));
   for (const fs::path& file : ListFiles(GetLevelFilesFolder(program, code, false), "*.*")) {
@@ -189,7 +178,7 @@ bool WriteMarker(const fs::path& path, const std::string& bytes, bool flush) {
 // The editor's language file: the first of its .dat files that isn't the script file.
 std::string EditorLanguageFile(Program& program) {
   const std::string script = program.GetText(text::ScriptNameLanguageStep);
-  for (const fs::path& file : ListFiles(Editor(program), Pattern(program, text::LanguagePattern))) {
+  for (const fs::path& file : ListFiles(EditorFolderPath(program), WithoutLeadingSeparators(program.GetText(text::LanguagePattern)))) {
     const std::string name = file.filename().string();
     if (!SameName(name, script)) return name;
   }
@@ -279,12 +268,12 @@ bool BackToBase(Program& program) {
     CopyMatchingFiles(
         program,
         JoinFragment(GetLevelFolder(program, 0, false), program.GetText(text::PlayFolderBaseCopy)),
-        Editor(program), true, "*");
+        EditorFolderPath(program), true, "*");
   return false;
 }
 
 bool PutLevelInTrle(Program& program, std::int32_t code) {
-  const fs::path editor = Editor(program);
+  const fs::path editor = EditorFolderPath(program);
   const std::int32_t previous = TakeOutCurrentLevel(program, code);
   if (previous == kEditorFolderInUse) return false;
   if (previous == code) {

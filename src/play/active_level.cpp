@@ -11,6 +11,10 @@
 
 namespace vardolin {
 
+std::filesystem::path EditorFolderPath(const Program& program) {
+  return std::filesystem::path(Trim(program.prefs.EditorFolder));
+}
+
 std::filesystem::path ActiveLevelFilePath(const Program& program) {
   return JoinFragment(program.prefs.EditorFolder, program.GetText(text::ActiveLevelFileName));
 }

@@ -9,6 +9,8 @@ namespace vardolin {
 
 class Program;
 
+// The editor folder as the settings name it.
+std::filesystem::path EditorFolderPath(const Program& program);
 // The marker file's path in the editor folder.
 std::filesystem::path ActiveLevelFilePath(const Program& program);
 // The code in the marker: 0 when there is no marker (the base level stands in the folder) or

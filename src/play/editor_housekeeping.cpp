@@ -18,21 +18,6 @@ namespace vardolin {
 
 namespace fs = std::filesystem;
 
-namespace {
-
-fs::path Editor(const Program& program) {
-  return fs::path(Trim(program.prefs.EditorFolder));
-}
-
-// A pattern text may be written as a fragment ("\*.dat"); ListFiles wants the bare pattern.
-std::string Pattern(const Program& program, std::int32_t id) {
-  std::string p = program.GetText(id);
-  while (!p.empty() && (p.front() == '\\' || p.front() == '/')) p.erase(0, 1);
-  return p;
-}
-
-}  // namespace
-
 const std::vector<std::string>& EditorStandardNames() {
   static const std::vector<std::string> names = {
       "EDGEPTR.PCX",       "load.bmp",      "OBJECTS.H",       "script.DAT",      "Setup tomb4.lnk",
@@ -42,7 +27,7 @@ const std::vector<std::string>& EditorStandardNames() {
 }
 
 void CleanEditorFolder(Program& program) {
-  const fs::path editor = Editor(program);
+  const fs::path editor = EditorFolderPath(program);
   if (editor.empty()) return;
   // Without a backup nothing deleted here could come back.
   if (BackupComplete(program)) {
@@ -69,7 +54,7 @@ void CleanEditorFolder(Program& program) {
 }
 
 void RestoreEditorBasics(Program& program) {
-  const fs::path editor = Editor(program);
+  const fs::path editor = EditorFolderPath(program);
   const fs::path backup = EditorBackupFolder(program);
   if (editor.empty()) return;
   const std::int32_t pairs[2][2] = {{text::BasicFileFrom1, text::BasicFileTo1},
@@ -79,14 +64,14 @@ void RestoreEditorBasics(Program& program) {
     if (!FileExists(from)) continue;
     CopyFileOver(from, JoinFragment(editor, program.GetText(p[1])), "activation-copy");
   }
-  for (const fs::path& file : ListFiles(backup, Pattern(program, text::BasicFilesPattern))) {
+  for (const fs::path& file : ListFiles(backup, WithoutLeadingSeparators(program.GetText(text::BasicFilesPattern)))) {
     CopyFileOver(file, editor / file.filename(), "activation-copy");
   }
   PruneSavegames(program);
 }
 
 void PruneSavegames(Program& program) {
-  for (const fs::path& file : ListFiles(Editor(program), Pattern(program, text::SavegamePattern))) {
+  for (const fs::path& file : ListFiles(EditorFolderPath(program), WithoutLeadingSeparators(program.GetText(text::SavegamePattern)))) {
     const std::string ext = ExtractExtension(file.filename().string());
     const std::optional<std::int32_t> slot =
         ext.size() > 1 ? ParseMarkerCode(std::string_view(ext).substr(1)) : std::nullopt;
@@ -97,13 +82,13 @@ void PruneSavegames(Program& program) {
 }
 
 void FixScriptFiles(Program& program) {
-  const fs::path editor = Editor(program);
+  const fs::path editor = EditorFolderPath(program);
   const fs::path backup = EditorBackupFolder(program);
   if (editor.empty()) return;
   const std::string script = program.GetText(text::ScriptName);
   bool has_script = false;
   bool has_language = false;
-  for (const fs::path& file : ListFiles(editor, Pattern(program, text::ScriptPattern))) {
+  for (const fs::path& file : ListFiles(editor, WithoutLeadingSeparators(program.GetText(text::ScriptPattern)))) {
     if (EqualsNoCase(file.filename().string(), script))
       has_script = true;
     else
@@ -118,7 +103,7 @@ void FixScriptFiles(Program& program) {
   }
   if (has_language) return;
   const std::string backup_script = program.GetText(text::BackupScriptName);
-  for (const fs::path& file : ListFiles(backup, Pattern(program, text::BackupLanguagePattern))) {
+  for (const fs::path& file : ListFiles(backup, WithoutLeadingSeparators(program.GetText(text::BackupLanguagePattern)))) {
     if (EqualsNoCase(file.filename().string(), backup_script)) continue;
     CopyFileOver(file, editor / file.filename(), "activation-copy");
     return;

@@ -10,6 +10,7 @@
 #include "foundation/services/log.h"
 #include "foundation/services/paths.h"
 #include "foundation/services/strings.h"
+#include "play/active_level.h"
 #include "play/text_ids.h"
 
 namespace vardolin {
@@ -17,17 +18,6 @@ namespace vardolin {
 namespace fs = std::filesystem;
 
 namespace {
-
-fs::path Editor(const Program& program) {
-  return fs::path(Trim(program.prefs.EditorFolder));
-}
-
-// Pattern texts may be written as fragments ("\*.mcf"); ListFiles wants the bare pattern.
-std::string Pattern(const Program& program, std::int32_t id) {
-  std::string p = program.GetText(id);
-  while (!p.empty() && (p.front() == '\\' || p.front() == '/')) p.erase(0, 1);
-  return p;
-}
 
 StartRequest Request(const fs::path& program_file, const std::string& words) {
   StartRequest request;
@@ -46,20 +36,20 @@ const std::vector<std::string>& MediaHelperFiles() {
 }
 
 fs::path GameProgramPath(const Program& program) {
-  return JoinFragment(Editor(program), program.GetText(text::GameProgramPath));
+  return JoinFragment(EditorFolderPath(program), program.GetText(text::GameProgramPath));
 }
 
 fs::path MediaPlayerPath(const Program& program) {
-  return JoinFragment(Editor(program), program.GetText(text::MediaPlayerPath));
+  return JoinFragment(EditorFolderPath(program), program.GetText(text::MediaPlayerPath));
 }
 
 bool IsMediaLevel(Program& program, fs::path& folder) {
-  if (folder.empty()) folder = Editor(program);
-  return !ListFiles(folder, Pattern(program, text::MediaLevelPattern)).empty();
+  if (folder.empty()) folder = EditorFolderPath(program);
+  return !ListFiles(folder, WithoutLeadingSeparators(program.GetText(text::MediaLevelPattern))).empty();
 }
 
 void PrepareMediaPlay(Program& program) {
-  const fs::path editor = Editor(program);
+  const fs::path editor = EditorFolderPath(program);
   const std::string player = ExtractFileName(program.GetText(text::MediaPlayerPath));
   CopyFileOver(program.Home() / player, editor / player);
   fs::path folder = editor;
@@ -75,7 +65,7 @@ void PrepareMediaPlay(Program& program) {
 
 bool LaunchMediaPlayer(Program& program, const std::string& command_line) {
   const fs::path player =
-      JoinFragment(Editor(program), program.GetText(text::MediaPlayerStartPath));
+      JoinFragment(EditorFolderPath(program), program.GetText(text::MediaPlayerStartPath));
   std::optional<Process> started = program.platform().Start(Request(player, command_line));
   if (!started || !started->Valid()) return false;
   program.MediaProcess = *started;

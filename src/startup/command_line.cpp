@@ -25,18 +25,13 @@ std::string LastComponent(std::string path) {
   return cut == std::string::npos ? path : path.substr(cut + 1);
 }
 
-std::string WithoutLeadingBackslash(std::string fragment) {
-  if (!fragment.empty() && fragment.front() == '\\') fragment.erase(0, 1);
-  return fragment;
-}
-
 }  // namespace
 
 CommandLineArgs ParseCommandLine(const Program& program, std::string_view text) {
   CommandLineArgs args;
   std::string line = Trim(std::string(text));
   std::string extension = program.GetText(text::CatalogueExtension);
-  std::string setup_name = WithoutLeadingBackslash(program.GetText(text::EditorSetupFolder));
+  std::string setup_name = WithoutLeadingSeparators(program.GetText(text::EditorSetupFolder));
   std::size_t pos = 0;
   while (pos < line.size()) {
     std::string token = NextQuotedToken(line, pos);

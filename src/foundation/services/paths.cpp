@@ -102,6 +102,11 @@ std::string CleanFileName(std::string_view text) {
   return out;
 }
 
+std::string WithoutLeadingSeparators(std::string_view fragment) {
+  while (!fragment.empty() && IsSeparator(fragment.front())) fragment.remove_prefix(1);
+  return std::string(fragment);
+}
+
 std::string FormatFileSize(double bytes) {
   constexpr double kKb = 1024.0, kMb = 1048576.0, kGb = 1073741824.0;
   if (bytes >= kGb) return OneDecimal(bytes / kGb) + " Gb";

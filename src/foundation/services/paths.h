@@ -32,6 +32,9 @@ std::string ExtractUrlHost(std::string_view url);
 std::string RemoveNulls(std::string_view text);
 // Each of / \ < > : ? | and the double quote becomes a blank.
 std::string CleanFileName(std::string_view text);
+// A pattern or name written as a folder fragment ("\*.dat") without its leading separators,
+// as ListFiles and the file services want it.
+std::string WithoutLeadingSeparators(std::string_view fragment);
 
 // "1023", "1 Kb", "1.0 Mb", "1.5 Gb": below 1024 the number; then whole Kb; from 1 Mb and 1 Gb
 // one decimal.
