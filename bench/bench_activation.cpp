@@ -34,6 +34,7 @@
 #include "foundation/catalogue_records.h"
 #include "archive/level_store.h"
 #include "bench_data.h"
+#include "bench_tools.h"
 #include "bench_ports.h"
 #include "foundation/ports/platform.h"
 #include "foundation/ports/ui.h"
@@ -56,22 +57,6 @@ constexpr int kFilesPerKind = 20;
 constexpr std::int32_t kPlainLevel = 1;
 constexpr std::int32_t kPackedLevel = 2;
 
-void Write(const fs::path& path, const std::string& bytes) {
-  fs::create_directories(path.parent_path());
-  std::ofstream(path, std::ios::binary)
-      .write(bytes.data(), static_cast<std::streamsize>(bytes.size()));
-}
-
-bool Run(std::vector<std::string> args) {
-  std::vector<char*> argv;
-  for (auto& a : args) argv.push_back(a.data());
-  argv.push_back(nullptr);
-  pid_t pid;
-  if (posix_spawnp(&pid, argv[0], nullptr, nullptr, argv.data(), environ) != 0) return false;
-  int status = 0;
-  return waitpid(pid, &status, 0) == pid && WIFEXITED(status) && WEXITSTATUS(status) == 0;
-}
-
 // An editor folder with its backup and an archive holding the reference level twice: plain as
 // level 1, packed into `.zl` files as level 2. The level's title.tr4, script.dat and english.dat
 // replace the editor's files of those names, as most levels do.
@@ -91,7 +76,7 @@ struct Bench {
     for (const char* file :
          {"tomb4.exe", "tom2pc.exe", "winroomedit.exe", "script.exe", "script.dat", "english.dat",
           "load.bmp", "data/title.tr4", "data/tut1.tr4", "audio/044.wav", "graphics/wads/tut1.wad"})
-      Write(editor / file, bench::RandomBytes(200000, 7));
+      bench::Write(editor / file, bench::RandomBytes(200000, 7));
     fs::create_directories(backup.parent_path());
     fs::copy(editor, backup, fs::copy_options::recursive);
 
@@ -120,11 +105,11 @@ struct Bench {
                          : i % 4 == 3 ? "track" + std::to_string(i) + ".wav"
                                       : "room" + std::to_string(i) + ".tr4";
       names.push_back(name);
-      Write(plain_files / name, random ? bench::RandomBytes(kFileSize, 100 + i)
+      bench::Write(plain_files / name, random ? bench::RandomBytes(kFileSize, 100 + i)
                                        : bench::CompressibleBytes(kFileSize, 200 + i));
       fs::create_directories(packed_files);
       if (PackFile(plain_files / name, packed_files / (name + ".zl")) != ZlResult::Ok ||
-          !Run({"pigz", "-9", "-k", "-f", (plain_files / name).string()}))
+          !bench::Run({"pigz", "-9", "-k", "-f", (plain_files / name).string()}))
         std::abort();
       fs::rename(plain_files / (name + ".gz"), gz_files / (name + ".gz"));
     }
@@ -153,12 +138,6 @@ Bench& TheBench() {
   return bench;
 }
 
-double Seconds(const std::function<bool()>& body, bool& ok) {
-  auto start = Clock::now();
-  ok = body() && ok;
-  return std::chrono::duration<double>(Clock::now() - start).count();
-}
-
 double Median(std::vector<double> v) {
   std::sort(v.begin(), v.end());
   const std::size_t n = v.size();
@@ -184,7 +163,7 @@ void MeasurePair(benchmark::State& state, const char* reference, const Side& our
   auto run = [&](const Side& side) {
     ok = side.prepare() && ok;
     ::sync();
-    return Seconds(side.body, ok);
+    return bench::Seconds(side.body, ok);
   };
   for (auto _ : state) {
     double t_ours, t_ref;
@@ -223,7 +202,7 @@ void BM_ActivatePlain(benchmark::State& state) {
                  return true;
                },
                [&] {
-                 return Run({"cp", "-r", b.plain_files.string(), target.string()});
+                 return bench::Run({"cp", "-r", b.plain_files.string(), target.string()});
                }});
   SetLevelInTrle(b.program, 0);
 }
@@ -242,7 +221,7 @@ void BM_ActivatePacked(benchmark::State& state) {
                },
                [&] {
                  for (const std::string& name : b.names)
-                   if (!Run({"pigz", "-d", "-f", (target / (name + ".gz")).string()})) return false;
+                   if (!bench::Run({"pigz", "-d", "-f", (target / (name + ".gz")).string()})) return false;
                  return true;
                }});
   SetLevelInTrle(b.program, 0);
@@ -263,10 +242,10 @@ void BM_LeaveLevel(benchmark::State& state) {
                  return true;
                },
                [&] {
-                 return Run({"rm", "-r", (target / "level").string()}) &&
-                        Run({"cp", (b.backup / "data/title.tr4").string(),
+                 return bench::Run({"rm", "-r", (target / "level").string()}) &&
+                        bench::Run({"cp", (b.backup / "data/title.tr4").string(),
                              (target / "editor/data").string()}) &&
-                        Run({"cp", (b.backup / "script.dat").string(),
+                        bench::Run({"cp", (b.backup / "script.dat").string(),
                              (b.backup / "english.dat").string(), (target / "editor").string()});
                }});
   SetLevelInTrle(b.program, 0);

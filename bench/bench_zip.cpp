@@ -24,6 +24,7 @@
 #include <vector>
 
 #include "bench_data.h"
+#include "bench_tools.h"
 #include "bench_ports.h"
 #include "foundation/program.h"
 #include "web/zip_layer.h"
@@ -40,29 +41,6 @@ constexpr std::size_t kFileSize = 5 * 1000 * 1000;
 constexpr int kFilesPerKind = 20;
 constexpr int kSmallEntries = 10000;
 
-void Write(const fs::path& path, const std::string& bytes) {
-  fs::create_directories(path.parent_path());
-  std::ofstream(path, std::ios::binary)
-      .write(bytes.data(), static_cast<std::streamsize>(bytes.size()));
-}
-
-// Runs a tool in `dir` with its output thrown away; true when it exits with 0.
-bool Run(std::vector<std::string> args, const fs::path& dir = {}) {
-  std::vector<char*> argv;
-  for (auto& a : args) argv.push_back(a.data());
-  argv.push_back(nullptr);
-  posix_spawn_file_actions_t actions;
-  posix_spawn_file_actions_init(&actions);
-  posix_spawn_file_actions_addopen(&actions, 1, "/dev/null", O_WRONLY, 0);
-  if (!dir.empty()) posix_spawn_file_actions_addchdir_np(&actions, dir.c_str());
-  pid_t pid;
-  int started = posix_spawnp(&pid, argv[0], &actions, nullptr, argv.data(), environ);
-  posix_spawn_file_actions_destroy(&actions);
-  if (started != 0) return false;
-  int status = 0;
-  return waitpid(pid, &status, 0) == pid && WIFEXITED(status) && WEXITSTATUS(status) == 0;
-}
-
 struct Bench {
   fs::path root;
   bench::SilentUi ui;
@@ -74,19 +52,19 @@ struct Bench {
     level = root / "level";
     for (int i = 0; i < 2 * kFilesPerKind; ++i) {
       const bool random = i < kFilesPerKind;
-      Write(level / ("room" + std::to_string(i) + (random ? ".tr4" : ".wad")),
+      bench::Write(level / ("room" + std::to_string(i) + (random ? ".tr4" : ".wad")),
             random ? bench::RandomBytes(kFileSize, 100 + i)
                    : bench::CompressibleBytes(kFileSize, 200 + i));
     }
     level_zip = root / "level.zip";
-    if (!Run({"zip", "-r", "-q", level_zip.string(), "."}, level)) std::abort();
+    if (!bench::Run({"zip", "-r", "-q", level_zip.string(), "."}, level)) std::abort();
 
     const fs::path small = root / "small";
     for (int i = 0; i < kSmallEntries; ++i)
-      Write(small / ("dir" + std::to_string(i / 500)) / ("file" + std::to_string(i) + ".txt"),
+      bench::Write(small / ("dir" + std::to_string(i / 500)) / ("file" + std::to_string(i) + ".txt"),
             "entry " + std::to_string(i));
     small_zip = root / "small.zip";
-    if (!Run({"zip", "-r", "-q", small_zip.string(), "."}, small)) std::abort();
+    if (!bench::Run({"zip", "-r", "-q", small_zip.string(), "."}, small)) std::abort();
   }
   ~Bench() {
     std::error_code ec;
@@ -137,7 +115,7 @@ void BM_UnzipO(benchmark::State& state) {
     fs::path target = b.Fresh("extract");
     state.SetIterationTime(Seconds(
         [&] {
-          return Run({"unzip", "-o", "-q", b.level_zip.string(), "-d", target.string()});
+          return bench::Run({"unzip", "-o", "-q", b.level_zip.string(), "-d", target.string()});
         },
         state));
   }
@@ -163,7 +141,7 @@ void BM_UnzipZ1(benchmark::State& state) {
   for (auto _ : state)
     state.SetIterationTime(Seconds(
         [&] {
-          return Run({"unzip", "-Z1", b.small_zip.string()});
+          return bench::Run({"unzip", "-Z1", b.small_zip.string()});
         },
         state));
   Label(state, nullptr);
@@ -189,7 +167,7 @@ void BM_ZipRQ(benchmark::State& state) {
     fs::path zip = b.Fresh("theirs.zip");
     state.SetIterationTime(Seconds(
         [&] {
-          return Run({"zip", "-r", "-q", zip.string(), "."}, b.level);
+          return bench::Run({"zip", "-r", "-q", zip.string(), "."}, b.level);
         },
         state));
   }

@@ -22,6 +22,7 @@
 #include <vector>
 
 #include "bench_data.h"
+#include "bench_tools.h"
 #include "web/zlib_tool.h"
 
 extern char** environ;
@@ -72,25 +73,9 @@ ReferenceLevel& Level() {
   return level;
 }
 
-bool Run(std::vector<std::string> args) {
-  std::vector<char*> argv;
-  for (auto& a : args) argv.push_back(a.data());
-  argv.push_back(nullptr);
-  pid_t pid;
-  if (posix_spawnp(&pid, argv[0], nullptr, nullptr, argv.data(), environ) != 0) return false;
-  int status = 0;
-  return waitpid(pid, &status, 0) == pid && WIFEXITED(status) && WEXITSTATUS(status) == 0;
-}
-
 // Seconds per run and output bytes, by figure name ("pack/ours/random").
 std::map<std::string, double> g_seconds;
 std::map<std::string, std::uintmax_t> g_bytes;
-
-double Seconds(const std::function<bool()>& body, bool& ok) {
-  auto start = Clock::now();
-  ok = body() && ok;
-  return std::chrono::duration<double>(Clock::now() - start).count();
-}
 
 // Times ours and the reference in turns within each iteration, alternating which goes first,
 // so that load from elsewhere on the machine falls on both alike. The benchmark's own time
@@ -105,11 +90,11 @@ void MeasurePair(benchmark::State& state, const std::string& op, int kind, const
   for (auto _ : state) {
     double t_ours, t_ref;
     if (turn++ % 2 == 0) {
-      t_ours = Seconds(ours, ok);
-      t_ref = Seconds(reference, ok);
+      t_ours = vardolin::bench::Seconds(ours, ok);
+      t_ref = vardolin::bench::Seconds(reference, ok);
     } else {
-      t_ref = Seconds(reference, ok);
-      t_ours = Seconds(ours, ok);
+      t_ref = vardolin::bench::Seconds(reference, ok);
+      t_ours = vardolin::bench::Seconds(ours, ok);
     }
     if (after_reference) after_reference();
     if (!ok) {
@@ -148,7 +133,7 @@ void Pack(benchmark::State& state) {
       },
       [&] {
         for (auto& f : files)
-          if (!Run({"pigz", "-9", "-p", "2", "-k", "-f", f.string()})) return false;
+          if (!vardolin::bench::Run({"pigz", "-9", "-p", "2", "-k", "-f", f.string()})) return false;
         return true;
       },
       [&] {
@@ -179,7 +164,7 @@ void Expand(benchmark::State& state) {
       },
       [&] {
         for (auto& f : files)
-          if (!Run({"pigz", "-d", "-k", "-f", level.Pigz(f, ".gz").string()})) return false;
+          if (!vardolin::bench::Run({"pigz", "-d", "-k", "-f", level.Pigz(f, ".gz").string()})) return false;
         return true;
       });
 }
