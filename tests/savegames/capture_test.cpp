@@ -5,6 +5,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <set>
 
 #include "capture_fixture.h"
 #include "foundation/pictures/jpeg_codec.h"
@@ -147,17 +148,10 @@ TEST_F(CaptureTest, LauncherPicturesBecomeShotsWithTheirDatesAndGo) {
   EXPECT_EQ(testing::Names(testing::Snapshot(left)), std::vector<std::string>{"notes.txt"});
   ASSERT_EQ(ShotNames().size(), 2u);
 
-  std::vector<std::int64_t> got, want;
-  for (const auto& [name, date] : dates)
-    want.push_back(
-        std::chrono::duration_cast<std::chrono::seconds>(date.time_since_epoch()).count());
-  for (const std::string& name : ShotNames()) {
-    auto when = fs::last_write_time(Shots() / name);
-    got.push_back(std::chrono::duration_cast<std::chrono::seconds>(
-                      fs::file_time_type::clock::to_sys(when).time_since_epoch())
-                      .count());
-  }
-  std::sort(got.begin(), got.end());
+  const auto seconds = [](ShotTime t) { return std::chrono::floor<std::chrono::seconds>(t); };
+  std::set<ShotTime> got, want;
+  for (const auto& [name, date] : dates) want.insert(seconds(date));
+  for (const std::string& name : ShotNames()) got.insert(seconds(ShotFileDate(Shots() / name)));
   EXPECT_EQ(got, want);
 }
 
