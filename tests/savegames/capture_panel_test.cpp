@@ -28,8 +28,7 @@ TEST_F(CapturePanelTest, ThePanelFollowsToTheNewestPair) {
   Shots(2);  // s0.jpg and s1.jpg, taken long ago
   struct Step {
     int first_shown;
-    const char* left;
-    const char* right;
+    const char *left, *right;
   };
   const Step steps[] = {
       {2, "1) My level.jpg", "no_image.jpg"},

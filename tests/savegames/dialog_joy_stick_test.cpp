@@ -56,8 +56,7 @@ TEST_F(DialogJoyStickTest, LearnsTheWordHeldDuringATickIntoTheChosenLabel) {
   d->Check_CloseTrle.Click();  // selects the close label
   struct Step {
     std::uint32_t held;
-    const char* close;
-    const char* capture;
+    const char *close, *capture;
   } steps[] = {
       {1, "1", ""},
       {0, "1", ""},  // releasing keeps what was learned
@@ -102,8 +101,7 @@ TEST_F(DialogJoyStickTest, ChoosingAPortReadsTheStickRestOrSaysItIsSilent) {
 TEST_F(DialogJoyStickTest, OkChecksBeforeItStores) {
   struct Case {
     const char* what;
-    bool present;
-    bool close_on;
+    bool present, close_on;
     const char* close_word;
     bool capture_on;
     const char* capture_word;

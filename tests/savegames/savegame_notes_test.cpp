@@ -46,7 +46,6 @@ TEST(SavegameNotes, TheEditedNoteIsWrittenOrRemoved) {
     f.ui.OnForm("Dialog_InputTesto", [&](Form& form) {
       auto& dialog = static_cast<Dialog_InputTesto&>(form);
       shown = dialog.Testo();
-      EXPECT_EQ(dialog.Caption(), f.program.GetText(text::SavegameNoteTitle));
       c.act(dialog);
     });
     f.main->Text_NoteSaveGame.Click();
@@ -71,8 +70,7 @@ struct SearchFixture : SavegamePanelFixture {
 TEST(SavegameNotes, SearchKeysWalkRoundTheArchivedNotes) {
   struct Case {
     std::string search_text;
-    int start_row;
-    int key;
+    int start_row, key;
     std::string typed;  // answer to Ctrl+F's question; empty: not asked
     int expected_row;
     bool not_found;
@@ -128,8 +126,7 @@ TEST(SavegameNotes, SearchingAnEmptyListSaysSoAndPlainKeysDoNothing) {
 TEST(SavegameMenus, SaveAsCopiesTheSavegameUnlessAZipIsAsked) {
   struct Case {
     std::string chosen;  // relative to the test's folder; empty: cancelled
-    bool copied;
-    bool told;
+    bool copied, told;
   };
   const Case cases[] = {
       {"out/copy of save", true, false},

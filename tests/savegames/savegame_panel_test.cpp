@@ -40,8 +40,6 @@ TEST(SavegamePanel, ListsTheChosenLevelsSlotsAndArchiveSets) {
       EXPECT_EQ(c.slots[slots.ItemData(row)], f.Numbers(slots)[row]) << "item data is the slot";
     EXPECT_EQ(f.Numbers(f.main->List_SaveGameArchiviati), c.archived_rows);
   }
-  SavegamePanelFixture f;
-  EXPECT_EQ(SlotFolder(f.program, 0), fs::path(f.program.prefs.EditorFolder));
 }
 
 TEST(SavegamePanel, SelectionComesFromOneListAndShowsItsNote) {
@@ -121,39 +119,6 @@ TEST(SavegamePanel, RightPressesOpenTheMenuThatFits) {
   }
 }
 
-TEST(SavegamePanel, DeletingClosesTheGapAndKeepsTheArchivedSelection) {
-  struct Case {
-    bool archived;
-    int row;  // slot number for a slot savegame, row for an archived one
-    int answer;
-    std::vector<int> slots, archived_rows;
-    int selected_after;
-  };
-  const Case cases[] = {
-      {false, 3, msg::kYes, {10, 11, 12, 14}, {1, 2, 3}, -1},
-      {true, 2, msg::kYes, {10, 11, 12, 13, 14}, {1, 2}, 1},
-      {true, 0, msg::kYes, {10, 11, 12, 13, 14}, {2, 3}, 0},
-      {true, 1, msg::kNo, {10, 11, 12, 13, 14}, {1, 2, 3}, 1},
-  };
-  for (const Case& c : cases) {
-    SCOPED_TRACE(c.row);
-    SavegamePanelFixture f;
-    const auto slots = f.FillSlots(1, {10, 11, 12, 13, 14});
-    for (const fs::path& slot : slots) f.WriteNote(slot, "note of " + slot.filename().string());
-    f.FillSet(1, 1, {1, 2, 3});
-    f.ChooseLevel(1);
-    ListBox& list = c.archived ? f.main->List_SaveGameArchiviati : f.main->List_SaveGameTomb;
-    list.SetListIndex(c.archived ? c.row : list.FindData(c.row));
-    f.ui.Answer(c.answer, list.SelectedText() + "] ?");
-    f.main->Pul_DeleteSavegame.Click();
-    const fs::path folder = SlotFolder(f.program, 1);
-    EXPECT_EQ(f.SlotNumbers(folder), c.slots);
-    EXPECT_EQ(f.Numbers(f.main->List_SaveGameArchiviati), c.archived_rows);
-    EXPECT_EQ(f.main->List_SaveGameArchiviati.ListIndex(), c.selected_after);
-    if (!c.archived) EXPECT_EQ(f.Note(folder / "savegame.3"), "note of savegame.4");
-  }
-}
-
 TEST(SavegamePanel, ArchivingAndRestoringRefreshTheLists) {
   SavegamePanelFixture f;
   f.FillSlots(1, {4, 5, 6});
@@ -206,12 +171,6 @@ TEST(SavegamePanel, RestoringOneSavegameWantsAnArchivedOne) {
     EXPECT_EQ(f.main->Shots.current, 2) << "the pair on show stays";
   }
 }
-
-}  // namespace
-}  // namespace vardolin
-
-namespace vardolin {
-namespace {
 
 // The picture beside a selected savegame is the screenshot of its time; choosing another one
 // through the panel's button makes that one the savegame's picture from then on.

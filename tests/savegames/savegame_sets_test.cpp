@@ -16,9 +16,10 @@ using testing::ReadFile;
 
 struct SavegameSets : ::testing::Test, testing::SavegameFixture {};
 
+// from, from + 1 ... to, or downwards when to is the smaller.
 std::vector<int> Range(int from, int to) {
   std::vector<int> out;
-  for (int i = from; i <= to; ++i) out.push_back(i);
+  for (int i = from, step = from <= to ? 1 : -1; i != to + step; i += step) out.push_back(i);
   return out;
 }
 
@@ -34,13 +35,7 @@ TEST_F(SavegameSets, Archive) {
   } cases[] = {
       {"one savegame is never archived", {5}, 15, false, {}, {5}, 15},
       {"two with 15: both archived, the newer stays", {7, 3}, 15, true, {3, 7}, {7}, 2},
-      {"3 of 15: the oldest go, the rest renumbered oldest first",
-       {15, 14, 13, 12, 11, 10, 9, 8, 7, 6, 5, 4, 3, 2, 1},
-       3,
-       true,
-       {1, 2, 3},
-       Range(4, 15),
-       3},
+      {"3 of 15: oldest go, rest renumbered", Range(15, 1), 3, true, {1, 2, 3}, Range(4, 15), 3},
       {"count equal to the number found", {9, 4, 6}, 3, true, {4, 6, 9}, {9}, 3},
       {"count one below", {9, 4, 6}, 2, true, {4, 6}, {9}, 2},
       {"nothing in the slots", {}, 15, false, {}, {}, 15},
@@ -91,12 +86,7 @@ TEST_F(SavegameSets, Restore) {
     std::vector<int> set_after;  // save numbers left in the set (slot names stay)
   } cases[] = {
       {"15 in the slots: nothing at all", Range(1, 15), {20, 21}, false, Range(1, 15), {20, 21}},
-      {"10 in the slots and a set of 8: the 5 newest missing come, the copies go",
-       Range(1, 10),
-       {8, 9, 10, 11, 12, 13, 14, 15},
-       true,
-       Range(1, 15),
-       {}},
+      {"10, a set of 8: 5 missing come", Range(1, 10), Range(8, 15), true, Range(1, 15), {}},
       {"10 in the slots and a set of 8 newer ones",
        Range(1, 10),
        Range(20, 27),
@@ -180,19 +170,12 @@ TEST_F(SavegameSets, RecoveryPutsBackWhatAStoppedOperationLeft) {
     std::vector<int> in_slots;
     std::vector<int> slots_after;
     std::vector<int> active_set_after;  // a new set of the active level (0)
-  } cases[] = {
-      {"journal names the slots",
-       "operation archive\nlevel 1\nhome SLOTS\n",
-       {3, 9},
-       {5},
-       {3, 5, 9},
-       {}},
-      {"a copy already at home is dropped",
-       "operation restore\nlevel 1\nhome SLOTS\n",
-       {5, 9},
-       {5},
-       {5, 9},
-       {}},
+  };
+  const std::string archived = "operation archive\nlevel 1\nhome SLOTS\n";
+  const std::string restored = "operation restore\nlevel 1\nhome SLOTS\n";
+  const Case cases[] = {
+      {"journal names the slots", archived, {3, 9}, {5}, {3, 5, 9}, {}},
+      {"a copy already at home is dropped", restored, {5, 9}, {5}, {5, 9}, {}},
       {"no journal: into a new set of the active level", "", {3, 9}, {5}, {5}, {3, 9}},
       {"unreadable journal", "operation nonsense\n", {4}, {}, {}, {4}},
   };

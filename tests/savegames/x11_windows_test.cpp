@@ -7,13 +7,11 @@
 #include <filesystem>
 
 #include "environment.h"
+#include "foundation/pictures/bitmap.h"
 #include "foundation/platform/linux_platform.h"
 #include "foundation/platform/virtual_keys.h"
 #include "foundation/program.h"
 #include "foundation/services/windows.h"
-#include "savegames/capture_source.h"
-#include "scripted_ui.h"
-#include "temp_dir.h"
 
 // Last: Xlib's macros (None, Bool, Status) would reach into everything included after it.
 #include <X11/Xatom.h>
@@ -142,16 +140,6 @@ TEST_F(X11Test, TheGamesWindowIsFoundByItsProcessOrTitleAndGrabbed) {
   EXPECT_EQ(picture.width, 320);
   EXPECT_EQ(picture.Pixel(25, 35)[0], 255);
   EXPECT_EQ(picture.Pixel(5, 5)[0], 0);
-
-  // The same by way of the capture: the game's window lands on the clipboard.
-  testing::TempDir home;
-  testing::ScriptedUi ui;
-  Program program(home.path(), ui, platform);
-  ASSERT_TRUE(GrabScreenToClipboard(program, Process{::getpid()}));
-  Bitmap clip;
-  ASSERT_TRUE(ui.ClipboardImage(clip));
-  EXPECT_EQ(clip.width, 100);
-  EXPECT_TRUE(AllOf(clip, 255, 0, 0));
 }
 
 TEST_F(X11Test, ActivatingCoversTheScreenAndTakesTheFocus) {
