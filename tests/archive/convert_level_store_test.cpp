@@ -45,22 +45,6 @@ TEST_F(ConvertTest, PlainToCompressedAndBackComesBackByteForByte) {
   EXPECT_TRUE(ui.Questions().empty());
 }
 
-TEST_F(ConvertTest, CompressedToPlainAndBackGivesTheSamePackedFiles) {
-  WriteBytes(Path("src/level.tr4"), LevelBytes(7, 300000));
-  WriteBytes(Path("src/english.dat"), LevelBytes(8));
-  fs::create_directories(files);
-  Pack(Path("src/level.tr4"), files / "level.tr4.zl");
-  Pack(Path("src/english.dat"), files / "english.dat.zl");
-  WriteBytes(files / "notes.txt", "kept as it is");
-  const auto packed = Snapshot(files);
-
-  ASSERT_TRUE(ConvertLevelStore(program, 1, false, nullptr, nullptr));
-  EXPECT_EQ(ReadFile(files / "level.tr4"), ReadFile(Path("src/level.tr4")));
-  EXPECT_EQ(ReadFile(files / "english.dat"), ReadFile(Path("src/english.dat")));
-  ASSERT_TRUE(ConvertLevelStore(program, 1, true, nullptr, nullptr));
-  EXPECT_EQ(Snapshot(files), packed);
-}
-
 TEST_F(ConvertTest, AFileThatCannotBeConvertedIsReportedAndNothingIsLost) {
   struct Case {
     const char* what;

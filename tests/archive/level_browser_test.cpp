@@ -1,9 +1,9 @@
 #include <gtest/gtest.h>
 
-#include "window/principale_levels.h"
 #include "browser_fixture.h"
 #include "foundation/platform/virtual_keys.h"
 #include "play/active_level.h"
+#include "window/principale_levels.h"
 
 namespace vardolin {
 namespace {
@@ -23,26 +23,6 @@ TEST(LevelList, IsSortedCarriesCodesAndMarksTheActiveLevel) {
                                                    "Gamma RUINS", "Zeta"}));
   EXPECT_EQ(f.main->Combo_Livelli.ItemData(2), 2);
   EXPECT_EQ(f.main->Combo_Livelli.ListIndex(), 0) << "nothing chosen before: the first";
-}
-
-TEST(LevelList, MarkersThatNameNoCodeCountAsTheBaseLevel) {
-  struct Case {
-    std::string marker;
-    std::int32_t code;
-  };
-  const Case cases[] = {
-      {"", 0},
-      {"notice\r\nLevel name:x#\r\n", 0},
-      {"LEVEL CODE:  0042 #", 42},
-      {"Level code:#", 0},
-      {"Level code:abc#", 0},
-  };
-  BrowserFixture f(kNames);
-  for (const Case& c : cases) {
-    SCOPED_TRACE(c.marker);
-    WriteBytes(f.editor / "vardolin_active_level.txt", c.marker);
-    EXPECT_EQ(GetActiveLevelCode(f.program), c.code);
-  }
 }
 
 TEST(LevelList, RefreshKeepsTheChosenLevelAndItsMarkThroughARename) {

@@ -81,7 +81,6 @@ TEST_F(LevelStoreTest, CdRootIsTheFirstFolderHoldingLevelFolders) {
       {{"LEVEL_0001"}, ""},  // levels must lie one folder deep
       {{"docs/readme", "Vardolin2/level_0003"}, "Vardolin2"},
       {{"a/LEVEL_0001", "b/LEVEL_0002"}, "a"},
-      {{"deep/er/LEVEL_0001"}, ""},
       {{}, ""},
   };
   int n = 0;

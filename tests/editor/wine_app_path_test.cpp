@@ -27,12 +27,9 @@ TEST(WinePathToNativeTest, DrivePathsBecomePathsOfThePrefix) {
       {"C:\\Program Files\\New Editor", "drive_c/Program Files/New Editor"},
       {"C:", "drive_c"},
       {"D:\\TRLE", "dosdevices/d:/TRLE"},
-      {"z:\\home\\me\\trle", "dosdevices/z:/home/me/trle"},
       {"C:\\..\\..\\etc", ""},
-      {"C:\\Program Files\\..\\..", ""},
       {"\\\\server\\share\\trle", ""},
       {"trle", ""},
-      {"1:\\trle", ""},
       {"", ""},
   };
   for (const WinePathCase& c : cases) {
@@ -54,14 +51,6 @@ TEST(EditorFolderOfAppPathTest, AProgramPathIsCutToItsFolder) {
       {"C:\\Program Files\\TRLE\\", "C:\\Program Files\\TRLE\\"},
   };
   for (auto [value, expected] : cases) EXPECT_EQ(EditorFolderOfAppPath(t.program, value), expected);
-}
-
-TEST(FindEditorInRegistryTest, AnswersEmptyWithoutTheKey) {
-  EditorTest t;
-  ScopedWinePrefix prefix(t.Path("wine"));
-  EXPECT_EQ(FindEditorInRegistry(t.program), "");
-  t.platform.registry[{kRoomEditorAppPathKey, ""}] = "   ";
-  EXPECT_EQ(FindEditorInRegistry(t.program), "");
 }
 
 TEST(FindEditorInRegistryTest, ReadsTheRegistryFileOfThePrefixThroughTheLinuxPlatform) {

@@ -3,14 +3,11 @@
 // its place.
 #include <gtest/gtest.h>
 
-#include <signal.h>
-
 #include <filesystem>
 #include <string>
 #include <vector>
 
 #include "archive/text_ids.h"
-#include "store_fixture.h"
 #include "foundation/services/log.h"
 #include "play/activation.h"
 #include "play/active_level.h"
@@ -19,6 +16,7 @@
 #include "play/play_level.h"
 #include "play/text_ids.h"
 #include "play_fixture.h"
+#include "store_fixture.h"
 
 namespace vardolin {
 namespace {
@@ -111,11 +109,6 @@ TEST(Play, FailedLaunchesAreToldAndLeaveNoGameWatched) {
   };
   const std::vector<Case> cases = {
       {"no selection", "", {{msg::kOk, "Choose a level in the list first"}}, 0, false},
-      {"incomplete level",
-       "Gamma",
-       {{msg::kNo, ""}, {msg::kOk, "couldn't be put into the editor folder"}},
-       0,
-       false},
       {"game won't start", "Beta", {{msg::kOk, "The game couldn't be started"}}, 1, false},
       {"media player missing", "Delta", {{msg::kOk, "play_the_game.exe is missing"}}, 3, true},
       {"files folder missing",
@@ -136,7 +129,6 @@ TEST(Play, FailedLaunchesAreToldAndLeaveNoGameWatched) {
   for (const Case& c : cases) {
     SCOPED_TRACE(c.name);
     PlayFixture f(kNames, {{}, {}, {}, {"intro.mcf"}});
-    fs::remove(f.archive / "LEVEL_0002/files/script.dat");
     // A program file that may not be run, in the folder and in the backup it comes back from.
     for (const fs::path& folder : {f.editor, f.backup})
       fs::permissions(folder / "tomb4.exe",
@@ -238,31 +230,6 @@ TEST(Play, RemovingTheActiveLevelTakesItOutOfTheEditorFolderFirst) {
   EXPECT_EQ(after["load.bmp"], base.at("load.bmp"));
   EXPECT_EQ(after.count("data/Beta.tr4"), 0u);
   EXPECT_EQ(ReadFile(GetLevelFolder(f.program, 1, false) / "play/savegame.4"), "Beta's slot 4");
-}
-
-// Wine leaves its server running behind the game; the watcher follows the loader it started and
-// must see the end of the game all the same.
-TEST(Play, AWindowsGameEndsForTheWatcherWhateverWineLeavesRunning) {
-  PlayFixture f(kNames);
-  WriteBytes(f.editor / "tomb4.exe", "MZ\n" + testing::Standin("standin_game").string() + "\n");
-  setenv("VARDOLIN_WINE", testing::Standin("standin_wine").c_str(), 1);
-  const bool started = LaunchGame(f.program, "--save \"3:Wine Temple\"");
-  unsetenv("VARDOLIN_WINE");
-  ASSERT_TRUE(started);
-  f.program.GameRunning = true;
-  f.main->Timer1.SetInterval(100);
-  ASSERT_TRUE(testing::WaitFor([&] { return fs::exists(f.editor / "standin_started.txt"); }));
-  ASSERT_TRUE(
-      testing::WaitFor([&] { return !ReadFile(f.editor / "standin_wineserver.pid").empty(); }));
-  const int server = std::stoi(ReadFile(f.editor / "standin_wineserver.pid"));
-  EXPECT_EQ(ReadFile(f.editor / "savegame.3").substr(0, 12), "Wine Temple,");
-  f.main->Timer1.Tick();
-  EXPECT_TRUE(f.program.GameRunning);
-
-  f.EndGame();
-  EXPECT_TRUE(f.TickUntilEnded());
-  EXPECT_EQ(::kill(server, 0), 0) << "the server outlived the game";
-  ::kill(server, SIGKILL);
 }
 
 }  // namespace

@@ -50,9 +50,4 @@ bool BuildEditorFolder(const fs::path& folder, const EditorFolderOptions& option
   return true;
 }
 
-EditorFolderFixture::EditorFolderFixture(const EditorFolderOptions& options)
-    : folder_(dir_.path() / "trle") {
-  BuildEditorFolder(folder_, options);
-}
-
 }  // namespace vardolin::testing

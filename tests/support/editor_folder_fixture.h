@@ -7,8 +7,6 @@
 #include <string>
 #include <vector>
 
-#include "temp_dir.h"
-
 namespace vardolin::testing {
 
 struct EditorFolderOptions {
@@ -31,18 +29,5 @@ std::string EditorFileContent(const std::string& relative);
 // Builds the folder (and its parents) at `folder`; false when something couldn't be written.
 bool BuildEditorFolder(const std::filesystem::path& folder,
                        const EditorFolderOptions& options = {});
-
-// A stand-in editor folder in a temporary folder of its own, removed afterwards.
-class EditorFolderFixture {
- public:
-  explicit EditorFolderFixture(const EditorFolderOptions& options = {});
-  // The editor folder: <temp>/trle.
-  const std::filesystem::path& path() const { return folder_; }
-  std::filesystem::path operator/(std::string_view rel) const { return folder_ / rel; }
-
- private:
-  TempDir dir_;
-  std::filesystem::path folder_;
-};
 
 }  // namespace vardolin::testing

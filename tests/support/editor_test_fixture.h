@@ -9,10 +9,11 @@
 namespace vardolin::testing {
 
 struct EditorTest : ArchiveFixture {
-  explicit EditorTest(const EditorFolderOptions& options = {}) : editor(options) {
-    program.prefs.EditorFolder = editor.path().string();
+  std::filesystem::path editor = Path("trle");
+  explicit EditorTest(const EditorFolderOptions& options = {}) {
+    BuildEditorFolder(editor, options);
+    program.prefs.EditorFolder = editor.string();
   }
-  EditorFolderFixture editor;
 };
 
 // Points $WINEPREFIX at a folder for the life of the object.

@@ -103,7 +103,6 @@ class ScriptedUi : public Ui {
   bool SetClipboardImage(const Bitmap& picture) override {
     clipboard_.clear();
     clipboard_image_ = picture;
-    ++clipboard_images_set_;
     return true;
   }
   void ClearClipboard() override {
@@ -111,7 +110,6 @@ class ScriptedUi : public Ui {
     clipboard_image_ = {};
     ++clipboard_clears_;
   }
-  int ClipboardImagesSet() const { return clipboard_images_set_; }
   int ClipboardClears() const { return clipboard_clears_; }
   int EventsRun() const { return events_; }
 
@@ -128,7 +126,6 @@ class ScriptedUi : public Ui {
   std::vector<std::string> modeless_;
   std::string clipboard_;
   Bitmap clipboard_image_;
-  int clipboard_images_set_ = 0;
   int clipboard_clears_ = 0;
   int events_ = 0;
   int any_message_result_ = 0;

@@ -6,8 +6,6 @@
 //     a signed 16-bit little-endian number at offset 75, then filler up to the game's size;
 //   - exits when told.
 //
-// Arguments: --save N:TITLE (may repeat) writes savegame.N with TITLE and save number N at start.
-//
 // Commands: the file "standin_commands.txt" in the working folder is looked for every 20 ms;
 // each complete line (ended by LF) is done once, in order. Lines:
 //   save N TITLE       writes savegame.N as above (TITLE may hold blanks)
@@ -20,7 +18,6 @@
 // until a command took effect. A file "standin_started.txt" holding the working folder is
 // written at start.
 #include <chrono>
-#include <cstdlib>
 #include <filesystem>
 #include <fstream>
 #include <sstream>
@@ -77,17 +74,7 @@ bool RunCommand(const std::string& line, int& exit_code) {
 
 }  // namespace
 
-int main(int argc, char** argv) {
-  for (int i = 1; i < argc; ++i) {
-    const std::string arg = argv[i];
-    const bool has_value = i + 1 < argc;
-    if (arg == "--save" && has_value) {
-      const std::string value = argv[++i];
-      const std::size_t colon = value.find(':');
-      WriteSavegame(std::atoi(value.substr(0, colon).c_str()),
-                    colon == std::string::npos ? std::string() : value.substr(colon + 1));
-    }
-  }
+int main() {
   {
     std::error_code error;
     const fs::path folder = fs::current_path(error);
