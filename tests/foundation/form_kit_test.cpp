@@ -37,14 +37,6 @@ struct FormKitTest : ::testing::Test {
   SampleForm form{program};
 };
 
-TEST_F(FormKitTest, ControlsRegisterInDeclarationOrderAndAreFoundByName) {
-  ASSERT_EQ(form.Controls().size(), 9u);
-  EXPECT_EQ(form.Controls().front()->Name(), "Label_Info");
-  EXPECT_EQ(form.Find<Button>("Pul_Ok"), &form.Pul_Ok);
-  EXPECT_EQ(form.Find<Button>("Label_Info"), nullptr);  // wrong type
-  EXPECT_EQ(form.FindControl("Nope"), nullptr);
-}
-
 TEST_F(FormKitTest, LoadAppliesCharsetThenCaptionsOnce) {
   program.texts.TextCharset = 204;
   form.Load();

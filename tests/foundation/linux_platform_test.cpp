@@ -1,11 +1,7 @@
-#include <X11/keysym.h>
 #include <gtest/gtest.h>
-#include <stdlib.h>
-#include <cstdlib>
 
 #include "environment.h"
 #include "foundation/platform/linux_platform.h"
-#include "foundation/platform/virtual_keys.h"
 #include "foundation/services/processes.h"
 #include "recording_platform.h"
 #include "temp_dir.h"
@@ -189,53 +185,6 @@ TEST_F(LinuxPlatformTest, ShellOpenStartsProgramsAndHandsDocumentsToTheOpener) {
   EXPECT_FALSE(desktop.ShellOpen("", "", {}));
 }
 
-TEST(CommandWordsTest, QuotesGroupBlanks) {
-  const std::pair<const char*, std::vector<std::string>> cases[] = {
-      {"wine", {"wine"}},
-      {"  wine64   --debug ", {"wine64", "--debug"}},
-      {"\"/opt/my wine/bin/wine\" x", {"/opt/my wine/bin/wine", "x"}},
-      {"a\"b c\"d", {"ab cd"}},
-      {"\"\"", {""}},
-      {"", {}},
-  };
-  for (const auto& [text, words] : cases) EXPECT_EQ(SplitCommandWords(text), words) << text;
-}
-
-TEST(VirtualKeysTest, WindowsKeyCodesMapToKeySyms) {
-  const std::pair<int, std::vector<unsigned long>> cases[] = {
-      {0x70, {XK_F1}},
-      {0x7B, {XK_F12}},
-      {44, {XK_Print}},
-      {17, {XK_Control_L, XK_Control_R}},
-      {16, {XK_Shift_L, XK_Shift_R}},
-      {18, {XK_Alt_L, XK_Alt_R}},
-      {'A', {XK_a}},
-      {'Z', {XK_z}},
-      {'0', {XK_0}},
-      {'9', {XK_9}},
-      {0x60, {XK_KP_0}},
-      {0x0D, {XK_Return, XK_KP_Enter}},
-      {0x07, {}},
-      {0xFF, {}},
-  };
-  for (const auto& [key, syms] : cases) EXPECT_EQ(KeySymsOfVirtualKey(key), syms) << key;
-}
-
-TEST(LinuxHardwareTest, WithoutDisplayJoystickOrSoundEverythingReadsIdle) {
-  ScopedEnv display("DISPLAY", "");
-  LinuxPlatform platform;
-  EXPECT_FALSE(platform.IsKeyDown(vk::kF1));
-  EXPECT_FALSE(platform.IsKeyDown(vk::kShift));
-  JoystickState state;
-  state.buttons = 0xABCD;
-  if (!platform.ReadJoystick(0, state)) {
-    EXPECT_EQ(state.buttons, 0xABCDu);  // untouched when there is no joystick
-  }
-  EXPECT_FALSE(platform.ReadJoystick(15, state));
-  EXPECT_FALSE(platform.ReadJoystick(-1, state));
-  platform.Beep(440, 20);  // no device here: quietly nothing
-}
-
 TEST(ProcessesTest, AKeyCombinationIsDownOnlyWhenEveryKeyIs) {
   struct Case {
     std::vector<int> held;
@@ -257,13 +206,11 @@ TEST(ProcessesTest, AKeyCombinationIsDownOnlyWhenEveryKeyIs) {
 }
 
 TEST(ProcessesTest, RunAndWaitBlocksUntilTheProgramHasWritten) {
-  const char* standins = std::getenv("VARDOLIN_STANDINS");
-  if (!standins) GTEST_SKIP() << "stand-in programs are found through VARDOLIN_STANDINS";
   testing::TempDir dir;
   LinuxPlatform platform;
   auto out = dir / "out.txt";
-  ASSERT_TRUE(RunAndWait(platform, std::filesystem::absolute(standins) / "standin_echo",
-                         {"--sleep", "100", "--out", out.string(), "done"}, true));
+  ASSERT_TRUE(
+      RunAndWait(platform, Echo(), {"--sleep", "100", "--out", out.string(), "done"}, true));
   EXPECT_NE(testing::ReadFile(out).find("done"), std::string::npos);
   EXPECT_FALSE(RunAndWait(platform, dir / "missing", {}, true));
 }

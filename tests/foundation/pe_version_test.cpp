@@ -6,7 +6,6 @@
 #include <vector>
 
 #include "foundation/services/binary_io.h"
-#include "temp_dir.h"
 
 namespace vardolin {
 namespace {
@@ -137,13 +136,6 @@ TEST(PeVersionTest, EveryTruncationGivesEmptyOrTheVersion) {
     EXPECT_TRUE(v.empty() || v == "4.0") << n;
   }
   EXPECT_EQ(ParsePeFileVersion(image), "4.0");
-}
-
-TEST(PeVersionTest, ReadsFromDisk) {
-  testing::TempDir dir;
-  auto path = dir.Write("tomb4.exe", PeImage(VersionInfo({Text(u"FileVersion", u"1.3.0")})));
-  EXPECT_EQ(GetFileVersionText(path), "1.3.0");
-  EXPECT_EQ(GetFileVersionText(dir / "missing.exe"), "");
 }
 
 }  // namespace

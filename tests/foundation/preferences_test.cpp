@@ -82,12 +82,6 @@ TEST(PreferencesImage, FieldsLieAtTheirOffsets) {
   }
 }
 
-TEST(PreferencesImage, RoundTripKeepsEveryField) {
-  ParsedPreferences back = ParsePreferences(SerializePreferences(Unusual()));
-  EXPECT_FALSE(back.upgraded);
-  EXPECT_EQ(back.prefs, Unusual());
-}
-
 // Files of other lengths are another version's: what lies before offset 1296 is kept, the rest
 // takes defaults, and a file that stops early keeps defaults behind its end.
 TEST(PreferencesImage, OtherLengthsKeepOnlyTheEarlierFormat) {

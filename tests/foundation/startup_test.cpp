@@ -4,16 +4,15 @@
 
 #include <gtest/gtest.h>
 
-#include "foundation/services/text_scan.h"
-#include "startup/main_window.h"
 #include "archive/text_ids.h"
 #include "archive_fixture.h"
 #include "editor_folder_fixture.h"
 #include "environment.h"
 #include "foundation/program_home.h"
 #include "foundation/services/paths.h"
-#include "startup/command_line.h"
 #include "foundation/text_ids.h"
+#include "startup/command_line.h"
+#include "startup/main_window.h"
 #include "temp_dir.h"
 
 namespace vardolin {
@@ -165,20 +164,7 @@ TEST_F(StartUpTest, SettlesTheCheckIntervalAndAMissingJoystickAndWritesThemBack)
   }
 }
 
-TEST_F(StartUpTest, AVanishedCatalogueIsToldAndTheFirstRunDialogFollows) {
-  Preferences p;
-  p.LastArchive = (dir / "gone" / "old.vdc").string();
-  WriteSettings(p);
-  ProgramRun run(home);
-  run.ui.Answer(msg::kOk, "doesn't exist any more: " + p.LastArchive);
-  ChooseNew(run.ui, archive);
-  run.window.Load();
-  EXPECT_NE(run.program.prefs.LastArchive, p.LastArchive);
-  EXPECT_EQ(run.program.catalogue.levels.size(), 1u);
-  run.window.Unload();
-}
-
-TEST_F(StartUpTest, LoadingArchiveInsteadOfCreatingOpensTheChosenFile) {
+TEST_F(StartUpTest, AVanishedCatalogueIsToldAndTheFirstRunDialogLoadsAnother) {
   WriteSettings({});
   fs::path made;
   {
@@ -189,8 +175,10 @@ TEST_F(StartUpTest, LoadingArchiveInsteadOfCreatingOpensTheChosenFile) {
     run.window.Unload();
   }
   Preferences p;
-  WriteSettings(p);  // forgets the archive
+  p.LastArchive = (dir / "gone" / "old.vdc").string();
+  WriteSettings(p);
   ProgramRun run(home);
+  run.ui.Answer(msg::kOk, "doesn't exist any more: " + p.LastArchive);
   run.ui.OnForm("Dialog_NewArc", [](Form& f) { f.Find<Button>("Pul_Load")->Click(); })
       .OpenFile(made.string());
   run.window.Load();
@@ -213,31 +201,6 @@ TEST_F(StartUpTest, WithoutAnEditorFolderTheWindowStaysUpWithNoCatalogue) {
   run.window.Unload();
 }
 
-TEST(NextQuotedToken, WalksThePairsOfQuotes) {
-  struct Case {
-    std::string text;
-    std::vector<std::string> tokens;
-  };
-  const Case cases[] = {
-      {R"("a b" "c")", {"a b", "c"}},
-      {R"(plain "x.vdc" more)", {"x.vdc"}},
-      {R"(no quotes at all)", {}},
-      {R"("open only)", {}},
-      {R"("")", {}},  // an empty token ends the walk
-      {R"("a" "" "b")", {"a"}},
-  };
-  for (const Case& c : cases) {
-    std::vector<std::string> got;
-    std::size_t pos = 0;
-    while (pos < c.text.size()) {
-      std::string t = NextQuotedToken(c.text, pos);
-      if (t.empty()) break;
-      got.push_back(t);
-    }
-    EXPECT_EQ(got, c.tokens) << c.text;
-  }
-}
-
 TEST(ParseCommandLine, TellsCataloguesFromSetupFoldersAndIgnoresUnquotedWords) {
   testing::ArchiveFixture f;
   struct Case {
@@ -253,6 +216,8 @@ TEST(ParseCommandLine, TellsCataloguesFromSetupFoldersAndIgnoresUnquotedWords) {
       {R"("/media/cd/TRLE_SETUP/" "/x/a.vdc")", "/x/a.vdc", "/media/cd/TRLE_SETUP/"},
       {R"("/media/cd/trle_setup_old")", "", ""},
       {R"("/a/notes.txt")", "", ""},
+      {R"("/a/open.vdc)", "", ""},                      // no closing quote
+      {R"("/a/x.vdc" "" "/b/y.vdc")", "/a/x.vdc", ""},  // an empty token ends the walk
   };
   for (const Case& c : cases) {
     CommandLineArgs args = ParseCommandLine(f.program, c.line);
@@ -311,12 +276,6 @@ TEST(ProgramHomeTest, FirstStartCopiesResourcesAndLaterStartsKeepTheUsersFiles) 
   ASSERT_TRUE(PrepareHome(target));
   EXPECT_EQ(ReadFile(target / "italian.trc"), "new in this version");
   EXPECT_EQ(ReadFile(target / "italian.trc.old"), "from an older build");
-}
-
-TEST(ProgramHomeTest, AHomeThatIsAFileCannotBeUsed) {
-  TempDir dir;
-  fs::path file = dir.Write("occupied", "x");
-  EXPECT_FALSE(PrepareHome(file));
 }
 
 }  // namespace
