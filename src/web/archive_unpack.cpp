@@ -390,7 +390,8 @@ class Unpacker {
       la_int64_t offset = 0;
       int r = archive_read_data_block(a, &block, &size, &offset);
       if (r == ARCHIVE_EOF) break;
-      if (r < ARCHIVE_WARN) {
+      // A warning here is a checksum that doesn't match: the bytes are not the author's.
+      if (r < ARCHIVE_OK) {
         ::close(fd);
         std::string why = ErrorOf(a);
         // A wrong password may also pass the zip's one-byte check and show as bad data.

@@ -163,6 +163,16 @@ TEST(ExtractZip, WhatComesOutOfAZipThatFailsOrHoldsNoFile) {
   damaged[bytes.find("PK\x03\x04", 10) + 30 + 11 + 500] ^= 0x55;  // inside two.txt's data
   t.home.Write("damaged.zip", damaged);
   t.home.Write("cut.zip", bytes.substr(0, bytes.size() - 30));
+  // Stored as it is: a changed byte shows only in the entry's checksum.
+  TempDir loose;
+  loose.Write("one.txt", "1");
+  loose.Write("two.txt", std::string(9000, 'x'));
+  ASSERT_EQ(std::system(("cd '" + loose.path().string() + "' && zip -0 -q crc.zip one.txt two.txt")
+                            .c_str()),
+            0);
+  std::string crc = ReadFile(loose / "crc.zip");
+  crc[crc.find("xxxxxxxx") + 4000] = 'y';
+  t.home.Write("crc.zip", crc);
   WriteArchive(t.home / "folders.zip", {{"a/", "", Member::Folder}, {"a/b/", "", Member::Folder}});
   WriteArchive(t.home / "big.zip", {{"small.txt", "s"}, {"big.tr4", std::string(4 << 20, '\0')}});
   WriteArchive(t.home / "locked.zip", {{"one.txt", "1"}, {"two.txt", Text(9000, 4)}}, "zip",
@@ -176,6 +186,7 @@ TEST(ExtractZip, WhatComesOutOfAZipThatFailsOrHoldsNoFile) {
     std::map<std::string, std::string> left;
   } cases[] = {
       {"damaged.zip", false, "-", "two.txt", {{"keep.txt", "k"}, {"sub/deep.txt", "d"}}},
+      {"crc.zip", false, "-", "two.txt", {{"keep.txt", "k"}, {"sub/deep.txt", "d"}}},
       {"cut.zip", false, "-", "cut.zip", {{"keep.txt", "k"}, {"sub/deep.txt", "d"}}},
       {"cut.zip", true, "-", "cut.zip", {{"sub/deep.txt", "d"}}},
       {"folders.zip", false, "-", "holds no file", {{"keep.txt", "k"}, {"sub/deep.txt", "d"}}},
