@@ -31,11 +31,11 @@
 #include <string>
 #include <vector>
 
-#include "foundation/catalogue_records.h"
 #include "archive/level_store.h"
 #include "bench_data.h"
-#include "bench_tools.h"
 #include "bench_ports.h"
+#include "bench_tools.h"
+#include "foundation/catalogue_records.h"
 #include "foundation/ports/platform.h"
 #include "foundation/ports/ui.h"
 #include "foundation/program.h"
@@ -106,7 +106,7 @@ struct Bench {
                                       : "room" + std::to_string(i) + ".tr4";
       names.push_back(name);
       bench::Write(plain_files / name, random ? bench::RandomBytes(kFileSize, 100 + i)
-                                       : bench::CompressibleBytes(kFileSize, 200 + i));
+                                              : bench::CompressibleBytes(kFileSize, 200 + i));
       fs::create_directories(packed_files);
       if (PackFile(plain_files / name, packed_files / (name + ".zl")) != ZlResult::Ok ||
           !bench::Run({"pigz", "-9", "-k", "-f", (plain_files / name).string()}))
@@ -221,7 +221,8 @@ void BM_ActivatePacked(benchmark::State& state) {
                },
                [&] {
                  for (const std::string& name : b.names)
-                   if (!bench::Run({"pigz", "-d", "-f", (target / (name + ".gz")).string()})) return false;
+                   if (!bench::Run({"pigz", "-d", "-f", (target / (name + ".gz")).string()}))
+                     return false;
                  return true;
                }});
   SetLevelInTrle(b.program, 0);
@@ -232,22 +233,23 @@ void BM_ActivatePacked(benchmark::State& state) {
 void BM_LeaveLevel(benchmark::State& state) {
   Bench& b = TheBench();
   fs::path target;
-  MeasurePair(state, "rm -r, cp",
-              {[&] { return SetLevelInTrle(b.program, kPlainLevel); },
-               [&] { return RemoveCurrentLevel(b.program, 0) == kPlainLevel; }},
-              {[&] {
-                 target = b.FreshTarget();
-                 fs::copy(b.plain_files, target / "level", fs::copy_options::recursive);
-                 fs::create_directories(target / "editor/data");
-                 return true;
-               },
-               [&] {
-                 return bench::Run({"rm", "-r", (target / "level").string()}) &&
-                        bench::Run({"cp", (b.backup / "data/title.tr4").string(),
-                             (target / "editor/data").string()}) &&
-                        bench::Run({"cp", (b.backup / "script.dat").string(),
-                             (b.backup / "english.dat").string(), (target / "editor").string()});
-               }});
+  MeasurePair(
+      state, "rm -r, cp",
+      {[&] { return SetLevelInTrle(b.program, kPlainLevel); },
+       [&] { return RemoveCurrentLevel(b.program, 0) == kPlainLevel; }},
+      {[&] {
+         target = b.FreshTarget();
+         fs::copy(b.plain_files, target / "level", fs::copy_options::recursive);
+         fs::create_directories(target / "editor/data");
+         return true;
+       },
+       [&] {
+         return bench::Run({"rm", "-r", (target / "level").string()}) &&
+                bench::Run({"cp", (b.backup / "data/title.tr4").string(),
+                            (target / "editor/data").string()}) &&
+                bench::Run({"cp", (b.backup / "script.dat").string(),
+                            (b.backup / "english.dat").string(), (target / "editor").string()});
+       }});
   SetLevelInTrle(b.program, 0);
 }
 

@@ -11,9 +11,9 @@
 #include <string>
 
 #include "archive/catalogue_file.h"
-#include "foundation/catalogue_records.h"
 #include "bench_data.h"
 #include "bench_ports.h"
+#include "foundation/catalogue_records.h"
 #include "foundation/ports/platform.h"
 #include "foundation/ports/ui.h"
 #include "foundation/program.h"

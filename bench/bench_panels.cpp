@@ -10,9 +10,7 @@
 #include <filesystem>
 #include <string>
 
-#include "window/principale_levels.h"
 #include "archive/level_store.h"
-#include "window/principale.h"
 #include "bench_data.h"
 #include "bench_ports.h"
 #include "foundation/pictures/picture_file.h"
@@ -21,6 +19,8 @@
 #include "foundation/program.h"
 #include "foundation/services/files.h"
 #include "foundation/texts/text_catalogue.h"
+#include "window/principale.h"
+#include "window/principale_levels.h"
 
 namespace vardolin {
 namespace {

@@ -29,7 +29,6 @@
 #include <string>
 
 #include "archive/level_store.h"
-#include "window/principale.h"
 #include "bench_ports.h"
 #include "foundation/pictures/bitmap.h"
 #include "foundation/platform/linux_platform.h"
@@ -40,6 +39,7 @@
 #include "play/active_level.h"
 #include "play/game_watcher.h"
 #include "play/text_ids.h"
+#include "window/principale.h"
 
 namespace vardolin {
 namespace {

@@ -24,8 +24,8 @@
 #include <vector>
 
 #include "bench_data.h"
-#include "bench_tools.h"
 #include "bench_ports.h"
+#include "bench_tools.h"
 #include "foundation/program.h"
 #include "web/zip_layer.h"
 
@@ -53,16 +53,17 @@ struct Bench {
     for (int i = 0; i < 2 * kFilesPerKind; ++i) {
       const bool random = i < kFilesPerKind;
       bench::Write(level / ("room" + std::to_string(i) + (random ? ".tr4" : ".wad")),
-            random ? bench::RandomBytes(kFileSize, 100 + i)
-                   : bench::CompressibleBytes(kFileSize, 200 + i));
+                   random ? bench::RandomBytes(kFileSize, 100 + i)
+                          : bench::CompressibleBytes(kFileSize, 200 + i));
     }
     level_zip = root / "level.zip";
     if (!bench::Run({"zip", "-r", "-q", level_zip.string(), "."}, level)) std::abort();
 
     const fs::path small = root / "small";
     for (int i = 0; i < kSmallEntries; ++i)
-      bench::Write(small / ("dir" + std::to_string(i / 500)) / ("file" + std::to_string(i) + ".txt"),
-            "entry " + std::to_string(i));
+      bench::Write(
+          small / ("dir" + std::to_string(i / 500)) / ("file" + std::to_string(i) + ".txt"),
+          "entry " + std::to_string(i));
     small_zip = root / "small.zip";
     if (!bench::Run({"zip", "-r", "-q", small_zip.string(), "."}, small)) std::abort();
   }
@@ -103,8 +104,7 @@ void BM_ExtractZip(benchmark::State& state) {
   for (auto _ : state) {
     fs::path target = b.Fresh("extract");
     state.SetIterationTime(Seconds(
-        [&] { return ExtractZip(b.program, b.level_zip, target, nullptr, true, false); },
-        state));
+        [&] { return ExtractZip(b.program, b.level_zip, target, nullptr, true, false); }, state));
   }
   Label(state, "BM_UnzipO");
 }
@@ -151,8 +151,8 @@ void BM_ZipFolderToFile(benchmark::State& state) {
   Bench& b = TheBench();
   for (auto _ : state) {
     fs::path zip = b.Fresh("ours.zip");
-    state.SetIterationTime(Seconds(
-        [&] { return ZipFolderToFile(b.program, b.level, zip, nullptr, false); }, state));
+    state.SetIterationTime(
+        Seconds([&] { return ZipFolderToFile(b.program, b.level, zip, nullptr, false); }, state));
   }
   fs::path theirs = b.root / "theirs.zip";
   if (fs::exists(theirs))

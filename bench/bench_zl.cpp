@@ -127,13 +127,13 @@ void Pack(benchmark::State& state) {
       state, "pack", kind, "pigz -9 -p 2",
       [&] {
         for (auto& f : files)
-          if (vardolin::PackFile(f, level.Ours(f, ".zl")) != vardolin::ZlResult::Ok)
-            return false;
+          if (vardolin::PackFile(f, level.Ours(f, ".zl")) != vardolin::ZlResult::Ok) return false;
         return true;
       },
       [&] {
         for (auto& f : files)
-          if (!vardolin::bench::Run({"pigz", "-9", "-p", "2", "-k", "-f", f.string()})) return false;
+          if (!vardolin::bench::Run({"pigz", "-9", "-p", "2", "-k", "-f", f.string()}))
+            return false;
         return true;
       },
       [&] {
@@ -164,7 +164,8 @@ void Expand(benchmark::State& state) {
       },
       [&] {
         for (auto& f : files)
-          if (!vardolin::bench::Run({"pigz", "-d", "-k", "-f", level.Pigz(f, ".gz").string()})) return false;
+          if (!vardolin::bench::Run({"pigz", "-d", "-k", "-f", level.Pigz(f, ".gz").string()}))
+            return false;
         return true;
       });
 }

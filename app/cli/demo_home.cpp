@@ -25,9 +25,9 @@
 #include "foundation/services/files.h"
 #include "foundation/services/paths.h"
 #include "foundation/settings/preferences.h"
-#include "startup/base_level.h"
 #include "foundation/text_ids.h"
 #include "play/activation.h"
+#include "startup/base_level.h"
 #include "terminal_ui.h"
 
 namespace vardolin {

@@ -6,13 +6,13 @@
 #include <QMessageBox>
 #include <string>
 
-#include "startup/main_window.h"
+#include "foundation/platform/desktop_integration.h"
 #include "foundation/platform/linux_platform.h"
 #include "foundation/program.h"
 #include "foundation/program_home.h"
 #include "foundation/services/home_lock.h"
-#include "foundation/platform/desktop_integration.h"
 #include "qt_ui.h"
+#include "startup/main_window.h"
 #include "window_geometry.h"
 
 int main(int argc, char** argv) {

@@ -4,14 +4,14 @@
 #include <fstream>
 #include <string>
 
-#include "foundation/dialogs/ask.h"
-#include "foundation/ports/ui.h"
 #include "archive/catalogue_folders.h"
 #include "archive/catalogue_ops.h"
 #include "archive/catalogue_sizes.h"
 #include "archive/choose_setup_folder.h"
 #include "archive/level_folder_name.h"
 #include "archive/text_ids.h"
+#include "foundation/dialogs/ask.h"
+#include "foundation/ports/ui.h"
 #include "foundation/program.h"
 #include "foundation/services/atomic_file.h"
 
@@ -113,7 +113,7 @@ void CatalogueChanged(Program& program) {
   }
   if (SaveCatalogueFile(program, program.prefs.LastArchive)) return;
   AskUser(program, program.GetText(text::CatalogueAutoSaveFailed) + program.prefs.LastArchive,
-             msg::kError);
+          msg::kError);
   program.CatalogueDirty = true;
 }
 
@@ -121,9 +121,9 @@ void SaveIfChanged(Program& program) {
   if (!program.CatalogueDirty) return;
   if (!program.prefs.AutoSave) {
     int answer = AskUser(program,
-                            program.GetText(text::AskSaveChangedCatalogue,
-                                            {FileNameOf(program.prefs.LastArchive), "\r\n"}),
-                            msg::kYesNo);
+                         program.GetText(text::AskSaveChangedCatalogue,
+                                         {FileNameOf(program.prefs.LastArchive), "\r\n"}),
+                         msg::kYesNo);
     if (answer != msg::kYes) {
       program.CatalogueDirty = false;
       return;
@@ -176,7 +176,7 @@ bool NewCatalogue(Program& program) {
   fs::path file = FreeCatalogueName(program);
   if (file.empty()) {
     AskUser(program, program.GetText(text::CatalogueAutoSaveFailed) + program.Home().string(),
-               msg::kError);
+            msg::kError);
     return false;
   }
   program.catalogue = std::move(fresh);
@@ -201,7 +201,7 @@ bool NewCatalogue(Program& program) {
 bool SaveCatalogueMenu(Program& program) {
   if (SaveCatalogueFile(program, program.prefs.LastArchive)) return true;
   AskUser(program, program.GetText(text::CatalogueSaveFailed) + program.prefs.LastArchive,
-             msg::kError);
+          msg::kError);
   return false;
 }
 

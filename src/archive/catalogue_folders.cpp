@@ -3,10 +3,10 @@
 #include <filesystem>
 #include <string>
 
-#include "foundation/dialogs/ask.h"
-#include "foundation/ports/ui.h"
 #include "archive/catalogue_file.h"
 #include "archive/text_ids.h"
+#include "foundation/dialogs/ask.h"
+#include "foundation/ports/ui.h"
 #include "foundation/program.h"
 #include "foundation/services/strings.h"
 

@@ -3,11 +3,11 @@
 #include <filesystem>
 #include <limits>
 
-#include "foundation/dialogs/ask.h"
-#include "foundation/ports/ui.h"
 #include "archive/catalogue_file.h"
 #include "archive/text_ids.h"
+#include "foundation/dialogs/ask.h"
 #include "foundation/forms/form.h"
+#include "foundation/ports/ui.h"
 #include "foundation/program.h"
 
 namespace vardolin {

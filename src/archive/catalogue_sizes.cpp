@@ -3,16 +3,16 @@
 #include <string>
 #include <utility>
 
-#include "foundation/dialogs/ask.h"
-#include "foundation/ports/ui.h"
 #include "archive/catalogue_file.h"
 #include "archive/catalogue_ops.h"
 #include "archive/level_folder_name.h"
 #include "archive/level_store.h"
+#include "foundation/dialogs/ask.h"
 #include "foundation/dialogs/dialog_progress.h"
 #include "foundation/dialogs/progress.h"
 #include "foundation/dialogs/shared_dialogs.h"
 #include "foundation/forms/controls.h"
+#include "foundation/ports/ui.h"
 #include "foundation/program.h"
 #include "foundation/services/paths.h"
 #include "foundation/services/strings.h"
@@ -119,10 +119,10 @@ void RecomputeAllSizes(Program& program, bool silent) {
   if (silent) return;
   const double files = c.header.TotalFilesSize, user = c.header.TotalUserSize;
   AskUser(program,
-             program.GetText(text::SizesTotalFiles) + FormatFileSize(files) + "\r\n" +
-                 program.GetText(text::SizesTotalUser) + FormatFileSize(user) + "\r\n" +
-                 program.GetText(text::SizesTotalAll) + FormatFileSize(files + user),
-             msg::kInformation, program.GetText(text::SizesResultTitle));
+          program.GetText(text::SizesTotalFiles) + FormatFileSize(files) + "\r\n" +
+              program.GetText(text::SizesTotalUser) + FormatFileSize(user) + "\r\n" +
+              program.GetText(text::SizesTotalAll) + FormatFileSize(files + user),
+          msg::kInformation, program.GetText(text::SizesResultTitle));
 }
 
 }  // namespace vardolin

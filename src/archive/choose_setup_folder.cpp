@@ -3,11 +3,11 @@
 #include <cstdlib>
 #include <vector>
 
-#include "foundation/dialogs/ask.h"
-#include "foundation/ports/ui.h"
 #include "archive/level_folder_name.h"
 #include "archive/text_ids.h"
+#include "foundation/dialogs/ask.h"
 #include "foundation/ports/platform.h"
+#include "foundation/ports/ui.h"
 #include "foundation/program.h"
 
 namespace vardolin {
@@ -66,7 +66,7 @@ std::string ChooseSetupFolder(Program& program) {
     fresh =
         JoinFragment(chosen, program.GetText(text::NewArchiveSubfolderNumber) + std::to_string(n));
   AskUser(program, program.GetText(text::ArchiveFolderWasNotEmpty, {fresh.string()}),
-             msg::kInformation);
+          msg::kInformation);
   return fresh.string();
 }
 

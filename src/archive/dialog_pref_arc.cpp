@@ -2,10 +2,10 @@
 
 #include <filesystem>
 
-#include "foundation/dialogs/ask.h"
-#include "foundation/ports/ui.h"
 #include "archive/catalogue_file.h"
 #include "archive/text_ids.h"
+#include "foundation/dialogs/ask.h"
+#include "foundation/ports/ui.h"
 #include "foundation/program.h"
 #include "foundation/services/files.h"
 #include "foundation/services/paths.h"

@@ -125,8 +125,8 @@ bool PrepareLevelFiles(Program& program, const fs::path& files_folder, fs::path&
     // Two files at a time: inflating one stream keeps one core busy, and a level has many.
     std::size_t shown = jobs.size();
     ZlResult why = ZlResult::Ok;
-    const std::size_t failed = ExpandFiles(
-        jobs, why, 2, [&](std::size_t file, std::uint64_t done, std::uint64_t total) {
+    const std::size_t failed =
+        ExpandFiles(jobs, why, 2, [&](std::size_t file, std::uint64_t done, std::uint64_t total) {
           if (file != shown) {
             shown = file;
             zip.Label_Info.SetCaption(

@@ -1,12 +1,12 @@
 #include "archive/whole_store_conversion.h"
 
-#include "foundation/dialogs/ask.h"
-#include "foundation/ports/ui.h"
 #include "archive/catalogue_file.h"
 #include "archive/catalogue_sizes.h"
 #include "archive/store_conversion.h"
 #include "archive/text_ids.h"
+#include "foundation/dialogs/ask.h"
 #include "foundation/forms/controls.h"
+#include "foundation/ports/ui.h"
 #include "foundation/program.h"
 #include "foundation/services/paths.h"
 #include "foundation/services/strings.h"
@@ -40,16 +40,16 @@ StoreConversion ConvertWholeStore(Program& program, const CatalogueHeader& old_h
     header.CompressFiles = old_header.CompressFiles;
     CatalogueChanged(program);
     AskUser(program, program.GetText(text::ConversionFailed, {result.failed_level, "\r\n"}),
-               msg::kError);
+            msg::kError);
   }
   RecomputeAllSizes(program, true);
   result.bytes_after = header.TotalFilesSize;
   if (label) label->SetCaption({});
   if (bar) bar->SetValue(0);
   AskUser(program,
-             program.GetText(text::ConversionSizes, {FormatFileSize(result.bytes_before),
-                                                     FormatFileSize(result.bytes_after), "\r\n"}),
-             msg::kInformation);
+          program.GetText(text::ConversionSizes, {FormatFileSize(result.bytes_before),
+                                                  FormatFileSize(result.bytes_after), "\r\n"}),
+          msg::kInformation);
   return result;
 }
 

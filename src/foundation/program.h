@@ -9,10 +9,10 @@
 #include <vector>
 
 #include "foundation/catalogue_records.h"
+#include "foundation/data_lists.h"
 #include "foundation/forms/open_forms.h"
 #include "foundation/ports/platform.h"
 #include "foundation/settings/preferences.h"
-#include "foundation/data_lists.h"
 #include "foundation/texts/text_catalogue.h"
 
 namespace vardolin {

@@ -5,12 +5,12 @@
 #include <string>
 #include <system_error>
 
-#include "foundation/dialogs/ask.h"
-#include "foundation/ports/ui.h"
 #include "archive/editor_backup.h"
 #include "archive/level_files.h"
 #include "archive/level_store.h"
+#include "foundation/dialogs/ask.h"
 #include "foundation/dialogs/shared_dialogs.h"
+#include "foundation/ports/ui.h"
 #include "foundation/program.h"
 #include "foundation/services/atomic_file.h"
 #include "foundation/services/files.h"
@@ -178,7 +178,9 @@ bool WriteMarker(const fs::path& path, const std::string& bytes, bool flush) {
 // The editor's language file: the first of its .dat files that isn't the script file.
 std::string EditorLanguageFile(Program& program) {
   const std::string script = program.GetText(text::ScriptNameLanguageStep);
-  for (const fs::path& file : ListFiles(EditorFolderPath(program), WithoutLeadingSeparators(program.GetText(text::LanguagePattern)))) {
+  for (const fs::path& file :
+       ListFiles(EditorFolderPath(program),
+                 WithoutLeadingSeparators(program.GetText(text::LanguagePattern)))) {
     const std::string name = file.filename().string();
     if (!SameName(name, script)) return name;
   }
@@ -315,9 +317,9 @@ bool PutLevelInTrle(Program& program, std::int32_t code) {
       if (!temporary.empty()) DeleteLevelTree(program, temporary, nullptr, nullptr);
       DeleteFileForced(marker_path);
       if (AskUser(program,
-                     program.GetText(text::LevelIncompleteAsk,
-                                     {kLineEnd, kLineEnd, "\"" + missing.string() + "\""}),
-                     msg::kYesNo) == msg::kYes)
+                  program.GetText(text::LevelIncompleteAsk,
+                                  {kLineEnd, kLineEnd, "\"" + missing.string() + "\""}),
+                  msg::kYesNo) == msg::kYes)
         ShowActivationError(program, program.GetText(text::RepairNotAvailable));
       return BackToBase(program);
     }

@@ -64,14 +64,17 @@ void RestoreEditorBasics(Program& program) {
     if (!FileExists(from)) continue;
     CopyFileOver(from, JoinFragment(editor, program.GetText(p[1])), "activation-copy");
   }
-  for (const fs::path& file : ListFiles(backup, WithoutLeadingSeparators(program.GetText(text::BasicFilesPattern)))) {
+  for (const fs::path& file :
+       ListFiles(backup, WithoutLeadingSeparators(program.GetText(text::BasicFilesPattern)))) {
     CopyFileOver(file, editor / file.filename(), "activation-copy");
   }
   PruneSavegames(program);
 }
 
 void PruneSavegames(Program& program) {
-  for (const fs::path& file : ListFiles(EditorFolderPath(program), WithoutLeadingSeparators(program.GetText(text::SavegamePattern)))) {
+  for (const fs::path& file :
+       ListFiles(EditorFolderPath(program),
+                 WithoutLeadingSeparators(program.GetText(text::SavegamePattern)))) {
     const std::string ext = ExtractExtension(file.filename().string());
     const std::optional<std::int32_t> slot =
         ext.size() > 1 ? ParseMarkerCode(std::string_view(ext).substr(1)) : std::nullopt;
@@ -88,7 +91,8 @@ void FixScriptFiles(Program& program) {
   const std::string script = program.GetText(text::ScriptName);
   bool has_script = false;
   bool has_language = false;
-  for (const fs::path& file : ListFiles(editor, WithoutLeadingSeparators(program.GetText(text::ScriptPattern)))) {
+  for (const fs::path& file :
+       ListFiles(editor, WithoutLeadingSeparators(program.GetText(text::ScriptPattern)))) {
     if (EqualsNoCase(file.filename().string(), script))
       has_script = true;
     else
@@ -103,7 +107,8 @@ void FixScriptFiles(Program& program) {
   }
   if (has_language) return;
   const std::string backup_script = program.GetText(text::BackupScriptName);
-  for (const fs::path& file : ListFiles(backup, WithoutLeadingSeparators(program.GetText(text::BackupLanguagePattern)))) {
+  for (const fs::path& file :
+       ListFiles(backup, WithoutLeadingSeparators(program.GetText(text::BackupLanguagePattern)))) {
     if (EqualsNoCase(file.filename().string(), backup_script)) continue;
     CopyFileOver(file, editor / file.filename(), "activation-copy");
     return;

@@ -45,7 +45,8 @@ fs::path MediaPlayerPath(const Program& program) {
 
 bool IsMediaLevel(Program& program, fs::path& folder) {
   if (folder.empty()) folder = EditorFolderPath(program);
-  return !ListFiles(folder, WithoutLeadingSeparators(program.GetText(text::MediaLevelPattern))).empty();
+  return !ListFiles(folder, WithoutLeadingSeparators(program.GetText(text::MediaLevelPattern)))
+              .empty();
 }
 
 void PrepareMediaPlay(Program& program) {

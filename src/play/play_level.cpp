@@ -4,8 +4,8 @@
 #include <string>
 
 #include "foundation/dialogs/ask.h"
-#include "foundation/ports/ui.h"
 #include "foundation/forms/controls.h"
+#include "foundation/ports/ui.h"
 #include "foundation/program.h"
 #include "foundation/services/files.h"
 #include "foundation/services/log.h"
@@ -35,17 +35,16 @@ PlayResult PlayMedia(Program& program) {
   if (!FileExists(player)) {
     WriteLog(program, "Missing playthegame.exe");
     AskUser(program,
-               program.GetText(text::MediaPlayerMissing,
-                               {ExtractFileName(program.GetText(text::MediaPlayerPath))}),
-               msg::kWarning);
+            program.GetText(text::MediaPlayerMissing,
+                            {ExtractFileName(program.GetText(text::MediaPlayerPath))}),
+            msg::kWarning);
     return PlayResult::PlayerMissing;
   }
   const std::string command_line = program.GetText(text::MediaPlayerCommandLine);
   WriteLog(program, "Launch play_the_game.exe with command line: " + command_line);
   if (!LaunchMediaPlayer(program, command_line)) {
     WriteLog(program, "Error launching playthegame");
-    AskUser(program, program.GetText(text::MediaPlayerNotStarted) + player.string(),
-               msg::kError);
+    AskUser(program, program.GetText(text::MediaPlayerNotStarted) + player.string(), msg::kError);
     return PlayResult::NotStarted;
   }
   program.GameRunning = true;

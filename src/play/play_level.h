@@ -17,5 +17,4 @@ enum class PlayResult { Started, LevelNotSet, PlayerMissing, NotStarted };
 // main window's Timer1 when there is one.
 PlayResult PlayLevel(Program& program, std::int32_t code);
 
-
 }  // namespace vardolin

@@ -1,9 +1,9 @@
 #include "savegames/dialog_resize.h"
 
 #include "foundation/dialogs/ask.h"
-#include "foundation/ports/ui.h"
 #include "foundation/pictures/bmp_codec.h"
 #include "foundation/pictures/picture_file.h"
+#include "foundation/ports/ui.h"
 #include "foundation/program.h"
 #include "foundation/services/atomic_file.h"
 #include "foundation/services/paths.h"

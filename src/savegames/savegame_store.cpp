@@ -16,8 +16,8 @@
 #include "play/active_level.h"
 #include "savegames/savegame_files.h"
 #include "savegames/savegame_header.h"
-#include "savegames/savegame_sets.h"
 #include "savegames/savegame_journal.h"
+#include "savegames/savegame_sets.h"
 #include "savegames/text_ids.h"
 
 namespace vardolin {

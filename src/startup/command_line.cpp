@@ -5,8 +5,8 @@
 #include "archive/text_ids.h"
 #include "foundation/program.h"
 #include "foundation/services/paths.h"
-#include "foundation/services/text_scan.h"
 #include "foundation/services/strings.h"
+#include "foundation/services/text_scan.h"
 #include "foundation/text_ids.h"
 
 namespace vardolin {

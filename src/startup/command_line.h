@@ -1,6 +1,6 @@
 #pragma once
-// The program's command line (tokens cut by NextQuotedToken of services/text_scan.h): a catalogue to
-// open and a folder with the level editor's setup files, each given as a token in double quotes.
+// The program's command line (tokens cut by NextQuotedToken of services/text_scan.h): a catalogue
+// to open and a folder with the level editor's setup files, each given as a token in double quotes.
 // Words without quotes are not seen.
 
 #include <string>

@@ -11,16 +11,16 @@
 #include "foundation/dialogs/message_styles.h"
 #include "foundation/dialogs/shared_dialogs.h"
 #include "foundation/forms/form.h"
+#include "foundation/platform/desktop_integration.h"
 #include "foundation/ports/platform.h"
 #include "foundation/ports/ui.h"
 #include "foundation/program.h"
 #include "foundation/services/files.h"
 #include "foundation/services/paths.h"
 #include "foundation/services/strings.h"
+#include "foundation/text_ids.h"
 #include "startup/base_level.h"
 #include "startup/command_line.h"
-#include "foundation/platform/desktop_integration.h"
-#include "foundation/text_ids.h"
 
 #include "archive/editor_backup.h"
 #include "archive/store_repair.h"
@@ -61,7 +61,6 @@ void SettleSettings(Program& program) {
   program.JoystickNeutralX = state.x;
   program.JoystickNeutralY = state.y;
 }
-
 
 void ShowError(Program& program, const std::string& text) {
   AskUser(program, text, msg::kError);

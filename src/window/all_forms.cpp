@@ -2,7 +2,6 @@
 
 #include "archive/dialog_new_arc.h"
 #include "archive/dialog_pref_arc.h"
-#include "window/principale.h"
 #include "editor/dialog_tipo_exe.h"
 #include "editor/dialog_trova_trle.h"
 #include "foundation/dialogs/dialog_get_dir.h"
@@ -12,12 +11,13 @@
 #include "foundation/dialogs/dialog_splash.h"
 #include "foundation/dialogs/dialog_wait.h"
 #include "foundation/settings/dialog_settings.h"
+#include "savegames/dialog_cattura.h"
+#include "savegames/dialog_joy_stick.h"
 #include "savegames/dialog_resize.h"
 #include "savegames/dialog_screen_shot.h"
-#include "savegames/dialog_cattura.h"
 #include "web/dialog_input_testo.h"
-#include "savegames/dialog_joy_stick.h"
 #include "web/dialog_zip.h"
+#include "window/principale.h"
 
 namespace vardolin {
 namespace {

@@ -6,8 +6,6 @@
 #include "archive/catalogue_file.h"
 #include "archive/catalogue_ops.h"
 #include "archive/dialog_pref_arc.h"
-#include "window/principale_levels.h"
-#include "window/principale_remove_level.h"
 #include "archive/text_ids.h"
 #include "archive/whole_store_conversion.h"
 #include "foundation/dialogs/shared_dialogs.h"
@@ -17,9 +15,11 @@
 #include "foundation/settings/dialog_settings.h"
 #include "foundation/text_ids.h"
 #include "play/active_level.h"
-#include "window/principale_shots.h"
-#include "window/principale_savegames.h"
 #include "savegames/text_ids.h"
+#include "window/principale_levels.h"
+#include "window/principale_remove_level.h"
+#include "window/principale_savegames.h"
+#include "window/principale_shots.h"
 
 namespace vardolin {
 namespace {

@@ -1,10 +1,10 @@
 // The capture entry of the main window's screenshot menu.
 
-#include "window/principale.h"
 #include "foundation/dialogs/ask.h"
 #include "foundation/ports/ui.h"
 #include "foundation/program.h"
 #include "savegames/text_ids.h"
+#include "window/principale.h"
 
 namespace vardolin {
 

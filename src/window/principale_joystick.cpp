@@ -2,12 +2,12 @@
 // and the joystick's step in the watcher's tick while the game runs. The savegame panel adds the
 // parts it owns to `Joystick` when it wires up.
 
-#include "window/principale.h"
 #include "foundation/ports/platform.h"
 #include "foundation/ports/ui.h"
 #include "foundation/program.h"
 #include "savegames/capture_source.h"
 #include "savegames/joystick.h"
+#include "window/principale.h"
 #include "window/principale_shots.h"
 
 namespace vardolin {

@@ -3,20 +3,20 @@
 #include <algorithm>
 #include <string>
 
-#include "foundation/dialogs/ask.h"
-#include "foundation/ports/ui.h"
 #include "archive/catalogue_ops.h"
 #include "archive/level_store.h"
-#include "window/principale.h"
 #include "archive/text_ids.h"
+#include "foundation/dialogs/ask.h"
 #include "foundation/dialogs/shared_dialogs.h"
 #include "foundation/ports/platform.h"
+#include "foundation/ports/ui.h"
 #include "foundation/program.h"
 #include "foundation/services/files.h"
 #include "foundation/services/paths.h"
 #include "foundation/services/strings.h"
 #include "intake/copy_info_file.h"
 #include "play/active_level.h"
+#include "window/principale.h"
 #include "window/principale_savegames.h"
 #include "window/principale_shots.h"
 
@@ -117,8 +117,7 @@ void AggiornaDatiLivello(Principale& main, int first_shot) {
   if (index != main.Shots.level_index && level->Code != 0 && level->CdNumber == 0) {
     const std::filesystem::path folder = GetLevelFolder(program, level->Code, false);
     if (!folder.empty() && !FolderExists(folder))
-      AskUser(program, program.GetText(text::LevelFolderMissing, {folder.string()}),
-                 msg::kWarning);
+      AskUser(program, program.GetText(text::LevelFolderMissing, {folder.string()}), msg::kWarning);
   }
   LoadLevelScreenshots(main, index, first_shot);
   SelectShotImage(main, main.Shots.selected_image);

@@ -1,11 +1,11 @@
 // Where each entry of the main window's menu hangs and which text gives its caption.
 
-#include "window/principale.h"
 #include "archive/text_ids.h"
 #include "foundation/ports/ui.h"
 #include "foundation/program.h"
 #include "foundation/settings/dialog_settings.h"
 #include "savegames/dialog_joy_stick.h"
+#include "window/principale.h"
 #include "window/principale_savegames.h"
 #include "window/principale_shots_menu.h"
 

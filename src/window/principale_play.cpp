@@ -1,16 +1,16 @@
 // The main window's part in playing: Pul_Play, the watcher's Timer1, and what the window
 // shows and asks while a game runs.
 
-#include "window/principale_levels.h"
-#include "window/principale.h"
+#include "archive/catalogue_ops.h"
+#include "archive/text_ids.h"
+#include "foundation/dialogs/ask.h"
+#include "foundation/ports/ui.h"
 #include "foundation/program.h"
 #include "play/game_watcher.h"
 #include "play/play_level.h"
-#include "archive/catalogue_ops.h"
-#include "archive/text_ids.h"
 #include "play/text_ids.h"
-#include "foundation/dialogs/ask.h"
-#include "foundation/ports/ui.h"
+#include "window/principale.h"
+#include "window/principale_levels.h"
 
 namespace vardolin {
 

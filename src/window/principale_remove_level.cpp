@@ -2,20 +2,20 @@
 
 #include <string>
 
-#include "foundation/dialogs/ask.h"
-#include "foundation/ports/ui.h"
 #include "archive/catalogue_file.h"
 #include "archive/catalogue_ops.h"
-#include "window/principale_levels.h"
 #include "archive/level_store.h"
-#include "window/principale.h"
 #include "archive/text_ids.h"
+#include "foundation/dialogs/ask.h"
 #include "foundation/dialogs/shared_dialogs.h"
+#include "foundation/ports/ui.h"
 #include "foundation/program.h"
 #include "foundation/services/files.h"
 #include "foundation/services/strings.h"
 #include "play/activation.h"
 #include "play/active_level.h"
+#include "window/principale.h"
+#include "window/principale_levels.h"
 
 namespace vardolin {
 
@@ -30,8 +30,7 @@ void RemoveChosenLevel(Principale& main) {
   const std::int32_t code = *chosen;
   const int index = FindLevelIndex(catalogue, code);
   if (index < 0) {
-    AskUser(program, program.GetText(text::LevelCodeNotFound) + std::to_string(code),
-               msg::kError);
+    AskUser(program, program.GetText(text::LevelCodeNotFound) + std::to_string(code), msg::kError);
     return;
   }
   if (CheckLevelNotOnCd(program, index)) return;
@@ -41,7 +40,7 @@ void RemoveChosenLevel(Principale& main) {
   }
   const std::string name = Trim(catalogue.levels[index].Name);
   if (AskUser(program, program.GetText(text::RemoveLevelQuestion) + " \"" + name + "\" ?",
-                 msg::kYesNo) != msg::kYes)
+              msg::kYesNo) != msg::kYes)
     return;
   // The level leaves the editor folder before its record goes, so that the marker never names a
   // level the archive has lost; no level is coming, so the folder is cleaned.
@@ -57,14 +56,13 @@ void RemoveChosenLevel(Principale& main) {
   RefreshLevelList(main);
 
   if (AskUser(program,
-                 program.GetText(text::RemoveLevelFilesQuestion) + " \"" + name + "\" (" +
-                     folder.string() + ")",
-                 msg::kYesNo) != msg::kYes)
+              program.GetText(text::RemoveLevelFilesQuestion) + " \"" + name + "\" (" +
+                  folder.string() + ")",
+              msg::kYesNo) != msg::kYes)
     return;
   ShowWaitMessage(program, program.GetText(text::RemoveLevelFilesWait));
   if (!DeleteLevelTree(program, folder, &main.Label_Info, &main.ProgressBar1))
-    AskUser(program, program.GetText(text::RemoveLevelFilesFailed) + folder.string(),
-               msg::kError);
+    AskUser(program, program.GetText(text::RemoveLevelFilesFailed) + folder.string(), msg::kError);
   HideWaitMessage(program);
   AskUser(program, program.GetText(text::RemoveLevelDone), msg::kInformation);
   catalogue.header.TotalFilesSize -= files_size;

@@ -2,21 +2,21 @@
 // selected savegame and the pop-up menus of the panel.
 
 #include "window/principale_savegames.h"
-#include "window/principale_shots_menu.h"
 #include "window/principale_shots.h"
+#include "window/principale_shots_menu.h"
 
 #include <string>
 
 #include "foundation/dialogs/ask.h"
 #include "foundation/ports/ui.h"
-#include "window/principale_levels.h"
-#include "window/principale.h"
 #include "foundation/program.h"
 #include "foundation/services/files.h"
 #include "foundation/services/paths.h"
-#include "window/principale_savegames_parts.h"
 #include "savegames/savegame_store.h"
 #include "savegames/text_ids.h"
+#include "window/principale.h"
+#include "window/principale_levels.h"
+#include "window/principale_savegames_parts.h"
 
 namespace vardolin {
 

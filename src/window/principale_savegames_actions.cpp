@@ -3,20 +3,20 @@
 #include <string>
 
 #include "foundation/dialogs/ask.h"
-#include "window/principale_levels.h"
-#include "window/principale.h"
+#include "foundation/platform/desktop_integration.h"
 #include "foundation/ports/ui.h"
 #include "foundation/program.h"
 #include "foundation/services/files.h"
 #include "foundation/services/paths.h"
 #include "foundation/services/strings.h"
-#include "foundation/platform/desktop_integration.h"
-#include "window/principale_savegames.h"
-#include "window/principale_savegames_parts.h"
 #include "savegames/savegame_sets.h"
 #include "savegames/savegame_store.h"
 #include "savegames/shot_store.h"
 #include "savegames/text_ids.h"
+#include "window/principale.h"
+#include "window/principale_levels.h"
+#include "window/principale_savegames.h"
+#include "window/principale_savegames_parts.h"
 
 namespace vardolin {
 
@@ -90,8 +90,7 @@ void ArchiveLevelSavegames(Principale& main, bool tell_user) {
     ArchiveSlotSavegames(program, *code, count);
     ReloadSavegamePanel(main);
   }
-  if (tell_user)
-    AskUser(program, program.GetText(text::ArchiveSavegamesDone), msg::kInformation);
+  if (tell_user) AskUser(program, program.GetText(text::ArchiveSavegamesDone), msg::kInformation);
 }
 
 void RestoreLevelSavegames(Principale& main) {
@@ -133,10 +132,9 @@ void ShowSavegameProperties(Principale& main) {
   // The picture beside the savegame is the one the screenshot panel tied to it on selection.
   const std::filesystem::path tied = main.Shots.tied_image;
   const std::string tied_date = tied.empty() ? std::string() : ShotDateText(ShotFileDate(tied));
-  AskUser(
-      program,
-      SavegamePropertiesText(program, SelectedRowText(main, archived), path, tied, tied_date),
-      msg::kInformation);
+  AskUser(program,
+          SavegamePropertiesText(program, SelectedRowText(main, archived), path, tied, tied_date),
+          msg::kInformation);
 }
 
 }  // namespace vardolin

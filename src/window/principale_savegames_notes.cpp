@@ -4,16 +4,16 @@
 #include <string>
 
 #include "foundation/dialogs/ask.h"
-#include "window/principale.h"
 #include "foundation/ports/ui.h"
 #include "foundation/program.h"
 #include "foundation/services/atomic_file.h"
 #include "foundation/services/files.h"
 #include "foundation/services/strings.h"
-#include "window/principale_savegames.h"
 #include "savegames/savegame_store.h"
 #include "savegames/text_ids.h"
 #include "web/dialog_input_testo.h"
+#include "window/principale.h"
+#include "window/principale_savegames.h"
 
 namespace vardolin {
 

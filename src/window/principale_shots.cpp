@@ -2,18 +2,18 @@
 
 #include <algorithm>
 
-#include "foundation/dialogs/ask.h"
-#include "foundation/ports/ui.h"
 #include "archive/catalogue_ops.h"
 #include "archive/level_store.h"
-#include "window/principale.h"
+#include "foundation/dialogs/ask.h"
+#include "foundation/ports/ui.h"
 #include "foundation/program.h"
 #include "foundation/services/files.h"
 #include "foundation/services/paths.h"
 #include "savegames/shot_list.h"
 #include "savegames/shot_store.h"
-#include "window/principale_levels.h"
 #include "savegames/text_ids.h"
+#include "window/principale.h"
+#include "window/principale_levels.h"
 
 namespace vardolin {
 namespace {
@@ -169,6 +169,5 @@ void ShowNewestShots(Principale& main) {
   // The count is taken after the new shots came: the newest one stands at count - 1.
   AggiornaDatiLivello(main, NewestPairIndex(std::max(count - 1, 0)));
 }
-
 
 }  // namespace vardolin

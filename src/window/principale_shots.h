@@ -18,7 +18,6 @@ class Program;
 std::filesystem::path NoImageOfBaseLevel(Program& program, std::int32_t fragment);
 std::filesystem::path NoImageOfProgram(Program& program, std::int32_t fragment);
 
-
 // Lists the level's shot folder anew, JPEG files before BMP files, and shows the pair at
 // `index`.
 void LoadLevelScreenshots(Principale& main, int level_index, int index);

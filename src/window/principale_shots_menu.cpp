@@ -5,13 +5,12 @@
 #include <memory>
 #include <string>
 
-#include "foundation/dialogs/ask.h"
-#include "foundation/ports/ui.h"
 #include "archive/catalogue_ops.h"
-#include "window/principale.h"
+#include "foundation/dialogs/ask.h"
 #include "foundation/pictures/picture_file.h"
 #include "foundation/platform/wine_registry.h"
 #include "foundation/ports/platform.h"
+#include "foundation/ports/ui.h"
 #include "foundation/program.h"
 #include "foundation/services/files.h"
 #include "foundation/services/paths.h"
@@ -20,8 +19,9 @@
 #include "foundation/text_ids.h"
 #include "savegames/dialog_resize.h"
 #include "savegames/dialog_screen_shot.h"
-#include "window/principale_shots.h"
 #include "savegames/text_ids.h"
+#include "window/principale.h"
+#include "window/principale_shots.h"
 
 namespace vardolin {
 namespace {
@@ -108,9 +108,9 @@ void AddScreenshot(Principale& main) {
     if (answer == msg::kNo) {
       target = NextShotFileName(program, level, Last4(name));
       AskUser(program,
-                 program.GetText(text::AddShotRenamed, {name}) + " '" +
-                     ExtractFileName(target.string()) + "'",
-                 msg::kInformation);
+              program.GetText(text::AddShotRenamed, {name}) + " '" +
+                  ExtractFileName(target.string()) + "'",
+              msg::kInformation);
     }
   }
   const double replaced = FileLength(target);
@@ -245,7 +245,7 @@ void OpenShotInGraphicsProgram(Principale& main) {
                                             : NoImageOfBaseLevel(program, text::NoImageForEditor);
   if (Trim(program.prefs.GraphicsProgram).empty()) {
     AskUser(program, program.GetText(text::GraphicsProgramMissing, {kLineBreak}),
-               msg::kInformation);
+            msg::kInformation);
     if (!ChooseGraphicsProgram(program)) return;
   }
   program.platform().ShellOpen(Trim(program.prefs.GraphicsProgram), Quoted(picture),
@@ -265,8 +265,8 @@ void CopyShotPath(Principale& main) {
   program.ui().SetClipboardText("");
   program.ui().SetClipboardText(picture.string());
   AskUser(program,
-             program.GetText(text::CopyPathDone, {kLineBreak + picture.string() + kLineBreak}),
-             msg::kInformation);
+          program.GetText(text::CopyPathDone, {kLineBreak + picture.string() + kLineBreak}),
+          msg::kInformation);
 }
 
 bool ChooseImageForSavegame(Principale& main, const std::filesystem::path& savegame) {

@@ -5,8 +5,6 @@
 
 #include <cstdint>
 
-#include "window/principale_levels.h"
-#include "window/principale.h"
 #include "foundation/program.h"
 #include "foundation/services/files.h"
 #include "foundation/services/processes.h"
@@ -15,9 +13,11 @@
 #include "play/game_launch.h"
 #include "savegames/capture.h"
 #include "savegames/capture_source.h"
-#include "window/principale_savegames.h"
 #include "savegames/savegame_sets.h"
 #include "savegames/text_ids.h"
+#include "window/principale.h"
+#include "window/principale_levels.h"
+#include "window/principale_savegames.h"
 
 namespace vardolin {
 namespace {

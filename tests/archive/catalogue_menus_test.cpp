@@ -3,8 +3,8 @@
 #include <gtest/gtest.h>
 
 #include "archive/catalogue_file.h"
-#include "window/principale.h"
 #include "archive_fixture.h"
+#include "window/principale.h"
 
 namespace vardolin {
 namespace {

@@ -1,7 +1,7 @@
 #include <gtest/gtest.h>
 
-#include "window/principale_remove_level.h"
 #include "browser_fixture.h"
+#include "window/principale_remove_level.h"
 
 namespace vardolin {
 namespace {

@@ -7,14 +7,14 @@
 #include <iterator>
 #include <sstream>
 
-#include "archive_fixture.h"
 #include "archive/catalogue_ops.h"
+#include "archive_fixture.h"
 #include "cli_runner.h"
-#include "startup/main_window.h"
 #include "foundation/program_home.h"
 #include "foundation/services/files.h"
 #include "savegames/savegame_store.h"
 #include "savegames/shot_list.h"
+#include "startup/main_window.h"
 
 namespace vardolin {
 namespace {

@@ -14,9 +14,9 @@
 #include <string>
 #include <thread>
 
-#include "archive_fixture.h"
 #include "archive/catalogue_file.h"
 #include "archive/level_store.h"
+#include "archive_fixture.h"
 #include "cli_runner.h"
 #include "editor_folder_fixture.h"
 #include "foundation/program_home.h"

@@ -48,8 +48,8 @@ TEST(SetupTrle, TheGameStartsInItsSetupModeOnlyAfterOkAndIsWatchedAsAGame) {
     f.ui.SetClipboardText("picture of before");
     ResetLog(f.program);
 
-    const std::string warning = f.program.GetText(text::SetupTrleWarning,
-                                                  {"\r\n", "\r\n", "\r\n", "\r\n", "\r\n\r\n"});
+    const std::string warning =
+        f.program.GetText(text::SetupTrleWarning, {"\r\n", "\r\n", "\r\n", "\r\n", "\r\n\r\n"});
     f.ui.Answer(c.answer, warning);
     if (c.answer == msg::kOk && !c.game_present)
       f.ui.Answer(msg::kOk, f.program.GetText(text::GameNotStarted));

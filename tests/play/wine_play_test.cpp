@@ -10,9 +10,9 @@
 #include <sstream>
 #include <string>
 
+#include "environment.h"
 #include "play_fixture.h"
 #include "savegame_bytes.h"
-#include "environment.h"
 
 namespace vardolin {
 namespace {

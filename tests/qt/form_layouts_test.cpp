@@ -13,10 +13,10 @@
 #include <set>
 
 #include "form_binder.h"
-#include "window/all_forms.h"
-#include "window/principale.h"
 #include "form_layout.h"
 #include "qt_test_support.h"
+#include "window/all_forms.h"
+#include "window/principale.h"
 
 namespace vardolin {
 namespace {

@@ -6,9 +6,9 @@
 
 #include <algorithm>
 
-#include "window/principale.h"
 #include "capture_fixture.h"
 #include "savegames/capture.h"
+#include "window/principale.h"
 
 namespace vardolin {
 namespace {

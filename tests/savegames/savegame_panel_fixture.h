@@ -11,9 +11,9 @@
 #include "foundation/services/files.h"
 #include "savegame_bytes.h"
 #include "savegames/savegame_header.h"
-#include "window/principale_savegames.h"
 #include "savegames/savegame_store.h"
 #include "savegames/text_ids.h"
+#include "window/principale_savegames.h"
 
 namespace vardolin::testing {
 

@@ -6,9 +6,9 @@
 #include "foundation/pictures/jpeg_codec.h"
 #include "savegames/dialog_resize.h"
 #include "savegames/dialog_screen_shot.h"
-#include "window/principale_shots_menu.h"
 #include "savegames/shot_picture.h"
 #include "shot_fixture.h"
+#include "window/principale_shots_menu.h"
 
 namespace vardolin::testing {
 namespace {

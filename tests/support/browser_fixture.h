@@ -7,11 +7,11 @@
 #include <string>
 #include <vector>
 
-#include "window/principale_levels.h"
 #include "archive/level_store.h"
-#include "window/principale.h"
 #include "archive_fixture.h"
 #include "foundation/services/paths.h"
+#include "window/principale.h"
+#include "window/principale_levels.h"
 
 namespace vardolin::testing {
 

@@ -11,11 +11,11 @@
 
 #include "archive/level_store.h"
 #include "archive_fixture.h"
-#include "window/principale.h"
-#include "window/principale_levels.h"
 #include "editor_folder_fixture.h"
 #include "environment.h"
 #include "foundation/platform/linux_platform.h"
+#include "window/principale.h"
+#include "window/principale_levels.h"
 
 namespace vardolin::testing {
 

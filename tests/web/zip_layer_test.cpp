@@ -167,9 +167,10 @@ TEST(ExtractZip, WhatComesOutOfAZipThatFailsOrHoldsNoFile) {
   TempDir loose;
   loose.Write("one.txt", "1");
   loose.Write("two.txt", std::string(9000, 'x'));
-  ASSERT_EQ(std::system(("cd '" + loose.path().string() + "' && zip -0 -q crc.zip one.txt two.txt")
-                            .c_str()),
-            0);
+  ASSERT_EQ(
+      std::system(
+          ("cd '" + loose.path().string() + "' && zip -0 -q crc.zip one.txt two.txt").c_str()),
+      0);
   std::string crc = ReadFile(loose / "crc.zip");
   crc[crc.find("xxxxxxxx") + 4000] = 'y';
   t.home.Write("crc.zip", crc);

@@ -8,18 +8,30 @@ namespace vardolin {
 
 const char* ControlKindName(ControlKind kind) {
   switch (kind) {
-    case ControlKind::Label: return "Label";
-    case ControlKind::TextBox: return "TextBox";
-    case ControlKind::ComboBox: return "ComboBox";
-    case ControlKind::ListBox: return "ListBox";
-    case ControlKind::CheckBox: return "CheckBox";
-    case ControlKind::OptionButton: return "OptionButton";
-    case ControlKind::Button: return "Button";
-    case ControlKind::ProgressBar: return "ProgressBar";
-    case ControlKind::Timer: return "Timer";
-    case ControlKind::Frame: return "Frame";
-    case ControlKind::Image: return "Image";
-    case ControlKind::Menu: return "Menu";
+    case ControlKind::Label:
+      return "Label";
+    case ControlKind::TextBox:
+      return "TextBox";
+    case ControlKind::ComboBox:
+      return "ComboBox";
+    case ControlKind::ListBox:
+      return "ListBox";
+    case ControlKind::CheckBox:
+      return "CheckBox";
+    case ControlKind::OptionButton:
+      return "OptionButton";
+    case ControlKind::Button:
+      return "Button";
+    case ControlKind::ProgressBar:
+      return "ProgressBar";
+    case ControlKind::Timer:
+      return "Timer";
+    case ControlKind::Frame:
+      return "Frame";
+    case ControlKind::Image:
+      return "Image";
+    case ControlKind::Menu:
+      return "Menu";
   }
   return "?";
 }

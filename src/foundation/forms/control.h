@@ -30,7 +30,18 @@ enum class ControlKind {
 const char* ControlKindName(ControlKind kind);
 
 // What changed, so that an observer refreshes only that part of its widget.
-enum class Change { Caption, Enabled, Visible, Value, Items, Selection, Font, Interval, Picture, Popup };
+enum class Change {
+  Caption,
+  Enabled,
+  Visible,
+  Value,
+  Items,
+  Selection,
+  Font,
+  Interval,
+  Picture,
+  Popup
+};
 
 class Control {
  public:

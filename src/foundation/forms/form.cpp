@@ -42,9 +42,13 @@ void Form::Unload() {
   NotifyForm(FormEvent::Unloaded);
 }
 
-void Form::ReapplyCaptions() { Set_Caption_Texts(); }
+void Form::ReapplyCaptions() {
+  Set_Caption_Texts();
+}
 
-void Form::Refresh() { NotifyForm(FormEvent::Refresh); }
+void Form::Refresh() {
+  NotifyForm(FormEvent::Refresh);
+}
 
 Control* Form::FindControl(std::string_view name) const {
   for (Control* c : controls_)
@@ -70,7 +74,9 @@ void Form::ClearOtherOptions(const OptionButton& chosen) {
   }
 }
 
-void Form::Register(Control* control) { controls_.push_back(control); }
+void Form::Register(Control* control) {
+  controls_.push_back(control);
+}
 
 void Form::NotifyForm(FormEvent event) {
   auto slots = observers_;

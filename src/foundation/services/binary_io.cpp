@@ -13,7 +13,8 @@ template <class T>
 T LoadLe(const char* p) {
   using U = std::make_unsigned_t<T>;
   U v = 0;
-  for (size_t i = 0; i < sizeof(T); ++i) v |= static_cast<U>(static_cast<unsigned char>(p[i])) << (8 * i);
+  for (size_t i = 0; i < sizeof(T); ++i)
+    v |= static_cast<U>(static_cast<unsigned char>(p[i])) << (8 * i);
   return static_cast<T>(v);
 }
 
@@ -61,7 +62,9 @@ std::uint8_t ByteReader::U8() {
   const char* p;
   return Take(1, &p) ? static_cast<std::uint8_t>(*p) : 0;
 }
-double ByteReader::F64() { return std::bit_cast<double>(static_cast<std::uint64_t>(I64())); }
+double ByteReader::F64() {
+  return std::bit_cast<double>(static_cast<std::uint64_t>(I64()));
+}
 
 std::string_view ByteReader::Raw(size_t width) {
   const char* p;
@@ -82,13 +85,27 @@ std::string ByteReader::FixedString(size_t width, int codepage) {
   return Trim(ToUtf8Lossy(raw, codepage));
 }
 
-void ByteWriter::I16(std::int16_t v) { StoreLe(out_, v); }
-void ByteWriter::U16(std::uint16_t v) { StoreLe(out_, v); }
-void ByteWriter::I32(std::int32_t v) { StoreLe(out_, v); }
-void ByteWriter::U32(std::uint32_t v) { StoreLe(out_, v); }
-void ByteWriter::I64(std::int64_t v) { StoreLe(out_, v); }
-void ByteWriter::U8(std::uint8_t v) { out_.push_back(static_cast<char>(v)); }
-void ByteWriter::F64(double v) { I64(static_cast<std::int64_t>(std::bit_cast<std::uint64_t>(v))); }
+void ByteWriter::I16(std::int16_t v) {
+  StoreLe(out_, v);
+}
+void ByteWriter::U16(std::uint16_t v) {
+  StoreLe(out_, v);
+}
+void ByteWriter::I32(std::int32_t v) {
+  StoreLe(out_, v);
+}
+void ByteWriter::U32(std::uint32_t v) {
+  StoreLe(out_, v);
+}
+void ByteWriter::I64(std::int64_t v) {
+  StoreLe(out_, v);
+}
+void ByteWriter::U8(std::uint8_t v) {
+  out_.push_back(static_cast<char>(v));
+}
+void ByteWriter::F64(double v) {
+  I64(static_cast<std::int64_t>(std::bit_cast<std::uint64_t>(v)));
+}
 
 void ByteWriter::FixedString(std::string_view text, size_t width, int codepage) {
   std::string bytes = FromUtf8Lossy(text, codepage);

@@ -12,10 +12,14 @@ namespace {
 
 std::string IconvName(int codepage) {
   switch (codepage) {
-    case 932: return "CP932";
-    case 936: return "CP936";
-    case 65001: return "UTF-8";
-    default: return "CP" + std::to_string(codepage);
+    case 932:
+      return "CP932";
+    case 936:
+      return "CP936";
+    case 65001:
+      return "UTF-8";
+    default:
+      return "CP" + std::to_string(codepage);
   }
 }
 

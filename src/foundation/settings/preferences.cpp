@@ -9,8 +9,8 @@
 #include "foundation/program.h"
 #include "foundation/services/atomic_file.h"
 #include "foundation/services/binary_io.h"
-#include "foundation/text_ids.h"
 #include "foundation/services/paths.h"
+#include "foundation/text_ids.h"
 
 namespace vardolin {
 namespace {
