@@ -45,18 +45,6 @@ TEST(CatalogueFile, LoadOpensTheCatalogue) {
   EXPECT_EQ(main.Caption(), "Vardolin - other.vdc (5 levels)");
 }
 
-TEST(CatalogueFile, UnreadableOrRefusedFileChangesNothing) {
-  FileFixture f;
-  const Catalogue before = f.program.catalogue;
-  WriteBytes(f.Path("short.vdc"), std::string(100, 'x'));
-  for (const fs::path& p : {f.Path("missing.vdc"), f.Path("short.vdc"), f.archive}) {
-    EXPECT_FALSE(LoadCatalogueFile(f.program, p)) << p;
-    EXPECT_EQ(f.program.catalogue, before);
-    EXPECT_EQ(f.program.prefs.LastArchive, f.file.string());
-    EXPECT_FALSE(f.program.ClosingDown);
-  }
-}
-
 TEST(CatalogueFile, PendingUserSizeIsCountedAtLoad) {
   FileFixture f;
   f.program.prefs.AutoSave = true;
@@ -75,15 +63,6 @@ TEST(CatalogueFile, PendingUserSizeIsCountedAtLoad) {
   Catalogue saved;
   ASSERT_TRUE(ParseCatalogue(ReadFile(f.file), saved).ok());
   EXPECT_EQ(saved, f.program.catalogue);
-}
-
-TEST(CatalogueFile, VanishedArchiveFolderAndNoAnswerClosesDown) {
-  FileFixture f;
-  WriteBytes(f.Path("lost.vdc"), SerializeCatalogue(SampleCatalogue(2, f.Path("lost").string())));
-  f.ui.Answer(msg::kOk, "main archive folder").Folder("");
-  f.ui.Answer(msg::kOk, "secondary archive folder").Folder("");
-  EXPECT_FALSE(LoadCatalogueFile(f.program, f.Path("lost.vdc")));
-  EXPECT_TRUE(f.program.ClosingDown);
 }
 
 TEST(CatalogueFile, AutoSaveWritesEachChangeAndReportsAFailedWrite) {
@@ -124,18 +103,6 @@ TEST(CatalogueFile, WithoutAutoSaveAChangeWaitsForTheAnswerAtClose) {
   }
 }
 
-TEST(CatalogueFile, SaveAsMovesTheSettingsToTheNewPath) {
-  FileFixture f;
-  f.ui.SaveFile(f.Path("as.vdc").string());
-  ASSERT_TRUE(SaveCatalogueAs(f.program));
-  EXPECT_EQ(f.ui.Questions()[0].text, "cat.vdc");  // proposed name
-  EXPECT_EQ(f.program.prefs.LastArchive, f.Path("as.vdc").string());
-  EXPECT_TRUE(fs::exists(f.Path("as.vdc")));
-  f.ui.SaveFile("");
-  EXPECT_TRUE(SaveCatalogueAs(f.program));  // Cancel counts as success
-  EXPECT_EQ(f.program.prefs.LastArchive, f.Path("as.vdc").string());
-}
-
 TEST(CatalogueFile, NewCatalogueHasTheBaseLevelAndAFreeName) {
   ArchiveFixture f;
   f.program.prefs.AutoSave = false;
@@ -156,23 +123,6 @@ TEST(CatalogueFile, NewCatalogueHasTheBaseLevelAndAFreeName) {
   EXPECT_EQ(f.program.prefs.LastArchive, first.string());
   EXPECT_EQ(ReadFile(first), SerializeCatalogue(c));
   EXPECT_EQ(NextLevelCode(c), 1);
-
-  // A folder that holds something: the new archive goes into a sub-folder of it.
-  WriteBytes(folder / "LEVEL_0001/files/a.tr4", "level");
-  f.ui.Folder(folder.string());
-  f.ui.Answer(msg::kOk, "isn't empty");
-  ASSERT_TRUE(NewCatalogue(f.program));
-  EXPECT_EQ(f.program.catalogue.header.SecondaryDir, (folder / "Vardolin_Archive").string());
-  EXPECT_EQ(f.program.prefs.LastArchive, (f.program.Home() / "Vardolin_archive2.vdc").string());
-}
-
-TEST(CatalogueFile, NewCatalogueGivenUpKeepsTheOpenOne) {
-  FileFixture f;
-  const Catalogue before = f.program.catalogue;
-  f.ui.Folder("");
-  EXPECT_FALSE(NewCatalogue(f.program));
-  EXPECT_EQ(f.program.catalogue, before);
-  EXPECT_EQ(f.program.prefs.LastArchive, f.file.string());
 }
 
 }  // namespace

@@ -19,15 +19,6 @@ Catalogue WithCodes(std::vector<std::int32_t> codes) {
   return c;
 }
 
-TEST(CatalogueOps, NextLevelCodeIsHighestPlusOne) {
-  struct Case {
-    std::vector<std::int32_t> codes;
-    std::int32_t next;
-  };
-  for (const Case& t : std::vector<Case>{{{0}, 1}, {{0, 3, 2}, 4}, {{0, 7, 9, 8}, 10}, {{}, 1}})
-    EXPECT_EQ(NextLevelCode(WithCodes(t.codes)), t.next) << t.codes.size() << " levels";
-}
-
 TEST(CatalogueOps, TotalsLeaveTheBaseLevelOut) {
   Catalogue c = WithCodes({0, 1, 2});
   c.levels[0].FilesSize = 1'000'000;
@@ -46,13 +37,6 @@ TEST(CatalogueOps, TotalsLeaveTheBaseLevelOut) {
   EXPECT_EQ(c.header.TotalUserSize, 5);
 }
 
-TEST(CatalogueOps, SizesBeyondTheFieldStopAtItsLimitAndTotalsAgree) {
-  Catalogue c = WithCodes({0, 1});
-  AddSizeToCatalogue(c, 5e9, 1, SizeKind::Files);
-  EXPECT_EQ(c.levels[1].FilesSize, std::numeric_limits<std::int32_t>::max());
-  EXPECT_EQ(c.header.TotalFilesSize, std::numeric_limits<std::int32_t>::max() - 1000.0);
-}
-
 // Level folders with real files below a temporary archive folder.
 struct SizesFixture : ArchiveFixture {
   std::filesystem::path archive = Path("archive");
@@ -66,22 +50,6 @@ struct SizesFixture : ArchiveFixture {
     WriteBytes(folder / ("f" + std::to_string(bytes)), std::string(bytes, 'x'));
   }
 };
-
-TEST(CatalogueSizes, LevelOnCdKeepsItsFilesSizeAndAsksForNoCd) {
-  SizesFixture f;
-  f.program.catalogue.levels[2].CdNumber = 2;
-  f.program.catalogue.levels[2].FilesSize = 123456;
-  f.Put(2, "files", 10);  // would count were the level on hard disk
-  f.Put(2, "savegames", 300);
-  f.Put(2, "play/deep", 4);
-  ASSERT_TRUE(UpdateLevelSizes(f.program, 2));
-  EXPECT_EQ(f.program.catalogue.levels[2].FilesSize, 123456);
-  EXPECT_EQ(f.program.catalogue.levels[2].UserSize, 304);
-  EXPECT_EQ(f.program.catalogue.header.TotalUserSize, 304 - 20);
-  EXPECT_TRUE(f.program.CatalogueDirty);
-  EXPECT_TRUE(f.ui.Questions().empty());
-  EXPECT_FALSE(UpdateLevelSizes(f.program, 99));
-}
 
 TEST(CatalogueSizes, RecomputeLeavesTheBaseLevelOutOfTheTotals) {
   SizesFixture f;
@@ -105,15 +73,6 @@ TEST(CatalogueSizes, RecomputeLeavesTheBaseLevelOutOfTheTotals) {
   EXPECT_EQ(ProgressDialog(f.program), nullptr);
 }
 
-TEST(CatalogueOps, CdLevelStopsTheCallerWithAnError) {
-  ArchiveFixture f;
-  f.program.catalogue = SampleCatalogue(3);
-  f.program.catalogue.levels[1].CdNumber = 1;
-  f.ui.Answer(msg::kOk, "lies on CD.\r\nMove");
-  EXPECT_TRUE(CheckLevelNotOnCd(f.program, 1));
-  EXPECT_FALSE(CheckLevelNotOnCd(f.program, 2));
-}
-
 // The questions when an opened catalogue's folders are gone.
 struct FoldersFixture : ArchiveFixture {
   std::filesystem::path file = Path("cat.vdc");
@@ -124,31 +83,6 @@ struct FoldersFixture : ArchiveFixture {
   }
 };
 
-TEST(CatalogueFolders, StandingSecondaryFolderAsksNothing) {
-  FoldersFixture f;
-  std::filesystem::create_directories(f.Path("second"));
-  f.program.catalogue.header.SecondaryDir = f.Path("second").string();
-  f.program.catalogue.header.CdCount = 1;  // a CD archive's main folder is the CD: not asked for
-  EXPECT_TRUE(CheckCatalogueFolders(f.program));
-  EXPECT_TRUE(f.ui.Questions().empty());
-}
-
-TEST(CatalogueFolders, VanishedSharedFolderTakesTheAnswerForBoth) {
-  FoldersFixture f;
-  std::string moved = f.Path("moved").string();
-  std::filesystem::create_directories(moved);
-  f.ui.Answer(msg::kOk, "gone").Folder(moved);
-  EXPECT_TRUE(CheckCatalogueFolders(f.program));
-  EXPECT_EQ(f.ui.Questions()[0].style, msg::kWarning);
-  EXPECT_EQ(f.ui.Questions()[1].title,
-            f.Path("gone").string() + " : where is the main archive folder?");
-  EXPECT_EQ(f.program.catalogue.header.MainDir, moved);
-  EXPECT_EQ(f.program.catalogue.header.SecondaryDir, moved);
-  Catalogue saved;  // AutoSave wrote the change
-  ASSERT_TRUE(ParseCatalogue(ReadFile(f.file), saved).ok());
-  EXPECT_EQ(saved.header.SecondaryDir, moved);
-}
-
 TEST(CatalogueFolders, AnAnswerForAMainFolderOfItsOwnChangesNothing) {
   FoldersFixture f;
   std::filesystem::create_directories(f.Path("second"));
@@ -158,15 +92,6 @@ TEST(CatalogueFolders, AnAnswerForAMainFolderOfItsOwnChangesNothing) {
   EXPECT_TRUE(CheckCatalogueFolders(f.program));
   EXPECT_EQ(f.program.catalogue.header.MainDir, f.Path("gone").string());
   EXPECT_EQ(f.program.catalogue.header.SecondaryDir, f.Path("second").string());
-}
-
-TEST(CatalogueFolders, VanishedSecondaryFolderWithoutAnswerFails) {
-  FoldersFixture f;
-  std::filesystem::create_directories(f.Path("main"));
-  f.program.catalogue.header.MainDir = f.Path("main").string();
-  f.ui.Answer(msg::kOk, "secondary archive folder").Folder("");
-  EXPECT_FALSE(CheckCatalogueFolders(f.program));
-  EXPECT_FALSE(std::filesystem::exists(f.file));
 }
 
 }  // namespace

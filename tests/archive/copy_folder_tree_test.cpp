@@ -78,46 +78,5 @@ TEST(CopyFolderTreeTest, CopiesTheTreeAndLeavesOutMarkedFiles) {
   }
 }
 
-TEST(CopyFolderTreeTest, AsksBeforeReplacingAndKeepsWhatTheUserKeeps) {
-  for (int answer : {msg::kYes, msg::kNo}) {
-    CopyTreeTest t;
-    WriteBytes(t.Path("out/SUB/B.BIN"), "old");
-    t.ui.Answer(answer);
-    EXPECT_TRUE(CopyFolderTree(t.program, t.Path("src"), t.Path("out"), false, true, false));
-    EXPECT_EQ(t.ui.Messages().size(), 1u);
-    EXPECT_EQ(ReadFile(t.Path("out/SUB/B.BIN")),
-              answer == msg::kYes ? std::string(3000, 'b') : "old");
-    EXPECT_FALSE(fs::exists(t.Path("out/sub")));  // the folder that stood in another case is used
-    EXPECT_EQ(ReadFile(t.Path("out/a.txt")), "aaaa");
-  }
-}
-
-TEST(CopyFolderTreeTest, FailuresAreToldAndStopTheCopy) {
-  struct Case {
-    const char* name;
-    const char* target;
-    const char* message;
-  };
-  const Case cases[] = {
-      {"target under a file", "blocker/out", "The folder could not be created: "},
-      {"sub-folder name taken by a file", "taken", "The folder could not be created: "},
-  };
-  for (const Case& c : cases) {
-    SCOPED_TRACE(c.name);
-    CopyTreeTest t;
-    WriteBytes(t.Path("blocker"), "file");
-    WriteBytes(t.Path("taken/sub"), "file");
-    t.ui.Answer(msg::kOk, c.message);
-    EXPECT_FALSE(CopyFolderTree(t.program, t.Path("src"), t.Path(c.target), false, false, false));
-    EXPECT_EQ(t.ui.Questions().back().style, msg::kError);
-  }
-}
-
-TEST(CopyFolderTreeTest, AMissingSourceIsToldByItsName) {
-  CopyTreeTest t;
-  t.ui.Answer(msg::kOk, "'" + t.Path("nothing").string() + "'");
-  EXPECT_FALSE(CopyFolderTree(t.program, t.Path("nothing"), t.Path("out"), nullptr, false, false));
-}
-
 }  // namespace
 }  // namespace vardolin::testing

@@ -18,63 +18,6 @@ struct BackupTest : EditorTest {
   fs::path Backup(std::string_view rel = {}) const { return Path("home/backup_trle") / rel; }
 };
 
-TEST(BackupCompleteTest, NeedsTheFolderAndItsThreeFiles) {
-  const std::pair<std::vector<const char*>, bool> cases[] = {
-      {{}, false},
-      {{"tom2pc.exe", "winroomedit.exe"}, false},
-      {{"tom2pc.exe", "script.exe"}, false},
-      {{"TOM2PC.EXE", "winroomedit.exe", "script.exe"}, true},
-  };
-  for (const auto& [files, complete] : cases) {
-    BackupTest t;
-    for (const char* f : files) WriteBytes(t.Backup(f), "x");
-    EXPECT_EQ(BackupComplete(t.program), complete) << files.size();
-  }
-}
-
-TEST(MakeEditorBackupTest, ACompleteBackupIsKeptWithoutAskingUnlessForced) {
-  for (bool forced : {false, true}) {
-    SCOPED_TRACE(forced);
-    BackupTest t;
-    for (const char* f : {"tom2pc.exe", "winroomedit.exe", "script.exe"})
-      WriteBytes(t.Backup(f), "old");
-    if (forced) t.ui.Answer(msg::kYes, kConfirm);
-    EXPECT_TRUE(MakeEditorBackup(t.program, forced));
-    EXPECT_EQ(t.ui.Questions().size(), forced ? 1u : 0u);
-    EXPECT_EQ(ReadFile(t.Backup("tom2pc.exe")), forced ? EditorFileContent("tom2pc.exe") : "old");
-  }
-}
-
-TEST(MakeEditorBackupTest, FullBackupCopiesTheWholeFolder) {
-  BackupTest t;
-  t.ui.Answer(msg::kYes, kConfirm).Answer(msg::kYes, kFull);
-  EXPECT_TRUE(MakeEditorBackup(t.program, false));
-  EXPECT_TRUE(t.program.prefs.FullBackupDone);
-  for (const std::string& rel : EditorFolderFiles())
-    EXPECT_EQ(ReadFile(t.Backup(rel)), EditorFileContent(rel)) << rel;
-  EXPECT_TRUE(BackupComplete(t.program));
-  EXPECT_EQ(t.ui.ModelessShown(), std::vector<std::string>{"Dialog_Progress"});
-  EXPECT_EQ(ProgressDialog(t.program), nullptr);
-}
-
-TEST(MakeEditorBackupTest, AFullCopyLackingAMarkerFileCountsAsPartial) {
-  const std::pair<const char*, EditorFolderOptions> cases[] = {
-      {"no game", {.with_game = false}},
-      {"no title level", {.with_title_level = false}},
-  };
-  for (const auto& [name, options] : cases) {
-    SCOPED_TRACE(name);
-    BackupTest t(options);
-    t.program.prefs.FullBackupDone = true;
-    t.ui.Answer(msg::kYes, kConfirm).Answer(msg::kYes, kFull);
-    EXPECT_TRUE(MakeEditorBackup(t.program, false));
-    EXPECT_FALSE(t.program.prefs.FullBackupDone);
-    // What the partial backup adds stands as well.
-    EXPECT_TRUE(fs::is_directory(t.Backup("graphics/wads")));
-    EXPECT_TRUE(BackupComplete(t.program));
-  }
-}
-
 TEST(MakeEditorBackupTest, PartialBackupSavesTheEditorsOwnFiles) {
   BackupTest t;
   t.program.prefs.FullBackupDone = true;
@@ -89,19 +32,6 @@ TEST(MakeEditorBackupTest, PartialBackupSavesTheEditorsOwnFiles) {
     EXPECT_FALSE(fs::exists(t.Backup(rel))) << rel;
   EXPECT_TRUE(BackupComplete(t.program));
   EXPECT_EQ(ProgressDialog(t.program), nullptr);
-}
-
-TEST(MakeEditorBackupTest, RefusingTheEditorFolderStopsEverything) {
-  BackupTest t;
-  t.program.prefs.FullBackupDone = true;
-  t.ui.Answer(msg::kNo, t.editor.string());
-  t.ui.Answer(msg::kOk, "can't go on");
-  EXPECT_FALSE(MakeEditorBackup(t.program, false));
-  EXPECT_FALSE(fs::exists(t.Backup()));
-  EXPECT_TRUE(t.program.prefs.FullBackupDone);
-  ASSERT_EQ(t.ui.Questions().size(), 2u);
-  EXPECT_EQ(t.ui.Questions()[1].style, msg::kError);
-  EXPECT_NE(t.ui.Messages()[1].find("start the program again"), std::string::npos);
 }
 
 struct RoomCase {
@@ -141,14 +71,6 @@ TEST(MakeEditorBackupTest, TooLittleRoomAsksWhetherToGoOn) {
       EXPECT_EQ(t.program.prefs.FullBackupDone, c.full);
     }
   }
-}
-
-TEST(MakeEditorBackupTest, ABackupFolderThatCantBeMadeIsTold) {
-  BackupTest t({.with_game = false});
-  WriteBytes(t.Path("home/backup_trle"), "a file where the folder should be");
-  t.ui.Answer(msg::kYes, kConfirm).Answer(msg::kNo, kFull);
-  t.ui.Answer(msg::kOk, "backup folder could not be created");
-  EXPECT_FALSE(MakeEditorBackup(t.program, false));
 }
 
 }  // namespace

@@ -1,7 +1,6 @@
 #include <gtest/gtest.h>
 
 #include "browser_fixture.h"
-#include "foundation/platform/virtual_keys.h"
 #include "play/active_level.h"
 #include "window/principale_levels.h"
 
@@ -23,23 +22,6 @@ TEST(LevelList, IsSortedCarriesCodesAndMarksTheActiveLevel) {
                                                    "Gamma RUINS", "Zeta"}));
   EXPECT_EQ(f.main->Combo_Livelli.ItemData(2), 2);
   EXPECT_EQ(f.main->Combo_Livelli.ListIndex(), 0) << "nothing chosen before: the first";
-}
-
-TEST(LevelList, RefreshKeepsTheChosenLevelAndItsMarkThroughARename) {
-  BrowserFixture f(kNames);
-  f.MarkActive(3);
-  RefreshLevelList(*f.main);
-  f.Choose("Gamma RUINS (*)");
-  f.program.catalogue.levels[3].Name = "Aardvark Caves  ";
-  RefreshLevelList(*f.main);
-  EXPECT_EQ(f.Selected(), "Aardvark Caves (*)");
-  EXPECT_EQ(f.main->Label_InfoLevel.Caption(), "note of 3");
-
-  // The chosen level gone from the table: the first entry is chosen.
-  f.program.catalogue.levels.erase(f.program.catalogue.levels.begin() + 3);
-  RefreshLevelList(*f.main);
-  EXPECT_EQ(f.main->Combo_Livelli.ListIndex(), 0);
-  EXPECT_EQ(f.Selected(), "Alpha Ruins");
 }
 
 TEST(LevelSearch, FindNextAndPreviousFollowTheTextOrTheList) {
@@ -114,13 +96,6 @@ TEST(LevelSummary, CountsShotsAndSavegamesFromTheDisk) {
   }
 }
 
-TEST(LevelSummary, ALevelCodeMissingFromTheTableIsAnError) {
-  BrowserFixture f(kNames);
-  f.main->Combo_Livelli.AddItem("Ghost", 77);
-  f.ui.Answer(msg::kOk, "Level code not found in the archive: 77");
-  f.main->Combo_Livelli.SetListIndex(f.main->Combo_Livelli.FindData(77));
-}
-
 TEST(MoreInfo, OpensTheFileAndCopiesItFromTheCdOnce) {
   BrowserFixture f(kNames);
   RefreshLevelList(*f.main);
@@ -149,61 +124,6 @@ TEST(MoreInfo, OpensTheFileAndCopiesItFromTheCdOnce) {
   f.platform.drives.pop_back();
   f.main->Pul_MoreInfo.Click();
   EXPECT_EQ(f.platform.calls.back(), "open " + (copied / "readme.htm").string());
-}
-
-TEST(MoreInfo, TellsWhyNothingOpens) {
-  struct Case {
-    std::string file;
-    std::int32_t cd;
-    std::string told;
-  };
-  const Case cases[] = {
-      {"  ", 0, "has no file with more information.\r\nIts author"},
-      {"readme.txt", 0, "was not found:\r\n"},
-      {"readme.txt", 1, "The CD of the level is not in a drive"},
-  };
-  for (const Case& c : cases) {
-    SCOPED_TRACE(c.told);
-    BrowserFixture f(kNames);
-    RefreshLevelList(*f.main);
-    f.program.catalogue.levels[4].MoreInfoFile = c.file;
-    f.program.catalogue.levels[4].CdNumber = c.cd;
-    f.Choose("Zeta");
-    f.ui.Answer(msg::kOk, c.told);
-    f.main->Pul_MoreInfo.Click();
-    EXPECT_TRUE(f.platform.calls.empty());
-  }
-}
-
-TEST(MainWindowKeys, F12StartsTheCheckHelperOnlyWhenItIsThere) {
-  BrowserFixture f(kNames);
-  f.main->KeyDown(vk::kF12, 0);
-  EXPECT_TRUE(f.platform.calls.empty());
-  WriteBytes(f.program.Home() / "CheckVardo.exe", "MZ");
-  f.main->KeyDown(vk::kF1 + 10, 0);
-  EXPECT_TRUE(f.platform.calls.empty());
-  f.main->KeyDown(vk::kF12, 0);
-  EXPECT_EQ(f.platform.calls,
-            (std::vector<std::string>{"open " + (f.program.Home() / "CheckVardo.exe").string()}));
-}
-
-TEST(MainWindowPanels, ButtonsAndMenusChooseThePanelAndTheSetting) {
-  BrowserFixture f(kNames);
-  struct Step {
-    Control* trigger;
-    bool screenshots;
-  };
-  const Step steps[] = {{&f.main->Pul_SaveGames, false},
-                        {&f.main->mnu_ShowScreenShot, true},
-                        {&f.main->mnu_ShowSavegames, false},
-                        {&f.main->Pul_ScreenShots, true}};
-  for (const Step& s : steps) {
-    if (auto* b = dynamic_cast<Button*>(s.trigger)) b->Click();
-    if (auto* m = dynamic_cast<Menu*>(s.trigger)) m->Click();
-    EXPECT_EQ(f.program.prefs.ShowScreenshotPanel, s.screenshots);
-    EXPECT_EQ(f.main->Frame_ScreenShots.Visible(), s.screenshots);
-    EXPECT_EQ(f.main->Frame_SaveGames.Visible(), !s.screenshots);
-  }
 }
 
 }  // namespace

@@ -72,43 +72,12 @@ struct DrivesTest : ::testing::Test {
   }
 };
 
-TEST_F(DrivesTest, ThePathBelongsToTheLongestMountPoint) {
-  const std::pair<const char*, const char*> cases[] = {
-      {"/home/u/levels", "/home"},
-      {"/home", "/home"},
-      {"/homework/x", "/"},
-      {"/media/cd/LEVEL_1", "/media/cd"},
-      {"/media/cd2", "/"},
-      {"/etc/../home/x", "/home"},
-      {"", ""},
-  };
-  for (const auto& [path, drive] : cases) EXPECT_EQ(DriveOfPath(platform, path), drive) << path;
-  EXPECT_EQ(DriveTypeOfPath(platform, "/media/cd/x"), kDriveCdRom);
-  EXPECT_EQ(DriveOfPath(std::vector<DriveInfo>{}, "/x"), "");
-  RecordingPlatform none;
-  EXPECT_EQ(DriveTypeOfPath(none, "/x"), kDriveUnknown);
-}
-
-TEST_F(DrivesTest, ListsDrivesByType) {
-  EXPECT_EQ(ListCdDrives(platform), (std::vector<std::string>{"/media/cd", "/dev/sr1"}));
-  EXPECT_EQ(ListFixedDrives(platform), (std::vector<std::string>{"/", "/home", "/data", "/big"}));
-}
-
 TEST_F(DrivesTest, FreeBytesFallBackOnTheDriveRecord) {
   EXPECT_EQ(DiskFreeBytes(platform, "/home/u"), 500);
   EXPECT_EQ(DriveFreeBytes(platform, "/mnt/stick/x"), 900);
   EXPECT_EQ(DriveFreeBytes(platform, "/big/x"), 0);  // not ready
   RecordingPlatform answers;                         // a platform that can tell is asked directly
   EXPECT_EQ(DiskFreeBytes(answers, "/anything"), 1e12);
-}
-
-TEST_F(DrivesTest, BestFreeDriveIsTheFirstReadyFixedDriveWithMostRoom) {
-  double free = 0;
-  EXPECT_EQ(BestFreeDrive(platform, free), "/home");
-  EXPECT_EQ(free, 500);
-  platform.drives.clear();
-  EXPECT_EQ(BestFreeDrive(platform, free), "");
-  EXPECT_EQ(free, 0);
 }
 
 TEST(LinuxDrivesTest, ListsTheMountsOfACannedTable) {

@@ -2,8 +2,6 @@
 
 #include "environment.h"
 #include "foundation/platform/linux_platform.h"
-#include "foundation/services/processes.h"
-#include "recording_platform.h"
 #include "temp_dir.h"
 
 namespace vardolin {
@@ -11,7 +9,6 @@ namespace {
 
 namespace fs = std::filesystem;
 using std::chrono::milliseconds;
-using testing::ReadFile;
 using testing::ScopedEnv;
 using testing::TempDir;
 
@@ -44,20 +41,6 @@ TEST_F(LinuxPlatformTest, RunsInTheProgramsOwnFolderUnlessToldOtherwise) {
   EXPECT_EQ(code, 0);
   lines = Capture(platform, {Echo(), {}, dir.path(), false});
   EXPECT_EQ(lines.at(0), "cwd " + fs::canonical(dir.path()).string());
-}
-
-TEST_F(LinuxPlatformTest, LineEndsOfEitherKindAndALastLineWithoutOne) {
-  auto crlf = Capture(platform, {Echo(), {"--crlf", "--lines", "2"}, dir.path(), false});
-  auto lf = Capture(platform, {Echo(), {"--lines", "2"}, dir.path(), false});
-  ASSERT_EQ(crlf.size(), 6u);
-  EXPECT_EQ(crlf[4], "line 1");
-  EXPECT_EQ(crlf[5], "line 2");
-  EXPECT_EQ(lf.back(), "line 2");
-
-  fs::path script = dir.Write("printf.sh", "#!/bin/sh\nprintf 'a\\r\\nb\\rc\\n\\nd'\n");
-  fs::permissions(script, fs::perms::owner_all);
-  EXPECT_EQ(Capture(platform, {script, {}, {}, false}),
-            (std::vector<std::string>{"a", "b", "c", "", "d"}));
 }
 
 TEST_F(LinuxPlatformTest, ExitCodesWaitsAndTimeouts) {
@@ -107,36 +90,6 @@ TEST_F(LinuxPlatformTest, AProgramThatIgnoresTheRequestToEndIsKilled) {
   }
 }
 
-TEST_F(LinuxPlatformTest, TheHandlerCanBreakOffTheProgram) {
-  std::vector<std::string> seen;
-  int code =
-      platform.RunCapturing({Echo(), {"--lines", "1000000", "--sleep", "20000"}, dir.path(), false},
-                            [&](const std::string& line) {
-                              seen.push_back(line);
-                              return line != "line 3";
-                            });
-  EXPECT_EQ(seen.back(), "line 3");
-  EXPECT_EQ(code, 128 + 15);
-}
-
-TEST_F(LinuxPlatformTest, MissingProgramsDontStart) {
-  EXPECT_FALSE(platform.Start({dir / "nothing", {}, {}, false}));
-  EXPECT_FALSE(platform.Start({"no-such-program-vardolin", {}, {}, false}));
-  EXPECT_FALSE(platform.Start({Echo(), {}, dir / "no-folder", false}));
-  EXPECT_FALSE(platform.Start({dir.path(), {}, {}, false}));
-  EXPECT_EQ(platform.RunCapturing({dir / "nothing", {}, {}, false},
-                                  [](const std::string&) { return true; }),
-            -1);
-}
-
-TEST_F(LinuxPlatformTest, ProgramsOnThePathAndInAnotherCase) {
-  ScopedEnv path("PATH", Echo().parent_path().string() + ":/usr/bin:/bin");
-  auto lines = Capture(platform, {"standin_echo", {"x"}, dir.path(), false});
-  EXPECT_EQ(lines.size(), 2u);
-  fs::copy_file(Echo(), dir / "Tool");
-  EXPECT_EQ(Capture(platform, {dir / "TOOL", {}, {}, false}).size(), 1u);
-}
-
 TEST_F(LinuxPlatformTest, WindowsProgramsGoThroughWine) {
   fs::path game = dir.Write("Game/TOMB4.EXE", std::string("MZ\x90\0", 4) + "rest");
   fs::path native = dir / "Game/native.exe";
@@ -155,64 +108,6 @@ TEST_F(LinuxPlatformTest, WindowsProgramsGoThroughWine) {
 
   ScopedEnv no_wine("VARDOLIN_WINE", (dir / "no-wine-here").string());
   EXPECT_FALSE(platform.Start(request));
-}
-
-TEST_F(LinuxPlatformTest, ShellOpenStartsProgramsAndHandsDocumentsToTheOpener) {
-  fs::path opener = dir.Write("opener.sh", "#!/bin/sh\necho \"$1|$(pwd)\" > \"$OPENED\"\n");
-  fs::permissions(opener, fs::perms::owner_all);
-  ScopedEnv opened("OPENED", (dir / "opened.txt").string());
-  LinuxPlatform::Options options;
-  options.opener = opener.string();
-  LinuxPlatform desktop(options);
-
-  fs::path doc = dir.Write("docs/readme.txt", "hi");
-  ASSERT_TRUE(desktop.ShellOpen(doc.string(), "", {}));
-  EXPECT_EQ(ReadFile(dir / "opened.txt"),
-            doc.string() + "|" + fs::canonical(dir / "docs").string() + "\n");
-
-  ASSERT_TRUE(desktop.ShellOpen("https://example.org/x", "", dir.path()));
-  EXPECT_EQ(ReadFile(dir / "opened.txt"),
-            "https://example.org/x|" + fs::canonical(dir.path()).string() + "\n");
-
-  fs::path out = dir / "program-out.txt";
-  ASSERT_TRUE(desktop.ShellOpen(Echo().string(), "--out \"" + out.string() + "\" \"a b\"", {}));
-  EXPECT_TRUE(
-      testing::WaitFor([&] { return ReadFile(out).find("arg a b\n") != std::string::npos; }));
-
-  LinuxPlatform::Options failing;
-  failing.opener = "false";
-  EXPECT_FALSE(LinuxPlatform(failing).ShellOpen(doc.string(), "", {}));
-  EXPECT_FALSE(desktop.ShellOpen("", "", {}));
-}
-
-TEST(ProcessesTest, AKeyCombinationIsDownOnlyWhenEveryKeyIs) {
-  struct Case {
-    std::vector<int> held;
-    int k1, k2, k3;
-    bool down;
-  };
-  const Case cases[] = {
-      {{0x11, 0x78}, 0x11, 0x78, 0, true},  // Ctrl+F9
-      {{0x11}, 0x11, 0x78, 0, false},       // F9 not held
-      {{0x11, 0x10, 0x78}, 0x11, 0x10, 0x78, true},
-      {{}, 0, 0, 0, false},        // no keys asked: nothing is held
-      {{0x7A}, 0, 0x7A, 0, true},  // a zero in front is no key
-  };
-  for (const Case& c : cases) {
-    testing::RecordingPlatform platform;
-    for (int k : c.held) platform.keys_down[k] = true;
-    EXPECT_EQ(IsKeyCombinationDown(platform, c.k1, c.k2, c.k3), c.down) << c.k1 << "+" << c.k2;
-  }
-}
-
-TEST(ProcessesTest, RunAndWaitBlocksUntilTheProgramHasWritten) {
-  testing::TempDir dir;
-  LinuxPlatform platform;
-  auto out = dir / "out.txt";
-  ASSERT_TRUE(
-      RunAndWait(platform, Echo(), {"--sleep", "100", "--out", out.string(), "done"}, true));
-  EXPECT_NE(testing::ReadFile(out).find("done"), std::string::npos);
-  EXPECT_FALSE(RunAndWait(platform, dir / "missing", {}, true));
 }
 
 }  // namespace

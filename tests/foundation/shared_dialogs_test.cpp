@@ -75,31 +75,6 @@ TEST_F(DialogsTest, MessageBoxShowsTheButtonsOfItsStyleAndGivesTheirNumbers) {
   }
 }
 
-TEST_F(DialogsTest, MessageBoxBeepsUnlessSoundIsOff) {
-  for (int flags : {0, 1, 2, 3}) {
-    platform.calls.clear();
-    program.prefs.Flags = flags;
-    Dialog_MsgBox box(program);
-    box.ImpostaValori("x", 0, "");
-    box.Load();
-    bool beeped = !platform.calls.empty() && platform.calls[0].rfind("beep", 0) == 0;
-    EXPECT_EQ(beeped, (flags & 1) == 0) << "flags " << flags;
-  }
-}
-
-TEST_F(DialogsTest, EscapeAnswersCancelOnlyWhereOffered) {
-  Dialog_MsgBox question(program);
-  question.ImpostaValori("x", msg::kYesNoCancel, "");
-  question.Load();
-  question.KeyDown(27, 0);
-  EXPECT_EQ(question.ExitValue, msg::kCancel);
-  Dialog_MsgBox yes_no(program);
-  yes_no.ImpostaValori("x", msg::kYesNo, "");
-  yes_no.Load();
-  yes_no.KeyDown(27, 0);
-  EXPECT_TRUE(yes_no.IsLoaded());
-}
-
 TEST(ChosenFolder, IsNormalised) {
   struct Case {
     const char* in;
@@ -118,11 +93,6 @@ class GetDirTest : public DialogsTest {
   TempDir tree;
   Dialog_GetDir dialog{program};
 };
-
-TEST_F(GetDirTest, MissingStartBeginsInTheCurrentFolder) {
-  dialog.ImpostaValori((tree.path() / "nowhere").string());
-  EXPECT_EQ(dialog.FolderInView(), fs::canonical(fs::current_path()));
-}
 
 TEST_F(GetDirTest, NewFolderCases) {
   struct Case {
@@ -227,9 +197,7 @@ struct DialogSettingsTest : ::testing::Test, testing::TestProgram {
   MainWindow main{program};
 
   DialogSettingsTest() {
-    home.Write("english.trc", Trc({{1, "Hello"},
-                                   {text::MinutesNotNumber, "minutes must be a number"},
-                                   {text::NoLanguageChosen, "choose a language"}}));
+    home.Write("english.trc", Trc({{1, "Hello"}}));
     program.prefs.Language = "english";
     LoadLanguage(program);
     program.main.form = &main;
@@ -278,26 +246,6 @@ TEST_F(DialogSettingsTest, OkStoresTheControlsAndKeepsOtherFlagBits) {
   again->Pul_Ok.Click();
   EXPECT_EQ(program.prefs.Flags, 0x42);
   EXPECT_EQ(program.prefs.SavegamesToArchive, 10);  // archiving off: the number stays
-}
-
-TEST_F(DialogSettingsTest, BadMinutesOrNoLanguageKeepTheDialogUp) {
-  auto d = Open();
-  for (const char* typed : {"", "abc", "5 minutes", "1e99"}) {
-    ui.Answer(msg::kOk, "minutes must be a number");
-    d->Text_MinutiDifferenza.SetText(typed);
-    d->Pul_Ok.Click();
-    EXPECT_TRUE(d->IsLoaded()) << typed;
-    EXPECT_EQ(ui.Questions().back().style, msg::kError);
-  }
-  d->Text_MinutiDifferenza.SetText("-3");
-  d->Check_DisableSound.SetValue(true);
-  d->Combo_Lingua.SetListIndex(-1);
-  ui.Answer(msg::kOk, "choose a language");
-  d->Pul_Ok.Click();
-  EXPECT_TRUE(d->IsLoaded());
-  EXPECT_FALSE(d->Result);
-  EXPECT_EQ(program.prefs.AssociationMinutes, -3);  // what came before the language is stored
-  EXPECT_TRUE(program.prefs.SoundDisabled());
 }
 
 TEST_F(DialogSettingsTest, CancelAfterChoosingAGraphicsProgramRestoresIt) {
