@@ -91,48 +91,5 @@ TEST_F(PromptTest, AnswersAndWhatTheyLeave) {
   }
 }
 
-TEST_F(PromptTest, TheSaveBoxStartsInTheShotFolderAndTheLevelGrows) {
-  const std::int32_t before = program.catalogue.levels[Index(kPlayed)].UserSize;
-  fs::create_directories(Shots());
-  Dialog_Cattura dialog(program);
-  dialog.Load();
-  dialog.ImpostaValori(Shots().string());
-  dialog.GameProcess = Process{kGamePid};
-  ui.SaveFile((Shots() / "chosen.jpg").string());
-  dialog.Pul_Save.Click();
-  ASSERT_EQ(ui.Questions().size(), 1u);
-  EXPECT_EQ(ui.Questions()[0].kind, testing::AskKind::SaveFile);
-  EXPECT_EQ(ui.Questions()[0].text, "") << "no proposed name";
-  EXPECT_EQ(dialog.SavedPath, Shots() / "chosen.jpg");
-  EXPECT_TRUE(dialog.ExitValue);
-  EXPECT_FALSE(dialog.IsLoaded());
-  EXPECT_EQ(program.catalogue.levels[Index(kPlayed)].UserSize - before,
-            static_cast<std::int32_t>(fs::file_size(Shots() / "chosen.jpg")));
-  EXPECT_TRUE(GameCameBack());
-}
-
-TEST_F(PromptTest, AFailedSaveTellsThePathAndStillClosesAndGivesTheScreenBack) {
-  const fs::path nowhere = Path("missing/folder/shot.jpg");
-  ui.OnForm("Dialog_Cattura", [&](Form& form) {
-    ui.SaveFile(nowhere.string());
-    ui.Answer(msg::kOk, nowhere.string());
-    static_cast<Dialog_Cattura&>(form).Pul_Save.Click();
-    EXPECT_FALSE(form.IsLoaded());
-  });
-  EXPECT_EQ(Tick(), ClipboardShot::NotSaved);
-  ASSERT_EQ(ui.Messages().size(), 1u);
-  EXPECT_EQ(ui.Questions().back().style & msg::kError, msg::kError);
-  EXPECT_NE(ui.Messages()[0].find("\r\n" + nowhere.string() + "\r\n"), std::string::npos);
-  EXPECT_TRUE(GameCameBack());
-  EXPECT_FALSE(ui.ClipboardHasImage());
-}
-
-TEST_F(PromptTest, AGameWithoutAWindowOnTheDesktopIsLeftAsItIs) {
-  Dialog_Cattura dialog(program);
-  dialog.GameProcess = Process{999};
-  EXPECT_FALSE(dialog.RiattivaTombRaider());
-  EXPECT_TRUE(platform.calls.empty()) << "nothing raised";
-}
-
 }  // namespace
 }  // namespace vardolin

@@ -29,74 +29,7 @@ struct DialogJoyStickTest : ::testing::Test, testing::TestProgram {
     d->Load();
     return d;
   }
-  void Press(std::uint32_t buttons) { platform.joystick.buttons = buttons; }
 };
-
-TEST_F(DialogJoyStickTest, ShowsTheStoredSettingsWithoutAskingAnything) {
-  Preferences& p = program.prefs;
-  p.JoystickNumber = 1;
-  p.JoyCloseButtons = 12;
-  p.JoyCloseAlone = true;
-  p.JoyCaptureButtons = 0;
-  platform.joystick_present = false;  // opening the window says nothing of it
-  auto d = Open();
-  EXPECT_EQ(d->Combo_GamePort.SelectedText(), "port B");
-  EXPECT_TRUE(d->Check_CloseTrle.Value());
-  EXPECT_EQ(d->Label_CloseTrle.Caption(), "12");
-  EXPECT_TRUE(d->Check_SoloCloseTrle.Value());
-  EXPECT_FALSE(d->Check_JoyCatturaShot.Value());
-  EXPECT_EQ(d->Label_CatturaShot.Caption(), "");
-  EXPECT_TRUE(d->Opt_TestCloseTomb.Value());
-  EXPECT_TRUE(ui.Questions().empty());
-  EXPECT_TRUE(d->Timer1.Running());
-}
-
-TEST_F(DialogJoyStickTest, LearnsTheWordHeldDuringATickIntoTheChosenLabel) {
-  auto d = Open();
-  d->Check_CloseTrle.Click();  // selects the close label
-  struct Step {
-    std::uint32_t held;
-    const char *close, *capture;
-  } steps[] = {
-      {1, "1", ""},
-      {0, "1", ""},  // releasing keeps what was learned
-      {5, "5", ""},  // buttons 1 and 3 together: a combination
-  };
-  for (const Step& s : steps) {
-    Press(s.held);
-    d->Timer1.Tick();
-    EXPECT_EQ(d->Label_CloseTrle.Caption(), s.close) << s.held;
-    EXPECT_EQ(d->Label_CatturaShot.Caption(), s.capture) << s.held;
-  }
-  d->Check_JoyCatturaShot.Click();  // now the capture label takes the presses
-  Press(2);
-  d->Timer1.Tick();
-  EXPECT_EQ(d->Label_CloseTrle.Caption(), "5");
-  EXPECT_EQ(d->Label_CatturaShot.Caption(), "2");
-  d->Check_SoloCloseTrle.Click();  // the flag beside the close label points back to it
-  Press(8);
-  d->Timer1.Tick();
-  EXPECT_EQ(d->Label_CloseTrle.Caption(), "8");
-  // Giving up the capture clears what it learned and its flag.
-  d->Check_SoloShot.SetValue(true);
-  d->Check_JoyCatturaShot.Click();
-  EXPECT_EQ(d->Label_CatturaShot.Caption(), "");
-  EXPECT_FALSE(d->Check_SoloShot.Value());
-  EXPECT_TRUE(d->Opt_TestScreenShot.Value());
-}
-
-TEST_F(DialogJoyStickTest, ChoosingAPortReadsTheStickRestOrSaysItIsSilent) {
-  auto d = Open();
-  platform.joystick = {41000, 22000, 0, 0};
-  d->Combo_GamePort.SetListIndex(1);
-  EXPECT_EQ(program.JoystickNeutralX, 41000u);
-  EXPECT_EQ(program.JoystickNeutralY, 22000u);
-  EXPECT_EQ(platform.calls.back(), "joystick 1");
-  platform.joystick_present = false;
-  ui.Answer(msg::kOk, "silent: port A");
-  d->Combo_GamePort.SetListIndex(0);
-  EXPECT_EQ(program.JoystickNeutralX, 41000u);  // the last rest read stays
-}
 
 TEST_F(DialogJoyStickTest, OkChecksBeforeItStores) {
   struct Case {

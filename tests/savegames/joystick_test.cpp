@@ -158,38 +158,6 @@ TEST_F(MainWindowJoystickTest, TheWatchersStepEndsTheGameOnTheCloseButtons) {
   EXPECT_EQ(ends(), 1);
 }
 
-TEST_F(MainWindowJoystickTest, ButtonOneZoomsOrRestores) {
-  struct Case {
-    const char* what;
-    bool shots_panel, zoom_up, save_selected;
-    std::vector<std::string> done;
-  } cases[] = {
-      {"screenshots, zoom down", true, false, false, {"zoom"}},
-      {"screenshots, zoom up", true, true, false, {"close zoom"}},
-      {"savegames, zoom up", false, true, true, {"close zoom"}},
-      {"savegames, a row chosen", false, false, true, {"restore"}},
-      {"savegames, no row chosen", false, false, false, {}},
-  };
-  ListBox saves{window, "List_SaveGameArchiviati"};
-  saves.AddItem("a");
-  for (const Case& c : cases) {
-    SCOPED_TRACE(c.what);
-    std::vector<std::string> done;
-    JoystickTargets& t = window.Joystick;
-    t.ShotsPanelVisible = [&] { return c.shots_panel; };
-    t.SavesPanelVisible = [&] { return !c.shots_panel; };
-    t.ZoomVisible = [&] { return c.zoom_up; };
-    t.CloseZoom = [&] { done.push_back("close zoom"); };
-    t.Zoom = [&] { done.push_back("zoom"); };
-    t.ArchivedSaves = &saves;
-    t.RestoreSaveGame = [&] { done.push_back("restore"); };
-    saves.SetListIndex(c.save_selected ? 0 : -1);
-    Hold(1);
-    EXPECT_EQ(Tick(), JoystickInput::Select);
-    EXPECT_EQ(done, c.done);
-  }
-}
-
 TEST_F(MainWindowJoystickTest, SidewaysWalksTheSavegamesRoundBothEnds) {
   struct Case {
     int rows, selected, dx, expected;
@@ -213,39 +181,6 @@ TEST_F(MainWindowJoystickTest, SidewaysWalksTheSavegamesRoundBothEnds) {
     Tick();
     EXPECT_EQ(saves.ListIndex(), c.expected)
         << c.rows << " rows, row " << c.selected << ", dx " << c.dx;
-  }
-}
-
-TEST_F(MainWindowJoystickTest, SidewaysWalksTheScreenshotPairs) {
-  struct Case {
-    const char* what;
-    int selected, index;
-    bool further_pair, next_shot;
-    std::int64_t dx;
-    std::vector<std::string> done;
-  } cases[] = {
-      {"right from Image2 to the next pair", 2, 4, true, true, 3000, {"next pair", "select 1"}},
-      {"right from Image2, last pair", 2, 4, false, true, 3000, {}},
-      {"right from Image1", 1, 4, true, true, 3000, {"select 2"}},
-      {"right from Image1, a lone shot", 1, 4, false, false, 3000, {}},
-      {"left from Image2", 2, 4, true, true, -3000, {"select 1"}},
-      {"left from Image1, pair before", 1, 4, true, true, -3000, {"previous pair", "select 2"}},
-      {"left from Image1 at the first shot", 1, 0, true, true, -3000, {}},
-  };
-  for (const Case& c : cases) {
-    SCOPED_TRACE(c.what);
-    std::vector<std::string> done;
-    JoystickTargets& t = window.Joystick;
-    t.SelectedImage = [&] { return c.selected; };
-    t.SelectImage = [&](int i) { done.push_back("select " + std::to_string(i)); };
-    t.FurtherPairExists = [&] { return c.further_pair; };
-    t.NextShotExists = [&] { return c.next_shot; };
-    t.CurrentShotIndex = [&] { return c.index; };
-    t.NextPair = [&] { done.push_back("next pair"); };
-    t.PreviousPair = [&] { done.push_back("previous pair"); };
-    Hold(0, static_cast<std::uint32_t>(32767 + c.dx), 32767);
-    Tick();
-    EXPECT_EQ(done, c.done);
   }
 }
 

@@ -1,5 +1,5 @@
-// The screenshot menu on real files: adding, deleting, renaming, copying, properties, the
-// graphics program, the clipboard, free names, JPEG conversion and choosing a savegame's image.
+// The screenshot menu on real files: adding, deleting, the graphics program,
+// free names, JPEG conversion and choosing a savegame's image.
 
 #include <gtest/gtest.h>
 
@@ -142,60 +142,6 @@ TEST(ShotMenu, DeletingAShot) {
       EXPECT_EQ(f.program.catalogue.levels[1].UserSize, 100000 - static_cast<int>(length));
     }
   }
-}
-
-TEST(ShotMenu, RenamingStaysInTheShotFolder) {
-  struct Case {
-    const char* typed;
-    bool renamed;
-    const char* message;
-  } cases[] = {
-      {"better.jpg", true, nullptr},
-      {"", false, nullptr},
-      {"../out.jpg", false, "could not be renamed"},
-      {"s1.jpg", false, "could not be renamed"},
-  };
-  for (const Case& c : cases) {
-    ShotFixture f;
-    f.Shots(2);
-    f.ChooseMyLevel();
-    f.ui.Input(c.typed, "New name");
-    if (c.message) f.ui.Answer(msg::kOk, c.message);
-    RenameShot(*f.main);
-    EXPECT_EQ(std::filesystem::exists(f.ShotDir() / "s0.jpg"), !c.renamed) << c.typed;
-    if (c.renamed) {
-      EXPECT_EQ(f.main->Shots.shots[0].path, f.ShotDir() / c.typed);
-    }
-    EXPECT_FALSE(std::filesystem::exists(f.Folder(1) / "out.jpg"));
-  }
-}
-
-TEST(ShotMenu, SavingACopyCopyingThePathAndProperties) {
-  ShotFixture f;
-  f.Shots(2);
-  f.Shot("z.bmp", 9);
-  f.ChooseMyLevel();
-  PageShots(*f.main, ShotPage::Last);
-  const auto copy = f.dir / "copy.bmp";
-  f.ui.SaveFile(copy.string());
-  SaveShotCopy(*f.main);
-  EXPECT_EQ(ReadFile(copy), ReadFile(f.ShotDir() / "z.bmp"));
-
-  f.ui.Answer(msg::kOk, (f.ShotDir() / "z.bmp").string());
-  CopyShotPath(*f.main);
-  EXPECT_EQ(f.ui.ClipboardText(), (f.ShotDir() / "z.bmp").string());
-
-  f.ui.Answer(msg::kOk, "(8 x 6)");
-  ShowShotProperties(*f.main);
-
-  // Beside the last shot there is none: the no-image picture's path, by the chosen panel.
-  SelectShotImage(*f.main, 1);
-  f.ui.AllowAnyMessage();
-  CopyShotPath(*f.main);
-  EXPECT_EQ(f.ui.ClipboardText(), (f.Folder(0) / "screenshots" / "no_image.jpg").string());
-  f.program.prefs.ShowScreenshotPanel = false;
-  CopyShotPath(*f.main);
-  EXPECT_EQ(f.ui.ClipboardText(), (f.program.Home() / "no_image.jpg").string());
 }
 
 TEST(ShotMenu, TheGraphicsProgramIsAskedOnceThenOpensTheShot) {
