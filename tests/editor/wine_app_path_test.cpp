@@ -42,17 +42,6 @@ TEST(WinePathToNativeTest, DrivePathsBecomePathsOfThePrefix) {
   }
 }
 
-TEST(EditorFolderOfAppPathTest, AProgramPathIsCutToItsFolder) {
-  EditorTest t;
-  const std::pair<const char*, const char*> cases[] = {
-      {"C:\\Program Files\\TRLE\\winroomedit.exe", "C:\\Program Files\\TRLE"},
-      {"C:\\Program Files\\TRLE\\WINROOMEDIT.EXE", "C:\\Program Files\\TRLE"},
-      {"C:\\Program Files\\TRLE", "C:\\Program Files\\TRLE"},
-      {"C:\\Program Files\\TRLE\\", "C:\\Program Files\\TRLE\\"},
-  };
-  for (auto [value, expected] : cases) EXPECT_EQ(EditorFolderOfAppPath(t.program, value), expected);
-}
-
 TEST(FindEditorInRegistryTest, ReadsTheRegistryFileOfThePrefixThroughTheLinuxPlatform) {
   // From a system.reg as Wine writes it, with the room editor's folder spelled otherwise on disk.
   TempDir dir;

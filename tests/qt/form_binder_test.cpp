@@ -1,22 +1,15 @@
 #include <gtest/gtest.h>
 
-#include <QAction>
 #include <QApplication>
-#include <QComboBox>
-#include <QDialog>
 #include <QImage>
 #include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
-#include <QListWidget>
-#include <QMenu>
-#include <QProgressBar>
 #include <QPushButton>
 #include <filesystem>
 
 #include "bare_main_window.h"
 #include "form_binder.h"
-#include "foundation/dialogs/dialog_get_dir.h"
 #include "foundation/dialogs/dialog_input_box.h"
 #include "foundation/dialogs/dialog_msg_box.h"
 #include "qt_test_support.h"
@@ -41,37 +34,7 @@ class BinderTest : public ::testing::Test {
   testing::QtProgram p;
 };
 
-TEST_F(BinderTest, ModelChangesShowInTheWidgets) {
-  Dialog_InputBox box(p.program);
-  box.ImpostaValori("Your name?", "Asking", "Lara");
-  box.Load();
-  FormBinder binder(box);
-  ASSERT_NE(binder.window(), nullptr);
-  EXPECT_EQ(binder.window()->windowTitle(), "Asking");
-  EXPECT_EQ(Widget<QLabel>(binder, "Label_Prompt")->text(), "Your name?");
-  auto* line = Widget<QLineEdit>(binder, "Text_Input");
-  EXPECT_EQ(line->text(), "Lara");
-
-  box.Text_Input.SetText("Croft");
-  box.Text_Input.SetLocked(true);
-  box.Pul_Cancel.SetEnabled(false);
-  box.Pul_Ok.SetCaption("Go");
-  box.SetCaption("Other");
-  EXPECT_EQ(line->text(), "Croft");
-  EXPECT_TRUE(line->isReadOnly());
-  EXPECT_FALSE(Widget<QPushButton>(binder, "Pul_Cancel")->isEnabled());
-  EXPECT_EQ(Widget<QPushButton>(binder, "Pul_Ok")->text(), "Go");
-  EXPECT_EQ(binder.window()->windowTitle(), "Other");
-}
-
-TEST_F(BinderTest, TheCloseBoxUnloadsAnOrdinaryFormButCantEndAMessageBox) {
-  Dialog_InputBox input(p.program);
-  input.Load();
-  FormBinder input_binder(input);
-  input_binder.window()->show();
-  EXPECT_TRUE(input_binder.window()->close());
-  EXPECT_FALSE(input.IsLoaded());
-
+TEST_F(BinderTest, TheCloseBoxCantEndAMessageBox) {
   Dialog_MsgBox box(p.program);
   box.ImpostaValori("Really?", msg::kYesNo, "");
   box.Load();
@@ -81,73 +44,6 @@ TEST_F(BinderTest, TheCloseBoxUnloadsAnOrdinaryFormButCantEndAMessageBox) {
   EXPECT_TRUE(box.IsLoaded());
   Widget<QPushButton>(binder, "Pul_Button2")->click();
   EXPECT_EQ(box.ExitValue, msg::kNo);
-}
-
-TEST_F(BinderTest, ListsAndCombosFollowBothWays) {
-  testing::TempDir tree;
-  fs::create_directories(tree.path() / "one" / "deep");
-  fs::create_directories(tree.path() / "two");
-  p.platform.drives = {testing::MakeDrive("/", kDriveFixed),
-                       testing::MakeDrive(tree.path().string(), kDriveFixed)};
-  Dialog_GetDir dialog(p.program);
-  dialog.ImpostaValori(tree.path().string());
-  dialog.Load();
-  FormBinder binder(dialog);
-  auto* dirs = Widget<QListWidget>(binder, "Dir1");
-  auto* drives = Widget<QComboBox>(binder, "Drive1");
-  ASSERT_EQ(dirs->count(), 3);
-  EXPECT_EQ(dirs->item(1)->text(), "one");
-  EXPECT_EQ(drives->currentIndex(), dialog.Drive1.ListIndex());
-  EXPECT_EQ(drives->currentText().toStdString(), tree.path().string());
-
-  dirs->setCurrentRow(1);
-  EXPECT_EQ(dialog.Dir1.ListIndex(), 1);
-  emit dirs->itemDoubleClicked(dirs->item(1));
-  EXPECT_EQ(dialog.FolderInView(), fs::canonical(tree.path() / "one"));
-  ASSERT_EQ(dirs->count(), 2);
-  EXPECT_EQ(dirs->item(1)->text(), "deep");
-  EXPECT_EQ(Widget<QLabel>(binder, "Label_Folder")->text().toStdString(),
-            fs::canonical(tree.path() / "one").string());
-
-  int root_row = dialog.Drive1.FindText("/");
-  drives->setCurrentIndex(root_row);
-  emit drives->activated(root_row);
-  EXPECT_EQ(dialog.Drive1.ListIndex(), root_row);
-  EXPECT_EQ(dialog.FolderInView(), fs::path("/"));
-}
-
-TEST_F(BinderTest, MenusAndTimersOfTheMainWindow) {
-  testing::BareMainWindow main(p.program);
-  main.Load();
-  ASSERT_TRUE(main.IsLoaded());
-  FormBinder binder(main);
-  auto* exit = binder.window()->findChild<QAction*>("Mnu_Exit");
-  auto* add = binder.window()->findChild<QAction*>("mnu_AddLevel");
-  auto* file = binder.window()->findChild<QMenu*>("mnu_File");
-  ASSERT_TRUE(exit && add && file);
-  EXPECT_TRUE(exit->isEnabled());
-  EXPECT_FALSE(add->isEnabled()) << "work that isn't built is greyed";
-  EXPECT_EQ(file->title().toStdString(), main.mnu_File.Caption());
-  main.mnu_File.SetCaption("Archive");
-  EXPECT_EQ(file->title(), "Archive");
-  EXPECT_FALSE(binder.window()->findChild<QMenu*>("mnu_SaveGameHid")->menuAction()->isVisible());
-
-  main.ProgressBar1.SetValue(42);
-  EXPECT_EQ(Widget<QProgressBar>(binder, "ProgressBar1")->value(), 42);
-
-  int ticks = 0;
-  main.Timer1.SetHandler([&] { ++ticks; });
-  main.Timer1.SetInterval(5);
-  testing::Spin(60);
-  EXPECT_GT(ticks, 0);
-  main.Timer1.SetEnabled(false);
-  const int paused_at = ticks;
-  testing::Spin(30);
-  EXPECT_EQ(ticks, paused_at);
-
-  exit->trigger();
-  EXPECT_FALSE(main.IsLoaded());
-  EXPECT_TRUE(fs::exists(p.home / "Vardolin.prf")) << "leaving writes the settings";
 }
 
 // A key pressed where the keyboard focus is, travelling up to the window as a real one does.
