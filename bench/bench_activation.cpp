@@ -44,16 +44,14 @@
 #include "play/activation.h"
 #include "web/zlib_tool.h"
 
-extern char** environ;
-
 namespace vardolin {
 namespace {
 
 namespace fs = std::filesystem;
 using Clock = std::chrono::steady_clock;
 
-constexpr std::size_t kFileSize = 5 * 1000 * 1000;
-constexpr int kFilesPerKind = 20;
+using bench::kFileSize;
+using bench::kFilesPerKind;
 constexpr std::int32_t kPlainLevel = 1;
 constexpr std::int32_t kPackedLevel = 2;
 
@@ -98,15 +96,13 @@ struct Bench {
     gz_files = root / "gz";
     fs::create_directories(gz_files);
     for (int i = 0; i < 2 * kFilesPerKind; ++i) {
-      const bool random = i < kFilesPerKind;
       std::string name = i == 0       ? "title.tr4"
                          : i == 1     ? "script.dat"
                          : i == 2     ? "english.dat"
                          : i % 4 == 3 ? "track" + std::to_string(i) + ".wav"
                                       : "room" + std::to_string(i) + ".tr4";
       names.push_back(name);
-      bench::Write(plain_files / name, random ? bench::RandomBytes(kFileSize, 100 + i)
-                                              : bench::CompressibleBytes(kFileSize, 200 + i));
+      bench::Write(plain_files / name, bench::ReferenceFileBytes(i));
       fs::create_directories(packed_files);
       if (PackFile(plain_files / name, packed_files / (name + ".zl")) != ZlResult::Ok ||
           !bench::Run({"pigz", "-9", "-k", "-f", (plain_files / name).string()}))

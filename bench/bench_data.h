@@ -65,4 +65,15 @@ class ScratchFolder {
   std::filesystem::path path_;
 };
 
+// The reference level the benchmarks measure on: 2 x 20 files of 5 MB, the first half random
+// (as packed game data is), the second half compressible about 2:1.
+inline constexpr std::size_t kFileSize = 5 * 1000 * 1000;
+inline constexpr int kFilesPerKind = 20;
+
+// The bytes of the reference level's file `i`; the same in every run and every benchmark.
+inline std::string ReferenceFileBytes(int i) {
+  return i < kFilesPerKind ? RandomBytes(kFileSize, 100 + i)
+                           : CompressibleBytes(kFileSize, 200 + i);
+}
+
 }  // namespace vardolin::bench

@@ -29,16 +29,14 @@
 #include "foundation/program.h"
 #include "web/zip_layer.h"
 
-extern char** environ;
-
 namespace vardolin {
 namespace {
 
 namespace fs = std::filesystem;
 using Clock = std::chrono::steady_clock;
 
-constexpr std::size_t kFileSize = 5 * 1000 * 1000;
-constexpr int kFilesPerKind = 20;
+using bench::kFileSize;
+using bench::kFilesPerKind;
 constexpr int kSmallEntries = 10000;
 
 struct Bench {
@@ -53,8 +51,7 @@ struct Bench {
     for (int i = 0; i < 2 * kFilesPerKind; ++i) {
       const bool random = i < kFilesPerKind;
       bench::Write(level / ("room" + std::to_string(i) + (random ? ".tr4" : ".wad")),
-                   random ? bench::RandomBytes(kFileSize, 100 + i)
-                          : bench::CompressibleBytes(kFileSize, 200 + i));
+                   bench::ReferenceFileBytes(i));
     }
     level_zip = root / "level.zip";
     if (!bench::Run({"zip", "-r", "-q", level_zip.string(), "."}, level)) std::abort();

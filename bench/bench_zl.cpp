@@ -25,15 +25,13 @@
 #include "bench_tools.h"
 #include "web/zlib_tool.h"
 
-extern char** environ;
-
 namespace {
 
 namespace fs = std::filesystem;
 using Clock = std::chrono::steady_clock;
 
-constexpr std::size_t kFileSize = 5 * 1000 * 1000;
-constexpr int kFilesPerKind = 20;
+using vardolin::bench::kFileSize;
+using vardolin::bench::kFilesPerKind;
 
 enum Kind { kRandom, kCompressible };
 const char* kKindName[] = {"random", "compressible"};

@@ -5,7 +5,9 @@
 #include <filesystem>
 #include <fstream>
 #include <string>
+#include <vector>
 
+#include "archive/level_store.h"
 #include "foundation/catalogue_records.h"
 #include "foundation/program.h"
 #include "foundation/texts/text_catalogue.h"
@@ -63,6 +65,25 @@ inline LevelRecord SampleLevel(std::int32_t code, std::int32_t cd = 0) {
   r.FilesSize = 1000 * code;
   r.UserSize = 10 * code;
   return r;
+}
+
+// Makes the program's catalogue hold levels named `names` in `folder`, codes 0, 1, 2 ... in this
+// order, each with its files folder made on disk; gives those folders.
+inline std::vector<std::filesystem::path> StoreNamedLevels(Program& program,
+                                                           const std::filesystem::path& folder,
+                                                           const std::vector<std::string>& names) {
+  Catalogue& c = program.catalogue;
+  c.header.MainDir = c.header.SecondaryDir = folder.string();
+  std::vector<std::filesystem::path> files;
+  for (std::size_t i = 0; i < names.size(); ++i) {
+    LevelRecord r = SampleLevel(static_cast<std::int32_t>(i));
+    r.Name = names[i];
+    c.levels.push_back(r);
+    files.push_back(GetLevelFolder(program, r.Code, false) / "files");
+    std::filesystem::create_directories(files.back());
+  }
+  c.header.LevelCount = static_cast<std::int32_t>(names.size());
+  return files;
 }
 
 inline Catalogue SampleCatalogue(int levels, const std::string& folder = "/archive") {

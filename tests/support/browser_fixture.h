@@ -25,15 +25,7 @@ struct BrowserFixture : ArchiveFixture {
     std::filesystem::create_directories(editor);
     program.prefs.EditorFolder = editor.string();
     program.prefs.AutoSave = false;
-    Catalogue& c = program.catalogue;
-    c.header.MainDir = c.header.SecondaryDir = archive.string();
-    for (std::size_t i = 0; i < names.size(); ++i) {
-      LevelRecord r = SampleLevel(static_cast<std::int32_t>(i));
-      r.Name = names[i];
-      c.levels.push_back(r);
-      std::filesystem::create_directories(Folder(r.Code) / "files");
-    }
-    c.header.LevelCount = static_cast<std::int32_t>(names.size());
+    StoreNamedLevels(program, archive, names);
     main = std::make_unique<Principale>(program);
   }
 

@@ -45,21 +45,13 @@ struct BasicPlayFixture {
     program.prefs.FullBackupDone = true;
     program.prefs.AutoSave = false;
     program.BackupFolder = backup.string();
-    Catalogue& c = program.catalogue;
-    c.header.MainDir = c.header.SecondaryDir = archive.string();
-    for (std::size_t i = 0; i < names.size(); ++i) {
-      LevelRecord r = SampleLevel(static_cast<std::int32_t>(i));
-      r.Name = names[i];
-      c.levels.push_back(r);
-      const fs::path files = GetLevelFolder(program, r.Code, false) / "files";
-      fs::create_directories(files);
-      if (i == 0) continue;
-      WriteBytes(files / (names[i] + ".tr4"), "level " + names[i]);
-      WriteBytes(files / "script.dat", names[i] + "'s script");
+    const std::vector<fs::path> files = StoreNamedLevels(program, archive, names);
+    for (std::size_t i = 1; i < names.size(); ++i) {
+      WriteBytes(files[i] / (names[i] + ".tr4"), "level " + names[i]);
+      WriteBytes(files[i] / "script.dat", names[i] + "'s script");
       if (i < extra_files.size())
-        for (const std::string& extra : extra_files[i]) WriteBytes(files / extra, extra);
+        for (const std::string& extra : extra_files[i]) WriteBytes(files[i] / extra, extra);
     }
-    c.header.LevelCount = static_cast<std::int32_t>(names.size());
     main = std::make_unique<Principale>(program);
     RefreshLevelList(*main);
   }
