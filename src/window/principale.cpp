@@ -72,6 +72,7 @@ Principale::Principale(Program& program) : Form(program, "Principale", "Vardolin
   mnu_SaveGameHid2.SetVisible(false);
   Timer_Joystick.SetInterval(kJoystickTickMs);
   WireLevelBrowser();
+  WireAddLevel();
   WirePlay();
   WireEditorSettings();
   WireScreenshotPanel();

@@ -224,6 +224,8 @@ class Principale : public Form {
   void WireLevelBrowser();
   void DisableMissingWork();
 
+  // Adding a level and a level's properties (principale_add_level.cpp).
+  void WireAddLevel();
   // Play and the game watcher (play/principale_play.cpp).
   void WirePlay();
   void Timer1_Timer();
