@@ -17,6 +17,7 @@
 #include "archive/catalogue_file.h"
 #include "catalogue_commands.h"
 #include "demo_home.h"
+#include "equal_commands.h"
 #include "foundation/platform/linux_platform.h"
 #include "foundation/program.h"
 #include "foundation/program_home.h"
@@ -125,6 +126,9 @@ int main(int argc, char** argv) {
           [&](vardolin::Program& p) { return vardolin::CmdShots(p, code, json, out, err); });
   code_option(shots);
   json_flag(shots);
+  json_flag(add("equal", "list the levels that hold a level file of another level (equal levels)",
+                false,
+                [&](vardolin::Program& p) { return vardolin::CmdEqual(p, json, out, err); }));
 
   std::vector<std::string> sources;
   std::string level_name, level_note;

@@ -181,7 +181,7 @@ void Dialog_NewLevel::RefreshFiles() {
 
   bool tom = false;
   for (const fs::path& f : FileList)
-    tom = tom || WildcardMatch(f.filename().string(), p.GetText(text::TomPattern));
+    tom = tom || WildcardMatch(f.filename().string(), p.GetText(text::UncompiledPattern));
   Pul_CompileTom.SetVisible(tom);
   Label_Size.SetCaption(p.GetText(text::FileCountLabel) + std::to_string(FileList.size()) + ", " +
                         FormatFileSize(total) + ")");

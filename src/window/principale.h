@@ -256,6 +256,9 @@ class Principale : public Form {
 
   // The watcher's savegame and screenshot steps (savegames/watcher_steps.cpp).
   void WireWatcherSteps();
+
+  // The equal-level check and the maintenance of level file lists (principale_equal_levels.cpp).
+  void WireEqualLevels();
 };
 
 }  // namespace vardolin
