@@ -145,7 +145,9 @@ bool AddFileToFolder(Program& program, const fs::path& file, const fs::path& tar
     return CopyFileOver(file, to);
   }
   const bool zip = IsZipPackage(program, name);
-  if (direct) {
+  // Into a folder that holds no file nothing can be replaced, so there is nothing to ask and no
+  // need for the detour through a folder of the program's.
+  if (direct || ListFiles(target, "*").empty()) {
     Show(program, label,
          program.GetText(zip ? text::UnpackingZipDirect : text::UnpackingArchiveDirect));
     return zip ? ExtractZip(program, file, target, bar, false, false)
