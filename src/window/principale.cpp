@@ -81,6 +81,7 @@ Principale::Principale(Program& program) : Form(program, "Principale", "Vardolin
   WireSavegameMenus();
   WireJoystick();
   WireWatcherSteps();
+  WireUrlList();
   DisableMissingWork();
   program.main = {this, &Label_Info, &ProgressBar1, &Timer1};
   program.notify.level_list_changed = [this] { RefreshLevelList(*this); };

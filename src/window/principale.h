@@ -254,6 +254,8 @@ class Principale : public Form {
 
   // The watcher's savegame and screenshot steps (savegames/watcher_steps.cpp).
   void WireWatcherSteps();
+  // The list of web addresses (principale_urls.cpp).
+  void WireUrlList();
 };
 
 }  // namespace vardolin

@@ -110,6 +110,7 @@ TEST(FindEditorFolderTest, AWrongFolderKeepsTheDialogUpUntilTheUserGivesUp) {
   t.ui.Folder(t.Path("home").string());
   t.ui.Answer(msg::kOk, "tom2pc.exe is missing");
   t.ui.Answer(msg::kOk, "tom2pc.exe is missing");
+  t.ui.Answer(msg::kNo, "download the Tomb Raider Level Editor");
   t.ui.Answer(msg::kOk, "Without the Tomb Raider Level Editor");
   EXPECT_FALSE(FindEditorFolder(t.program));
   EXPECT_EQ(t.program.prefs.EditorFolder, t.Path("old").string());
