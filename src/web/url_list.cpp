@@ -20,7 +20,9 @@ namespace vardolin {
 namespace {
 
 constexpr int kCodePage = 1252;
-constexpr std::size_t kHeaderBytes = 12;
+// Types 1 to 8 are known; anything else is a damaged file, not a category to guess at.
+constexpr std::int32_t kFirstType = 1;
+constexpr std::int32_t kLastType = 8;
 // The smallest entry: two empty texts with their lengths, the type and the flag.
 constexpr std::size_t kSmallestEntry = 2 + 2 + 4 + 2;
 // Days from 30 December 1899 to 1 January 1970.
@@ -59,7 +61,7 @@ bool ParseUrlList(std::string_view bytes, UrlList& list) {
     if (!ReadText(in, e.Url) || !ReadText(in, e.Name)) return false;
     e.Type = in.I32();
     e.UserAdded = in.Flag();
-    if (!in.Ok()) return false;
+    if (!in.Ok() || e.Type < kFirstType || e.Type > kLastType) return false;
     read.entries.push_back(std::move(e));
   }
   list = std::move(read);
