@@ -14,8 +14,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     return 0;
   }
   vardolin::UrlList again;
-  if (!vardolin::ParseUrlList(vardolin::UrlListBytes(list), again) ||
-      again.Count() != list.Count())
+  if (!vardolin::ParseUrlList(vardolin::UrlListBytes(list), again) || again.Count() != list.Count())
     std::abort();
   return 0;
 }
