@@ -187,8 +187,7 @@ TEST(UrlListTest, AnOldListIsUpdatedFromTheSecondSourceWithTheUsersEntriesFirst)
   EXPECT_EQ(now.entries[0].Name, "E");
   EXPECT_EQ(now.entries[1].Name, "New site");
   EXPECT_GT(now.LastUpdate, OleDateNow() - 0.01);
-  // A fresh list offers nothing.
-  OfferUrlListUpdate(t.program);
+  OfferUrlListUpdate(t.program);  // a list a day old isn't offered again
 }
 
 TEST(UrlListTest, AFailedUpdateTellsWhyAndKeepsTheList) {
