@@ -187,7 +187,7 @@ TEST(UrlListTest, AnOldListIsUpdatedFromTheSecondSourceWithTheUsersEntriesFirst)
   EXPECT_EQ(now.entries[0].Name, "E");
   EXPECT_EQ(now.entries[1].Name, "New site");
   EXPECT_GT(now.LastUpdate, OleDateNow() - 0.01);
-  OfferUrlListUpdate(t.program);  // a list a day old isn't offered again
+  OfferUrlListUpdate(t.program);  // a fresh list is not offered again
 }
 
 TEST(UrlListTest, AFailedUpdateTellsWhyAndKeepsTheList) {
