@@ -20,6 +20,7 @@
 #include "intake/store_level.h"
 #include "intake/text_ids.h"
 #include "web/text_ids.h"
+#include "web/url_list_offers.h"
 #include "web/zip_layer.h"
 
 namespace vardolin {
@@ -315,8 +316,13 @@ void Dialog_NewLevel::DeleteTemporaryFolder(std::int32_t message) {
 }
 
 void Dialog_NewLevel::Pul_Cancel_Click() {
+  Program& p = program();
   Record() = RecordBackup;
   DeleteTemporaryFolder(text::DeletingTemporaryFolder);
+  // A user with no level of their own yet is shown where levels are found.
+  if (p.catalogue.levels.size() == 1 &&
+      AskUser(p, p.GetText(text::OnlyOneLevelOfferSites), msg::kYesNo) == msg::kYes)
+    ShowUrlList(p);
   Close(false);
 }
 
