@@ -397,11 +397,14 @@ bool FileArchive::MoveOut(const fs::path& archive, ArchiveDirectory& directory) 
       JoinFragment(archive.parent_path(), program_.GetText(text::MoveOutFolderName));
   if (FolderExists(store) ? !DeleteMatchingFiles(store, "*") : !MakeFolder(store))
     return Fail(text::ArchiveTakeAllNoFolder, store.string());
-  if (!TakeAll(archive, store.string(), directory)) return false;
   ArchiveDirectory changed = directory;
   changed.External = true;
   changed.StoreFolder = store.string();
-  if (!WriteDirectory(archive, changed)) return false;
+  if (!TakeAll(archive, store.string(), directory) || !WriteDirectory(archive, changed)) {
+    std::error_code ec;
+    fs::remove_all(store, ec);
+    return false;
+  }
   directory = std::move(changed);
   return true;
 }
