@@ -67,11 +67,11 @@ TEST_F(PackedLevelTest, ArchiveKeepsItsFilesThroughEveryChange) {
 
 TEST_F(PackedLevelTest, ExpandingTakesOutTheWorkingFilesAndKeepsTheRest) {
   const std::map<std::string, std::string> files = {
-      {"level.TR4", "level"},  {"script.txt", "script"}, {"load.raw", "loading"},
+      {"level.TR4", "level"},        {"script.txt", "script"}, {"load.raw", "loading"},
       {"shot3.bmp", "kept picture"}, {"003.wav", "track"},     {"abc.wav", "sample"},
       {"notes.doc", "stays"}};
   Pack(files);
-    ExpandPackedLevel(program, level, nullptr, nullptr);
+  ExpandPackedLevel(program, level, nullptr, nullptr);
 
   std::map<std::string, std::string> outside = files, inside;
   for (const char* stays : {"shot3.bmp", "notes.doc"}) {
@@ -91,19 +91,17 @@ TEST_F(PackedLevelTest, ExpandingTakesOutTheWorkingFilesAndKeepsTheRest) {
 }
 
 TEST_F(PackedLevelTest, NamesAreJudgedAsTheGameNamesItsFiles) {
-  struct Case {
-    std::string name;
-    bool track, savegame;
-  };
-  const std::vector<Case> cases = {
-      {"003.wav", true, false},      {"003.MP3", true, false},     {"abc.wav", false, false},
-      {"0031.wav", false, false},    {"savegame.14", false, true}, {"SAVEGAME.0", false, true},
-      {"savegame.15", false, false}, {"savegame.", false, false},  {"savegame.x", false, false}};
-  for (const Case& c : cases) {
-    EXPECT_EQ(IsAudioTrackName(program, c.name), c.track) << c.name;
-    EXPECT_EQ(IsSavegameName(program, c.name, true), c.savegame) << c.name;
-  }
-  EXPECT_EQ(ScrambledString("").size(), 4u);
+  // Name, then T for an audio track, S for a savegame in any folder.
+  const std::vector<std::pair<std::string, std::string>> cases = {
+      {"003.wav", "T"},     {"003.MP3", "T"},    {"abc.wav", ""},     {"0031.wav", ""},
+      {"savegame.14", "S"}, {"SAVEGAME.0", "S"}, {"savegame.15", ""}, {"savegame.", ""},
+      {"savegame.x", ""},   {"savegame.0a", ""}};
+  for (const auto& [name, kind] : cases)
+    EXPECT_EQ(std::string(IsAudioTrackName(program, name) ? "T" : "") +
+                  (IsSavegameName(program, name, true) ? "S" : ""),
+              kind)
+        << name;
+  EXPECT_EQ(ScrambledString(""), std::string(4, '\0'));
   EXPECT_EQ(ScrambledString("\xC3\xA9").substr(0, 4), std::string("\x02\0\0\0", 4));
 }
 
@@ -156,35 +154,27 @@ TEST_F(PackedLevelTest, HostileArchivesAreRefusedWithoutHarm) {
 }
 
 TEST(PackageHeaderTest, OnlyTheNamesOfAGoodHeaderCount) {
-  auto header = [](const std::string& signature, std::int32_t count,
-                   const std::vector<std::string>& names) {
+  auto header = [](const std::string& signature, std::int32_t count) {
     ByteWriter w;
     w.Raw(signature);
     w.Zeros(4 + 16 + 16);
     w.Raw(ScrambledString("title"));
     w.I32(count);
-    for (const std::string& name : names) w.Raw(ScrambledString(name));
+    for (const char* name : {"cover.bmp", "map.bmp"}) w.Raw(ScrambledString(name));
     w.I32(7);
     return w.Take();
   };
-  struct Case {
-    std::string bytes;
-    HeaderParse result;
-  };
-  const std::vector<Case> cases = {
-      {header("vph1.2", 2, {"cover.bmp", "map.bmp"}), HeaderParse::Ok},
-      {header("VPHx.2", 0, {}), HeaderParse::NotHeader},
-      {header("ABC1.2", 0, {}), HeaderParse::NotHeader},
-      {header("VPH1.2", 1'000'000, {"a"}), HeaderParse::Short},
-      {header("VPH1.2", 2, {"a", "b"}).substr(0, 68), HeaderParse::BadName},
-  };
-  for (const Case& c : cases) {
-    MemorySource source(c.bytes);
+  const std::vector<std::pair<std::string, HeaderParse>> cases = {
+      {header("vph1.2", 2), HeaderParse::Ok},
+      {header("VPHx.2", 2), HeaderParse::NotHeader},
+      {header("ABC1.2", 2), HeaderParse::NotHeader},
+      {header("VPH1.2", 1'000'000), HeaderParse::Short},
+      {header("VPH1.2", 3), HeaderParse::BadName}};
+  for (const auto& [bytes, result] : cases) {
+    MemorySource source(bytes);
     PackageHeader read;
-    EXPECT_EQ(ParsePackageHeader(source, "VPH", read), c.result);
-    if (c.result == HeaderParse::Ok) {
-      EXPECT_EQ(read.Names, (std::vector<std::string>{"cover.bmp", "map.bmp"}));
-    }
+    EXPECT_EQ(ParsePackageHeader(source, "VPH", read), result);
+    EXPECT_EQ(read.Names.size(), result == HeaderParse::Ok ? 2u : 0u);
   }
 }
 
