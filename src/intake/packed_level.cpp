@@ -334,6 +334,9 @@ bool FileArchive::Replace(const fs::path& archive, const std::string& source,
   ArchiveDirectory changed = directory;
   const std::string old_name = directory.Names[index];
   if (take_name) changed.Names[index] = ExtractFileName(source);
+  // Two entries of one name could never both be taken out.
+  const int same = FindEntry(changed, changed.Names[index]);
+  if (same != index) return Fail(text::ArchiveNameTaken, {}, {changed.Names[index]});
   if (!SafeJoin(archive.parent_path(), changed.Names[index]))
     return Fail(text::ArchiveUnsafeName, {}, {changed.Names[index]});
   changed.Sizes[index] = static_cast<std::int32_t>(size);

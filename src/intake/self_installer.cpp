@@ -122,11 +122,19 @@ void UnpackSelfInstallers(Program& program, const fs::path& folder, Label* info)
     if (own.ok) DeleteFileForced(own.path);
   }
   SetInfo(info, program.GetText(text::CopyingUnpackedFiles));
-  std::error_code ec;
-  fs::copy(temporary, folder, fs::copy_options::recursive | fs::copy_options::overwrite_existing,
-           ec);
-  if (ec)
+  // File by file, so that a file that stands in the folder in another case is the one replaced.
+  bool copied = true;
+  FolderTreeWalker walker;
+  walker.WalkFolderTree(temporary);
+  for (const fs::path& file : walker.Files()) {
+    const SafeJoinResult to = SafeJoin(folder, fs::relative(file, temporary).generic_string());
+    std::error_code ec;
+    if (to.ok) fs::create_directories(to.path.parent_path(), ec);
+    copied = to.ok && CopyFileOver(file, to.path) && copied;
+  }
+  if (!copied)
     AskUser(program, program.GetText(text::UnpackedCopyFailed, {folder.string()}), msg::kError);
+  std::error_code ec;
   fs::remove_all(temporary, ec);
 }
 

@@ -99,6 +99,7 @@ inline constexpr std::int32_t DirectoryFileDate = 3084;
 inline constexpr std::int32_t DirectoryAddedDate = 3085;
 inline constexpr std::int32_t ArchiveUnsafeName = 8602;  // ~1 = the name
 inline constexpr std::int32_t ArchiveEntryPastEnd = 8603;
+inline constexpr std::int32_t ArchiveNameTaken = 8605;  // ~1 = the name
 
 // Kinds of file inside a packed level.
 inline constexpr std::int32_t AudioTrackExtension1 = 3086;
