@@ -3,6 +3,7 @@
 // contents must fit the file when the check of its length passes.
 #include <cstddef>
 #include <cstdint>
+#include <string>
 #include <string_view>
 
 #include "intake/byte_source.h"
@@ -26,7 +27,8 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
     __builtin_trap();
   for (size_t i = 0; i < directory.Names.size(); ++i)
     if (directory.Sizes[i] < 0) __builtin_trap();
-  vardolin::MemorySource image_source(vardolin::DirectoryImage(directory));
+  const std::string image = vardolin::DirectoryImage(directory);
+  vardolin::MemorySource image_source(image);
   vardolin::ArchiveDirectory again;
   if (vardolin::ReadDirectory(image_source, again) != 0 || again.Names != directory.Names)
     __builtin_trap();
