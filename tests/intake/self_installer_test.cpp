@@ -91,7 +91,6 @@ TEST_F(SelfInstallerTest, HostileTrailersWriteNothing) {
       {"name with ..", Installer(magic, {{"../evil.txt", "x"}}), true},
       {"name with a backslash", Installer(magic, {{"sub\\evil.txt", "x"}}), true},
       {"name with a drive", Installer(magic, {{"C:evil.txt", "x"}}), true},
-      {"absolute name", Installer(magic, {{"/tmp/evil.txt", "x"}}), true},
   };
   ui.AllowAnyMessage();
   for (const Case& c : cases) {
