@@ -11,6 +11,8 @@ namespace {
 
 // The smallest entry: an empty name and the three numbers.
 constexpr std::uint64_t kMinEntryBytes = 4 + 4 + 8 + 8;
+// No name or folder of a level comes near this; a longer count is a damaged archive.
+constexpr std::int32_t kMaxStringBytes = 1 << 16;
 
 std::u16string Utf16Of(std::string_view utf8) {
   std::u16string out;
@@ -72,7 +74,8 @@ std::string ScrambledString(std::string_view utf8) {
 bool ReadScrambledString(SourceCursor& in, std::string& utf8) {
   const std::int32_t count = in.I32();
   std::string bytes;
-  if (!in.Ok() || count < 0 || count % 2 != 0 || !in.Bytes(static_cast<std::size_t>(count), bytes))
+  if (!in.Ok() || count < 0 || count > kMaxStringBytes || count % 2 != 0 ||
+      !in.Bytes(static_cast<std::size_t>(count), bytes))
     return false;
   Scramble(bytes);
   std::u16string units(bytes.size() / 2, u'\0');
