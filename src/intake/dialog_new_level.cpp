@@ -17,6 +17,8 @@
 #include "foundation/services/strings.h"
 #include "foundation/services/wildcard.h"
 #include "intake/add_files.h"
+#include "intake/packed_level_expand.h"
+#include "intake/self_installer.h"
 #include "intake/store_level.h"
 #include "intake/text_ids.h"
 #include "web/text_ids.h"
@@ -161,7 +163,9 @@ void Dialog_NewLevel::TakeTravellingProgram() {
 
 void Dialog_NewLevel::RefreshFiles() {
   Program& p = program();
+  UnpackSelfInstallers(p, WorkFolder, &Label_Info);
   UnpackArchivesInFolder();
+  ExpandPackedLevel(p, WorkFolder, &Label_Info, &ProgressBar1);
   TakeTravellingProgram();
 
   FileList = ListFiles(WorkFolder, "*");
