@@ -11,6 +11,7 @@
 
 #include "foundation/catalogue_records.h"
 #include "foundation/forms/form.h"
+#include "intake/level_info.h"
 #include "web/zlib_tool.h"
 
 namespace vardolin {
@@ -49,6 +50,8 @@ class Dialog_NewLevel : public Form {
   bool InstallerFound = false;
   bool InfoFileApplied = false;
   bool PatchApplied = false;
+  // What the package's level info file or install script said of the level.
+  LevelInfo Info;
 
   Label Label4{*this, "Label4", "Level Name ->"};
   TextBox Text_NameLevel{*this, "Text_NameLevel"};

@@ -284,4 +284,43 @@ inline constexpr std::int32_t ExpandingPackedLevel = 3136;
 inline constexpr std::int32_t PackedLevelLeftover = 3137;  // fragment
 inline constexpr std::int32_t KeptNumberedName = 3138;     // ~1 = 0 to 11
 
+// What a level info file or install script asks of the level.
+inline constexpr std::int32_t LevelInfoFile = 645;
+inline constexpr std::int32_t TomToCompile = 646;
+inline constexpr std::int32_t ListedWadFolder = 647;
+inline constexpr std::int32_t RevisedWadsWord = 648;
+inline constexpr std::int32_t WadsNotGiven = 649;
+inline constexpr std::int32_t ImportingWads = 650;
+inline constexpr std::int32_t ApplyingCopies = 651;
+inline constexpr std::int32_t ApplyingCopy = 652;
+inline constexpr std::int32_t FetchingMedia = 653;
+inline constexpr std::int32_t MediaCdFolder = 654;
+inline constexpr std::int32_t MediaCdMissing = 655;
+inline constexpr std::int32_t InsertMediaCd = 656;
+inline constexpr std::int32_t GoOnLookingForCd = 657;
+inline constexpr std::int32_t MediaCdUnknown = 658;
+inline constexpr std::int32_t EditorMediaFolder = 659;
+inline constexpr std::int32_t CopyingMedia = 660;
+inline constexpr std::int32_t MediaStillMissing = 661;
+inline constexpr std::int32_t ListedFileGoOn = 670;
+inline constexpr std::int32_t AskHaveFile = 673;
+inline constexpr std::int32_t AskDownloadFile = 674;
+inline constexpr std::int32_t DirectDownloadExtension = 675;
+inline constexpr std::int32_t DownloadFailedOpenPage = 677;
+inline constexpr std::int32_t DownloadInBrowser = 678;
+inline constexpr std::int32_t AfterBrowserDownload = 679;
+inline constexpr std::int32_t NeededFileFilter = 680;
+inline constexpr std::int32_t NeededFileTitle = 681;
+inline constexpr std::int32_t TomLinkWadsFolder = 1663;
+inline constexpr std::int32_t ListedFileMissing = 2233;
+inline constexpr std::int32_t ListedFileSizeDiffers = 2234;
+inline constexpr std::int32_t KnownPatchQuestion = 2236;
+inline constexpr std::int32_t PatchNotDownloaded = 2237;
+inline constexpr std::int32_t PatchZipExtension = 2238;
+inline constexpr std::int32_t PatchNotUnpacked = 2239;
+inline constexpr std::int32_t PatchFolder = 2240;
+inline constexpr std::int32_t InstallScriptFile = 3104;
+inline constexpr std::int32_t WadImportNotYet = 8653;
+inline constexpr std::int32_t SetupNotYet = 8654;
+
 }  // namespace vardolin::text
