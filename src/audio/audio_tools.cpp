@@ -141,8 +141,7 @@ bool DecodeMp3ToWave(Program& program, AudioToolState& state, const fs::path& so
   const fs::path output = JoinFragment(program.Home(), program.GetText(text::DecoderOutput));
   DeleteFileForced(output);
   std::vector<std::string> arguments{ResolveCase(source).string()};
-  for (const std::string& w : Words(program.GetText(text::DecoderOptions)))
-    arguments.push_back(w);
+  for (const std::string& w : Words(program.GetText(text::DecoderOptions))) arguments.push_back(w);
   if (arguments.size() > 1) arguments.back() += output.string();
   if (!RunAudioTool(program, state, decoder, arguments, program.GetText(text::DecoderHandler),
                     seconds))
@@ -184,8 +183,7 @@ bool EncodeWaveToMp3(Program& program, AudioToolState& state, const fs::path& so
   arguments.push_back(ResolveCase(source).string());
   arguments.push_back(target.string());
   DeleteFileForced(target);
-  if (!RunAudioTool(program, state, encoder, arguments, program.GetText(text::EncoderHandler),
-                    100))
+  if (!RunAudioTool(program, state, encoder, arguments, program.GetText(text::EncoderHandler), 100))
     return false;
   Finish(state);
   if (state.exit_code != 0 || !FileExists(target)) {

@@ -95,8 +95,8 @@ void Dialog_ConvertAudio::RebuildList() {
       const std::string channels = p.GetText(h.Channels == 1   ? text::WaveChannelMono
                                              : h.Channels == 2 ? text::WaveChannelStereo
                                                                : text::WaveTypeOther);
-      row += p.GetText(text::AudioRowWave, {std::to_string(h.BitsPerSample), channels,
-                                            std::to_string(h.SampleRate)});
+      row += p.GetText(text::AudioRowWave,
+                       {std::to_string(h.BitsPerSample), channels, std::to_string(h.SampleRate)});
     }
     List_Files.AddItem(row);
   }
@@ -124,8 +124,7 @@ bool Dialog_ConvertAudio::AddFiles(const std::vector<fs::path>& files) {
 
 void Dialog_ConvertAudio::Pul_AddFile_Click() {
   Program& p = program();
-  const std::string filter =
-      p.GetText(source_mp3_ ? text::AudioFilterMp3 : text::AudioFilterWave);
+  const std::string filter = p.GetText(source_mp3_ ? text::AudioFilterMp3 : text::AudioFilterWave);
   const std::string chosen =
       p.ui().AskOpenFile({p.GetText(text::ConvertAudioAddTitle), filter, {}, {}});
   if (!chosen.empty()) AddFiles({fs::path(chosen)});
@@ -135,8 +134,7 @@ void Dialog_ConvertAudio::Pul_AddFolder_Click() {
   Program& p = program();
   const std::string folder = p.ui().AskFolder({}, p.GetText(text::ConvertAudioAddTitle));
   if (folder.empty()) return;
-  const std::string filter =
-      p.GetText(source_mp3_ ? text::AudioFilterMp3 : text::AudioFilterWave);
+  const std::string filter = p.GetText(source_mp3_ ? text::AudioFilterMp3 : text::AudioFilterWave);
   AddFiles(ListFiles(folder, FilterPattern(filter)));
 }
 
@@ -203,12 +201,11 @@ void Dialog_ConvertAudio::Pul_Converti_Click() {
   }
   if (files.size() == 1) {
     const fs::path result =
-        fs::path(out) / ChangeExtension(files[0].filename().string(),
-                                        p.GetText(target_mp3_ ? text::AudioMp3Extension
-                                                              : text::AudioWavExtension));
-    if (FileExists(result) &&
-        AskUser(p, p.GetText(text::AudioOpenResult) + result.string() + "' ?", msg::kYesNo) ==
-            msg::kYes)
+        fs::path(out) /
+        ChangeExtension(files[0].filename().string(),
+                        p.GetText(target_mp3_ ? text::AudioMp3Extension : text::AudioWavExtension));
+    if (FileExists(result) && AskUser(p, p.GetText(text::AudioOpenResult) + result.string() + "' ?",
+                                      msg::kYesNo) == msg::kYes)
       p.platform().ShellOpen(result.string(), {}, {});
   }
   if (AskUser(p, p.GetText(text::AudioCloseAfterDone), msg::kYesNo) == msg::kNo) {

@@ -27,8 +27,8 @@ bool EndsWith(const Program& program, const fs::path& path, std::int32_t id) {
 
 bool SameFolder(const fs::path& a, const fs::path& b) {
   std::error_code ec;
-  return fs::equivalent(a, b, ec) || EqualsNoCase(a.lexically_normal().string(),
-                                                  b.lexically_normal().string());
+  return fs::equivalent(a, b, ec) ||
+         EqualsNoCase(a.lexically_normal().string(), b.lexically_normal().string());
 }
 
 std::string Quoted(const fs::path& path) {
@@ -160,9 +160,9 @@ bool Dialog_ConvertiMp3::ConvertOne(std::size_t index) {
     Refresh();
     const bool decoded = DecodeMp3ToWave(p, tool, listed, current);
     CountStep();
-    if (!decoded) return AskOnConversionError(name, p.GetText(text::ConvertiDecodeFailed) +
-                                                        name + "' : " + tool.error,
-                                              kDecode);
+    if (!decoded)
+      return AskOnConversionError(
+          name, p.GetText(text::ConvertiDecodeFailed) + name + "' : " + tool.error, kDecode);
     temporary = true;
   }
 
@@ -173,7 +173,8 @@ bool Dialog_ConvertiMp3::ConvertOne(std::size_t index) {
     // A decoded MP3 of an unusual rate or width goes through the standard form first.
     Label_Info.SetCaption(p.GetText(text::ConvertiToStandard, {Quoted(out_name), description}));
     Refresh();
-    const fs::path standard = JoinFragment(current.parent_path(), p.GetText(text::ConvertiStandardFile));
+    const fs::path standard =
+        JoinFragment(current.parent_path(), p.GetText(text::ConvertiStandardFile));
     std::string message;
     if (!WavConverter(current, standard, 3, message)) return failed(message, kToStandard);
     DeleteFileForced(current);
@@ -268,6 +269,23 @@ bool RunAudioConversion(Program& program, const std::vector<fs::path>& files,
   const bool done = dialog.RunInPlace();
   message = dialog.ConversionMessage;
   return done;
+}
+
+bool RunAudioConversionOnCopies(Program& program, const std::vector<fs::path>& files,
+                                const fs::path& folder, int target, const fs::path& work,
+                                std::string& message) {
+  DeleteFolderTree(work);
+  std::vector<fs::path> copies;
+  bool ok = MakeFolder(work);
+  for (const fs::path& file : files) {
+    if (!ok) break;
+    copies.push_back(work / file.filename());
+    ok = CopyFileOver(file, copies.back());
+    if (!ok) message = file.string() + ": copy failed";
+  }
+  if (ok) ok = RunAudioConversion(program, copies, folder, target, message);
+  DeleteFolderTree(work);
+  return ok;
 }
 
 }  // namespace vardolin

@@ -62,5 +62,10 @@ class Dialog_ConvertiMp3 : public Form {
 // engine has shown its own questions and errors).
 bool RunAudioConversion(Program& program, const std::vector<std::filesystem::path>& files,
                         const std::filesystem::path& folder, int target, std::string& message);
+// The same on copies of the files made in `work` (emptied first, removed afterwards): the
+// engine deletes the input of a wave-to-wave step, and these callers' files must stay.
+bool RunAudioConversionOnCopies(Program& program, const std::vector<std::filesystem::path>& files,
+                                const std::filesystem::path& folder, int target,
+                                const std::filesystem::path& work, std::string& message);
 
 }  // namespace vardolin

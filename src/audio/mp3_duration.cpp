@@ -37,8 +37,8 @@ int BitRateOfHeader(const unsigned char* h) {
 }
 
 bool IsHeader(const unsigned char* h) {
-  return h[0] == 0xFF && (h[1] & 0xE0) == 0xE0 && ((h[1] >> 3) & 3) != 1 && ((h[1] >> 1) & 3) != 0 &&
-         (h[2] >> 4) != 15 && ((h[2] >> 2) & 3) != 3;
+  return h[0] == 0xFF && (h[1] & 0xE0) == 0xE0 && ((h[1] >> 3) & 3) != 1 &&
+         ((h[1] >> 1) & 3) != 0 && (h[2] >> 4) != 15 && ((h[2] >> 2) & 3) != 3;
 }
 
 }  // namespace

@@ -45,25 +45,25 @@ inline constexpr std::int32_t ConvertiMp3Extension = 405;
 inline constexpr std::int32_t ConvertiDecodedFile = 406;  // "\..." in the target folder
 inline constexpr std::int32_t ConvertiDecoding = 407;     // ~1 = quoted file name
 inline constexpr std::int32_t ConvertiDecodeFailed = 408;
-inline constexpr std::int32_t ConvertiToStandard = 409;     // ~1 quoted name, ~2 description
-inline constexpr std::int32_t ConvertiStandardFile = 410;   // "\..." beside the decoded file
-inline constexpr std::int32_t ConvertiStandardNow = 411;    // description after that step
+inline constexpr std::int32_t ConvertiToStandard = 409;    // ~1 quoted name, ~2 description
+inline constexpr std::int32_t ConvertiStandardFile = 410;  // "\..." beside the decoded file
+inline constexpr std::int32_t ConvertiStandardNow = 411;   // description after that step
 inline constexpr std::int32_t ConvertiStandardTarget = 412;
-inline constexpr std::int32_t ConvertiPreparingMp3 = 413;   // ~1 = "n\count"
-inline constexpr std::int32_t ConvertiForMp3File = 414;     // "\..." in the target folder
-inline constexpr std::int32_t ConvertiForMp3Now = 415;      // description after that step
-inline constexpr std::int32_t ConvertiConverting = 416;     // ~1 = "n\count"
-inline constexpr std::int32_t ConvertiWorkFile = 417;       // "\..." in the target folder
+inline constexpr std::int32_t ConvertiPreparingMp3 = 413;  // ~1 = "n\count"
+inline constexpr std::int32_t ConvertiForMp3File = 414;    // "\..." in the target folder
+inline constexpr std::int32_t ConvertiForMp3Now = 415;     // description after that step
+inline constexpr std::int32_t ConvertiConverting = 416;    // ~1 = "n\count"
+inline constexpr std::int32_t ConvertiWorkFile = 417;      // "\..." in the target folder
 inline constexpr std::int32_t ConvertiMp3Out = 418;
-inline constexpr std::int32_t ConvertiEncoding = 419;       // ~1 = "n\count"
-inline constexpr std::int32_t ConvertiEncodeFailed = 420;   // ~1 = the tool's error
+inline constexpr std::int32_t ConvertiEncoding = 419;      // ~1 = "n\count"
+inline constexpr std::int32_t ConvertiEncodeFailed = 420;  // ~1 = the tool's error
 inline constexpr std::int32_t ConvertiNoResult = 421;
 inline constexpr std::int32_t ConvertiAllDone = 422;
-inline constexpr std::int32_t ConvertiStepDecode = 423;     // 423 to 428 name the steps
+inline constexpr std::int32_t ConvertiStepDecode = 423;  // 423 to 428 name the steps
 inline constexpr std::int32_t ConvertiAskGoOn = 429;
 inline constexpr std::int32_t ConvertiGaveUp = 430;
-inline constexpr std::int32_t ConvertiCaption = 8450;       // " Audio conversion in progress"
-inline constexpr std::int32_t ConvertiStop = 8451;          // caption of Pul_Stop
+inline constexpr std::int32_t ConvertiCaption = 8450;  // " Audio conversion in progress"
+inline constexpr std::int32_t ConvertiStop = 8451;     // caption of Pul_Stop
 
 // Describing a wave.
 inline constexpr std::int32_t WaveChannelMono = 1604;
@@ -88,9 +88,9 @@ inline constexpr std::int32_t DecoderMissing = 1734;   // ~1 = the program's fol
 inline constexpr std::int32_t DecoderOutput = 1735;    // "\..." below the program's folder
 inline constexpr std::int32_t DecoderOptions = 1736;   // the output's name is put behind
 inline constexpr std::int32_t DecoderHandler = 1737;
-inline constexpr std::int32_t DecoderCopyFailed = 1738;  // ~1 = the target
-inline constexpr std::int32_t EncoderProgram = 1739;     // "\..." below the program's folder
-inline constexpr std::int32_t EncoderMissing = 1740;     // ~1 program's folder, ~2 CR LF
+inline constexpr std::int32_t DecoderCopyFailed = 1738;   // ~1 = the target
+inline constexpr std::int32_t EncoderProgram = 1739;      // "\..." below the program's folder
+inline constexpr std::int32_t EncoderMissing = 1740;      // ~1 program's folder, ~2 CR LF
 inline constexpr std::int32_t EncoderNotStandard = 1741;  // ~1 = the file's name
 inline constexpr std::int32_t EncoderBitRate = 1742;      // followed by the bit rate
 inline constexpr std::int32_t EncoderMonoOption = 1743;

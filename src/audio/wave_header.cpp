@@ -18,8 +18,8 @@ namespace {
 std::int32_t Le(std::string_view b, std::size_t at, std::size_t width) {
   std::uint32_t v = 0;
   for (std::size_t i = 0; i < width; ++i)
-    if (at + i < b.size()) v |= static_cast<std::uint32_t>(static_cast<unsigned char>(b[at + i]))
-                                << (8 * i);
+    if (at + i < b.size())
+      v |= static_cast<std::uint32_t>(static_cast<unsigned char>(b[at + i])) << (8 * i);
   return width == 2 ? static_cast<std::int16_t>(v) : static_cast<std::int32_t>(v);
 }
 
@@ -57,18 +57,18 @@ bool IsStandardWave(const std::filesystem::path& path, WaveHeader* out) {
   return h.SampleRate == 44100 && h.Channels == 2 && h.BitsPerSample == 16 && h.FormatTag == 1;
 }
 
-int ClassifyWave(const Program& program, const WaveHeader& h, int target,
-                 std::string& description, int& kind) {
+int ClassifyWave(const Program& program, const WaveHeader& h, int target, std::string& description,
+                 int& kind) {
   using namespace wave_kind;
-  const std::int32_t type = h.BitsPerSample == 4   ? text::WaveType4Bit
-                            : h.FormatTag == 1     ? text::WaveTypePcm
-                                                   : text::WaveTypeOther;
+  const std::int32_t type = h.BitsPerSample == 4 ? text::WaveType4Bit
+                            : h.FormatTag == 1   ? text::WaveTypePcm
+                                                 : text::WaveTypeOther;
   const std::string channels = h.Channels == 1   ? program.GetText(text::WaveChannelMono)
                                : h.Channels == 2 ? program.GetText(text::WaveChannelStereo)
                                                  : std::string(" ");
-  description = program.GetText(type) + " " + std::to_string(h.SampleRate) +
-                program.GetText(text::WaveRateAndBits,
-                                {std::to_string(h.BitsPerSample) + " " + channels});
+  description =
+      program.GetText(type) + " " + std::to_string(h.SampleRate) +
+      program.GetText(text::WaveRateAndBits, {std::to_string(h.BitsPerSample) + " " + channels});
   if (h.SampleRate == 44100 && h.Channels == 2 && h.BitsPerSample == 4)
     kind = kMusic;
   else if (h.SampleRate == 22050 && h.Channels == 1 && h.BitsPerSample == 16)
@@ -103,8 +103,7 @@ bool NeedsWaveConversion(Program& program, const std::filesystem::path& path, bo
     if (h.BitsPerSample != 4) return true;
     if (!AllDigits(base)) {
       AskUser(program,
-              program.GetText(text::WaveNotMusic,
-                              {ExtractFileName(full), "\r\n", "\r\n\r\n"}),
+              program.GetText(text::WaveNotMusic, {ExtractFileName(full), "\r\n", "\r\n\r\n"}),
               msg::kWarning);
       refused = true;
     }

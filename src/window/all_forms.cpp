@@ -2,6 +2,8 @@
 
 #include "archive/dialog_new_arc.h"
 #include "archive/dialog_pref_arc.h"
+#include "audio/dialog_convert_audio.h"
+#include "audio/dialog_converti_mp3.h"
 #include "editor/dialog_tipo_exe.h"
 #include "editor/dialog_trova_trle.h"
 #include "foundation/dialogs/dialog_get_dir.h"
@@ -50,6 +52,8 @@ const std::vector<FormFactory>& AllForms() {
       Entry<Dialog_ScreenShot>("Dialog_ScreenShot"),
       Entry<Dialog_InputTesto>("Dialog_InputTesto"),
       Entry<Dialog_JoyStick>("Dialog_JoyStick"),
+      Entry<Dialog_ConvertAudio>("Dialog_ConvertAudio"),
+      Entry<Dialog_ConvertiMp3>("Dialog_ConvertiMp3"),
   };
   return forms;
 }

@@ -74,6 +74,7 @@ Principale::Principale(Program& program) : Form(program, "Principale", "Vardolin
   WireLevelBrowser();
   WirePlay();
   WireEditorSettings();
+  WireAudio();
   WireScreenshotPanel();
   WireScreenshotMenus();
   WireCapture();
