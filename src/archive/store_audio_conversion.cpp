@@ -27,10 +27,11 @@ bool ConvertLevelAudio(Program& program, std::int32_t code, bool to_mp3, std::st
   const fs::path work = JoinFragment(program.Home(), program.GetText(text::StoreAudioFolder));
   const fs::path results = work / "out";
   DeleteLevelTree(program, work, nullptr, nullptr);
-  bool ok =
-      MakeFolder(results) &&
-      RunAudioConversionOnCopies(program, sources, results,
-                                 to_mp3 ? wave_kind::kMp3 : wave_kind::kMusic, work / "in", why);
+  std::error_code ec;
+  fs::create_directories(results, ec);
+  bool ok = !ec && RunAudioConversionOnCopies(program, sources, results,
+                                              to_mp3 ? wave_kind::kMp3 : wave_kind::kMusic,
+                                              work / "in", why);
 
   // Each result in first, then its source out: a file the user chose to skip keeps its source.
   const std::string extension =

@@ -332,7 +332,7 @@ inline constexpr std::int32_t PrefArcCancel = 5636;
 inline constexpr std::int32_t StoreAudioWaves = 1926;   // pattern fragment "\*.wav"
 inline constexpr std::int32_t StoreAudioMp3 = 1927;     // pattern fragment "\*.mp3"
 inline constexpr std::int32_t StoreAudioFolder = 1928;  // fragment below the program's folder
-inline constexpr std::int32_t StoreAudioFailed = 1929;  // ~1 level, ~2 reason, ~3 CR LF; Yes/No
+inline constexpr std::int32_t StoreAudioFailed = 1929;  // ~1 level, ~2 reason, ~3 two CR LF
 inline constexpr std::int32_t ConversionSizes = 1947;   // ~1 before, ~2 after, ~3 CR LF
 inline constexpr std::int32_t ConversionFailed = 5638;  // ~1 level, ~2 CR LF
 

@@ -33,7 +33,7 @@ StoreConversion ConvertWholeStore(Program& program, const CatalogueHeader& old_h
       program.ui().DoEvents();
       std::string why;
       if (ConvertLevelAudio(program, code, to_mp3, why)) continue;
-      if (AskUser(program, program.GetText(text::StoreAudioFailed, {name, why, "\r\n"}),
+      if (AskUser(program, program.GetText(text::StoreAudioFailed, {name, why, "\r\n\r\n"}),
                   msg::kYesNo) == msg::kNo) {
         // As for compression below: the flag goes back, and asking again finishes the run.
         result.ok = false;
