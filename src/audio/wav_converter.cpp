@@ -171,8 +171,9 @@ bool CheckSource(SNDFILE* in, const SF_INFO& info, std::string& message) {
     message = "can't be read: " + LibraryError(nullptr);
     return false;
   }
-  if (info.channels < 1 || info.samplerate < 1 || info.samplerate > 768000) {
-    message = "no channels or no sample rate";
+  // Rates outside what sound is recorded at would only make the resampler run wild.
+  if (info.channels < 1 || info.samplerate < 4000 || info.samplerate > 768000) {
+    message = "no channels, or a sample rate out of range";
     return false;
   }
   return true;

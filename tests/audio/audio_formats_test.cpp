@@ -27,11 +27,11 @@ TEST(Mp3Duration, EstimatesFromTheFirstHeaderFound) {
       {"63.5 rounds up", layer3_128, 1016000, 64},
       {"fewer than four bytes", Bytes({0xFF, 0xFB, 0x90}), 3, 1},
       {"free format", Bytes({0xFF, 0xFB, 0x00, 0x00}), 1000000, 1},
-      {"bit-rate index 1111 is passed over",
-       Bytes({0xFF, 0xFB, 0xF0, 0x00}) + layer3_128, 1000000, 62},
+      {"bit-rate index 1111 is passed over", Bytes({0xFF, 0xFB, 0xF0, 0x00}) + layer3_128, 1000000,
+       62},
       {"version 01 is passed over", Bytes({0xFF, 0xEB, 0x10, 0x00}) + layer3_128, 1000000, 62},
-      {"MPEG-2.5 Layer III takes the other versions' row", Bytes({0xFF, 0xE3, 0x90, 0x00}),
-       1000000, 100},
+      {"MPEG-2.5 Layer III takes the other versions' row", Bytes({0xFF, 0xE3, 0x90, 0x00}), 1000000,
+       100},
       {"MPEG-2 Layer I at 144", Bytes({0xFF, 0xF7, 0x90, 0x00}), 1000000, 56},
       {"MPEG-1 Layer II at 160", Bytes({0xFF, 0xFD, 0x90, 0x00}), 1000000, 50},
       {"an ID3 tag before the frame", "ID3" + std::string(500, '\x01') + layer3_128, 1000000, 62},
@@ -41,8 +41,7 @@ TEST(Mp3Duration, EstimatesFromTheFirstHeaderFound) {
       {"no frame at all", std::string(100, 'x'), 1000000, 1},
       {"a tiny file is still a second", layer3_128, 10, 1},
   };
-  for (const Case& c : cases)
-    EXPECT_EQ(Mp3DurationSeconds(c.head, c.length), c.seconds) << c.what;
+  for (const Case& c : cases) EXPECT_EQ(Mp3DurationSeconds(c.head, c.length), c.seconds) << c.what;
 }
 
 TEST(Mp3Duration, RealFilesOfTheEncoder) {
@@ -90,9 +89,9 @@ TEST(ClassifyWave, KindsAndStepsToEachTarget) {
 TEST(ClassifyWave, ReadsTheFixedPlaceOfRealFiles) {
   testing::AudioFixture f;
   // sox writes 24-bit waves with the extensible format tag and its longer format block.
-  const std::string other_chunk_first =
-      "RIFF" + std::string(4, '\0') + "WAVELIST" + Bytes({4, 0, 0, 0}) + "INFOfmt " +
-      Bytes({16, 0, 0, 0, 1, 0, 2, 0, 0x44, 0xAC, 0, 0});
+  const std::string other_chunk_first = "RIFF" + std::string(4, '\0') + "WAVELIST" +
+                                        Bytes({4, 0, 0, 0}) + "INFOfmt " +
+                                        Bytes({16, 0, 0, 0, 1, 0, 2, 0, 0x44, 0xAC, 0, 0});
   testing::WriteBytes(f.Path("list.wav"), other_chunk_first);
   struct Case {
     std::filesystem::path file;
@@ -122,7 +121,7 @@ TEST(NeedsWaveConversion, ByFormAndName) {
     const char* name;
     bool needs, refused;
   } cases[] = {
-      {"044.wav", true, false}, {"045.wav", false, false}, {"theme.wav", false, true},
+      {"044.wav", true, false},  {"045.wav", false, false},  {"theme.wav", false, true},
       {"007.mp3", false, false}, {"theme.mp3", true, false},
   };
   f.ui.Answer(msg::kOk, "theme.wav");

@@ -30,14 +30,15 @@ TEST(ConversionEngine, EachSourceToEachTarget) {
       {f.Tone("hi.wav", "-r 96000 -c 2 -b 16"), 1, "hi.wav", "2 44100 Signed Integer PCM"},
       {f.Tone("u8.wav", "-r 11025 -c 1 -b 8"), 3, "u8.wav", "1 22050 Signed Integer PCM"},
       {f.Tone("std.wav", "-r 44100 -c 2 -b 16"), 2, "std.wav", "2 44100 MS ADPCM"},
-      {f.Tone("s48.wav", "-r 48000 -c 1 -b 16"), 5, "s48.mp3", "1 32000 MPEG audio (layer I, II or III)"},
+      {f.Tone("s48.wav", "-r 48000 -c 1 -b 16"), 5, "s48.mp3",
+       "1 32000 MPEG audio (layer I, II or III)"},
   };
   for (const Case& c : cases) {
     const fs::path out = f.Path("out" + std::to_string(c.target));
     fs::create_directories(out);
     std::string why;
-    EXPECT_TRUE(RunAudioConversionOnCopies(f.program, {c.source}, out, c.target, f.Path("work"),
-                                           why))
+    EXPECT_TRUE(
+        RunAudioConversionOnCopies(f.program, {c.source}, out, c.target, f.Path("work"), why))
         << c.source.filename() << why;
     EXPECT_EQ(SoxForm(out / c.result), c.form) << c.source.filename();
     EXPECT_TRUE(fs::exists(c.source));
@@ -102,9 +103,8 @@ TEST(ConversionEngine, TheBarsFollowTheToolsLines) {
   f.program.encoder.Mp3Channels = 2;
   Dialog_ConvertiMp3 dialog(f.program);
   std::set<int> seen;
-  dialog.ProgressBar_Singolo.Subscribe([&](Control&, Change) {
-    seen.insert(dialog.ProgressBar_Singolo.Value());
-  });
+  dialog.ProgressBar_Singolo.Subscribe(
+      [&](Control&, Change) { seen.insert(dialog.ProgressBar_Singolo.Value()); });
   dialog.ImpostaValori({mp3, f.Path("long.wav")}, 2, f.Path("out"), 5);
   fs::create_directories(f.Path("out"));
   EXPECT_TRUE(dialog.RunInPlace());

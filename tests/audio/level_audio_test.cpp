@@ -35,8 +35,7 @@ struct LevelAudioTest : ::testing::Test {
 
 TEST_F(LevelAudioTest, TheStoreKeepsMp3AndPlayGetsTheGamesWaves) {
   ASSERT_TRUE(Turn(true).ok);
-  EXPECT_EQ(testing::Names(Snapshot(files[1])),
-            (std::vector<std::string>{"044.mp3", "first.tr4"}));
+  EXPECT_EQ(testing::Names(Snapshot(files[1])), (std::vector<std::string>{"044.mp3", "first.tr4"}));
   EXPECT_EQ(testing::Names(Snapshot(files[2])), (std::vector<std::string>{"door.mp3"}));
 
   const auto stored = Snapshot(files[1]);
@@ -61,8 +60,7 @@ TEST_F(LevelAudioTest, AFailurePartWayLeavesEachLevelWhole) {
   EXPECT_FALSE(back.ok);
   EXPECT_EQ(back.failed_level, "Second");
   EXPECT_EQ(Snapshot(files[2]), damaged);
-  EXPECT_EQ(testing::Names(Snapshot(files[1])),
-            (std::vector<std::string>{"044.wav", "first.tr4"}));
+  EXPECT_EQ(testing::Names(Snapshot(files[1])), (std::vector<std::string>{"044.wav", "first.tr4"}));
   EXPECT_TRUE(f.program.catalogue.header.WavInMp3);  // asking again finishes the run
 
   // Play of the damaged level fails whole: no temporary folder is left.
