@@ -27,6 +27,8 @@ TEST(ConversionEngine, EachSourceToEachTarget) {
       {f.Mp3("song.mp3", "-b 128"), 2, "song.wav", "2 44100 MS ADPCM"},
       {f.Mp3("mono.mp3", "-b 32", "-r 22050 -c 1 -b 16"), 2, "mono.wav", "2 44100 MS ADPCM"},
       {f.Mp3("voice.mp3", "-b 64"), 3, "voice.wav", "1 22050 Signed Integer PCM"},
+      {f.Mp3("vbr.mp3", "-V 5 --id3v2-only --tt Title"), 2, "vbr.wav", "2 44100 MS ADPCM"},
+      {f.Mp3("m25.mp3", "-b 8", "-r 8000 -c 1 -b 16"), 2, "m25.wav", "2 44100 MS ADPCM"},
       {f.Tone("hi.wav", "-r 96000 -c 2 -b 16"), 1, "hi.wav", "2 44100 Signed Integer PCM"},
       {f.Tone("u8.wav", "-r 11025 -c 1 -b 8"), 3, "u8.wav", "1 22050 Signed Integer PCM"},
       {f.Tone("std.wav", "-r 44100 -c 2 -b 16"), 2, "std.wav", "2 44100 MS ADPCM"},
