@@ -39,9 +39,25 @@ void Finish(AudioToolState& state) {
   if (state.bar) state.bar->SetValue(0);
 }
 
+// The tools run many times faster than the audio plays: one that takes twice its length and
+// half a minute more has hung.
+int TimeLimit(double audio_seconds) {
+  return 30 + static_cast<int>(2 * audio_seconds);
+}
+
 void ShowLine(Program& program, AudioToolState& state, const std::string& line) {
   if (!state.quiet && state.label) state.label->SetCaption(line);
   program.ui().DoEvents();
+}
+
+fs::path FindOnPath(const std::string& name) {
+  const char* path = std::getenv("PATH");
+  std::istringstream dirs(path ? path : "/usr/bin:/bin");
+  for (std::string dir; std::getline(dirs, dir, ':');) {
+    const fs::path candidate = fs::path(dir.empty() ? "." : dir) / name;
+    if (::access(candidate.c_str(), X_OK) == 0 && !FolderExists(candidate)) return candidate;
+  }
+  return {};
 }
 
 }  // namespace
@@ -50,14 +66,7 @@ fs::path FindAudioTool(const Program& program, std::int32_t id) {
   const std::string fragment = program.GetText(id);
   const fs::path own = ResolveCase(JoinFragment(program.Home(), fragment));
   if (FileExists(own)) return own;
-  const std::string name = ExtractFileName(WithoutLeadingSeparators(fragment));
-  const char* path = std::getenv("PATH");
-  std::istringstream dirs(path ? path : "/usr/bin:/bin");
-  for (std::string dir; std::getline(dirs, dir, ':');) {
-    const fs::path candidate = fs::path(dir.empty() ? "." : dir) / name;
-    if (::access(candidate.c_str(), X_OK) == 0 && !FolderExists(candidate)) return candidate;
-  }
-  return {};
+  return FindOnPath(ExtractFileName(WithoutLeadingSeparators(fragment)));
 }
 
 bool GestioneMadPlay(Program& program, AudioToolState& state, const std::string& BufLinea,
@@ -101,7 +110,7 @@ bool GestioneLame(Program& program, AudioToolState& state, const std::string& Bu
 
 bool RunAudioTool(Program& program, AudioToolState& state, const fs::path& tool,
                   const std::vector<std::string>& arguments, const std::string& handler,
-                  double value) {
+                  double value, int time_limit) {
   state.last_line.clear();
   auto handle = [&](const std::string& line, double v) {
     if (handler == program.GetText(text::DecoderHandler))
@@ -113,12 +122,25 @@ bool RunAudioTool(Program& program, AudioToolState& state, const fs::path& tool,
   handle({}, -1);
   StartRequest request{tool, arguments, program.Home(), true};
   request.capture_errors = true;
+  // A tool that hangs would hold the whole program: coreutils' timeout ends it.
+  constexpr int kTimedOut = 124, kKilled = 137;
+  const fs::path timeout = FindOnPath("timeout");
+  if (!timeout.empty()) {
+    request.program = timeout;
+    request.arguments = {"-k", "5", std::to_string(time_limit), tool.string()};
+    request.arguments.insert(request.arguments.end(), arguments.begin(), arguments.end());
+  }
   state.exit_code = program.platform().RunCapturing(request, [&](const std::string& line) {
     if (!line.empty()) state.last_line = line;
     return handle(line, value);
   });
   if (state.exit_code == -1 && state.last_line.empty()) {
     state.error = program.GetText(text::ToolNotStarted) + tool.string();
+    return false;
+  }
+  if (!timeout.empty() && (state.exit_code == kTimedOut || state.exit_code == kKilled)) {
+    state.error =
+        program.GetText(text::ToolTimedOut, {tool.filename().string(), std::to_string(time_limit)});
     return false;
   }
   return true;
@@ -144,7 +166,7 @@ bool DecodeMp3ToWave(Program& program, AudioToolState& state, const fs::path& so
   for (const std::string& w : Words(program.GetText(text::DecoderOptions))) arguments.push_back(w);
   if (arguments.size() > 1) arguments.back() += output.string();
   if (!RunAudioTool(program, state, decoder, arguments, program.GetText(text::DecoderHandler),
-                    seconds))
+                    seconds, state.time_limit ? state.time_limit : TimeLimit(seconds)))
     return false;
   Finish(state);
   if (state.exit_code != 0 || !FileExists(output)) {
@@ -183,7 +205,10 @@ bool EncodeWaveToMp3(Program& program, AudioToolState& state, const fs::path& so
   arguments.push_back(ResolveCase(source).string());
   arguments.push_back(target.string());
   DeleteFileForced(target);
-  if (!RunAudioTool(program, state, encoder, arguments, program.GetText(text::EncoderHandler), 100))
+  std::error_code ec;
+  const double seconds = static_cast<double>(fs::file_size(ResolveCase(source), ec)) / 176400;
+  if (!RunAudioTool(program, state, encoder, arguments, program.GetText(text::EncoderHandler), 100,
+                    state.time_limit ? state.time_limit : TimeLimit(seconds)))
     return false;
   Finish(state);
   if (state.exit_code != 0 || !FileExists(target)) {

@@ -21,6 +21,9 @@ struct AudioToolState {
   std::string error;
   std::string last_line;
   int exit_code = -1;
+  // Seconds a tool may run before it counts as hung and is ended; 0 takes a generous limit from
+  // the audio's length.
+  int time_limit = 0;
   int minutes = -1;  // the decoder's last time shown
   int seconds = -1;
 };
@@ -31,10 +34,10 @@ std::filesystem::path FindAudioTool(const Program& program, std::int32_t id);
 
 // Runs a tool and hands each line to the handler named (texts 1737 and 1745), which is first
 // called with an empty line and -1 to set up. False, with text 2266 as the error, when the tool
-// couldn't be started.
+// couldn't be started, and with text 8463 when it ran past `time_limit` seconds and was ended.
 bool RunAudioTool(Program& program, AudioToolState& state, const std::filesystem::path& tool,
                   const std::vector<std::string>& arguments, const std::string& handler,
-                  double value);
+                  double value, int time_limit);
 
 // Line handlers; true goes on. The decoder's lines carry its running time at fixed places
 // (" mm:ss" behind an hour field), the encoder's a percentage as "(nn%)".

@@ -97,6 +97,7 @@ inline constexpr std::int32_t EncoderMonoOption = 1743;
 inline constexpr std::int32_t EncoderRateOption = 1744;  // followed by the rate in Hz
 inline constexpr std::int32_t EncoderHandler = 1745;
 inline constexpr std::int32_t ToolNotStarted = 2266;  // followed by the program's path
+inline constexpr std::int32_t ToolTimedOut = 8463;    // ~1 the tool, ~2 seconds
 
 // The Audio Converter window's own captions.
 inline constexpr std::int32_t ConvertAudioCaption = 8452;  // " Audio Converter"

@@ -3,8 +3,10 @@
 
 #include <gtest/gtest.h>
 
+#include <chrono>
 #include <set>
 
+#include "audio/audio_tools.h"
 #include "audio/dialog_converti_mp3.h"
 #include "audio/wav_converter.h"
 #include "audio_fixture.h"
@@ -96,6 +98,17 @@ TEST(ConversionEngine, ToolsMissingOrFailingAskAndKeepTheSource) {
     EXPECT_TRUE(fs::exists(mp3)) << c.what;
     EXPECT_FALSE(fs::exists(f.Path("out/a.wav"))) << c.what;
   }
+}
+
+TEST(ConversionEngine, AHungToolIsEndedWithAMessage) {
+  testing::AudioFixture f;
+  f.StandInTool("madplay", "echo ' 00:00:01 started'; sleep 60");
+  AudioToolState state;
+  state.time_limit = 1;
+  const auto start = std::chrono::steady_clock::now();
+  EXPECT_FALSE(DecodeMp3ToWave(f.program, state, f.Mp3("a.mp3", "-b 64"), f.Path("a.wav")));
+  EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(20));
+  EXPECT_EQ(state.error, "madplay didn't end within 1 seconds and was stopped.");
 }
 
 TEST(ConversionEngine, TheBarsFollowTheToolsLines) {
