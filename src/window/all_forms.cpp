@@ -2,6 +2,8 @@
 
 #include "archive/dialog_new_arc.h"
 #include "archive/dialog_pref_arc.h"
+#include "audio/dialog_convert_audio.h"
+#include "audio/dialog_converti_mp3.h"
 #include "editor/dialog_tipo_exe.h"
 #include "editor/dialog_trova_trle.h"
 #include "foundation/dialogs/dialog_get_dir.h"
@@ -56,6 +58,8 @@ const std::vector<FormFactory>& AllForms() {
       Entry<Dialog_NewLevel>("Dialog_NewLevel"),
       Entry<Dialog_Download>("Dialog_Download"),
       Entry<Dialog_Siti>("Dialog_Siti"),
+      Entry<Dialog_ConvertAudio>("Dialog_ConvertAudio"),
+      Entry<Dialog_ConvertiMp3>("Dialog_ConvertiMp3"),
   };
   return forms;
 }

@@ -75,6 +75,7 @@ Principale::Principale(Program& program) : Form(program, "Principale", "Vardolin
   WireAddLevel();
   WirePlay();
   WireEditorSettings();
+  WireAudio();
   WireScreenshotPanel();
   WireScreenshotMenus();
   WireCapture();
