@@ -172,9 +172,9 @@ TEST(AddLevel, BadPackagesAreToldByNameAndLeaveNothingBehind) {
   ASSERT_TRUE(code);
   EXPECT_EQ(ReadFile(f.dir / "outside.txt"), "untouched");
   EXPECT_EQ(ReadFile(f.Store(*code) / "files/level.tr4"), "good");
-  for (const fs::path& p : {f.dir / "up.tr4", f.dir / "home/up.tr4", f.dir / "home/up2.txt",
-                            f.dir / "through.txt", f.Store(*code) / "up.tr4",
-                            f.dir / "archive/up.tr4", fs::path("/abs-vardolin-add.txt")})
+  for (const fs::path& p :
+       {f.dir / "up.tr4", f.dir / "home/up.tr4", f.dir / "home/up2.txt", f.dir / "through.txt",
+        f.Store(*code) / "up.tr4", f.dir / "archive/up.tr4", fs::path("/abs-vardolin-add.txt")})
     EXPECT_FALSE(fs::exists(p)) << p;
 
   // A cut zip: told by its name, no level, no folder.
