@@ -132,16 +132,20 @@ int main(int argc, char** argv) {
 
   std::vector<std::string> sources;
   std::string level_name, level_note;
-  auto* add_level = add("add", "add a level made of packages and folders; prints its new code", true,
-                        [&](vardolin::Program& p) {
+  auto* add_level = add("add", "add a level made of packages and folders; prints its new code",
+                        true, [&](vardolin::Program& p) {
                           return vardolin::CmdAdd(p, sources, level_name, level_note, out, err);
                         });
-  add_level->add_option("PACKAGE", sources, "zip or other archive, file or folder; several go "
-                                            "into one level")->required();
+  add_level
+      ->add_option("PACKAGE", sources,
+                   "zip or other archive, file or folder; several go "
+                   "into one level")
+      ->required();
   add_level->add_option("--name", level_name, "the level's name (else the package's name)");
   add_level->add_option("--note", level_note, "the level's one-line note");
-  auto* files = add("files", "list a level's stored files, their sizes and whether packed", false,
-                    [&](vardolin::Program& p) { return vardolin::CmdFiles(p, code, json, out, err); });
+  auto* files =
+      add("files", "list a level's stored files, their sizes and whether packed", false,
+          [&](vardolin::Program& p) { return vardolin::CmdFiles(p, code, json, out, err); });
   code_option(files);
   json_flag(files);
 

@@ -261,14 +261,17 @@ void Dialog_NewLevel::AddSource(const fs::path& source) {
     return;
   }
   program().LastPackagePath = source.string();
-  const bool added = AddFileToFolder(program(), source, WorkFolder, false, &Label_Info, &ProgressBar1);
+  const bool added =
+      AddFileToFolder(program(), source, WorkFolder, false, &Label_Info, &ProgressBar1);
   if (!added)
     AskUser(program(), source.filename().string() + program().GetText(text::FileNotAdded),
             msg::kError);
   AfterAdd(added);
 }
 
-void Dialog_NewLevel::Pul_Refresh_Click() { RefreshFiles(); }
+void Dialog_NewLevel::Pul_Refresh_Click() {
+  RefreshFiles();
+}
 
 void Dialog_NewLevel::Pul_Remove_Click() {
   Program& p = program();
