@@ -92,7 +92,7 @@ void Dialog_NewLevel::ImpostaValori(std::int32_t IndiceLivello, const std::strin
   WorkFolder = FilesFolder;
   if (!p.prefs.NoDecompress) {
     fs::path temporary;
-    if (!PrepareLevelFiles(p, FilesFolder, temporary)) {
+    if (!PrepareLevelFiles(p, FilesFolder, temporary, false)) {
       AskUser(p, p.GetText(text::CannotExpandForViewing), msg::kError);
       Failed = true;
       return;

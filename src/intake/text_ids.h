@@ -170,7 +170,6 @@ inline constexpr std::int32_t EditorTravellingProgram = 3103;
 inline constexpr std::int32_t ShotPattern = 3110;
 inline constexpr std::int32_t PackageFilter = 3156;
 inline constexpr std::int32_t SetupProgramWaits = 8650;
-inline constexpr std::int32_t AudioStoredAsCame = 8651;
 inline constexpr std::int32_t CannotCompileTomYet = 8652;
 // The level info file.
 inline constexpr std::int32_t InfoFileMissing = 1390;       // ~1 = the path
@@ -322,5 +321,13 @@ inline constexpr std::int32_t PatchFolder = 2240;
 inline constexpr std::int32_t InstallScriptFile = 3104;
 inline constexpr std::int32_t WadImportNotYet = 8653;
 inline constexpr std::int32_t SetupNotYet = 8654;
+
+// A level's audio on its way into the store.
+inline constexpr std::int32_t WaveExtension = 642;
+inline constexpr std::int32_t MusicNotConverted = 643;
+inline constexpr std::int32_t SamplesNotConverted = 644;
+inline constexpr std::int32_t WavesToMp3Pattern = 1244;
+inline constexpr std::int32_t WavesToMp3Failed = 1245;
+inline constexpr std::int32_t StoreWavesAsTheyAre = 1246;
 
 }  // namespace vardolin::text

@@ -14,6 +14,7 @@
 #include "archive/catalogue_ops.h"
 #include "archive/level_store.h"
 #include "archive_writer.h"
+#include "audio_fixture.h"
 #include "intake/add_level.h"
 #include "intake/dialog_new_level.h"
 #include "intake/level_info.h"
@@ -251,6 +252,32 @@ TEST(AddLevel, WhatAPackageSaysOfItsLevelFillsTheProperties) {
       exported, [](Dialog_NewLevel& d) { d.Pul_Ok.Click(); },
       [&] { f.ui.Answer(msg::kNo, "\"tower.tr4\" is also in the level \"Tower of Winds\""); }));
   EXPECT_EQ(f.Count(), count);
+}
+
+TEST(AddLevel, AnArchiveThatKeepsWavesAsMp3StoresThemSoAndPlayGetsTheGamesWaves) {
+  AddFixture f;
+  f.program.catalogue.header.WavInMp3 = true;
+  testing::AudioFixture made;
+  const fs::path zip = f.dir / "Echo.zip";
+  WriteArchive(zip, {{"Echo/echo.tr4", "level"},
+                     {"Echo/script.dat", "s"},
+                     {"Echo/audio/105.mp3", ReadFile(made.Mp3("105.mp3", "-b 128"))},
+                     {"Echo/audio/106.wav", ReadFile(made.Tone("106.wav", "-r 44100 -c 2 -b 16"))}});
+  const auto code = f.Add(zip, [](Dialog_NewLevel& d) { d.Pul_Ok.Click(); });
+  ASSERT_TRUE(code);
+  const fs::path files = f.Store(*code) / "files";
+  EXPECT_TRUE(fs::exists(files / "105.mp3"));
+  EXPECT_TRUE(fs::exists(files / "106.mp3"));
+  EXPECT_FALSE(fs::exists(files / "106.wav"));
+
+  RefreshLevelList(*f.main);
+  f.Choose("Echo");
+  f.main->Pul_Play.Click();
+  ASSERT_TRUE(f.program.GameRunning);
+  for (const char* track : {"105.wav", "106.wav"})
+    EXPECT_EQ(testing::SoxForm(f.editor / "audio" / track), "2 44100 MS ADPCM") << track;
+  f.EndGame();
+  EXPECT_TRUE(f.TickUntilEnded());
 }
 
 }  // namespace
