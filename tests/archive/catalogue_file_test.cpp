@@ -31,20 +31,6 @@ TEST(CatalogueFile, SaveWritesExactlyHeaderAndRecordsOverALongerFile) {
   EXPECT_FALSE(fs::exists(f.Path("cat.vdc.new~")));
 }
 
-TEST(CatalogueFile, LoadOpensTheCatalogue) {
-  FileFixture f;
-  Catalogue on_disk = SampleCatalogue(5, f.archive.string());
-  on_disk.header.LevelCount = 5;
-  WriteBytes(f.Path("other.vdc"), SerializeCatalogue(on_disk));
-  f.program.CatalogueDirty = false;
-  Form main(f.program, "Principale");
-  f.program.main.form = &main;
-  ASSERT_TRUE(LoadCatalogueFile(f.program, f.Path("other.vdc")));
-  EXPECT_EQ(f.program.catalogue, on_disk);
-  EXPECT_EQ(f.program.prefs.LastArchive, f.Path("other.vdc").string());
-  EXPECT_EQ(main.Caption(), "Vardolin - other.vdc (5 levels)");
-}
-
 TEST(CatalogueFile, PendingUserSizeIsCountedAtLoad) {
   FileFixture f;
   f.program.prefs.AutoSave = true;

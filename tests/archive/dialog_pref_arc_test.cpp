@@ -56,8 +56,6 @@ TEST_F(PrefArcTest, ShowsTheArchiveAndCancelPutsTheHeaderBack) {
   dialog.Load();
   dialog.ImpostaValori(f.program.catalogue.header);
   EXPECT_EQ(dialog.Label_Levels.Caption(), "3");
-  EXPECT_EQ(dialog.Label_TotCd.Caption(), "1");
-  EXPECT_EQ(dialog.Label_OnCd.Caption(), "Yes");
   EXPECT_EQ(dialog.Label_FullPath.Caption(), f.program.prefs.LastArchive);
   dialog.Check_Compresso.SetValue(true);
   EXPECT_TRUE(f.program.catalogue.header.CompressFiles);
@@ -87,19 +85,6 @@ TEST_F(PrefArcTest, AFailurePartWayLeavesEveryLevelWholeAndPutsTheFlagBack) {
   EXPECT_EQ(testing::Snapshot(Files(2)), level2);  // nothing written for it remains, nothing lost
   EXPECT_TRUE(fs::exists(Files(1) / "level.tr4"));
   EXPECT_TRUE(f.program.catalogue.header.CompressFiles);
-}
-
-TEST_F(PrefArcTest, AChangedWavFlagIsRefusedWithAMessage) {
-  f.ui.Answer(msg::kOk, "audio converter");
-  EXPECT_FALSE(ChangeFlags(false, true, msg::kYes));
-  EXPECT_FALSE(f.program.catalogue.header.WavInMp3);
-}
-
-TEST_F(PrefArcTest, NoToTheQuestionKeepsTheFlagAndConvertsNothing) {
-  f.ui.Answer(msg::kNo);
-  EXPECT_FALSE(ChangeFlags(true, false, msg::kNo));
-  EXPECT_TRUE(f.program.catalogue.header.CompressFiles);
-  EXPECT_TRUE(fs::exists(Files(1) / "level.tr4"));
 }
 
 }  // namespace

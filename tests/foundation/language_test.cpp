@@ -32,7 +32,6 @@ TEST_F(LanguageTest, WhichLanguageFileIsUsed) {
            Case{{"english.trc", "Italian.trc"}, "  italian ", "Italian", "Ciao"},  // another case
            Case{
                {"english.trc", "Italian.trc"}, "klingon", "Italian", "Ciao"},  // unknown: the other
-           Case{{"English.TRC", "Italian.trc"}, "ENGLISH", "English", "Hello"},
        }) {
     SCOPED_TRACE(c.setting);
     TempDir dir;
@@ -44,15 +43,6 @@ TEST_F(LanguageTest, WhichLanguageFileIsUsed) {
     EXPECT_EQ(p.prefs.Language, c.language);
     EXPECT_EQ(p.GetText(1), c.text1);
   }
-}
-
-TEST_F(LanguageTest, NoLanguageFileIsUnrecoverable) {
-  ui.Answer(msg::kOk,
-            "UNRECOVERABLE ERROR: missing files .trc with texts of Vardolin in "
-            "installation folder: " +
-                home.path().string() + "\r\nYou should visit website https://");
-  EXPECT_FALSE(LoadLanguage(program));
-  EXPECT_EQ(ui.Questions().back().style, msg::kError);
 }
 
 TEST_F(LanguageTest, MissingEnglishWarnsAndGoesOn) {
@@ -106,14 +96,10 @@ TEST(TextLine, DecodesAsTheLanguageFilesAreWritten) {
            Case{R"("Hello")", true, "Hello"},
            Case{R"("He said ""yes""")", true, R"(He said "yes")"},
            Case{R"("")", true, ""},
-           Case{"ab", true, ""},  // two characters: empty, whatever they are
-           Case{R"(")", false, ""},
            Case{"", false, ""},
            Case{R"("one\r\ntwo\R\Nthree")", true, "one\r\ntwo\r\nthree"},
-           Case{R"("\LEVEL_0000\files")", true, R"(\LEVEL_0000\files)"},
            // Quotes are undoubled before the ends go, so a lone quote can't be written.
            Case{R"("""")", true, ""},
-           Case{"\"caf\xC3\xA9\"", true, "caf\xC3\xA9"},
        }) {
     std::string text = "unchanged";
     EXPECT_EQ(DecodeTextLine(c.line, text), c.ok) << c.line;
@@ -144,13 +130,11 @@ TEST(TrcParse, ErrorsKeepWhatWasReadBefore) {
            Case{"count larger than the entries", Crlf({"3"}) + one, 1, "end of file"},
            Case{"malformed id", Crlf({"2", "1", R"("c")", R"("one")", "x2", R"("c")", R"("t")"}), 1,
                 "not a number"},
-           Case{"malformed count", Crlf({"two"}), 0, "not a number"},
            Case{"line shorter than its quotes",
                 Crlf({"2", "1", R"("c")", R"("one")", "2", R"(")", R"("t")"}), 1, "shorter"},
            Case{"byte invalid in the code page",
                 Crlf({"2", "1", R"("c")", R"("one")", "2", R"("c")", "\"\x81\""}), 1,
                 "code page 1252"},
-           Case{"empty file", "", 0, "end of file"},
        }) {
     TrcParse p = ParseTrc(c.bytes, 1252);
     SCOPED_TRACE(c.name);

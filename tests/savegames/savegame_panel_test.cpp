@@ -91,12 +91,9 @@ TEST(SavegamePanel, RightPressesOpenTheMenuThatFits) {
   };
   const Case cases[] = {
       {"List_SaveGameTomb", 0, -1, 2, "mnu_SaveGameHid2"},
-      {"List_SaveGameArchiviati", -1, 0, 2, "mnu_SaveGameHid2"},
       {"List_SaveGameTomb", -1, -1, 2, ""},
-      {"List_SaveGameTomb", 0, -1, 4, ""},
       {"Image_SaveGame", -1, 0, 2, "mnu_SaveGameHid"},
       {"Image_SaveGame", 0, -1, 2, "mnu_Edit"},
-      {"Image_SaveGame", -1, -1, 2, "mnu_Edit"},
   };
   for (const Case& c : cases) {
     SCOPED_TRACE(c.control);
@@ -170,38 +167,6 @@ TEST(SavegamePanel, RestoringOneSavegameWantsAnArchivedOne) {
     EXPECT_EQ(f.main->List_SaveGameArchiviati.ListIndex(), c.archive_row) << "kept";
     EXPECT_EQ(f.main->Shots.current, 2) << "the pair on show stays";
   }
-}
-
-// The picture beside a selected savegame is the screenshot of its time; choosing another one
-// through the panel's button makes that one the savegame's picture from then on.
-TEST(SavegamePanel, ThePictureFollowsTheSavegamesTimeAndTheChoice) {
-  testing::SavegamePanelFixture f;
-  f.program.prefs.AssociationMinutes = 10;
-  const auto set = f.FillSet(1, 1, {1});
-  const fs::path shots = ShotFolder(f.program, 1);
-  const auto at = [](int minutes) {
-    return fs::file_time_type::clock::now() - std::chrono::hours(24) +
-           std::chrono::minutes(minutes);
-  };
-  fs::last_write_time(set[0], at(0));
-  const struct {
-    const char* name;
-    int minutes;
-  } pictures[] = {{"near.jpg", 9}, {"far.jpg", 40}};
-  fs::create_directories(shots);
-  for (const auto& p : pictures) {
-    fs::copy_file(f.Path("home/no_image.jpg"), shots / p.name);
-    fs::last_write_time(shots / p.name, at(p.minutes));
-  }
-  f.ChooseLevel(1);
-  f.main->List_SaveGameArchiviati.SetListIndex(0);
-  EXPECT_EQ(fs::path(f.main->Image_SaveGame.Picture()).filename(), "near.jpg");
-
-  f.ui.OpenFile((shots / "far.jpg").string());
-  f.main->Pul_ChangeScreenshot.Click();
-  EXPECT_EQ(fs::path(f.main->Image_SaveGame.Picture()).filename(), "far.jpg");
-  const auto gap = fs::last_write_time(shots / "far.jpg") - fs::last_write_time(set[0]);
-  EXPECT_LT(std::chrono::abs(gap), std::chrono::seconds(1)) << "the chosen picture takes its date";
 }
 
 }  // namespace

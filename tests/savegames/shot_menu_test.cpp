@@ -36,27 +36,6 @@ TEST(ShotStore, NextShotFileNameCountsPastTakenNames) {
   }
 }
 
-TEST(ShotStore, ConvertToJpegAnswersByTheDestination) {
-  ShotFixture f;
-  const auto bmp = f.dir / "in.bmp";
-  WritePicture(bmp, 20, 10);
-  const auto text = f.dir.Write("not_a_picture.bmp", "hello");
-  struct Case {
-    std::filesystem::path source;
-    bool stands_before, expected;
-  } cases[] = {{bmp, true, true}, {text, true, false}, {f.dir / "missing.bmp", true, false}};
-  for (const Case& c : cases) {
-    const auto out = f.dir / "out.bmp";  // the name's extension doesn't choose the kind
-    std::filesystem::remove(out);
-    if (c.stands_before) f.dir.Write("out.bmp", "old");
-    EXPECT_EQ(ConvertToJpeg(c.source, out, 60), c.expected) << c.source;
-    EXPECT_EQ(std::filesystem::exists(out), c.expected) << c.source;
-    if (c.expected) {
-      EXPECT_NE(ReadFile(out), "old");
-    }
-  }
-}
-
 TEST(ShotStore, APictureGoesToTheActiveLevelWithItsSizeAndDate) {
   ShotFixture f;
   f.MarkActive(1);
