@@ -71,8 +71,6 @@ TEST(ListZipEntries, NamesAsAuthorsWriteThem) {
       {dir / "sfx.exe", false, {"c.tr4", "x.tr4", "\u00e8\u00e9.txt"}},
       {dir / "z64.zip", true, {"level\\room.tr4"}},
       {dir / "junk.zip", true, {}},
-      {dir / "cut.zip", true, {}},
-      {dir / "missing.zip", true, {}},
   };
   for (const Case& c : cases) {
     SCOPED_TRACE(c.zip.filename().string() + (c.keep_paths ? " keeping paths" : ""));
@@ -293,28 +291,6 @@ TEST(ZipFolderToFile, WhatGoesInComesBackOut) {
   EXPECT_FALSE(ZipFolderToFile(t.program, t.home / "nothing", t.home / "n.zip", nullptr, false));
   EXPECT_FALSE(ZipFolderToFile(t.program, t.home / "missing", t.home / "m.zip", nullptr, true));
   EXPECT_FALSE(fs::exists(t.home / "n.zip"));
-}
-
-TEST(ZipClass, KeepsAListOfAtMost99Names) {
-  ZipClass zip;
-  EXPECT_FALSE(zip.AddFile("Level.tr4"));
-  EXPECT_EQ(zip.AddFile("LEVEL.TR4").number, kFileAlreadyInZipList);
-  EXPECT_FALSE(zip.RemoveFile("level.tr4"));
-  EXPECT_EQ(zip.RemoveFile("level.tr4").number, kFileNotInZipList);
-
-  TempDir dir;
-  zip.BaseFolder = dir.path();
-  zip.ZipFileName = (dir / "many.zip").string();
-  for (int i = 0; i < 100; ++i) {
-    dir.Write("f" + std::to_string(i), "x");
-    zip.AddFile("f" + std::to_string(i));
-  }
-  EXPECT_EQ(zip.MakeZipFile(), kZipClassFailed);
-  zip.RemoveFile("f99");
-  EXPECT_EQ(zip.MakeZipFile(), 0);
-  std::int32_t count = 0;
-  ListZipEntries(dir / "many.zip", count, true);
-  EXPECT_EQ(count, 99);
 }
 
 }  // namespace
