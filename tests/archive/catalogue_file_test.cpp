@@ -89,27 +89,5 @@ TEST(CatalogueFile, WithoutAutoSaveAChangeWaitsForTheAnswerAtClose) {
   }
 }
 
-TEST(CatalogueFile, NewCatalogueHasTheBaseLevelAndAFreeName) {
-  ArchiveFixture f;
-  f.program.prefs.AutoSave = false;
-  WriteBytes(f.program.Home() / "LEVEL_0000/files/english.txt", "hello");
-  fs::path folder = f.Path("new archive");
-  f.ui.Folder(folder.string());
-  ASSERT_TRUE(NewCatalogue(f.program));
-  const Catalogue& c = f.program.catalogue;
-  ASSERT_EQ(c.levels.size(), 1u);
-  EXPECT_EQ(c.levels[0].Code, 0);
-  EXPECT_EQ(c.levels[0].MoreInfoFile, "english.txt");
-  EXPECT_EQ(c.levels[0].UserSize, 0);
-  EXPECT_EQ(c.levels[0].FilesSize, 5);
-  EXPECT_EQ(c.header.MainDir, folder.string());
-  EXPECT_EQ(c.header.SecondaryDir, folder.string());
-  EXPECT_TRUE(fs::is_directory(folder));
-  fs::path first = f.program.Home() / "Vardolin_archive.vdc";
-  EXPECT_EQ(f.program.prefs.LastArchive, first.string());
-  EXPECT_EQ(ReadFile(first), SerializeCatalogue(c));
-  EXPECT_EQ(NextLevelCode(c), 1);
-}
-
 }  // namespace
 }  // namespace vardolin::testing

@@ -48,13 +48,6 @@ TEST_F(RepairTest, ScrollMediaFileStaysOnlyBesideItsScrollLevels) {
   }
 }
 
-TEST_F(RepairTest, BaseLevelAndCdLevelsAreLeftAlone) {
-  WriteBytes(GetLevelFolder(program, 0, false) / "files" / "scroll.mcf", "base");
-  RepairLevelStore(program);
-  EXPECT_TRUE(fs::exists(GetLevelFolder(program, 0, false) / "files" / "scroll.mcf"));
-  EXPECT_EQ(ui.ModelessShown(), std::vector<std::string>{"Dialog_Progress"});
-}
-
 TEST_F(RepairTest, AConversionBrokenOffBetweenItsStepsIsPutRight) {
   fs::path level = GetLevelFolder(program, 1, false);
   struct Case {

@@ -54,17 +54,6 @@ TEST_F(FilesTest, ReadOnlyFilesCountAndAreDeletedForcibly) {
   EXPECT_FALSE(DeleteFileForced(dir.path()));  // a folder is not a file
 }
 
-TEST_F(FilesTest, DeleteMatchingFilesIgnoresCaseAndLeavesFolders) {
-  dir.Write("s/savegame.0", "");
-  dir.Write("s/SAVEGAME.12", "");
-  dir.Write("s/savegame", "");
-  dir.Write("s/other.txt", "");
-  fs::create_directories(dir / "s/savegame.dir");
-  EXPECT_TRUE(DeleteMatchingFiles(dir / "s", "savegame.*"));
-  EXPECT_EQ(Names(ListFiles(dir / "s", "*")), (std::vector<std::string>{"other.txt"}));
-  EXPECT_TRUE(fs::is_directory(dir / "s/savegame.dir"));
-}
-
 TEST_F(FilesTest, DeleteFolderTreeRemovesOnlyAFlatFolder) {
   dir.Write("flat/a", "1");
   dir.Write("flat/b", "2");
@@ -159,17 +148,6 @@ TEST_F(FilesTest, WalkCollectsTheWholeTreeAndLetsTheUiRunPerFolder) {
   EXPECT_EQ(FolderSizeBytes(dir / "w", "*.txt"), 5.0);
   EXPECT_FALSE(walker.WalkFolderTree(dir / "missing"));
   EXPECT_TRUE(walker.Files().empty());
-}
-
-TEST_F(FilesTest, WholeFilesReplaceAnotherCase) {
-  std::string bytes("a\0b\r\n", 5);
-  EXPECT_TRUE(WriteTextFile(dir / "t.bin", bytes));
-  EXPECT_EQ(ReadWholeFile(dir / "T.BIN"), bytes);
-  EXPECT_TRUE(WriteTextFile(dir / "T.bin", "short"));  // replaces the file in another case
-  EXPECT_EQ(ReadFile(dir / "t.bin"), "short");
-  EXPECT_FALSE(fs::exists(dir / "T.bin"));
-  EXPECT_EQ(ReadWholeFile(dir / "none"), "");
-  EXPECT_FALSE(WriteTextFile(dir / "no/such/folder/f", "x"));
 }
 
 struct LogTest : ::testing::Test, testing::TestProgram {};

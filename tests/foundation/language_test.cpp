@@ -45,15 +45,6 @@ TEST_F(LanguageTest, WhichLanguageFileIsUsed) {
   }
 }
 
-TEST_F(LanguageTest, MissingEnglishWarnsAndGoesOn) {
-  home.Write("Italian.trc", Trc({{1, "Ciao"}}));
-  ui.Answer(msg::kOk, "WARNING: missing 'english.trc' file in application folder.");
-  ASSERT_TRUE(LoadLanguage(program));
-  EXPECT_EQ(ui.Questions().back().style, msg::kOkOnly);
-  EXPECT_EQ(program.GetText(1), "Ciao");
-  EXPECT_EQ(program.GetText(2), "");
-}
-
 TEST_F(LanguageTest, UnreadableLanguageKeepsWhatWasReadAndFallsBackToEnglish) {
   home.Write("english.trc", Trc({{1, "One"}, {2, "Two"}}));
   // Declares three entries and holds one.

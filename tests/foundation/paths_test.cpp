@@ -41,35 +41,6 @@ TEST(PathsTest, SplitsPathsAtEitherSeparatorAndTheDriveColon) {
   }
 }
 
-TEST(PathsTest, UrlParts) {
-  struct {
-    const char* url;
-    const char* host;
-    const char* file;
-  } cases[] = {
-      {"http://www.example.org/download/new_wads_all.zip", "www.example.org", "new_wads_all.zip"},
-      {"https://host:8080", "host:8080", "host:8080"},
-      {"example.org/x/urllist.bin", "example.org/x/urllist.bin", "urllist.bin"},
-  };
-  for (const auto& c : cases) {
-    SCOPED_TRACE(c.url);
-    EXPECT_EQ(ExtractUrlHost(c.url), c.host);
-    EXPECT_EQ(ExtractUrlFileName(c.url), c.file);
-  }
-}
-
-TEST(PathsTest, FormatsFileSizesAtEachThreshold) {
-  const std::pair<double, const char*> cases[] = {
-      {0, "0"},
-      {1024, "1 Kb"},
-      {1048575, "1023 Kb"},
-      {1048576, "1.0 Mb"},
-      {1073741823, "1024.0 Mb"},
-      {1073741824, "1.0 Gb"},
-  };
-  for (const auto& [bytes, text] : cases) EXPECT_EQ(FormatFileSize(bytes), text) << bytes;
-}
-
 TEST(PathsTest, JoinsTextFragmentsOntoFolders) {
   const std::tuple<const char*, const char*, const char*> cases[] = {
       {"/home/v", "\\files", "/home/v/files"},

@@ -113,28 +113,7 @@ TEST(PreferencesImage, OtherLengthsKeepOnlyTheEarlierFormat) {
   }
 }
 
-TEST(PreferencesImage, ShortFileKeepsWhatItHasAndDefaultsBehind) {
-  std::string bytes = SerializePreferences(Unusual()).substr(0, 10 + 256 + 100);
-  ParsedPreferences got = ParsePreferences(bytes);
-  EXPECT_TRUE(got.upgraded);
-  EXPECT_FALSE(got.prefs.ShowScreenshotPanel);
-  EXPECT_EQ(got.prefs.LastArchive, "C:\\archives\\mine.vdc");
-  EXPECT_EQ(got.prefs.EditorFolder, "/games/trle");  // cut inside its padding
-  EXPECT_EQ(got.prefs.CompilerName, "tom2pc.exe");
-  EXPECT_EQ(got.prefs.DefaultLoadDir, "c:\\");
-  EXPECT_TRUE(got.prefs.AutoSave);
-  EXPECT_EQ(ParsePreferences("").prefs, Preferences{});
-}
-
 struct PreferencesFileTest : ::testing::Test, testing::TestProgram {};
-
-TEST_F(PreferencesFileTest, MissingFileIsAFirstRunWithDefaults) {
-  program.prefs.EditorFolder = "left over";
-  LoadResult r = LoadPreferences(program);
-  EXPECT_TRUE(r.FirstRun);
-  EXPECT_FALSE(r.PrefsUpgraded);
-  EXPECT_EQ(program.prefs, Preferences{});
-}
 
 TEST_F(PreferencesFileTest, SaveRunsTheCatalogueHookFirstAndWritesTheWholeRecord) {
   program.prefs = Unusual();

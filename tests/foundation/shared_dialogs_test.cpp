@@ -3,14 +3,9 @@
 
 #include "foundation/dialogs/ask.h"
 #include "foundation/dialogs/dialog_get_dir.h"
-#include "foundation/dialogs/dialog_msg_box.h"
 #include "foundation/dialogs/dialog_progress.h"
-#include "foundation/dialogs/dialog_splash.h"
 #include "foundation/dialogs/dialog_wait.h"
 #include "foundation/dialogs/shared_dialogs.h"
-#include "foundation/pictures/bitmap.h"
-#include "foundation/pictures/picture_file.h"
-#include "foundation/platform/desktop_integration.h"
 #include "foundation/platform/wine_registry.h"
 #include "foundation/program.h"
 #include "foundation/program_home.h"
@@ -35,40 +30,7 @@ struct DialogsTest : ::testing::Test, testing::TestProgram {
     PrepareHome(home.path());
     LoadLanguage(program);
   }
-  std::vector<std::string> VisibleCaptions(const Dialog_MsgBox& box) {
-    std::vector<std::string> out;
-    for (const Button* b : {&box.Pul_Button1, &box.Pul_Button2, &box.Pul_Button3})
-      if (b->Visible()) out.push_back(b->Caption());
-    return out;
-  }
 };
-
-TEST_F(DialogsTest, MessageBoxShowsTheButtonsOfItsStyleAndGivesTheirNumbers) {
-  const std::string ok = "Ok", cancel = "Cancel", abort = "Abort", retry = "Retry",
-                    ignore = "Ignore", yes = "Yes", no = "No";
-  struct Case {
-    int style;
-    std::vector<std::string> captions;
-    std::vector<int> results;
-  } cases[] = {
-      {0, {ok}, {1}},
-      {2, {abort, retry, ignore}, {3, 4, 5}},
-      {3, {yes, no, cancel}, {6, 7, 2}},
-      {4 + 48, {yes, no}, {6, 7}},  // the icon bits ride on top of the buttons
-  };
-  for (const Case& c : cases) {
-    for (size_t slot = 0; slot < c.results.size(); ++slot) {
-      Dialog_MsgBox box(program);
-      box.ImpostaValori("Go on?", c.style, "");
-      box.Load();
-      EXPECT_EQ(VisibleCaptions(box), c.captions) << "style " << c.style;
-      Button* buttons[] = {&box.Pul_Button1, &box.Pul_Button2, &box.Pul_Button3};
-      buttons[slot]->Click();
-      EXPECT_EQ(box.ExitValue, c.results[slot]) << "style " << c.style << " slot " << slot;
-      EXPECT_FALSE(box.IsLoaded());
-    }
-  }
-}
 
 class GetDirTest : public DialogsTest {
  protected:
@@ -102,40 +64,6 @@ TEST_F(GetDirTest, NewFolderCases) {
       EXPECT_EQ(dialog.FolderInView(), fs::canonical(tree.path())) << c.typed;
     }
   }
-}
-
-TEST_F(GetDirTest, DrivesFollowTheFolderAndADriveThatIsNotReadyIsRefused) {
-  platform.drives = {testing::MakeDrive("/", kDriveFixed),
-                     testing::MakeDrive(tree.path().string(), kDriveFixed),
-                     testing::MakeDrive("/media/cd", kDriveCdRom, false)};
-  dialog.ImpostaValori((tree.path() / "Alpha").string());
-  ASSERT_EQ(dialog.Drive1.ListCount(), 3);
-  EXPECT_EQ(dialog.Drive1.SelectedText(), tree.path().string()) << "the deepest mount point";
-  int cd = dialog.Drive1.FindText("/media/cd");
-  ui.Answer(msg::kOk, program.GetText(text::DriveNotReady));
-  dialog.Drive1.SetListIndex(cd);
-  EXPECT_EQ(dialog.Drive1.SelectedText(), tree.path().string());
-  EXPECT_EQ(dialog.FolderInView(), fs::canonical(tree.path() / "Alpha"));
-}
-
-TEST_F(DialogsTest, SplashOnlyWithItsPictureAndAnyClickClosesIt) {
-  // A fresh home has the picture that Vardolin ships, and the icon its desktop entries name.
-  Bitmap shipped;
-  ASSERT_EQ(ReadPictureFile(home / "splash.jpg", shipped), PictureResult::Ok);
-  EXPECT_TRUE(fs::is_regular_file(ProgramIcon(program)));
-  fs::remove(home / "splash.jpg");
-  EXPECT_FALSE(ShowSplash(program));
-  EXPECT_TRUE(ui.ModelessShown().empty());
-  home.Write("splash.jpg", "picture");
-  ASSERT_TRUE(ShowSplash(program));
-  auto* splash = program.open_forms.Find<Dialog_Splash>("Dialog_Splash");
-  ASSERT_NE(splash, nullptr);
-  EXPECT_EQ(splash->Image_Splash.Picture(), (home / "splash.jpg").string());
-  EXPECT_NE(splash->Label_Version.Caption().find(VersionText()), std::string::npos);
-  splash->Image_Splash.Click();
-  EXPECT_FALSE(splash->IsLoaded());
-  HideSplash(program);
-  EXPECT_EQ(program.open_forms.Find("Dialog_Splash"), nullptr);
 }
 
 TEST_F(DialogsTest, OpenFormsReplaceByNameAndCloseAll) {

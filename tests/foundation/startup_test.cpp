@@ -132,61 +132,6 @@ TEST_F(StartUpTest, AQuotedCatalogueOnTheCommandLineReplacesTheStoredOneUnquoted
   }
 }
 
-TEST_F(StartUpTest, SettlesTheCheckIntervalAndAMissingJoystickAndWritesThemBack) {
-  struct Case {
-    std::int32_t tenths;
-    bool joystick;
-    std::int32_t used_tenths;
-    bool enabled;
-  };
-  const Case cases[] = {{25, false, 10, false}, {5, true, 5, true}, {10, false, 10, false}};
-  for (const Case& c : cases) {
-    Preferences p;
-    p.CheckTenths = c.tenths;
-    p.EnableJoystick = true;
-    p.Reserved = true;
-    WriteSettings(p);
-    ProgramRun run(home);
-    run.platform.joystick_present = c.joystick;
-    run.platform.joystick = {40000, 20000, 0, 0};
-    ChooseNew(run.ui, dir / ("arc" + std::to_string(c.tenths)));
-    run.window.Load();
-    // The stick's rest is taken from a joystick that answers.
-    EXPECT_EQ(run.program.JoystickNeutralX, c.joystick ? 40000u : 32767u);
-    EXPECT_EQ(run.program.JoystickNeutralY, c.joystick ? 20000u : 32767u);
-    EXPECT_EQ(run.program.prefs.CheckTenths, c.used_tenths);
-    EXPECT_EQ(run.window.Timer1.Interval(), c.used_tenths * 100);
-    EXPECT_EQ(run.program.prefs.EnableJoystick, c.enabled);
-    run.window.Unload();
-    Preferences saved = SavedSettings();
-    EXPECT_EQ(saved.EnableJoystick, c.enabled);
-    EXPECT_FALSE(saved.Reserved);
-  }
-}
-
-TEST_F(StartUpTest, AVanishedCatalogueIsToldAndTheFirstRunDialogLoadsAnother) {
-  WriteSettings({});
-  fs::path made;
-  {
-    ProgramRun run(home);
-    ChooseNew(run.ui, archive);
-    run.window.Load();
-    made = run.program.prefs.LastArchive;
-    run.window.Unload();
-  }
-  Preferences p;
-  p.LastArchive = (dir / "gone" / "old.vdc").string();
-  WriteSettings(p);
-  ProgramRun run(home);
-  run.ui.Answer(msg::kOk, "doesn't exist any more: " + p.LastArchive);
-  run.ui.OnForm("Dialog_NewArc", [](Form& f) { f.Find<Button>("Pul_Load")->Click(); })
-      .OpenFile(made.string());
-  run.window.Load();
-  EXPECT_EQ(run.program.prefs.LastArchive, made.string());
-  EXPECT_EQ(run.program.catalogue.header.SecondaryDir, archive.string());
-  run.window.Unload();
-}
-
 TEST(ParseCommandLine, TellsCataloguesFromSetupFoldersAndIgnoresUnquotedWords) {
   testing::ArchiveFixture f;
   struct Case {

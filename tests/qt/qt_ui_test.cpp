@@ -51,8 +51,6 @@ TEST_F(QtUiTest, AskUserShowsTheProgramsMessageBoxWithTheIconOfItsStyle) {
   } cases[] = {
       {msg::kError, "Pul_Button1", msg::kOk, 1, QStyle::SP_MessageBoxCritical},
       {msg::kYesNoCancel, "Pul_Button3", msg::kCancel, 3, QStyle::SP_MessageBoxQuestion},
-      {msg::kYesNo, "Pul_Button2", msg::kNo, 2, QStyle::SP_MessageBoxQuestion},
-      {msg::kOkCancel, "Pul_Button1", msg::kOk, 2, QStyle::SP_MessageBoxQuestion},
       {msg::kYesNo | msg::kWarning, "Pul_Button1", msg::kYes, 2, QStyle::SP_MessageBoxWarning},
       {msg::kInformation, "Pul_Button1", msg::kOk, 1, QStyle::SP_MessageBoxInformation},
       {msg::kOkOnly, "Pul_Button1", msg::kOk, 1, kNone}};

@@ -90,26 +90,6 @@ TEST_F(CaptureTest, WhatATickMakesOfTheClipboard) {
   }
 }
 
-TEST_F(CaptureTest, StoringGoesThroughTheTemporaryBitmapAndReplacesTheDestination) {
-  const Bitmap picture = Plain(20, 10, 0, 128, 255);
-  const fs::path destination = Path("out/shot.png");  // a JPEG whatever the name says
-  testing::WriteBytes(destination, "an older file");
-  std::string why;
-  EXPECT_FALSE(StoreClipboardImage(program, destination, &why));
-  EXPECT_FALSE(why.empty());
-  EXPECT_EQ(testing::ReadFile(destination), "an older file") << "nothing to store, nothing lost";
-
-  ui.SetClipboardImage(picture);
-  ASSERT_TRUE(StoreClipboardImage(program, destination));
-  std::string jpeg;
-  ASSERT_EQ(WriteJpeg(picture, kCaptureJpegQuality, jpeg), PictureResult::Ok);
-  EXPECT_EQ(testing::ReadFile(destination), jpeg);
-  Bitmap left;
-  ASSERT_EQ(ReadPictureFile(TemporaryShotPath(program), left), PictureResult::Ok);
-  EXPECT_EQ(left.pixels, picture.pixels);
-  EXPECT_EQ(TemporaryShotPath(program).parent_path(), program.Home());
-}
-
 TEST_F(CaptureTest, LauncherPicturesBecomeShotsWithTheirDatesAndGo) {
   const fs::path left = editor / "shots";
   const auto day = std::chrono::system_clock::now() - std::chrono::hours(24 * 40);

@@ -83,39 +83,6 @@ TEST(SavegamePanel, SelectionComesFromOneListAndShowsItsNote) {
   EXPECT_EQ(f.main->Text_NoteSaveGame.Text(), "") << "another level clears the panel";
 }
 
-TEST(SavegamePanel, RightPressesOpenTheMenuThatFits) {
-  struct Case {
-    const char* control;
-    int tomb_row, archive_row, button;
-    const char* popped;
-  };
-  const Case cases[] = {
-      {"List_SaveGameTomb", 0, -1, 2, "mnu_SaveGameHid2"},
-      {"List_SaveGameTomb", -1, -1, 2, ""},
-      {"Image_SaveGame", -1, 0, 2, "mnu_SaveGameHid"},
-      {"Image_SaveGame", 0, -1, 2, "mnu_Edit"},
-  };
-  for (const Case& c : cases) {
-    SCOPED_TRACE(c.control);
-    SavegamePanelFixture f;
-    f.FillSlots(1, {5});
-    f.FillSet(1, 1, {1});
-    f.ChooseLevel(1);
-    std::string popped;
-    for (Menu* menu : {&f.main->mnu_SaveGameHid, &f.main->mnu_SaveGameHid2, &f.main->mnu_Edit})
-      menu->Subscribe([&popped](Control& m, Change change) {
-        if (change == Change::Popup) popped = m.Name();
-      });
-    f.main->List_SaveGameTomb.SetListIndex(c.tomb_row);
-    f.main->List_SaveGameArchiviati.SetListIndex(c.archive_row);
-    if (auto* list = f.main->Find<ListBox>(c.control))
-      list->MouseDown(c.button);
-    else
-      f.main->Image_SaveGame.MouseDown(c.button);
-    EXPECT_EQ(popped, c.popped);
-  }
-}
-
 TEST(SavegamePanel, ArchivingAndRestoringRefreshTheLists) {
   SavegamePanelFixture f;
   f.FillSlots(1, {4, 5, 6});

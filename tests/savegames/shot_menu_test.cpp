@@ -90,7 +90,6 @@ TEST(ShotMenu, DeletingAShot) {
     int count_after, current_after;
   } cases[] = {
       {"the last of five goes back a pair", 1, 5, {ShotPage::Last}, 0, msg::kYes, 4, 2},
-      {"the first of six keeps the pair", 1, 6, {}, 0, msg::kYes, 5, 0},
       {"the second of the last pair of six keeps it", 1, 6, {ShotPage::Last}, 1, msg::kYes, 5, 4},
       {"No keeps the file", 1, 2, {}, 1, msg::kNo, 2, 0},
       {"no shot beside the last of five", 1, 5, {ShotPage::Last}, 1, 0, 5, 4},

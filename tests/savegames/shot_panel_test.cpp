@@ -99,31 +99,6 @@ TEST(ShotPanel, PagingByPairs) {
   }
 }
 
-TEST(ShotPanel, TheButtonsOfTheWindowPageAndPictureClicksSelect) {
-  ShotFixture f;
-  f.Shots(5);
-  f.ChooseMyLevel();
-  f.main->Pul_UltimoShot.Click();
-  EXPECT_EQ(f.main->Shots.current, 4);
-  f.main->Pul_PrimaScreenShot.Click();
-  EXPECT_EQ(f.main->Shots.current, 2);
-  f.main->Image2.Click();
-  EXPECT_EQ(GetSelectedShotIndex(*f.main), 3);
-  EXPECT_FALSE(f.main->Shape_Image1.Visible());
-  EXPECT_TRUE(f.main->Shape_Image2.Visible());
-  // A right press selects the picture and opens the screenshot menu where the mouse is.
-  int popups = 0;
-  f.main->mnu_Edit.Subscribe([&](Control&, Change change) { popups += change == Change::Popup; });
-  f.main->Image1.MouseDown(2);
-  EXPECT_EQ(GetSelectedShotIndex(*f.main), 2);
-  EXPECT_EQ(popups, 1);
-  // A double click zooms the picture in the one zoom window.
-  f.main->Image2.DblClick();
-  f.main->Image1.DblClick();
-  EXPECT_EQ(f.ui.ModelessShown().size(), 2u);
-  EXPECT_NE(f.program.open_forms.Find("Dialog_ScreenShot"), nullptr);
-}
-
 TEST(ShotPanel, SelectedShotFollowsThePanelOrTheTie) {
   ShotFixture f;
   f.Shots(4);
