@@ -190,8 +190,10 @@ TEST_F(ActivationTest, AnIncompleteLevelAsksAndTheRepairIsNotOffered) {
 }
 
 TEST_F(ActivationTest, SavegamesBeyondTheGamesSlotsArePruned) {
-  const std::vector<std::pair<std::string, bool>> cases = {
-      {"savegame.14", true}, {"savegame.15", false}, {"savegame.abc", false}, {"savegame.-1", false}};
+  const std::vector<std::pair<std::string, bool>> cases = {{"savegame.14", true},
+                                                           {"savegame.15", false},
+                                                           {"savegame.abc", false},
+                                                           {"savegame.-1", false}};
   for (const auto& [name, stays] : cases) WriteBytes(editor / name, "x");
   PruneSavegames(program);
   for (const auto& [name, stays] : cases) EXPECT_EQ(fs::exists(editor / name), stays) << name;

@@ -29,11 +29,11 @@ TEST(JoystickButtons, StoredWordMatchesWithAndWithoutTheAloneFlag) {
     std::uint32_t held;
     bool match;
   } cases[] = {
-      {3, true, 3, true},    // buttons 1 and 2
-      {3, true, 7, false},   // and button 3 as well
-      {3, false, 7, true},   // further buttons may be held
-      {3, false, 1, false},  // half of the combination
-      {0, false, 0, false},  // no button stored: never
+      {3, true, 3, true},                          // buttons 1 and 2
+      {3, true, 7, false},                         // and button 3 as well
+      {3, false, 7, true},                         // further buttons may be held
+      {3, false, 1, false},                        // half of the combination
+      {0, false, 0, false},                        // no button stored: never
       {-2147483647 - 1, true, 0x80000000u, true},  // the 32nd button survives the signed field
   };
   for (const Case& c : cases)

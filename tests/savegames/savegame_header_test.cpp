@@ -92,7 +92,7 @@ TEST_F(StoreNames, SlotNumbersNotesAndRowTexts) {
   struct Slot {
     const char* path;
     int slot;
-  } slots[] = {{"/a/savegame.14", 14}, {"/a/SAVEGAME.7", 7}, {"/a/savegame.x", 0},
+  } slots[] = {{"/a/savegame.14", 14}, {"/a/SAVEGAME.7", 7},           {"/a/savegame.x", 0},
                {"/a.b/savegame", 0},   {"/a/savegame.99999999999", 0}, {"/a/b.c.12", 12}};
   for (const Slot& s : slots) EXPECT_EQ(SlotNumberOf(s.path), s.slot) << s.path;
 
