@@ -61,28 +61,6 @@ TEST_F(LevelStoreTest, DeleteLevelTreeRemovesReadOnlyPartsAndNeverFollowsLinks) 
   EXPECT_FALSE(DeleteLevelTree(program, Path("plain.txt"), nullptr, nullptr));
 }
 
-TEST_F(LevelStoreTest, CdRootIsTheFirstFolderHoldingLevelFolders) {
-  struct Case {
-    std::vector<std::string> folders;  // below the drive
-    std::string root;                  // expected, relative to the drive; empty: none
-  };
-  const std::vector<Case> cases = {
-      {{"Archive1/LEVEL_0001"}, "Archive1"},
-      {{"LEVEL_0001"}, ""},  // levels must lie one folder deep
-      {{"docs/readme", "Vardolin2/level_0003"}, "Vardolin2"},
-      {{"a/LEVEL_0001", "b/LEVEL_0002"}, "a"},
-      {{}, ""},
-  };
-  int n = 0;
-  for (const Case& c : cases) {
-    fs::path drive = Path("drive" + std::to_string(n++));
-    fs::create_directories(drive);
-    for (const std::string& f : c.folders) fs::create_directories(drive / f);
-    fs::path expected = c.root.empty() ? fs::path() : drive / c.root;
-    EXPECT_EQ(FindCdRootWithLevels(drive), expected) << n;
-  }
-}
-
 TEST_F(LevelStoreTest, LevelIsLookedForOnReadyCdDrivesOnly) {
   auto drive = [&](const std::string& name, int type, bool ready, bool holds) {
     fs::path mount = Path(name);

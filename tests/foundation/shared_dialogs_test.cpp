@@ -2,7 +2,6 @@
 #include <filesystem>
 
 #include "foundation/dialogs/ask.h"
-#include "foundation/dialogs/dialog_get_dir.h"
 #include "foundation/dialogs/dialog_progress.h"
 #include "foundation/dialogs/dialog_wait.h"
 #include "foundation/dialogs/shared_dialogs.h"
@@ -20,8 +19,6 @@
 namespace vardolin {
 namespace {
 
-namespace fs = std::filesystem;
-using testing::TempDir;
 using testing::Trc;
 using MainWindow = testing::StandInMainWindow;
 
@@ -31,40 +28,6 @@ struct DialogsTest : ::testing::Test, testing::TestProgram {
     LoadLanguage(program);
   }
 };
-
-class GetDirTest : public DialogsTest {
- protected:
-  GetDirTest() {
-    fs::create_directories(tree.path() / "beta");
-    fs::create_directories(tree.path() / "Alpha");
-  }
-  TempDir tree;
-  Dialog_GetDir dialog{program};
-};
-
-TEST_F(GetDirTest, NewFolderCases) {
-  struct Case {
-    std::string typed;
-    std::string message;  // part of the message shown; empty: none, the folder is made
-  } cases[] = {
-      {"   ", program.GetText(text::NewFolderNameEmpty)},
-      {"beta", "\"" + (fs::canonical(tree.path()) / "beta").string() + "\""},
-      {"gamma", ""},
-  };
-  for (const Case& c : cases) {
-    dialog.ImpostaValori(tree.path().string());
-    if (!c.message.empty()) ui.Answer(msg::kOk, c.message);
-    dialog.Text_Path.SetText(c.typed);
-    dialog.Pul_NuovaCartella.Click();
-    if (c.message.empty()) {
-      EXPECT_TRUE(fs::is_directory(tree.path() / c.typed));
-      EXPECT_EQ(dialog.FolderInView(), fs::canonical(tree.path() / c.typed));
-      EXPECT_EQ(dialog.Text_Path.Text(), "");
-    } else {
-      EXPECT_EQ(dialog.FolderInView(), fs::canonical(tree.path())) << c.typed;
-    }
-  }
-}
 
 TEST_F(DialogsTest, OpenFormsReplaceByNameAndCloseAll) {
   auto first = std::make_unique<Dialog_Wait>(program);

@@ -102,36 +102,6 @@ TEST_F(StartUpTest, FirstRunMakesANewArchiveAndTheSecondStartOpensItWithoutQuest
   }
 }
 
-TEST_F(StartUpTest, AQuotedCatalogueOnTheCommandLineReplacesTheStoredOneUnquotedIsIgnored) {
-  fs::path first, second;
-  for (fs::path* made : {&first, &second}) {
-    WriteSettings({});  // no archive known: the first-run dialog makes one
-    ProgramRun run(home);
-    ChooseNew(run.ui, dir / ("archive" + std::to_string(made == &first ? 1 : 2)));
-    run.window.Load();
-    *made = run.program.prefs.LastArchive;
-    run.window.Unload();
-  }
-  ASSERT_NE(first, second);
-  ASSERT_EQ(SavedSettings().LastArchive, second.string());
-  struct Case {
-    std::string command_line;
-    fs::path opened;
-  };
-  const Case cases[] = {
-      {first.string(), second},               // unquoted: not seen
-      {"\"" + first.string() + "\"", first},  // quoted: opened, and kept for the next run
-      {"", first},
-  };
-  for (const Case& c : cases) {
-    ProgramRun run(home, c.command_line);
-    run.window.Load();
-    EXPECT_EQ(run.program.prefs.LastArchive, c.opened.string()) << c.command_line;
-    run.window.Unload();
-    EXPECT_EQ(SavedSettings().LastArchive, c.opened.string()) << c.command_line;
-  }
-}
-
 TEST(ParseCommandLine, TellsCataloguesFromSetupFoldersAndIgnoresUnquotedWords) {
   testing::ArchiveFixture f;
   struct Case {

@@ -151,14 +151,6 @@ TEST_F(ActivationTest, BrokenMarkersAreToldAndLeaveTheBaseLevel) {
   }
 }
 
-TEST_F(ActivationTest, AMarkerNamingAVanishedFolderIsToldAndTheNewLevelLaidOver) {
-  WriteMarker("Level code:0003#\r\nLevel files:\\readme.txt#");
-  ui.Answer(msg::kOk, "no longer exists");
-  ASSERT_TRUE(SetLevelInTrle(program, 1));
-  EXPECT_EQ(GetActiveLevelCode(program), 1);
-  EXPECT_EQ(ReadFile(editor / "readme.txt"), testing::EditorFileContent("readme.txt"));
-}
-
 TEST_F(ActivationTest, HostileMarkerNamesNeverReachOutOfTheEditorFolder) {
   const fs::path victim = Path("victim.txt");
   WriteBytes(victim, "keep me");

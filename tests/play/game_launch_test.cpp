@@ -30,10 +30,6 @@ TEST(GameLaunch, MediaHelpersComeFromTheProgramFolderOnlyWhereTheLevelHasNone) {
       {"common level", {"a.tr4"}, false, {}},
       {"media level", {"INTRO.MCF"}, true, {"Tomb_Logger.exe", "EnumVideoMode.exe", "TOMBKEY.VXD"}},
       {"own logger", {"x.mcf", "tomb_logger.exe"}, true, {"EnumVideoMode.exe", "TOMBKEY.VXD"}},
-      {"helper in the store",
-       {"x.mcf", "store/TOMBKEY.VXD"},
-       true,
-       {"Tomb_Logger.exe", "EnumVideoMode.exe"}},
       {"helpers not needed", {"x.mcf", "media_no_helpers.txt"}, true, {}},
   };
   for (const Case& c : cases) {

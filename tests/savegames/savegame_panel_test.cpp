@@ -102,39 +102,5 @@ TEST(SavegamePanel, ArchivingAndRestoringRefreshTheLists) {
   EXPECT_EQ(f.SlotNumbers(SlotFolder(f.program, 1)), (std::vector<int>{6}));
 }
 
-TEST(SavegamePanel, RestoringOneSavegameWantsAnArchivedOne) {
-  struct Case {
-    int tomb_row, archive_row;
-    std::vector<std::string> told;
-    std::vector<int> slots;
-  };
-  SavegamePanelFixture probe;
-  const std::string none = probe.program.GetText(text::SavegameNoneSelected);
-  const std::string needs = probe.program.GetText(text::RestoreNeedsArchived);
-  const Case cases[] = {
-      {-1, 1, {}, {2, 7}},
-      {0, -1, {needs}, {7}},
-      {-1, -1, {none, needs}, {7}},
-  };
-  for (const Case& c : cases) {
-    SavegamePanelFixture f;
-    f.FillSlots(1, {7});
-    f.FillSet(1, 1, {1, 2});
-    fs::create_directories(ShotFolder(f.program, 1));
-    for (const char* shot : {"a.jpg", "b.jpg", "c.jpg"})
-      fs::copy_file(f.Path("home/no_image.jpg"), ShotFolder(f.program, 1) / shot);
-    f.ChooseLevel(1);
-    f.main->Pul_DopoScreenShot.Click();
-    f.main->List_SaveGameTomb.SetListIndex(c.tomb_row);
-    f.main->List_SaveGameArchiviati.SetListIndex(c.archive_row);
-    for (const std::string& text : c.told) f.ui.Answer(msg::kOk, text);
-    f.main->Pul_RestoreSaveGame.Click();
-    EXPECT_EQ(f.SlotNumbers(SlotFolder(f.program, 1)), c.slots);
-    EXPECT_EQ(f.Numbers(f.main->List_SaveGameArchiviati), (std::vector<int>{1, 2}));
-    EXPECT_EQ(f.main->List_SaveGameArchiviati.ListIndex(), c.archive_row) << "kept";
-    EXPECT_EQ(f.main->Shots.current, 2) << "the pair on show stays";
-  }
-}
-
 }  // namespace
 }  // namespace vardolin

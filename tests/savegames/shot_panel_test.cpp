@@ -12,24 +12,6 @@ namespace {
 
 using std::chrono::seconds;
 
-TEST(ShotList, InsertShotByDatePlacesEqualDatesBehindTheirPeers) {
-  struct Case {
-    const char* what;
-    std::vector<std::pair<const char*, int>> added;
-    std::vector<const char*> order;
-  } cases[] = {
-      {"ascending input", {{"a", 1}, {"b", 2}, {"c", 3}}, {"a", "b", "c"}},
-      {"equal dates keep arrival", {{"x", 5}, {"y", 5}, {"z", 5}}, {"x", "y", "z"}},
-      {"new equal goes behind", {{"a", 1}, {"c", 9}, {"b", 1}}, {"a", "b", "c"}},
-  };
-  for (const Case& c : cases) {
-    ShotList list;
-    for (auto [name, at] : c.added) list.InsertShotByDate(name, ShotEpoch() + seconds(at));
-    ASSERT_EQ(list.Count(), static_cast<int>(c.order.size())) << c.what;
-    for (int i = 0; i < list.Count(); ++i) EXPECT_EQ(list[i].path, c.order[i]) << c.what;
-  }
-}
-
 TEST(ShotList, NearestShotWithinTheToleranceWins) {
   struct Case {
     const char* what;
@@ -97,28 +79,6 @@ TEST(ShotPanel, PagingByPairs) {
     EXPECT_EQ(f.main->Label_InfoImage1.Caption(),
               c.current < 0 ? "" : std::filesystem::path(c.first).stem().string());
   }
-}
-
-TEST(ShotPanel, SelectedShotFollowsThePanelOrTheTie) {
-  ShotFixture f;
-  f.Shots(4);
-  f.ChooseMyLevel();
-  f.main->Pul_DopoScreenShot.Click();
-  f.main->Image2.Click();
-  EXPECT_EQ(GetSelectedShotIndex(*f.main), 3);
-  f.main->Frame_ScreenShots.SetVisible(false);
-  EXPECT_EQ(GetSelectedShotIndex(*f.main), 4) << "no tie: the count, meaning none";
-  const auto savegame = f.dir.Write("savegame.0", "x");
-  SetFileDateTime(savegame, ShotEpoch() + seconds(61));
-  f.program.prefs.AssociationMinutes = 1;
-  Image target{*f.main, "Image_Test"};
-  ShowTiedShot(*f.main, savegame, target);
-  EXPECT_EQ(GetSelectedShotIndex(*f.main), 3);
-  EXPECT_EQ(f.Shown(target), "s3.jpg");
-  SetFileDateTime(savegame, ShotEpoch() + seconds(3 + 61));
-  ShowTiedShot(*f.main, savegame, target);
-  EXPECT_EQ(GetSelectedShotIndex(*f.main), 4);
-  EXPECT_EQ(target.Picture(), (f.program.Home() / "no_image.jpg").string());
 }
 
 TEST(ShotPanel, TheBaseLevelGetsItsNoImagePictureBackFromTheProgramsFolder) {

@@ -65,19 +65,6 @@ TEST(UrlListTest, TheFileIsReadAndWrittenExactlyAndDamageGivesAnEmptyList) {
   }
 }
 
-TEST(UrlListTest, LevelSiteNamesAreTranslatedBehindTheSiteName) {
-  testing::ArchiveFixture t;
-  t.program.texts.CurrentTexts.entries = {
-      {"", 1755, "Livelli"}, {"", 1757, "Recensioni"}, {"", 1758, " con "}, {"", 2276, " e "}};
-  const std::pair<const char*, const char*> rows[] = {
-      {"Levels with Reviews", "Livelli con Recensioni"},
-      {"TRLE.net - levels and REVIEWS", "TRLE.net - Livelli e Recensioni"},
-      {"  Reviews with Levels -  Levels  ", "Reviews with Levels - Livelli"},
-      {"Site - a - Levels", "Site - a - Livelli"},
-  };
-  for (const auto& [name, shown] : rows) EXPECT_EQ(TranslateUrlName(t.program, name), shown);
-}
-
 TEST(UrlListTest, KnownPatchesMatchOnlyWhenEveryFileStandsWithItsSize) {
   testing::ArchiveFixture t;
   const fs::path level = t.Path("level");
