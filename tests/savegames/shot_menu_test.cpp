@@ -122,25 +122,6 @@ TEST(ShotMenu, DeletingAShot) {
   }
 }
 
-TEST(ShotMenu, TheGraphicsProgramIsAskedOnceThenOpensTheShot) {
-  ShotFixture f;
-  f.Shots(1);
-  f.ChooseMyLevel();
-  f.ui.Answer(msg::kOk, "graphical program").OpenFile("/usr/bin/gimp");
-  OpenShotInGraphicsProgram(*f.main);
-  f.ui.Answer(msg::kOk, "graphical program").OpenFile("");  // cancelled: nothing opens
-  f.program.prefs.GraphicsProgram = " ";
-  OpenShotInGraphicsProgram(*f.main);
-  f.program.prefs.GraphicsProgram = "/usr/bin/gimp";
-  SelectShotImage(*f.main, 1);
-  OpenShotInGraphicsProgram(*f.main);
-  ASSERT_EQ(f.platform.calls.size(), 2u);
-  EXPECT_EQ(f.platform.calls[0], "open /usr/bin/gimp");
-  EXPECT_EQ(f.platform.shell_parameters[0], "\"" + (f.ShotDir() / "s0.jpg").string() + "\"");
-  EXPECT_EQ(f.platform.shell_parameters[1],
-            "\"" + (f.Folder(0) / "screenshots" / "no_image.jpg").string() + "\"");
-}
-
 TEST(ShotMenu, ChoosingAnImageGivesItTheSavegamesDateAlone) {
   ShotFixture f;
   f.Shot("a.jpg", 10);

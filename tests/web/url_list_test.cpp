@@ -175,30 +175,5 @@ TEST(UrlListTest, AnOldListIsUpdatedFromTheSecondSourceWithTheUsersEntriesFirst)
   OfferUrlListUpdate(t.program);  // a fresh list is not offered again
 }
 
-TEST(UrlListTest, AFailedUpdateTellsWhyAndKeepsTheList) {
-  LocalHttpServer server;
-  server.ServeFile("/page.bin", "<html>Not here</html>");
-  struct Row {
-    std::vector<std::string> sources;
-    const char* told;
-  } rows[] = {
-      {{server.Url("/page.bin"), server.Url("/never")}, "not a list"},
-      {{server.Url("/gone"), server.Url("/gone2")}, "could be reached"},
-  };
-  for (const Row& row : rows) {
-    testing::ArchiveFixture t;
-    t.program.lists.UrlListSources = row.sources;
-    ASSERT_TRUE(WriteUrlList(UrlListPath(t.program), FiveLevelSites()));
-    ExpectDownloadWindow(t.ui);
-    if (row.told[0] == 'c') t.ui.Answer(msg::kYes, "number 2");
-    if (row.told[0] == 'c') ExpectDownloadWindow(t.ui);
-    t.ui.Answer(msg::kOk, row.told);
-    Dialog_Siti d(t.program);
-    d.ImpostaValori(url_type::kLevels, true);
-    EXPECT_FALSE(d.Changed);
-    EXPECT_EQ(UrlListBytes(d.List), UrlListBytes(FiveLevelSites()));
-  }
-}
-
 }  // namespace
 }  // namespace vardolin
