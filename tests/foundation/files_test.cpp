@@ -42,17 +42,6 @@ TEST_F(FilesTest, PathsInAnotherCaseAreTheFilesOnDisk) {
   EXPECT_FALSE(FileExists(dir / "nothing"));
 }
 
-TEST_F(FilesTest, ReadOnlyFilesCountAndAreDeletedForcibly) {
-  fs::path f = dir.Write("ro.txt", "data");
-  fs::permissions(f, fs::perms::owner_read);
-  EXPECT_TRUE(FileExists(f));
-  EXPECT_EQ(ReadWholeFile(f), "data");
-  EXPECT_TRUE(DeleteFileForced(dir / "RO.TXT"));
-  EXPECT_FALSE(fs::exists(f));
-  EXPECT_TRUE(DeleteFileForced(dir / "never-was"));
-  EXPECT_FALSE(DeleteFileForced(dir.path()));  // a folder is not a file
-}
-
 TEST_F(FilesTest, DeleteFolderTreeRemovesOnlyAFlatFolder) {
   dir.Write("flat/a", "1");
   dir.Write("flat/b", "2");

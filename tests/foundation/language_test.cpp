@@ -98,17 +98,6 @@ TEST(TextLine, DecodesAsTheLanguageFilesAreWritten) {
   }
 }
 
-TEST(TrcParse, ToleratesLoneLineFeedsBlankLinesAndNoFinalLineEnd) {
-  TrcParse p = ParseTrc("2\n\n1\n\"a\"\r\n\"x\"\n2,ignored\r\n\"b\"\n\"y\"", 1252);
-  ASSERT_TRUE(p.ok) << p.error;
-  ASSERT_EQ(p.entries.size(), 2u);
-  EXPECT_EQ(p.entries[0].text, "x");
-  // A number ends at a comma; the rest of its line is the next item, as the old reader had it.
-  EXPECT_EQ(p.entries[1].id, 2);
-  EXPECT_EQ(p.entries[1].comment, "gnore");
-  EXPECT_EQ(p.entries[1].text, "b");
-}
-
 TEST(TrcParse, ErrorsKeepWhatWasReadBefore) {
   struct Case {
     const char* name;

@@ -41,19 +41,6 @@ TEST(PathsTest, SplitsPathsAtEitherSeparatorAndTheDriveColon) {
   }
 }
 
-TEST(PathsTest, JoinsTextFragmentsOntoFolders) {
-  const std::tuple<const char*, const char*, const char*> cases[] = {
-      {"/home/v", "\\files", "/home/v/files"},
-      {"/home/v", "\\savegame.", "/home/v/savegame."},
-      {"/home/v", "data\\level\\x.tr4", "/home/v/data/level/x.tr4"},
-      {"/home/v", "", "/home/v"},
-      {"/home/v", "\\\\", "/home/v"},
-      {"", "\\files", "files"},
-  };
-  for (const auto& [folder, fragment, joined] : cases)
-    EXPECT_EQ(JoinFragment(folder, fragment).string(), joined) << fragment;
-}
-
 TEST(WildcardTest, PatternsMatchWithoutRegardToCase) {
   const std::tuple<const char*, const char*, bool> cases[] = {
       {"LEVEL.TR4", "*.tr4", true},

@@ -2,19 +2,12 @@
 
 #include <filesystem>
 
-#include "foundation/program.h"
 #include "foundation/services/binary_io.h"
 #include "foundation/settings/preferences.h"
-#include "recording_platform.h"
-#include "scripted_ui.h"
-#include "temp_dir.h"
-#include "test_program.h"
 
 namespace vardolin {
 namespace {
 
-using testing::ReadFile;
-using testing::ScriptedUi;
 
 // A full image whose every field differs from its default.
 Preferences Unusual() {
@@ -111,29 +104,6 @@ TEST(PreferencesImage, OtherLengthsKeepOnlyTheEarlierFormat) {
     }
     EXPECT_EQ(got.prefs.Language, c.keeps_language ? "Italian" : "");
   }
-}
-
-struct PreferencesFileTest : ::testing::Test, testing::TestProgram {};
-
-TEST_F(PreferencesFileTest, SaveRunsTheCatalogueHookFirstAndWritesTheWholeRecord) {
-  program.prefs = Unusual();
-  std::vector<std::string> order;
-  program.before_save_preferences = [&](Program& p) {
-    order.push_back("hook");
-    EXPECT_FALSE(std::filesystem::exists(home / "Vardolin.prf"));
-    p.prefs.LastArchive = "/saved/by/hook.vdc";
-  };
-  SavePreferences(program);
-  std::string written = ReadFile(home / "Vardolin.prf");
-  ASSERT_EQ(written.size(), Preferences::kFileSize);
-  EXPECT_EQ(order.size(), 1u);
-
-  program.prefs = Preferences{};
-  LoadResult r = LoadPreferences(program);
-  EXPECT_FALSE(r.FirstRun || r.PrefsUpgraded);
-  Preferences expected = Unusual();
-  expected.LastArchive = "/saved/by/hook.vdc";
-  EXPECT_EQ(program.prefs, expected);
 }
 
 }  // namespace

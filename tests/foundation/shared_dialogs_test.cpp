@@ -2,11 +2,8 @@
 #include <filesystem>
 
 #include "foundation/dialogs/ask.h"
-#include "foundation/dialogs/dialog_progress.h"
-#include "foundation/dialogs/dialog_wait.h"
 #include "foundation/dialogs/shared_dialogs.h"
 #include "foundation/program.h"
-#include "foundation/program_home.h"
 #include "foundation/settings/dialog_settings.h"
 #include "foundation/text_ids.h"
 #include "language_file.h"
@@ -20,28 +17,6 @@ namespace {
 
 using testing::Trc;
 using MainWindow = testing::StandInMainWindow;
-
-struct DialogsTest : ::testing::Test, testing::TestProgram {
-  DialogsTest() {
-    PrepareHome(home.path());
-    LoadLanguage(program);
-  }
-};
-
-TEST_F(DialogsTest, OpenFormsReplaceByNameAndCloseAll) {
-  auto first = std::make_unique<Dialog_Wait>(program);
-  Dialog_Wait* old = first.get();
-  program.open_forms.Keep(std::move(first)).Load();
-  int unloads = 0;
-  old->Subscribe([&](Form&, FormEvent e) { unloads += e == FormEvent::Unloaded; });
-  program.open_forms.Keep(std::make_unique<Dialog_Wait>(program)).Load();
-  EXPECT_EQ(unloads, 1) << "the form it replaced was unloaded first";
-  Form& progress = program.open_forms.Keep(std::make_unique<Dialog_Progress>(program));
-  progress.Load();
-  program.open_forms.CloseAll();
-  EXPECT_EQ(program.open_forms.Find("Dialog_Wait"), nullptr);
-  EXPECT_EQ(program.open_forms.Find("Dialog_Progress"), nullptr);
-}
 
 struct DialogSettingsTest : ::testing::Test, testing::TestProgram {
   MainWindow main{program};

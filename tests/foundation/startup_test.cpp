@@ -125,27 +125,6 @@ TEST(ParseCommandLine, TellsCataloguesFromSetupFoldersAndIgnoresUnquotedWords) {
   }
 }
 
-TEST(ProgramHomeTest, OptionThenEnvironmentThenXdgThenHome) {
-  struct Case {
-    const char* option;
-    const char* vardolin_home;
-    const char* xdg;
-    const char* expected;
-  };
-  const Case cases[] = {
-      {"/opt/a", "/env/b", "/xdg", "/opt/a"},
-      {"", "/env/b", "/xdg", "/env/b"},
-      {"", "", "/xdg", "/xdg/vardolin"},
-      {"", nullptr, nullptr, "/users/lara/.local/share/vardolin"},
-  };
-  ScopedEnv home("HOME", "/users/lara");
-  for (const Case& c : cases) {
-    ScopedEnv v("VARDOLIN_HOME", c.vardolin_home);
-    ScopedEnv x("XDG_DATA_HOME", c.xdg);
-    EXPECT_EQ(ResolveHome(c.option), fs::path(c.expected)) << c.option;
-  }
-}
-
 TEST(ProgramHomeTest, FirstStartCopiesResourcesAndLaterStartsKeepTheUsersFiles) {
   TempDir resources, home;
   resources.Write("english.trc", "shipped");

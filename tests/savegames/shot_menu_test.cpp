@@ -91,7 +91,6 @@ TEST(ShotMenu, DeletingAShot) {
   } cases[] = {
       {"the last of five goes back a pair", 1, 5, {ShotPage::Last}, 0, msg::kYes, 4, 2},
       {"the second of the last pair of six keeps it", 1, 6, {ShotPage::Last}, 1, msg::kYes, 5, 4},
-      {"No keeps the file", 1, 2, {}, 1, msg::kNo, 2, 0},
       {"no shot beside the last of five", 1, 5, {ShotPage::Last}, 1, 0, 5, 4},
       {"the base level's no-image picture", 0, 0, {}, 0, 0, 0, -2},
   };
