@@ -50,12 +50,9 @@ struct PrefArcTest : ::testing::Test {
 };
 
 TEST_F(PrefArcTest, ShowsTheArchiveAndCancelPutsTheHeaderBack) {
-  f.program.catalogue.levels[2].CdNumber = 1;
-  f.program.catalogue.header.CdCount = 1;
   Dialog_PrefArc dialog(f.program);
   dialog.Load();
   dialog.ImpostaValori(f.program.catalogue.header);
-  EXPECT_EQ(dialog.Label_Levels.Caption(), "3");
   EXPECT_EQ(dialog.Label_FullPath.Caption(), f.program.prefs.LastArchive);
   dialog.Check_Compresso.SetValue(true);
   EXPECT_TRUE(f.program.catalogue.header.CompressFiles);

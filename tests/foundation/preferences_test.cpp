@@ -8,7 +8,6 @@
 namespace vardolin {
 namespace {
 
-
 // A full image whose every field differs from its default.
 Preferences Unusual() {
   Preferences p;

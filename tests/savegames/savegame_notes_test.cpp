@@ -35,7 +35,7 @@ TEST(SavegameNotes, SearchKeysWalkRoundTheArchivedNotes) {
       {"key", 0, 'N', "", 2, false},
       {"key", 2, 'N', "", 0, false},
       {"key", 0, 'P', "", 2, false},
-      {"here", 2, 'N', "", 2, true},  // found only in the current row
+      {"here", 2, 'N', "", 2, true},    // found only in the current row
       {"", 1, 'P', "", 1, false},       // no search text: Ctrl+P does nothing
       {"", 3, 'N', "found", 0, false},  // no search text: Ctrl+N asks as Ctrl+F
   };
