@@ -49,18 +49,6 @@ struct PrefArcTest : ::testing::Test {
   CatalogueHeader saved_;
 };
 
-TEST_F(PrefArcTest, ShowsTheArchiveAndCancelPutsTheHeaderBack) {
-  Dialog_PrefArc dialog(f.program);
-  dialog.Load();
-  dialog.ImpostaValori(f.program.catalogue.header);
-  EXPECT_EQ(dialog.Label_FullPath.Caption(), f.program.prefs.LastArchive);
-  dialog.Check_Compresso.SetValue(true);
-  EXPECT_TRUE(f.program.catalogue.header.CompressFiles);
-  dialog.Pul_Cancel.Click();
-  EXPECT_FALSE(f.program.catalogue.header.CompressFiles);
-  EXPECT_FALSE(dialog.ConvertStore);
-}
-
 TEST_F(PrefArcTest, AFailurePartWayLeavesEveryLevelWholeAndPutsTheFlagBack) {
   f.ui.Answer(msg::kYes);
   ASSERT_TRUE(ChangeFlags(true, false, msg::kYes));

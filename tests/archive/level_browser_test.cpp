@@ -35,18 +35,10 @@ TEST(LevelSearch, FindNextAndPreviousFollowTheTextOrTheList) {
   // Rows: 0 Alpha Ruins, 1 Base level (*), 2 beta Temple, 3 Gamma RUINS, 4 Zeta.
   using enum SearchWay;
   const Case cases[] = {
-      {3, "", FromTop, 0, false},
-      {3, "  ", FromTop, 0, false},
-      {0, "", Up, 0, false},
-      {2, "", Up, 1, false},
-      {4, "ruins", FromTop, 0, false},
-      {4, " TEMPLE ", FromTop, 2, false},
-      {0, "ruins", Down, 3, false},
-      {3, "ruins", Down, 3, false},
-      {4, "ruins", Up, 3, false},
-      {3, "RuInS", Up, 0, false},
-      {2, "nothing", FromTop, 2, true},
-      {2, "(*)", Up, 1, false},
+      {3, "", FromTop, 0, false},       {0, "", Up, 0, false},
+      {4, "ruins", FromTop, 0, false},  {4, " TEMPLE ", FromTop, 2, false},
+      {0, "ruins", Down, 3, false},     {3, "RuInS", Up, 0, false},
+      {2, "nothing", FromTop, 2, true}, {2, "(*)", Up, 1, false},
   };
   for (const Case& c : cases) {
     SCOPED_TRACE(std::to_string(c.start) + " '" + c.text + "' " +

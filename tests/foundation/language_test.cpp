@@ -71,12 +71,6 @@ TEST_F(LanguageTest, GreekFileIsReadInItsCodePage) {
   EXPECT_EQ(program.texts.TextCharset, 161);
 }
 
-std::string Crlf(std::initializer_list<std::string_view> lines) {
-  std::string out;
-  for (std::string_view l : lines) (out += l) += "\r\n";
-  return out;
-}
-
 TEST(TextLine, DecodesAsTheLanguageFilesAreWritten) {
   struct Case {
     std::string_view line;
@@ -95,32 +89,6 @@ TEST(TextLine, DecodesAsTheLanguageFilesAreWritten) {
     std::string text = "unchanged";
     EXPECT_EQ(DecodeTextLine(c.line, text), c.ok) << c.line;
     if (c.ok) EXPECT_EQ(text, c.text) << c.line;
-  }
-}
-
-TEST(TrcParse, ErrorsKeepWhatWasReadBefore) {
-  struct Case {
-    const char* name;
-    std::string bytes;
-    size_t kept;
-    const char* reason;
-  };
-  const std::string one = Crlf({"1", R"("c")", R"("one")"});
-  for (const Case& c : {
-           Case{"count larger than the entries", Crlf({"3"}) + one, 1, "end of file"},
-           Case{"malformed id", Crlf({"2", "1", R"("c")", R"("one")", "x2", R"("c")", R"("t")"}), 1,
-                "not a number"},
-           Case{"line shorter than its quotes",
-                Crlf({"2", "1", R"("c")", R"("one")", "2", R"(")", R"("t")"}), 1, "shorter"},
-           Case{"byte invalid in the code page",
-                Crlf({"2", "1", R"("c")", R"("one")", "2", R"("c")", "\"\x81\""}), 1,
-                "code page 1252"},
-       }) {
-    TrcParse p = ParseTrc(c.bytes, 1252);
-    SCOPED_TRACE(c.name);
-    EXPECT_FALSE(p.ok);
-    EXPECT_EQ(p.entries.size(), c.kept);
-    EXPECT_NE(p.error.find(c.reason), std::string::npos) << p.error;
   }
 }
 

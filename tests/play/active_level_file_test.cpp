@@ -48,14 +48,5 @@ TEST(ActiveLevelFile, FieldsReadBack) {
     EXPECT_EQ(ReadMarkerField(c.marker, c.key), c.value) << c.marker << " / " << c.key;
 }
 
-TEST(ActiveLevelFile, ListsSplit) {
-  const std::vector<std::pair<std::string, std::vector<std::string>>> cases = {
-      {"", {}},
-      {"\\a|\\data\\b.tr4", {"\\a", "\\data\\b.tr4"}},
-      {"|| \\a ||", {"\\a"}},
-  };
-  for (const auto& [text, list] : cases) EXPECT_EQ(SplitMarkerList(text), list) << text;
-}
-
 }  // namespace
 }  // namespace vardolin

@@ -32,7 +32,6 @@ TEST(SavegameNotes, SearchKeysWalkRoundTheArchivedNotes) {
   const Case cases[] = {
       {"", -1, 'F', "key", 0, false},
       {"key", 2, 'F', "KEY", 0, false},  // Ctrl+F starts at the top
-      {"key", 0, 'N', "", 2, false},
       {"key", 2, 'N', "", 0, false},
       {"key", 0, 'P', "", 2, false},
       {"here", 2, 'N', "", 2, true},    // found only in the current row
