@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include "archive/catalogue_file.h"
+#include "archive/catalogue_folders.h"
 #include "archive/catalogue_sizes.h"
 #include "archive/level_folder_name.h"
 #include "archive_fixture.h"
@@ -46,6 +47,27 @@ TEST(CatalogueSizes, RecomputeLeavesTheBaseLevelOutOfTheTotals) {
   // The count went on in the progress window, which is gone again.
   EXPECT_EQ(f.ui.ModelessShown(), std::vector<std::string>{"Dialog_Progress"});
   EXPECT_EQ(ProgressDialog(f.program), nullptr);
+}
+
+// The questions when an opened catalogue's folders are gone.
+struct FoldersFixture : ArchiveFixture {
+  std::filesystem::path file = Path("cat.vdc");
+  FoldersFixture() {
+    program.prefs.AutoSave = true;
+    program.prefs.LastArchive = file.string();
+    program.catalogue = SampleCatalogue(2, Path("gone").string());
+  }
+};
+
+TEST(CatalogueFolders, AnAnswerForAMainFolderOfItsOwnChangesNothing) {
+  FoldersFixture f;
+  std::filesystem::create_directories(f.Path("second"));
+  f.program.catalogue.header.SecondaryDir = f.Path("second").string();
+  std::filesystem::create_directories(f.Path("moved"));
+  f.ui.Answer(msg::kOk, "gone").Folder(f.Path("moved").string());
+  EXPECT_TRUE(CheckCatalogueFolders(f.program));
+  EXPECT_EQ(f.program.catalogue.header.MainDir, f.Path("gone").string());
+  EXPECT_EQ(f.program.catalogue.header.SecondaryDir, f.Path("second").string());
 }
 
 }  // namespace

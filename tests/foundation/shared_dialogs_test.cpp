@@ -3,6 +3,7 @@
 
 #include "foundation/dialogs/ask.h"
 #include "foundation/dialogs/shared_dialogs.h"
+#include "foundation/platform/wine_registry.h"
 #include "foundation/program.h"
 #include "foundation/settings/dialog_settings.h"
 #include "foundation/text_ids.h"
@@ -71,6 +72,21 @@ TEST_F(DialogSettingsTest, OkStoresTheControlsAndKeepsOtherFlagBits) {
   again->Pul_Ok.Click();
   EXPECT_EQ(program.prefs.Flags, 0x42);
   EXPECT_EQ(program.prefs.SavegamesToArchive, 10);  // archiving off: the number stays
+}
+
+TEST_F(DialogSettingsTest, CancelAfterChoosingAGraphicsProgramRestoresIt) {
+  program.prefs.GraphicsProgram = "/usr/bin/old";
+  auto d = Open();
+  ui.OpenFile("/usr/bin/new");
+  d->Pul_ScegliEditor.Click();
+  // A graphics program of Windows lies where Windows keeps programs: the Wine prefix's.
+  EXPECT_EQ(ui.Questions().back().text,
+            (DefaultWinePrefix() / "drive_c" / "Program Files").string());
+  EXPECT_EQ(program.prefs.GraphicsProgram, "/usr/bin/new");  // stored at once
+  EXPECT_EQ(d->Label_EditorGrafico.Caption(), "/usr/bin/new");
+  d->Pul_Cancel.Click();
+  EXPECT_FALSE(d->Result);
+  EXPECT_EQ(program.prefs.GraphicsProgram, "/usr/bin/old");
 }
 
 }  // namespace

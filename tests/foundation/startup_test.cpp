@@ -102,6 +102,38 @@ TEST_F(StartUpTest, FirstRunMakesANewArchiveAndTheSecondStartOpensItWithoutQuest
   }
 }
 
+TEST_F(StartUpTest, SettlesTheCheckIntervalAndAMissingJoystickAndWritesThemBack) {
+  struct Case {
+    std::int32_t tenths;
+    bool joystick;
+    std::int32_t used_tenths;
+    bool enabled;
+  };
+  const Case cases[] = {{25, false, 10, false}, {5, true, 5, true}, {10, false, 10, false}};
+  for (const Case& c : cases) {
+    Preferences p;
+    p.CheckTenths = c.tenths;
+    p.EnableJoystick = true;
+    p.Reserved = true;
+    WriteSettings(p);
+    ProgramRun run(home);
+    run.platform.joystick_present = c.joystick;
+    run.platform.joystick = {40000, 20000, 0, 0};
+    ChooseNew(run.ui, dir / ("arc" + std::to_string(c.tenths)));
+    run.window.Load();
+    // The stick's rest is taken from a joystick that answers.
+    EXPECT_EQ(run.program.JoystickNeutralX, c.joystick ? 40000u : 32767u);
+    EXPECT_EQ(run.program.JoystickNeutralY, c.joystick ? 20000u : 32767u);
+    EXPECT_EQ(run.program.prefs.CheckTenths, c.used_tenths);
+    EXPECT_EQ(run.window.Timer1.Interval(), c.used_tenths * 100);
+    EXPECT_EQ(run.program.prefs.EnableJoystick, c.enabled);
+    run.window.Unload();
+    Preferences saved = SavedSettings();
+    EXPECT_EQ(saved.EnableJoystick, c.enabled);
+    EXPECT_FALSE(saved.Reserved);
+  }
+}
+
 TEST(ParseCommandLine, TellsCataloguesFromSetupFoldersAndIgnoresUnquotedWords) {
   testing::ArchiveFixture f;
   struct Case {

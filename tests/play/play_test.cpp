@@ -116,6 +116,14 @@ TEST(Play, FailedLaunchesAreToldAndLeaveNoGameWatched) {
        0,
        false,
        "LEVEL_0001/files"},
+      {"level folder missing",
+       "Beta",
+       {{msg::kOk, "/LEVEL_0001. Its files"},
+        {msg::kNo, "LEVEL_0001\" is missing"},
+        {msg::kOk, "couldn't be put"}},
+       0,
+       false,
+       "LEVEL_0001"},
   };
   for (const Case& c : cases) {
     SCOPED_TRACE(c.name);

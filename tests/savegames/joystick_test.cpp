@@ -137,6 +137,18 @@ TEST_F(MainWindowJoystickTest, ActsOnlyWhenEnabledIdleFocusedAndAnswering) {
   }
 }
 
+TEST_F(MainWindowJoystickTest, TheWatchersStepEndsTheGameOnTheCloseButtons) {
+  program.prefs.JoyCloseButtons = 8;
+  program.GameProcess.pid = 4242;
+  auto ends = [&] { return std::count(platform.calls.begin(), platform.calls.end(), "end"); };
+  Hold(1);
+  window.Watcher.joystick();
+  EXPECT_EQ(ends(), 0);
+  Hold(8 | 1);
+  window.Watcher.joystick();
+  EXPECT_EQ(ends(), 1);
+}
+
 TEST_F(MainWindowJoystickTest, SidewaysWalksTheSavegamesRoundBothEnds) {
   struct Case {
     int rows, selected, dx, expected;

@@ -102,5 +102,71 @@ TEST(SavegamePanel, ArchivingAndRestoringRefreshTheLists) {
   EXPECT_EQ(f.SlotNumbers(SlotFolder(f.program, 1)), (std::vector<int>{6}));
 }
 
+TEST(SavegamePanel, RestoringOneSavegameWantsAnArchivedOne) {
+  struct Case {
+    int tomb_row, archive_row;
+    std::vector<std::string> told;
+    std::vector<int> slots;
+  };
+  SavegamePanelFixture probe;
+  const std::string none = probe.program.GetText(text::SavegameNoneSelected);
+  const std::string needs = probe.program.GetText(text::RestoreNeedsArchived);
+  const Case cases[] = {
+      {-1, 1, {}, {2, 7}},
+      {0, -1, {needs}, {7}},
+      {-1, -1, {none, needs}, {7}},
+  };
+  for (const Case& c : cases) {
+    SavegamePanelFixture f;
+    f.FillSlots(1, {7});
+    f.FillSet(1, 1, {1, 2});
+    fs::create_directories(ShotFolder(f.program, 1));
+    for (const char* shot : {"a.jpg", "b.jpg", "c.jpg"})
+      fs::copy_file(f.Path("home/no_image.jpg"), ShotFolder(f.program, 1) / shot);
+    f.ChooseLevel(1);
+    f.main->Pul_DopoScreenShot.Click();
+    f.main->List_SaveGameTomb.SetListIndex(c.tomb_row);
+    f.main->List_SaveGameArchiviati.SetListIndex(c.archive_row);
+    for (const std::string& text : c.told) f.ui.Answer(msg::kOk, text);
+    f.main->Pul_RestoreSaveGame.Click();
+    EXPECT_EQ(f.SlotNumbers(SlotFolder(f.program, 1)), c.slots);
+    EXPECT_EQ(f.Numbers(f.main->List_SaveGameArchiviati), (std::vector<int>{1, 2}));
+    EXPECT_EQ(f.main->List_SaveGameArchiviati.ListIndex(), c.archive_row) << "kept";
+    EXPECT_EQ(f.main->Shots.current, 2) << "the pair on show stays";
+  }
+}
+
+// The picture beside a selected savegame is the screenshot of its time; choosing another one
+// through the panel's button makes that one the savegame's picture from then on.
+TEST(SavegamePanel, ThePictureFollowsTheSavegamesTimeAndTheChoice) {
+  testing::SavegamePanelFixture f;
+  f.program.prefs.AssociationMinutes = 10;
+  const auto set = f.FillSet(1, 1, {1});
+  const fs::path shots = ShotFolder(f.program, 1);
+  const auto at = [](int minutes) {
+    return fs::file_time_type::clock::now() - std::chrono::hours(24) +
+           std::chrono::minutes(minutes);
+  };
+  fs::last_write_time(set[0], at(0));
+  const struct {
+    const char* name;
+    int minutes;
+  } pictures[] = {{"near.jpg", 9}, {"far.jpg", 40}};
+  fs::create_directories(shots);
+  for (const auto& p : pictures) {
+    fs::copy_file(f.Path("home/no_image.jpg"), shots / p.name);
+    fs::last_write_time(shots / p.name, at(p.minutes));
+  }
+  f.ChooseLevel(1);
+  f.main->List_SaveGameArchiviati.SetListIndex(0);
+  EXPECT_EQ(fs::path(f.main->Image_SaveGame.Picture()).filename(), "near.jpg");
+
+  f.ui.OpenFile((shots / "far.jpg").string());
+  f.main->Pul_ChangeScreenshot.Click();
+  EXPECT_EQ(fs::path(f.main->Image_SaveGame.Picture()).filename(), "far.jpg");
+  const auto gap = fs::last_write_time(shots / "far.jpg") - fs::last_write_time(set[0]);
+  EXPECT_LT(std::chrono::abs(gap), std::chrono::seconds(1)) << "the chosen picture takes its date";
+}
+
 }  // namespace
 }  // namespace vardolin
