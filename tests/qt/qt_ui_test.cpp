@@ -176,18 +176,5 @@ TEST(WindowGeometry, TheWindowComesBackWhereItWasLeft) {
   }
 }
 
-TEST(FileFilters, BecomeQtFiltersThatIgnoreCase) {
-  struct Case {
-    const char* in;
-    const char* out;
-  } cases[] = {
-      {"Zip files|*.zip", "Zip files (*.zip *.ZIP)"},
-      {"Levels|*.tr4;*.pak|All files|*.*", "Levels (*.tr4 *.TR4 *.pak *.PAK);;All files (*)"},
-      {"Pictures (*.jpg)|*.JPG", "Pictures (*.jpg) (*.JPG *.jpg)"},
-      {"", ""},
-  };
-  for (const Case& c : cases) EXPECT_EQ(qt::ConvertFileFilter(c.in).toStdString(), c.out) << c.in;
-}
-
 }  // namespace
 }  // namespace vardolin

@@ -83,25 +83,6 @@ TEST(SavegamePanel, SelectionComesFromOneListAndShowsItsNote) {
   EXPECT_EQ(f.main->Text_NoteSaveGame.Text(), "") << "another level clears the panel";
 }
 
-TEST(SavegamePanel, ArchivingAndRestoringRefreshTheLists) {
-  SavegamePanelFixture f;
-  f.FillSlots(1, {4, 5, 6});
-  f.ChooseLevel(1);
-  f.main->Pul_ArchiviaSavegames.Click();
-  EXPECT_EQ(f.Numbers(f.main->List_SaveGameTomb), (std::vector<int>{6}));
-  EXPECT_EQ(f.Numbers(f.main->List_SaveGameArchiviati), (std::vector<int>{4, 5, 6}));
-
-  f.ui.Answer(msg::kOk, f.program.GetText(text::RestoreSavegamesDone));
-  f.main->mnu_RestoreSavegames.Click();
-  EXPECT_EQ(f.Numbers(f.main->List_SaveGameTomb).size(), 3u);
-  EXPECT_EQ(f.Numbers(f.main->List_SaveGameArchiviati), (std::vector<int>{}));
-
-  f.ui.Answer(msg::kOk, f.program.GetText(text::ArchiveSavegamesDone));
-  f.main->mnu_BackupSavegame.Click();
-  EXPECT_EQ(f.Numbers(f.main->List_SaveGameTomb), (std::vector<int>{6}));
-  EXPECT_EQ(f.SlotNumbers(SlotFolder(f.program, 1)), (std::vector<int>{6}));
-}
-
 TEST(SavegamePanel, RestoringOneSavegameWantsAnArchivedOne) {
   struct Case {
     int tomb_row, archive_row;
