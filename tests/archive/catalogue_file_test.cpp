@@ -51,21 +51,6 @@ TEST(CatalogueFile, PendingUserSizeIsCountedAtLoad) {
   EXPECT_EQ(saved, f.program.catalogue);
 }
 
-TEST(CatalogueFile, AutoSaveWritesEachChangeAndReportsAFailedWrite) {
-  FileFixture f;
-  f.program.prefs.AutoSave = true;
-  f.program.catalogue.levels[1].Name = "renamed";
-  CatalogueChanged(f.program);
-  EXPECT_FALSE(f.program.CatalogueDirty);
-  EXPECT_EQ(ReadFile(f.file), SerializeCatalogue(f.program.catalogue));
-
-  f.program.prefs.LastArchive = f.Path("nowhere/cat.vdc").string();
-  f.ui.Answer(msg::kOk, "Error saving the archive file: " + f.Path("nowhere/cat.vdc").string());
-  CatalogueChanged(f.program);
-  EXPECT_TRUE(f.program.CatalogueDirty);
-  EXPECT_EQ(f.ui.Questions().back().style, msg::kError);
-}
-
 TEST(CatalogueFile, WithoutAutoSaveAChangeWaitsForTheAnswerAtClose) {
   for (int answer : {msg::kYes, msg::kNo}) {
     SCOPED_TRACE(answer);

@@ -64,8 +64,6 @@ TEST(LevelSummary, CountsShotsAndSavegamesFromTheDisk) {
     std::string expected_tail;
   };
   const Case cases[] = {
-      {1, 2, false,
-       "  -  on CD number 2     Screenshots: 3     Savegames (archived + current): 2 + 2"},
       {1, 0, true, "  -       Screenshots: 3     Savegames (archived + current): 2 + 1"},
       {2, 0, false, "  -       Screenshots: 0     Savegames (archived + current): 0 + 0"},
   };

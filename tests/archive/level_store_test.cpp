@@ -61,20 +61,5 @@ TEST_F(LevelStoreTest, DeleteLevelTreeRemovesReadOnlyPartsAndNeverFollowsLinks) 
   EXPECT_FALSE(DeleteLevelTree(program, Path("plain.txt"), nullptr, nullptr));
 }
 
-TEST_F(LevelStoreTest, LevelIsLookedForOnReadyCdDrivesOnly) {
-  auto drive = [&](const std::string& name, int type, bool ready, bool holds) {
-    fs::path mount = Path(name);
-    fs::create_directories(mount / "Arc" / (holds ? "LEVEL_0003" : "LEVEL_0001"));
-    return MakeDrive(mount.string(), type, ready);
-  };
-  platform.drives = {
-      drive("fixed", kDriveFixed, true, true), drive("cd_not_ready", kDriveCdRom, false, true),
-      drive("cd_other", kDriveCdRom, true, false), drive("cd_good", kDriveCdRom, true, true)};
-  std::string found_on;
-  EXPECT_EQ(FindLevelOnAnyCd(program, 3, &found_on), Path("cd_good") / "Arc" / "LEVEL_0003");
-  EXPECT_EQ(found_on, Path("cd_good").string());
-  EXPECT_TRUE(FindLevelOnAnyCd(program, 7).empty());
-}
-
 }  // namespace
 }  // namespace vardolin::testing

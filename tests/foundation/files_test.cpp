@@ -57,15 +57,6 @@ TEST_F(FilesTest, DeleteFolderTreeRemovesOnlyAFlatFolder) {
   EXPECT_FALSE(DeleteFolderTree(dir / "missing"));
 }
 
-TEST_F(FilesTest, CopyOntoAnotherCaseReplacesThatFileAndKeepsItsName) {
-  fs::path src = dir.Write("src/Tomb4.EXE", "new");
-  fs::path old = dir.Write("dst/tomb4.exe", "old");
-  fs::permissions(old, fs::perms::owner_read);
-  EXPECT_TRUE(CopyFileOver(src, dir / "DST/TOMB4.exe"));
-  EXPECT_EQ(Names(ListFiles(dir / "dst", "*")), (std::vector<std::string>{"tomb4.exe"}));
-  EXPECT_EQ(ReadFile(old), "new");
-}
-
 TEST_F(FilesTest, CopyKeepsTheModificationTimeAndRefusesAMissingSource) {
   fs::path src = dir.Write("a.bmp", "pixels");
   auto when = std::chrono::system_clock::now() - std::chrono::hours(24 * 40);

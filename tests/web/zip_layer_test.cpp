@@ -264,32 +264,5 @@ TEST(ExtractWithTool, UnpacksEveryKindAndNamesWhatItCantRead) {
   }
 }
 
-TEST(ZipFolderToFile, WhatGoesInComesBackOut) {
-  TestProgram t;
-  const fs::path folder = t.home / "export";
-  const std::map<std::string, std::string> top = {{"title.tr4", Random(300000, 8)},
-                                                  {"script.txt", Text(200000, 9)},
-                                                  {"citt\u00e0.txt", "named in UTF-8"}};
-  for (const auto& [name, bytes] : top) t.home.Write("export/" + name, bytes);
-  t.home.Write("export/sub/deep.txt", "deep");
-  fs::create_directories(folder / "empty");
-
-  for (bool recurse : {false, true}) {
-    SCOPED_TRACE(recurse ? "recursing" : "top only");
-    const fs::path zip = t.home / "out.zip", back = t.home / (recurse ? "back-r" : "back");
-    ASSERT_TRUE(ZipFolderToFile(t.program, folder, zip, nullptr, recurse));
-    EXPECT_EQ(std::system(("unzip -tqq " + zip.string() + " >/dev/null").c_str()), 0);
-    ASSERT_TRUE(ExtractZip(t.program, zip, back, nullptr, true, false));
-    auto expected = top;
-    if (recurse) expected["sub/deep.txt"] = "deep";
-    EXPECT_EQ(Tree(back), expected);
-    EXPECT_EQ(fs::is_directory(back / "empty"), recurse);
-  }
-  fs::create_directories(t.home / "nothing/sub");
-  EXPECT_FALSE(ZipFolderToFile(t.program, t.home / "nothing", t.home / "n.zip", nullptr, false));
-  EXPECT_FALSE(ZipFolderToFile(t.program, t.home / "missing", t.home / "m.zip", nullptr, true));
-  EXPECT_FALSE(fs::exists(t.home / "n.zip"));
-}
-
 }  // namespace
 }  // namespace vardolin
