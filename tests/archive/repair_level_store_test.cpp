@@ -93,14 +93,5 @@ TEST_F(MediaTest, EditorMediaStateGoesBackIntoTheLevel) {
   EXPECT_EQ(Names(Snapshot(files / "store")), std::vector<std::string>{"now.dat"});
 }
 
-TEST_F(MediaTest, WithMediaPlayFileAndNoStoreTheLevelKeepsBoth) {
-  WriteBytes(editor / "media.mpf", "mpf");
-  WriteBytes(files / "media.mpf", "mpf");
-  WriteBytes(files / "store" / "old.dat", "old");
-  EXPECT_TRUE(SaveMediaFiles(program, files));
-  EXPECT_TRUE(fs::exists(files / "media.mpf"));
-  EXPECT_TRUE(fs::exists(files / "store" / "old.dat"));
-}
-
 }  // namespace
 }  // namespace vardolin::testing

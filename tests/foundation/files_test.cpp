@@ -42,21 +42,6 @@ TEST_F(FilesTest, PathsInAnotherCaseAreTheFilesOnDisk) {
   EXPECT_FALSE(FileExists(dir / "nothing"));
 }
 
-TEST_F(FilesTest, DeleteFolderTreeRemovesOnlyAFlatFolder) {
-  dir.Write("flat/a", "1");
-  dir.Write("flat/b", "2");
-  EXPECT_TRUE(DeleteFolderTree(dir / "FLAT"));
-  EXPECT_FALSE(fs::exists(dir / "flat"));
-
-  dir.Write("deep/a", "1");
-  dir.Write("deep/sub/c", "3");
-  EXPECT_FALSE(DeleteFolderTree(dir / "deep"));
-  EXPECT_FALSE(fs::exists(dir / "deep/a"));
-  EXPECT_TRUE(fs::exists(dir / "deep/sub/c"));
-
-  EXPECT_FALSE(DeleteFolderTree(dir / "missing"));
-}
-
 TEST_F(FilesTest, CopyKeepsTheModificationTimeAndRefusesAMissingSource) {
   fs::path src = dir.Write("a.bmp", "pixels");
   auto when = std::chrono::system_clock::now() - std::chrono::hours(24 * 40);
@@ -67,26 +52,6 @@ TEST_F(FilesTest, CopyKeepsTheModificationTimeAndRefusesAMissingSource) {
   EXPECT_FALSE(fs::exists(dir / "c"));
   EXPECT_TRUE(CopyFileOver(src, dir / "A.BMP"));  // onto itself: the file stays
   EXPECT_EQ(ReadFile(src), "pixels");
-}
-
-TEST_F(FilesTest, CopyMatchingFilesAsksBeforeReplacingUnlessTold) {
-  dir.Write("from/one.wad", "new1");
-  dir.Write("from/two.WAD", "new2");
-  dir.Write("from/skip.txt", "x");
-  dir.Write("to/ONE.wad", "old1");
-  dir.Write("to/two.wad", "old2");
-  ui.Answer(msg::kNo, "Replace file: ").Answer(msg::kYes, "Replace it?");
-  // Directory order decides which is asked first; answer No to one and Yes to the other.
-  ASSERT_TRUE(CopyMatchingFiles(program, dir / "from", dir / "to", false, "*.wad"));
-  std::string one = ReadFile(dir / "to/ONE.wad"), two = ReadFile(dir / "to/two.wad");
-  EXPECT_TRUE((one == "old1" && two == "new2") || (one == "new1" && two == "old2"));
-  EXPECT_FALSE(fs::exists(dir / "to/skip.txt"));
-  EXPECT_EQ(ui.Questions()[0].style, msg::kYesNo);
-
-  ASSERT_TRUE(CopyMatchingFiles(program, dir / "from", dir / "to", true, "*.wad"));
-  EXPECT_EQ(ReadFile(dir / "to/ONE.wad"), "new1");
-  EXPECT_EQ(ReadFile(dir / "to/two.wad"), "new2");
-  EXPECT_EQ(Names(ListFiles(dir / "to", "*")), (std::vector<std::string>{"ONE.wad", "two.wad"}));
 }
 
 TEST_F(FilesTest, ListsFilesAndSubfoldersByNameAsWindowsDoes) {

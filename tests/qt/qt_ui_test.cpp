@@ -77,27 +77,6 @@ TEST_F(QtUiTest, AskUserShowsTheProgramsMessageBoxWithTheIconOfItsStyle) {
   }
 }
 
-TEST_F(QtUiTest, AskInputAndAskFolderUseTheirForms) {
-  testing::Soon([] {
-    QWidget* box = OpenWindow("Dialog_InputBox");
-    ASSERT_NE(box, nullptr);
-    auto* line = box->findChild<QLineEdit*>("Text_Input");
-    line->setText("Tomb");
-    emit line->textEdited("Tomb");
-    Press("Dialog_InputBox", "Pul_Ok");
-  });
-  EXPECT_EQ(p.ui.AskInput("Name?", "", "x"), "Tomb");
-
-  testing::Soon([] { Press("Dialog_InputBox", "Pul_Cancel"); });
-  EXPECT_EQ(p.ui.AskInput("Name?", "", "x"), "");
-
-  testing::TempDir start;
-  testing::Soon([] { Press("Dialog_GetDir", "OKButton"); });
-  EXPECT_EQ(p.ui.AskFolder(start.path().string(), "Where?"), fs::canonical(start.path()).string());
-  testing::Soon([] { Press("Dialog_GetDir", "CancelButton"); });
-  EXPECT_EQ(p.ui.AskFolder(start.path().string(), "Where?"), "");
-}
-
 TEST_F(QtUiTest, ModelessFormsStayUpUntilTheyUnload) {
   testing::BareMainWindow main(p.program);
   main.Load();

@@ -76,28 +76,6 @@ TEST_F(JoystickTest, DuringTheGameTheButtonsCaptureOrEndTheGame) {
   }
 }
 
-TEST(JoystickInputTable, ButtonsComeFirstThenXThenY) {
-  using In = JoystickInput;
-  constexpr std::uint32_t n = 30000;  // neutral on both axes
-  struct Case {
-    std::uint32_t buttons, x, y;
-    In expected;
-  } cases[] = {
-      {4 | 8 | 2 | 1, n + 5000, n, In::Play},
-      {8 | 2 | 1, n, n, In::ScreenShots},
-      {1, n, n, In::Select},
-      {0, n + 1000, n - 1000, In::None},  // exactly 1000 away counts as centred
-      {0, n + 1001, n, In::StickRight},
-      {0, n - 1001, n, In::StickLeft},
-      {0, n, n - 1001, In::StickYBelow},
-      {0, n - 1001, n + 30000, In::StickLeft},  // X is looked at first
-      {16, n, n + 2000, In::StickYAbove},       // a button outside the table leaves the stick alone
-  };
-  for (const Case& c : cases)
-    EXPECT_EQ(ReadJoystickInput({c.x, c.y, 0, c.buttons}, n, n), c.expected)
-        << "buttons " << c.buttons << " x " << c.x << " y " << c.y;
-}
-
 // The main window itself, with its real buttons and panels behind the joystick.
 struct MainWindowJoystickTest : JoystickTest {
   testing::BareMainWindow window{program};

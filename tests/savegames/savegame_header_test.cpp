@@ -2,8 +2,6 @@
 // them, and the damaged ones a crash of the game leaves.
 #include <gtest/gtest.h>
 
-#include <ctime>
-
 #include <unistd.h>
 
 #include "archive/text_ids.h"
@@ -103,12 +101,6 @@ TEST_F(StoreNames, SlotNumbersNotesAndRowTexts) {
             std::string::npos);
   EXPECT_FALSE(WildcardMatch(note.filename().string(), "savegame.*"));
 
-  const auto file = Put(Path("slots"), 3, 7);
-  std::tm when{};
-  when.tm_year = 2004 - 1900, when.tm_mon = 2, when.tm_mday = 9, when.tm_hour = 17, when.tm_min = 5,
-  when.tm_isdst = -1;
-  ASSERT_TRUE(SetFileDateTime(file, std::chrono::system_clock::from_time_t(std::mktime(&when))));
-  EXPECT_EQ(SavegameListCaption(program, file), "   7 Level 7  (09/03/2004 17:05) ");
   Put(Path("slots"), 4, 12345);
   EXPECT_TRUE(SavegameListCaption(program, Path("slots/savegame.4")).starts_with("12345 Level"));
   Put(Path("slots"), 5, -12);
