@@ -14,16 +14,6 @@ namespace fs = std::filesystem;
 const std::vector<std::string> kNames = {"Base level", "Alpha Ruins", "beta Temple", "Gamma RUINS",
                                          "Zeta"};
 
-TEST(LevelList, IsSortedCarriesCodesAndMarksTheActiveLevel) {
-  BrowserFixture f(kNames);
-  f.MarkActive(2);
-  RefreshLevelList(*f.main);
-  EXPECT_EQ(f.Entries(), (std::vector<std::string>{"Alpha Ruins", "Base level", "beta Temple (*)",
-                                                   "Gamma RUINS", "Zeta"}));
-  EXPECT_EQ(f.main->Combo_Livelli.ItemData(2), 2);
-  EXPECT_EQ(f.main->Combo_Livelli.ListIndex(), 0) << "nothing chosen before: the first";
-}
-
 TEST(LevelSearch, FindNextAndPreviousFollowTheTextOrTheList) {
   struct Case {
     int start;

@@ -108,17 +108,6 @@ TEST_F(ActivationTest, LevelsComeAndGoAndTheEditorFolderComesBackWhole) {
   EXPECT_EQ(Snapshot(editor), base);
 }
 
-TEST_F(ActivationTest, TheActiveLevelAgainMovesNothing) {
-  ASSERT_TRUE(SetLevelInTrle(program, 1));
-  const std::string marker = Marker();
-  const auto shown = ui.ModelessShown().size();
-  WriteBytes(editor / "savegame.1", "played");
-  ASSERT_TRUE(SetLevelInTrle(program, 1));
-  EXPECT_EQ(Marker(), marker);
-  EXPECT_EQ(ui.ModelessShown().size(), shown);
-  EXPECT_EQ(ReadFile(editor / "savegame.1"), "played");
-}
-
 TEST_F(ActivationTest, WithoutAFullBackupTheLevelsAudioStays) {
   program.prefs.FullBackupDone = false;
   fs::remove_all(backup / "audio");  // a partial backup keeps none of the editor's sounds
