@@ -231,8 +231,15 @@ int main(int argc, char** argv) {
     err << app.help();
     return 2;
   }
+  // The innermost command given that is one of ours runs: "urls add" runs its own work, while
+  // "audio info" is one command whose words the audio command reads itself.
+  auto registered = [&](const CLI::App* a) {
+    return std::any_of(commands.begin(), commands.end(),
+                       [&](const Command& c) { return c.app == a; });
+  };
   CLI::App* chosen = app.get_subcommands().front();
-  while (!chosen->get_subcommands().empty()) chosen = chosen->get_subcommands().front();
+  while (!chosen->get_subcommands().empty() && registered(chosen->get_subcommands().front()))
+    chosen = chosen->get_subcommands().front();
   const Command& command = *std::find_if(commands.begin(), commands.end(),
                                          [&](const Command& c) { return c.app == chosen; });
 

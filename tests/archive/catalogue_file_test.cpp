@@ -31,20 +31,6 @@ TEST(CatalogueFile, SaveWritesExactlyHeaderAndRecordsOverALongerFile) {
   EXPECT_FALSE(fs::exists(f.Path("cat.vdc.new~")));
 }
 
-TEST(CatalogueFile, LoadOpensTheCatalogue) {
-  FileFixture f;
-  Catalogue on_disk = SampleCatalogue(5, f.archive.string());
-  on_disk.header.LevelCount = 5;
-  WriteBytes(f.Path("other.vdc"), SerializeCatalogue(on_disk));
-  f.program.CatalogueDirty = false;
-  Form main(f.program, "Principale");
-  f.program.main.form = &main;
-  ASSERT_TRUE(LoadCatalogueFile(f.program, f.Path("other.vdc")));
-  EXPECT_EQ(f.program.catalogue, on_disk);
-  EXPECT_EQ(f.program.prefs.LastArchive, f.Path("other.vdc").string());
-  EXPECT_EQ(main.Caption(), "Vardolin - other.vdc (5 levels)");
-}
-
 TEST(CatalogueFile, PendingUserSizeIsCountedAtLoad) {
   FileFixture f;
   f.program.prefs.AutoSave = true;
@@ -63,21 +49,6 @@ TEST(CatalogueFile, PendingUserSizeIsCountedAtLoad) {
   Catalogue saved;
   ASSERT_TRUE(ParseCatalogue(ReadFile(f.file), saved).ok());
   EXPECT_EQ(saved, f.program.catalogue);
-}
-
-TEST(CatalogueFile, AutoSaveWritesEachChangeAndReportsAFailedWrite) {
-  FileFixture f;
-  f.program.prefs.AutoSave = true;
-  f.program.catalogue.levels[1].Name = "renamed";
-  CatalogueChanged(f.program);
-  EXPECT_FALSE(f.program.CatalogueDirty);
-  EXPECT_EQ(ReadFile(f.file), SerializeCatalogue(f.program.catalogue));
-
-  f.program.prefs.LastArchive = f.Path("nowhere/cat.vdc").string();
-  f.ui.Answer(msg::kOk, "Error saving the archive file: " + f.Path("nowhere/cat.vdc").string());
-  CatalogueChanged(f.program);
-  EXPECT_TRUE(f.program.CatalogueDirty);
-  EXPECT_EQ(f.ui.Questions().back().style, msg::kError);
 }
 
 TEST(CatalogueFile, WithoutAutoSaveAChangeWaitsForTheAnswerAtClose) {
@@ -101,28 +72,6 @@ TEST(CatalogueFile, WithoutAutoSaveAChangeWaitsForTheAnswerAtClose) {
               answer == msg::kYes ? SerializeCatalogue(f.program.catalogue) : bytes);
     SaveIfChanged(f.program);  // answered: not asked again
   }
-}
-
-TEST(CatalogueFile, NewCatalogueHasTheBaseLevelAndAFreeName) {
-  ArchiveFixture f;
-  f.program.prefs.AutoSave = false;
-  WriteBytes(f.program.Home() / "LEVEL_0000/files/english.txt", "hello");
-  fs::path folder = f.Path("new archive");
-  f.ui.Folder(folder.string());
-  ASSERT_TRUE(NewCatalogue(f.program));
-  const Catalogue& c = f.program.catalogue;
-  ASSERT_EQ(c.levels.size(), 1u);
-  EXPECT_EQ(c.levels[0].Code, 0);
-  EXPECT_EQ(c.levels[0].MoreInfoFile, "english.txt");
-  EXPECT_EQ(c.levels[0].UserSize, 0);
-  EXPECT_EQ(c.levels[0].FilesSize, 5);
-  EXPECT_EQ(c.header.MainDir, folder.string());
-  EXPECT_EQ(c.header.SecondaryDir, folder.string());
-  EXPECT_TRUE(fs::is_directory(folder));
-  fs::path first = f.program.Home() / "Vardolin_archive.vdc";
-  EXPECT_EQ(f.program.prefs.LastArchive, first.string());
-  EXPECT_EQ(ReadFile(first), SerializeCatalogue(c));
-  EXPECT_EQ(NextLevelCode(c), 1);
 }
 
 }  // namespace

@@ -13,30 +13,6 @@
 namespace vardolin::testing {
 namespace {
 
-Catalogue WithCodes(std::vector<std::int32_t> codes) {
-  Catalogue c;
-  for (std::int32_t code : codes) c.levels.push_back(SampleLevel(code));
-  return c;
-}
-
-TEST(CatalogueOps, TotalsLeaveTheBaseLevelOut) {
-  Catalogue c = WithCodes({0, 1, 2});
-  c.levels[0].FilesSize = 1'000'000;
-  c.levels[0].UserSize = 500;
-  SizeTotals t = LevelSizeTotals(c);
-  EXPECT_EQ(t.files, 1000 + 2000);
-  EXPECT_EQ(t.user, 10 + 20);
-
-  AddSizeToCatalogue(c, 77, 0, SizeKind::Files);
-  EXPECT_EQ(c.levels[0].FilesSize, 1'000'077);
-  EXPECT_EQ(c.header.TotalFilesSize, 0);
-  AddSizeToCatalogue(c, 5, 2, SizeKind::User);
-  EXPECT_EQ(c.levels[2].UserSize, 25);
-  EXPECT_EQ(c.header.TotalUserSize, 5);
-  AddSizeToCatalogue(c, 5, 3, SizeKind::User);  // outside the table: nothing
-  EXPECT_EQ(c.header.TotalUserSize, 5);
-}
-
 // Level folders with real files below a temporary archive folder.
 struct SizesFixture : ArchiveFixture {
   std::filesystem::path archive = Path("archive");

@@ -77,14 +77,5 @@ TEST_F(ConvertTest, AFileThatCannotBeConvertedIsReportedAndNothingIsLost) {
   }
 }
 
-TEST_F(ConvertTest, OnlyLevelsOnHardDiskAreConverted) {
-  WriteBytes(Files(3) / "level.tr4", "on CD");
-  EXPECT_FALSE(ConvertLevelStore(program, 3, true, nullptr, nullptr));
-  EXPECT_FALSE(ConvertLevelStore(program, 99, true, nullptr, nullptr));
-  EXPECT_TRUE(ConvertLevelStore(program, 2, true, nullptr, nullptr)) << "no files: nothing to do";
-  EXPECT_EQ(ReadFile(Files(3) / "level.tr4"), "on CD");
-  EXPECT_TRUE(ui.Questions().empty());
-}
-
 }  // namespace
 }  // namespace vardolin::testing

@@ -49,23 +49,6 @@ struct PrefArcTest : ::testing::Test {
   CatalogueHeader saved_;
 };
 
-TEST_F(PrefArcTest, ShowsTheArchiveAndCancelPutsTheHeaderBack) {
-  f.program.catalogue.levels[2].CdNumber = 1;
-  f.program.catalogue.header.CdCount = 1;
-  Dialog_PrefArc dialog(f.program);
-  dialog.Load();
-  dialog.ImpostaValori(f.program.catalogue.header);
-  EXPECT_EQ(dialog.Label_Levels.Caption(), "3");
-  EXPECT_EQ(dialog.Label_TotCd.Caption(), "1");
-  EXPECT_EQ(dialog.Label_OnCd.Caption(), "Yes");
-  EXPECT_EQ(dialog.Label_FullPath.Caption(), f.program.prefs.LastArchive);
-  dialog.Check_Compresso.SetValue(true);
-  EXPECT_TRUE(f.program.catalogue.header.CompressFiles);
-  dialog.Pul_Cancel.Click();
-  EXPECT_FALSE(f.program.catalogue.header.CompressFiles);
-  EXPECT_FALSE(dialog.ConvertStore);
-}
-
 TEST_F(PrefArcTest, AFailurePartWayLeavesEveryLevelWholeAndPutsTheFlagBack) {
   f.ui.Answer(msg::kYes);
   ASSERT_TRUE(ChangeFlags(true, false, msg::kYes));
@@ -87,13 +70,6 @@ TEST_F(PrefArcTest, AFailurePartWayLeavesEveryLevelWholeAndPutsTheFlagBack) {
   EXPECT_EQ(testing::Snapshot(Files(2)), level2);  // nothing written for it remains, nothing lost
   EXPECT_TRUE(fs::exists(Files(1) / "level.tr4"));
   EXPECT_TRUE(f.program.catalogue.header.CompressFiles);
-}
-
-TEST_F(PrefArcTest, NoToTheQuestionKeepsTheFlagAndConvertsNothing) {
-  f.ui.Answer(msg::kNo);
-  EXPECT_FALSE(ChangeFlags(true, false, msg::kNo));
-  EXPECT_TRUE(f.program.catalogue.header.CompressFiles);
-  EXPECT_TRUE(fs::exists(Files(1) / "level.tr4"));
 }
 
 }  // namespace

@@ -42,16 +42,6 @@ TEST_F(LevelStoreTest, LevelFoldersByCodeAndCd) {
   }
 }
 
-TEST_F(LevelStoreTest, CreateLevelFoldersMakesTheFourSubfoldersTheSizesCount) {
-  fs::path level = archive / "LEVEL_0009";
-  ASSERT_TRUE(CreateLevelFolders(program, level));
-  for (const char* sub : {"files", "play", "savegames", "screenshots"})
-    EXPECT_TRUE(fs::is_directory(level / sub)) << sub;
-  EXPECT_TRUE(CreateLevelFolders(program, level)) << "folders that stand already count";
-  WriteBytes(Path("blocker"), "a file where a folder should go");
-  EXPECT_FALSE(CreateLevelFolders(program, Path("blocker")));
-}
-
 TEST_F(LevelStoreTest, DeleteLevelTreeRemovesReadOnlyPartsAndNeverFollowsLinks) {
   fs::path level = archive / "LEVEL_0001";
   WriteBytes(level / "files" / "a.tr4", "a");
@@ -69,58 +59,6 @@ TEST_F(LevelStoreTest, DeleteLevelTreeRemovesReadOnlyPartsAndNeverFollowsLinks) 
   EXPECT_TRUE(DeleteLevelTree(program, level, nullptr, nullptr)) << "a missing tree is gone";
   WriteBytes(Path("plain.txt"), "x");
   EXPECT_FALSE(DeleteLevelTree(program, Path("plain.txt"), nullptr, nullptr));
-}
-
-TEST_F(LevelStoreTest, CdRootIsTheFirstFolderHoldingLevelFolders) {
-  struct Case {
-    std::vector<std::string> folders;  // below the drive
-    std::string root;                  // expected, relative to the drive; empty: none
-  };
-  const std::vector<Case> cases = {
-      {{"Archive1/LEVEL_0001"}, "Archive1"},
-      {{"LEVEL_0001"}, ""},  // levels must lie one folder deep
-      {{"docs/readme", "Vardolin2/level_0003"}, "Vardolin2"},
-      {{"a/LEVEL_0001", "b/LEVEL_0002"}, "a"},
-      {{}, ""},
-  };
-  int n = 0;
-  for (const Case& c : cases) {
-    fs::path drive = Path("drive" + std::to_string(n++));
-    fs::create_directories(drive);
-    for (const std::string& f : c.folders) fs::create_directories(drive / f);
-    fs::path expected = c.root.empty() ? fs::path() : drive / c.root;
-    EXPECT_EQ(FindCdRootWithLevels(drive), expected) << n;
-  }
-}
-
-TEST_F(LevelStoreTest, LevelOnCdByTheNumberOfItsFolder) {
-  fs::path drive = Path("cd");
-  for (const char* f : {"Arc1/LEVEL_0003", "Arc1/LEVEL_12345", "Arc1/LEVEL_0004x", "Arc1/LEVEL_"})
-    fs::create_directories(drive / f);
-  struct Case {
-    std::int32_t code;
-    std::string folder;
-  };
-  for (const Case& c :
-       std::vector<Case>{{3, "LEVEL_0003"}, {12345, "LEVEL_12345"}, {4, ""}, {0, ""}, {2345, ""}}) {
-    fs::path expected = c.folder.empty() ? fs::path() : drive / "Arc1" / c.folder;
-    EXPECT_EQ(FindLevelOnCd(c.code, drive), expected) << c.code;
-  }
-}
-
-TEST_F(LevelStoreTest, LevelIsLookedForOnReadyCdDrivesOnly) {
-  auto drive = [&](const std::string& name, int type, bool ready, bool holds) {
-    fs::path mount = Path(name);
-    fs::create_directories(mount / "Arc" / (holds ? "LEVEL_0003" : "LEVEL_0001"));
-    return MakeDrive(mount.string(), type, ready);
-  };
-  platform.drives = {
-      drive("fixed", kDriveFixed, true, true), drive("cd_not_ready", kDriveCdRom, false, true),
-      drive("cd_other", kDriveCdRom, true, false), drive("cd_good", kDriveCdRom, true, true)};
-  std::string found_on;
-  EXPECT_EQ(FindLevelOnAnyCd(program, 3, &found_on), Path("cd_good") / "Arc" / "LEVEL_0003");
-  EXPECT_EQ(found_on, Path("cd_good").string());
-  EXPECT_TRUE(FindLevelOnAnyCd(program, 7).empty());
 }
 
 }  // namespace

@@ -74,15 +74,6 @@ TEST_F(PrepareTest, EachStoredFormEndsInTheGameForm) {
   EXPECT_TRUE(ui.Questions().empty());
 }
 
-TEST_F(PrepareTest, ALeftoverTemporaryFolderIsEmptiedFirst) {
-  WriteBytes(TemporaryFilesFolder(program) / "stale.tr4", "from an earlier run");
-  WriteBytes(TemporaryFilesFolder(program) / "sub" / "stale.dat", "from an earlier run");
-  Store("level.tr4", 1, true);
-  fs::path temporary;
-  ASSERT_TRUE(PrepareLevelFiles(program, files, temporary));
-  EXPECT_EQ(Snapshot(temporary), plain);
-}
-
 TEST_F(PrepareTest, ADamagedPackedFileIsReportedAndNothingIsLeft) {
   // Which damages the expansion tells is the zl format's own table; here one is enough.
   Store("a.tr4", 1, true);
@@ -107,18 +98,6 @@ TEST_F(PrepareTest, MakeTempFilesCopiesTheWholeFolderAndNoLinks) {
   fs::path temporary = MakeTempFiles(program, files);
   ASSERT_FALSE(temporary.empty());
   EXPECT_EQ(Snapshot(temporary), plain);
-}
-
-TEST_F(PrepareTest, ClearReadOnlyTakesTheMarkOffMatchingFilesOnly) {
-  Store("a.tr4", 1, false);
-  Store("b.dat", 2, false);
-  for (const char* f : {"a.tr4", "b.dat"}) fs::permissions(files / f, fs::perms::owner_read);
-  EXPECT_TRUE(ClearReadOnly("*.TR4", files));
-  auto writable = [&](const char* f) {
-    return (fs::status(files / f).permissions() & fs::perms::owner_write) != fs::perms::none;
-  };
-  EXPECT_TRUE(writable("a.tr4"));
-  EXPECT_FALSE(writable("b.dat"));
 }
 
 }  // namespace

@@ -74,10 +74,8 @@ TEST(RemoveLevel, RefusalsChangeNothing) {
     std::vector<std::pair<int, std::string>> answers;
   };
   const Case cases[] = {
-      {"", 0, {{msg::kOk, "Choose the level to remove first"}}},
       {"Base level (*)", 0, {{msg::kOk, "editor's own configuration.\r\nIt can't"}}},
       {"Beta", 0, {{msg::kNo, "remove from the archive the level \"Beta\" ?"}}},
-      {"Beta", 2, {{msg::kOk, ""}}},
   };
   for (const Case& c : cases) {
     SCOPED_TRACE(c.choose + " " + std::to_string(c.cd));

@@ -21,10 +21,8 @@ TEST_F(RepairTest, ScrollMediaFileStaysOnlyBesideItsScrollLevels) {
   const std::vector<Case> cases = {
       {{"scroll.mcf", "scroll1.tr4"}, true},
       {{"scroll.mcf"}, false},
-      {{"scroll.mcf", "other.tr4", "title.tr4"}, false},
       {{"a.mcf", "scroll.mcf"}, true},  // the first media file isn't the scroll one
       // A compressed store packs the level files and leaves the media files as they are.
-      {{"scroll.mcf", "scroll1.tr4.zl"}, true},
       {{"SCROLL.MCF", "SCROLL3.TR4.ZL", "title.tr4.zl"}, true},
       {{"scroll.mcf", "title.tr4.zl", "scroll.dat.zl"}, false},
   };
@@ -46,13 +44,6 @@ TEST_F(RepairTest, ScrollMediaFileStaysOnlyBesideItsScrollLevels) {
       EXPECT_EQ(after.size(), before.size() - 2);
     }
   }
-}
-
-TEST_F(RepairTest, BaseLevelAndCdLevelsAreLeftAlone) {
-  WriteBytes(GetLevelFolder(program, 0, false) / "files" / "scroll.mcf", "base");
-  RepairLevelStore(program);
-  EXPECT_TRUE(fs::exists(GetLevelFolder(program, 0, false) / "files" / "scroll.mcf"));
-  EXPECT_EQ(ui.ModelessShown(), std::vector<std::string>{"Dialog_Progress"});
 }
 
 TEST_F(RepairTest, AConversionBrokenOffBetweenItsStepsIsPutRight) {
@@ -100,15 +91,6 @@ TEST_F(MediaTest, EditorMediaStateGoesBackIntoTheLevel) {
   EXPECT_FALSE(fs::exists(files / "B.MCF"));
   EXPECT_FALSE(fs::exists(files / "media.mpf"));
   EXPECT_EQ(Names(Snapshot(files / "store")), std::vector<std::string>{"now.dat"});
-}
-
-TEST_F(MediaTest, WithMediaPlayFileAndNoStoreTheLevelKeepsBoth) {
-  WriteBytes(editor / "media.mpf", "mpf");
-  WriteBytes(files / "media.mpf", "mpf");
-  WriteBytes(files / "store" / "old.dat", "old");
-  EXPECT_TRUE(SaveMediaFiles(program, files));
-  EXPECT_TRUE(fs::exists(files / "media.mpf"));
-  EXPECT_TRUE(fs::exists(files / "store" / "old.dat"));
 }
 
 }  // namespace

@@ -1,12 +1,10 @@
 #include <gtest/gtest.h>
-#include <sys/stat.h>
 #include <unistd.h>
 #include <algorithm>
 
 #include "foundation/dialogs/ask.h"
 #include "foundation/program.h"
 #include "foundation/services/files.h"
-#include "foundation/services/log.h"
 #include "foundation/text_ids.h"
 #include "recording_platform.h"
 #include "scripted_ui.h"
@@ -44,59 +42,6 @@ TEST_F(FilesTest, PathsInAnotherCaseAreTheFilesOnDisk) {
   EXPECT_FALSE(FileExists(dir / "nothing"));
 }
 
-TEST_F(FilesTest, ExactSpellingWinsOverOtherCases) {
-  dir.Write("a/File", "upper");
-  dir.Write("a/file", "lower");
-  EXPECT_EQ(ResolveCase(dir / "a/file"), dir / "a/file");
-  EXPECT_EQ(ResolveCase(dir / "a/FILE"), dir / "a/File");  // smallest spelling, stable
-}
-
-TEST_F(FilesTest, ReadOnlyFilesCountAndAreDeletedForcibly) {
-  fs::path f = dir.Write("ro.txt", "data");
-  fs::permissions(f, fs::perms::owner_read);
-  EXPECT_TRUE(FileExists(f));
-  EXPECT_EQ(ReadWholeFile(f), "data");
-  EXPECT_TRUE(DeleteFileForced(dir / "RO.TXT"));
-  EXPECT_FALSE(fs::exists(f));
-  EXPECT_TRUE(DeleteFileForced(dir / "never-was"));
-  EXPECT_FALSE(DeleteFileForced(dir.path()));  // a folder is not a file
-}
-
-TEST_F(FilesTest, DeleteMatchingFilesIgnoresCaseAndLeavesFolders) {
-  dir.Write("s/savegame.0", "");
-  dir.Write("s/SAVEGAME.12", "");
-  dir.Write("s/savegame", "");
-  dir.Write("s/other.txt", "");
-  fs::create_directories(dir / "s/savegame.dir");
-  EXPECT_TRUE(DeleteMatchingFiles(dir / "s", "savegame.*"));
-  EXPECT_EQ(Names(ListFiles(dir / "s", "*")), (std::vector<std::string>{"other.txt"}));
-  EXPECT_TRUE(fs::is_directory(dir / "s/savegame.dir"));
-}
-
-TEST_F(FilesTest, DeleteFolderTreeRemovesOnlyAFlatFolder) {
-  dir.Write("flat/a", "1");
-  dir.Write("flat/b", "2");
-  EXPECT_TRUE(DeleteFolderTree(dir / "FLAT"));
-  EXPECT_FALSE(fs::exists(dir / "flat"));
-
-  dir.Write("deep/a", "1");
-  dir.Write("deep/sub/c", "3");
-  EXPECT_FALSE(DeleteFolderTree(dir / "deep"));
-  EXPECT_FALSE(fs::exists(dir / "deep/a"));
-  EXPECT_TRUE(fs::exists(dir / "deep/sub/c"));
-
-  EXPECT_FALSE(DeleteFolderTree(dir / "missing"));
-}
-
-TEST_F(FilesTest, CopyOntoAnotherCaseReplacesThatFileAndKeepsItsName) {
-  fs::path src = dir.Write("src/Tomb4.EXE", "new");
-  fs::path old = dir.Write("dst/tomb4.exe", "old");
-  fs::permissions(old, fs::perms::owner_read);
-  EXPECT_TRUE(CopyFileOver(src, dir / "DST/TOMB4.exe"));
-  EXPECT_EQ(Names(ListFiles(dir / "dst", "*")), (std::vector<std::string>{"tomb4.exe"}));
-  EXPECT_EQ(ReadFile(old), "new");
-}
-
 TEST_F(FilesTest, CopyKeepsTheModificationTimeAndRefusesAMissingSource) {
   fs::path src = dir.Write("a.bmp", "pixels");
   auto when = std::chrono::system_clock::now() - std::chrono::hours(24 * 40);
@@ -107,32 +52,6 @@ TEST_F(FilesTest, CopyKeepsTheModificationTimeAndRefusesAMissingSource) {
   EXPECT_FALSE(fs::exists(dir / "c"));
   EXPECT_TRUE(CopyFileOver(src, dir / "A.BMP"));  // onto itself: the file stays
   EXPECT_EQ(ReadFile(src), "pixels");
-}
-
-TEST_F(FilesTest, CopyMatchingFilesAsksBeforeReplacingUnlessTold) {
-  dir.Write("from/one.wad", "new1");
-  dir.Write("from/two.WAD", "new2");
-  dir.Write("from/skip.txt", "x");
-  dir.Write("to/ONE.wad", "old1");
-  dir.Write("to/two.wad", "old2");
-  ui.Answer(msg::kNo, "Replace file: ").Answer(msg::kYes, "Replace it?");
-  // Directory order decides which is asked first; answer No to one and Yes to the other.
-  ASSERT_TRUE(CopyMatchingFiles(program, dir / "from", dir / "to", false, "*.wad"));
-  std::string one = ReadFile(dir / "to/ONE.wad"), two = ReadFile(dir / "to/two.wad");
-  EXPECT_TRUE((one == "old1" && two == "new2") || (one == "new1" && two == "old2"));
-  EXPECT_FALSE(fs::exists(dir / "to/skip.txt"));
-  EXPECT_EQ(ui.Questions()[0].style, msg::kYesNo);
-
-  ASSERT_TRUE(CopyMatchingFiles(program, dir / "from", dir / "to", true, "*.wad"));
-  EXPECT_EQ(ReadFile(dir / "to/ONE.wad"), "new1");
-  EXPECT_EQ(ReadFile(dir / "to/two.wad"), "new2");
-  EXPECT_EQ(Names(ListFiles(dir / "to", "*")), (std::vector<std::string>{"ONE.wad", "two.wad"}));
-}
-
-TEST_F(FilesTest, CopyMatchingFilesStopsAtTheFirstFailure) {
-  dir.Write("from/a.dat", "a");
-  fs::create_directories(dir / "to/a.dat");  // a folder where the file should go
-  EXPECT_FALSE(CopyMatchingFiles(program, dir / "from", dir / "to", true, "*"));
 }
 
 TEST_F(FilesTest, ListsFilesAndSubfoldersByNameAsWindowsDoes) {
@@ -173,54 +92,6 @@ TEST_F(FilesTest, WalkCollectsTheWholeTreeAndLetsTheUiRunPerFolder) {
   EXPECT_EQ(FolderSizeBytes(dir / "w", "*.txt"), 5.0);
   EXPECT_FALSE(walker.WalkFolderTree(dir / "missing"));
   EXPECT_TRUE(walker.Files().empty());
-}
-
-TEST_F(FilesTest, MakeFolderCreatesOneLevel) {
-  EXPECT_TRUE(MakeFolder(dir / "one"));
-  EXPECT_TRUE(MakeFolder(dir / "ONE"));  // stands already, in another case
-  EXPECT_FALSE(fs::exists(dir / "ONE"));
-  EXPECT_FALSE(MakeFolder(dir / "x/y"));
-}
-
-TEST_F(FilesTest, WholeFilesAndDates) {
-  std::string bytes("a\0b\r\n", 5);
-  EXPECT_TRUE(WriteTextFile(dir / "t.bin", bytes));
-  EXPECT_EQ(ReadWholeFile(dir / "T.BIN"), bytes);
-  EXPECT_TRUE(WriteTextFile(dir / "T.bin", "short"));  // replaces the file in another case
-  EXPECT_EQ(ReadFile(dir / "t.bin"), "short");
-  EXPECT_FALSE(fs::exists(dir / "T.bin"));
-  EXPECT_EQ(ReadWholeFile(dir / "none"), "");
-  EXPECT_FALSE(WriteTextFile(dir / "no/such/folder/f", "x"));
-
-  auto when = std::chrono::system_clock::from_time_t(1000000000);
-  EXPECT_TRUE(SetFileDateTime(dir / "t.bin", when));
-  struct stat st;
-  ASSERT_EQ(::stat((dir / "t.bin").c_str(), &st), 0);
-  EXPECT_EQ(st.st_mtime, 1000000000);
-  EXPECT_EQ(st.st_atime, 1000000000);
-  EXPECT_FALSE(SetFileDateTime(dir / "none", when));
-}
-
-struct LogTest : ::testing::Test, testing::TestProgram {};
-
-TEST_F(LogTest, AppendsLinesAndStartsAnew) {
-  WriteLog(program, "first");
-  WriteLog(program, "second");
-  EXPECT_EQ(ReadFile(home / "vardo_log.txt"), "first\nsecond\n");
-  ResetLog(program);
-  EXPECT_FALSE(std::filesystem::exists(home / "vardo_log.txt"));
-  ResetLog(program);  // no log: nothing to do
-  WriteLog(program, "third");
-  EXPECT_EQ(ReadFile(LogPath(program)), "third\n");
-  EXPECT_TRUE(ui.Questions().empty());
-}
-
-TEST_F(LogTest, ShownLinesAreFirstAskedAsAnError) {
-  ui.Answer(msg::kOk, "bad package");
-  WriteLog(program, "bad package", true);
-  ASSERT_EQ(ui.Questions().size(), 1u);
-  EXPECT_EQ(ui.Questions()[0].style, msg::kError);
-  EXPECT_EQ(ReadFile(LogPath(program)), "bad package\n");
 }
 
 }  // namespace

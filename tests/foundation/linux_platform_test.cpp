@@ -33,39 +33,6 @@ struct LinuxPlatformTest : ::testing::Test {
   void SetUp() override { ASSERT_TRUE(fs::exists(Echo())) << Echo(); }
 };
 
-TEST_F(LinuxPlatformTest, RunsInTheProgramsOwnFolderUnlessToldOtherwise) {
-  int code = 0;
-  auto lines = Capture(platform, {Echo(), {"one", "two words", ""}, {}, true}, &code);
-  EXPECT_EQ(lines, (std::vector<std::string>{"cwd " + fs::canonical(Echo().parent_path()).string(),
-                                             "arg one", "arg two words", "arg "}));
-  EXPECT_EQ(code, 0);
-  lines = Capture(platform, {Echo(), {}, dir.path(), false});
-  EXPECT_EQ(lines.at(0), "cwd " + fs::canonical(dir.path()).string());
-}
-
-TEST_F(LinuxPlatformTest, ExitCodesWaitsAndTimeouts) {
-  auto quick = platform.Start({Echo(), {"--out", "/dev/null", "--exit", "7"}, dir.path(), false});
-  ASSERT_TRUE(quick);
-  EXPECT_EQ(platform.Wait(*quick, milliseconds(5000)), WaitResult::Ended);
-  EXPECT_EQ(platform.ExitCode(*quick), 7);
-  EXPECT_FALSE(platform.IsRunning(*quick));
-  EXPECT_EQ(platform.Wait(*quick, milliseconds(10)), WaitResult::Ended);  // asked again
-
-  auto slow =
-      platform.Start({Echo(), {"--out", "/dev/null", "--sleep", "20000"}, dir.path(), false});
-  ASSERT_TRUE(slow);
-  EXPECT_EQ(platform.Wait(*slow, milliseconds(30)), WaitResult::TimedOut);
-  EXPECT_TRUE(platform.IsRunning(*slow));
-  EXPECT_EQ(platform.ExitCode(*slow), -1);
-  platform.End(*slow);
-  EXPECT_FALSE(platform.IsRunning(*slow));
-  EXPECT_EQ(platform.ExitCode(*slow), 128 + 15);
-
-  Process none;
-  EXPECT_EQ(platform.Wait(none, milliseconds(10)), WaitResult::Failed);
-  EXPECT_FALSE(platform.IsRunning(none));
-}
-
 TEST_F(LinuxPlatformTest, AProgramThatIgnoresTheRequestToEndIsKilled) {
   fs::path script =
       dir.Write("stubborn.sh", "#!/bin/sh\ntrap '' TERM\nsleep 3 >/dev/null 2>&1 & wait\n");

@@ -2,19 +2,11 @@
 
 #include <filesystem>
 
-#include "foundation/program.h"
 #include "foundation/services/binary_io.h"
 #include "foundation/settings/preferences.h"
-#include "recording_platform.h"
-#include "scripted_ui.h"
-#include "temp_dir.h"
-#include "test_program.h"
 
 namespace vardolin {
 namespace {
-
-using testing::ReadFile;
-using testing::ScriptedUi;
 
 // A full image whose every field differs from its default.
 Preferences Unusual() {
@@ -111,56 +103,6 @@ TEST(PreferencesImage, OtherLengthsKeepOnlyTheEarlierFormat) {
     }
     EXPECT_EQ(got.prefs.Language, c.keeps_language ? "Italian" : "");
   }
-}
-
-TEST(PreferencesImage, ShortFileKeepsWhatItHasAndDefaultsBehind) {
-  std::string bytes = SerializePreferences(Unusual()).substr(0, 10 + 256 + 100);
-  ParsedPreferences got = ParsePreferences(bytes);
-  EXPECT_TRUE(got.upgraded);
-  EXPECT_FALSE(got.prefs.ShowScreenshotPanel);
-  EXPECT_EQ(got.prefs.LastArchive, "C:\\archives\\mine.vdc");
-  EXPECT_EQ(got.prefs.EditorFolder, "/games/trle");  // cut inside its padding
-  EXPECT_EQ(got.prefs.CompilerName, "tom2pc.exe");
-  EXPECT_EQ(got.prefs.DefaultLoadDir, "c:\\");
-  EXPECT_TRUE(got.prefs.AutoSave);
-  EXPECT_EQ(ParsePreferences("").prefs, Preferences{});
-}
-
-struct PreferencesFileTest : ::testing::Test, testing::TestProgram {};
-
-TEST_F(PreferencesFileTest, MissingFileIsAFirstRunWithDefaults) {
-  program.prefs.EditorFolder = "left over";
-  LoadResult r = LoadPreferences(program);
-  EXPECT_TRUE(r.FirstRun);
-  EXPECT_FALSE(r.PrefsUpgraded);
-  EXPECT_EQ(program.prefs, Preferences{});
-}
-
-TEST_F(PreferencesFileTest, SaveRunsTheCatalogueHookFirstAndWritesTheWholeRecord) {
-  program.prefs = Unusual();
-  std::vector<std::string> order;
-  program.before_save_preferences = [&](Program& p) {
-    order.push_back("hook");
-    EXPECT_FALSE(std::filesystem::exists(home / "Vardolin.prf"));
-    p.prefs.LastArchive = "/saved/by/hook.vdc";
-  };
-  SavePreferences(program);
-  std::string written = ReadFile(home / "Vardolin.prf");
-  ASSERT_EQ(written.size(), Preferences::kFileSize);
-  EXPECT_EQ(order.size(), 1u);
-
-  program.prefs = Preferences{};
-  LoadResult r = LoadPreferences(program);
-  EXPECT_FALSE(r.FirstRun || r.PrefsUpgraded);
-  Preferences expected = Unusual();
-  expected.LastArchive = "/saved/by/hook.vdc";
-  EXPECT_EQ(program.prefs, expected);
-}
-
-TEST_F(PreferencesFileTest, UnwritableHomeLosesTheSettingsSilently) {
-  Program lost{home / "no" / "such" / "folder", ui, platform};
-  SavePreferences(lost);  // ScriptedUi fails the test on any question
-  EXPECT_FALSE(std::filesystem::exists(home / "no"));
 }
 
 }  // namespace

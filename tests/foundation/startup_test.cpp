@@ -102,36 +102,6 @@ TEST_F(StartUpTest, FirstRunMakesANewArchiveAndTheSecondStartOpensItWithoutQuest
   }
 }
 
-TEST_F(StartUpTest, AQuotedCatalogueOnTheCommandLineReplacesTheStoredOneUnquotedIsIgnored) {
-  fs::path first, second;
-  for (fs::path* made : {&first, &second}) {
-    WriteSettings({});  // no archive known: the first-run dialog makes one
-    ProgramRun run(home);
-    ChooseNew(run.ui, dir / ("archive" + std::to_string(made == &first ? 1 : 2)));
-    run.window.Load();
-    *made = run.program.prefs.LastArchive;
-    run.window.Unload();
-  }
-  ASSERT_NE(first, second);
-  ASSERT_EQ(SavedSettings().LastArchive, second.string());
-  struct Case {
-    std::string command_line;
-    fs::path opened;
-  };
-  const Case cases[] = {
-      {first.string(), second},               // unquoted: not seen
-      {"\"" + first.string() + "\"", first},  // quoted: opened, and kept for the next run
-      {"", first},
-  };
-  for (const Case& c : cases) {
-    ProgramRun run(home, c.command_line);
-    run.window.Load();
-    EXPECT_EQ(run.program.prefs.LastArchive, c.opened.string()) << c.command_line;
-    run.window.Unload();
-    EXPECT_EQ(SavedSettings().LastArchive, c.opened.string()) << c.command_line;
-  }
-}
-
 TEST_F(StartUpTest, SettlesTheCheckIntervalAndAMissingJoystickAndWritesThemBack) {
   struct Case {
     std::int32_t tenths;
@@ -164,44 +134,6 @@ TEST_F(StartUpTest, SettlesTheCheckIntervalAndAMissingJoystickAndWritesThemBack)
   }
 }
 
-TEST_F(StartUpTest, AVanishedCatalogueIsToldAndTheFirstRunDialogLoadsAnother) {
-  WriteSettings({});
-  fs::path made;
-  {
-    ProgramRun run(home);
-    ChooseNew(run.ui, archive);
-    run.window.Load();
-    made = run.program.prefs.LastArchive;
-    run.window.Unload();
-  }
-  Preferences p;
-  p.LastArchive = (dir / "gone" / "old.vdc").string();
-  WriteSettings(p);
-  ProgramRun run(home);
-  run.ui.Answer(msg::kOk, "doesn't exist any more: " + p.LastArchive);
-  run.ui.OnForm("Dialog_NewArc", [](Form& f) { f.Find<Button>("Pul_Load")->Click(); })
-      .OpenFile(made.string());
-  run.window.Load();
-  EXPECT_EQ(run.program.prefs.LastArchive, made.string());
-  EXPECT_EQ(run.program.catalogue.header.SecondaryDir, archive.string());
-  run.window.Unload();
-}
-
-TEST_F(StartUpTest, WithoutAnEditorFolderTheWindowStaysUpWithNoCatalogue) {
-  Preferences p;
-  p.EditorFolder = (dir / "nowhere").string();
-  WriteSettings(p);
-  ProgramRun run(home);
-  // The user says there is no editor on this machine.
-  run.ui.OnForm("Dialog_TrovaTrle", [](Form& f) { f.Find<Button>("Pul_Cancel")->Click(); })
-      .Answer(msg::kNo, "web sites")
-      .AllowAnyMessage();
-  run.window.Load();
-  EXPECT_TRUE(run.window.IsLoaded());
-  EXPECT_TRUE(run.program.catalogue.levels.empty());
-  run.window.Unload();
-}
-
 TEST(ParseCommandLine, TellsCataloguesFromSetupFoldersAndIgnoresUnquotedWords) {
   testing::ArchiveFixture f;
   struct Case {
@@ -211,40 +143,16 @@ TEST(ParseCommandLine, TellsCataloguesFromSetupFoldersAndIgnoresUnquotedWords) {
   };
   const Case cases[] = {
       {R"("/home/u/my levels.vdc")", "/home/u/my levels.vdc", ""},
-      {R"(/home/u/plain.vdc)", "", ""},
       {R"(  "/a/ONE.VDC" "/b/two.vdc"  )", "/b/two.vdc", ""},
       {R"("/media/cd/trle_setup")", "", "/media/cd/trle_setup"},
       {R"("/media/cd/TRLE_SETUP/" "/x/a.vdc")", "/x/a.vdc", "/media/cd/TRLE_SETUP/"},
       {R"("/media/cd/trle_setup_old")", "", ""},
-      {R"("/a/notes.txt")", "", ""},
-      {R"("/a/open.vdc)", "", ""},                      // no closing quote
       {R"("/a/x.vdc" "" "/b/y.vdc")", "/a/x.vdc", ""},  // an empty token ends the walk
   };
   for (const Case& c : cases) {
     CommandLineArgs args = ParseCommandLine(f.program, c.line);
     EXPECT_EQ(args.catalogue, c.catalogue) << c.line;
     EXPECT_EQ(args.editor_setup, c.setup) << c.line;
-  }
-}
-
-TEST(ProgramHomeTest, OptionThenEnvironmentThenXdgThenHome) {
-  struct Case {
-    const char* option;
-    const char* vardolin_home;
-    const char* xdg;
-    const char* expected;
-  };
-  const Case cases[] = {
-      {"/opt/a", "/env/b", "/xdg", "/opt/a"},
-      {"", "/env/b", "/xdg", "/env/b"},
-      {"", "", "/xdg", "/xdg/vardolin"},
-      {"", nullptr, nullptr, "/users/lara/.local/share/vardolin"},
-  };
-  ScopedEnv home("HOME", "/users/lara");
-  for (const Case& c : cases) {
-    ScopedEnv v("VARDOLIN_HOME", c.vardolin_home);
-    ScopedEnv x("XDG_DATA_HOME", c.xdg);
-    EXPECT_EQ(ResolveHome(c.option), fs::path(c.expected)) << c.option;
   }
 }
 

@@ -2,8 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include "temp_dir.h"
-
 namespace vardolin {
 namespace {
 
@@ -42,41 +40,10 @@ TEST(WineRegistryTest, FindsValuesWithoutRegardToCase) {
       {"Software\\Vardolin", "Multi", std::string("a\0b\0", 4)},
       {"Software\\Vardolin", "Blob", std::nullopt},
       {"Software\\Vardolin", "Broken", std::nullopt},
-      {"Software\\Vardolin", "", std::nullopt},
       {"Software\\Missing", "", std::nullopt},
-      {"Software", "Count", std::nullopt},
   };
   for (const auto& [key, name, data] : cases)
     EXPECT_EQ(FindWineRegistryValue(kSystemReg, key, name), data) << key << " / " << name;
-}
-
-TEST(WineRegistryTest, VisitsValuesInFileOrder) {
-  std::vector<std::string> names;
-  ParseWineRegistry(kSystemReg, [&](const RegistryValue& v) {
-    names.push_back(v.name);
-    return names.size() < 4;
-  });
-  EXPECT_EQ(names, (std::vector<std::string>{"", "Path", "Count", "Quote \"q\""}));
-}
-
-TEST(WineRegistryTest, ReadsThePrefixFilesByRoot) {
-  testing::TempDir prefix;
-  prefix.Write("system.reg", kSystemReg);
-  prefix.Write("user.reg", "[Software\\\\Wine\\\\Direct3D] 1\n\"renderer\"=\"gl\"\n");
-  const std::tuple<const char*, const char*, const char*> cases[] = {
-      {"SOFTWARE\\Microsoft\\Windows\\CurrentVersion\\App Paths\\winroomedit.exe", "Path",
-       "C:\\Program Files\\TRLE"},
-      {"HKEY_LOCAL_MACHINE\\Software\\Vardolin", "Count", "42"},
-      {"HKLM\\Software\\Vardolin", "Count", "42"},
-      {"HKEY_CURRENT_USER\\Software\\Wine\\Direct3D", "renderer", "gl"},
-      {"HKCU\\Software\\Vardolin", "Count", ""},
-      {"HKEY_CLASSES_ROOT\\.trl", "", "Vardolin.Catalogue"},
-      {"HKEY_LOCAL_MACHINEX\\Software\\Vardolin", "Count", ""},
-  };
-  for (const auto& [key, name, data] : cases)
-    EXPECT_EQ(ReadWineRegistry(prefix.path(), key, name), data) << key;
-  EXPECT_EQ(ReadWineRegistry(prefix / "none", "Software\\Vardolin", "Count"), "");
-  EXPECT_EQ(ReadWineRegistry("", "Software\\Vardolin", "Count"), "");
 }
 
 }  // namespace

@@ -33,6 +33,9 @@ using testing::PlayFixture;
 using testing::ReadFile;
 using testing::WriteArchive;
 
+// The form of the game's music tracks, which a level brings as they are.
+constexpr const char* kGameMusic = "-r 44100 -c 2 -e ms-adpcm";
+
 struct AddFixture : PlayFixture {
   AddFixture() : PlayFixture({"Base", "Old level"}) {
     program.prefs.LastArchive = (archive / "levels.vdc").string();
@@ -54,6 +57,7 @@ struct AddFixture : PlayFixture {
 TEST(AddLevel, APackageAsAuthorsMakeItIsStoredPackedAndPlays) {
   AddFixture f;
   f.program.catalogue.header.CompressFiles = true;
+  testing::AudioFixture made;
   const double total_before = f.program.catalogue.header.TotalFilesSize;
   const fs::path bmp = f.dir / "load.bmp";
   testing::WritePicture(bmp, 64, 48);
@@ -63,7 +67,7 @@ TEST(AddLevel, APackageAsAuthorsMakeItIsStoredPackedAndPlays) {
                      {"Coastal Ruins/data/coastal.tr4", level},
                      {"Coastal Ruins\\script.dat", "script"},
                      {"Coastal Ruins/english.dat", "strings"},
-                     {"Coastal Ruins/audio/105.wav", testing::LevelBytes(3, 5000)},
+                     {"Coastal Ruins/audio/105.wav", ReadFile(made.Tone("105.wav", kGameMusic))},
                      {"Coastal Ruins/pix/load.bmp", ReadFile(bmp)},
                      {"Coastal Ruins/Readme.txt", "how to get through"},
                      {"Coastal Ruins/savegame.0", "the author's save"}});

@@ -108,17 +108,6 @@ TEST_F(ActivationTest, LevelsComeAndGoAndTheEditorFolderComesBackWhole) {
   EXPECT_EQ(Snapshot(editor), base);
 }
 
-TEST_F(ActivationTest, TheActiveLevelAgainMovesNothing) {
-  ASSERT_TRUE(SetLevelInTrle(program, 1));
-  const std::string marker = Marker();
-  const auto shown = ui.ModelessShown().size();
-  WriteBytes(editor / "savegame.1", "played");
-  ASSERT_TRUE(SetLevelInTrle(program, 1));
-  EXPECT_EQ(Marker(), marker);
-  EXPECT_EQ(ui.ModelessShown().size(), shown);
-  EXPECT_EQ(ReadFile(editor / "savegame.1"), "played");
-}
-
 TEST_F(ActivationTest, WithoutAFullBackupTheLevelsAudioStays) {
   program.prefs.FullBackupDone = false;
   fs::remove_all(backup / "audio");  // a partial backup keeps none of the editor's sounds
@@ -149,14 +138,6 @@ TEST_F(ActivationTest, BrokenMarkersAreToldAndLeaveTheBaseLevel) {
     EXPECT_FALSE(fs::exists(ActiveLevelFilePath(program)));
     EXPECT_EQ(Snapshot(editor), base);
   }
-}
-
-TEST_F(ActivationTest, AMarkerNamingAVanishedFolderIsToldAndTheNewLevelLaidOver) {
-  WriteMarker("Level code:0003#\r\nLevel files:\\readme.txt#");
-  ui.Answer(msg::kOk, "no longer exists");
-  ASSERT_TRUE(SetLevelInTrle(program, 1));
-  EXPECT_EQ(GetActiveLevelCode(program), 1);
-  EXPECT_EQ(ReadFile(editor / "readme.txt"), testing::EditorFileContent("readme.txt"));
 }
 
 TEST_F(ActivationTest, HostileMarkerNamesNeverReachOutOfTheEditorFolder) {
@@ -190,9 +171,10 @@ TEST_F(ActivationTest, AnIncompleteLevelAsksAndTheRepairIsNotOffered) {
 }
 
 TEST_F(ActivationTest, SavegamesBeyondTheGamesSlotsArePruned) {
-  const std::vector<std::pair<std::string, bool>> cases = {
-      {"savegame.0", true},    {"savegame.14", true}, {"savegame.15", false},
-      {"savegame.abc", false}, {"savegame.", false},  {"savegame.-1", false}};
+  const std::vector<std::pair<std::string, bool>> cases = {{"savegame.14", true},
+                                                           {"savegame.15", false},
+                                                           {"savegame.abc", false},
+                                                           {"savegame.-1", false}};
   for (const auto& [name, stays] : cases) WriteBytes(editor / name, "x");
   PruneSavegames(program);
   for (const auto& [name, stays] : cases) EXPECT_EQ(fs::exists(editor / name), stays) << name;
@@ -248,13 +230,6 @@ TEST_F(ActivationTest, APackedLevelIsExpandedOnTheWayAndItsStoreStaysPacked) {
   ASSERT_TRUE(ResetToBaseLevel(program));
   EXPECT_EQ(Snapshot(editor), base);
   EXPECT_EQ(Snapshot(Files(1)), store);
-}
-
-TEST(ActivationTargets, ByExtension) {
-  const std::vector<std::pair<std::string, std::string>> cases = {
-      {"x.tr4", "\\data\\"},  {"X.TR4", "\\data\\"}, {"y.pak", "\\data\\"}, {"z.wav", "\\audio\\"},
-      {"z.WAV", "\\audio\\"}, {"script.dat", "\\"},  {"noext", "\\"},       {"a.tr4.txt", "\\"}};
-  for (const auto& [name, target] : cases) EXPECT_EQ(LevelFileTarget(name), target) << name;
 }
 
 }  // namespace

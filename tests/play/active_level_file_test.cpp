@@ -38,39 +38,14 @@ TEST(ActiveLevelFile, FieldsReadBack) {
       {full, "Level code:", "0007"},
       {full, "LEVEL CODE:", "0007"},  // keys ignore case
       {full, "Level files:", "\\a.txt|\\data\\b.tr4"},
-      {full, "Replaced files:", ""},
       {FormatActiveLevelHead(Texts(), 7, "Name"), "Level files:", ""},  // head only: a crash
-      {"", "Level code:", ""},
       {"Level code:  42  ", "Level code:", "42"},  // no closing '#': up to the end
-      {"Level code:1#", "", ""},
       // A '#' in a name cuts the name, and nothing else: the code stands before it.
       {FormatActiveLevelHead(Texts(), 3, "A#B"), "Level name:", "A"},
       {FormatActiveLevelHead(Texts(), 3, "A#B"), "Level code:", "0003"},
   };
   for (const Case& c : cases)
     EXPECT_EQ(ReadMarkerField(c.marker, c.key), c.value) << c.marker << " / " << c.key;
-}
-
-TEST(ActiveLevelFile, CodesParse) {
-  const std::vector<std::pair<std::string, std::optional<std::int32_t>>> cases = {
-      {"0012", 12},
-      {"0", 0},
-      {"", std::nullopt},
-      {"12a", std::nullopt},
-      {"abc", std::nullopt},
-      {"99999999999", std::nullopt},
-      {"-1", -1}};
-  for (const auto& [text, code] : cases) EXPECT_EQ(ParseMarkerCode(text), code) << text;
-}
-
-TEST(ActiveLevelFile, ListsSplit) {
-  const std::vector<std::pair<std::string, std::vector<std::string>>> cases = {
-      {"", {}},
-      {"\\a", {"\\a"}},
-      {"\\a|\\data\\b.tr4", {"\\a", "\\data\\b.tr4"}},
-      {"|| \\a ||", {"\\a"}},
-  };
-  for (const auto& [text, list] : cases) EXPECT_EQ(SplitMarkerList(text), list) << text;
 }
 
 }  // namespace

@@ -19,23 +19,6 @@ namespace fs = std::filesystem;
 using testing::ReadFile;
 using testing::WriteBytes;
 
-TEST(GameWatcher, TheLastPairStartsAtAnEvenIndexAndNeverBelowZero) {
-  const std::pair<int, int> cases[] = {{0, 0}, {1, 0}, {2, 0}, {3, 2}, {4, 2}, {5, 4}, {-3, 0}};
-  for (const auto& [count, index] : cases) EXPECT_EQ(LastPairIndex(count), index) << count;
-}
-
-TEST(GameLaunch, TheSettingsSilenceTheToneAndNothingElse) {
-  const std::pair<std::int32_t, bool> cases[] = {{0, true}, {1, false}, {2, true}, {3, false}};
-  for (const auto& [flags, sounds] : cases) {
-    SCOPED_TRACE(flags);
-    testing::TestProgram t;
-    t.program.prefs.Flags = flags;
-    Beep(t.program, 200, 150);
-    EXPECT_EQ(t.platform.calls,
-              sounds ? std::vector<std::string>{"beep 200"} : std::vector<std::string>{});
-  }
-}
-
 TEST(GameLaunch, MediaHelpersComeFromTheProgramFolderOnlyWhereTheLevelHasNone) {
   struct Case {
     std::string name;
@@ -47,10 +30,6 @@ TEST(GameLaunch, MediaHelpersComeFromTheProgramFolderOnlyWhereTheLevelHasNone) {
       {"common level", {"a.tr4"}, false, {}},
       {"media level", {"INTRO.MCF"}, true, {"Tomb_Logger.exe", "EnumVideoMode.exe", "TOMBKEY.VXD"}},
       {"own logger", {"x.mcf", "tomb_logger.exe"}, true, {"EnumVideoMode.exe", "TOMBKEY.VXD"}},
-      {"helper in the store",
-       {"x.mcf", "store/TOMBKEY.VXD"},
-       true,
-       {"Tomb_Logger.exe", "EnumVideoMode.exe"}},
       {"helpers not needed", {"x.mcf", "media_no_helpers.txt"}, true, {}},
   };
   for (const Case& c : cases) {

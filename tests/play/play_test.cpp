@@ -101,14 +101,13 @@ TEST(Play, AChosenLevelIsPlayedWatchedToItsEndAndReplacedByTheNext) {
 TEST(Play, FailedLaunchesAreToldAndLeaveNoGameWatched) {
   struct Case {
     std::string name;
-    std::string choose;  // empty: no selection
+    std::string choose;
     std::vector<std::pair<int, std::string>> answers;
     std::int32_t active_after;
     bool media;
     std::string gone = {};  // removed from the archive before the level is chosen
   };
   const std::vector<Case> cases = {
-      {"no selection", "", {{msg::kOk, "Choose a level in the list first"}}, 0, false},
       {"game won't start", "Beta", {{msg::kOk, "The game couldn't be started"}}, 1, false},
       {"media player missing", "Delta", {{msg::kOk, "play_the_game.exe is missing"}}, 3, true},
       {"files folder missing",
@@ -136,10 +135,7 @@ TEST(Play, FailedLaunchesAreToldAndLeaveNoGameWatched) {
                       fs::perm_options::remove);
     if (!c.gone.empty()) fs::remove_all(f.archive / c.gone);
     for (const auto& [answer, text] : c.answers) f.ui.Answer(answer, text);
-    if (c.choose.empty())
-      f.main->Combo_Livelli.Clear();
-    else
-      f.Choose(c.choose);
+    f.Choose(c.choose);
     f.main->Pul_Play.Click();
     EXPECT_FALSE(f.program.GameRunning);
     EXPECT_EQ(f.program.MediaPlay, c.media);

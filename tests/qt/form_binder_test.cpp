@@ -113,16 +113,5 @@ TEST_F(BinderTest, PicturesKeepTheirShapeWhateverTheWindowsSize) {
   }
 }
 
-TEST(VirtualKeys, QtKeysBecomeTheProgramsCodes) {
-  struct Case {
-    int qt_key, vk;
-  } cases[] = {{Qt::Key_F, 'F'},     {Qt::Key_7, '7'},     {Qt::Key_F9, 0x78},  {Qt::Key_F12, 0x7B},
-               {Qt::Key_Escape, 27}, {Qt::Key_Return, 13}, {Qt::Key_Enter, 13}, {Qt::Key_Down, 40},
-               {Qt::Key_Print, 44},  {Qt::Key_Eacute, 0}};
-  for (const Case& c : cases) EXPECT_EQ(qt::VirtualKeyOf(c.qt_key), c.vk) << c.qt_key;
-  EXPECT_EQ(qt::ShiftBitsOf(Qt::ControlModifier | Qt::ShiftModifier), 3);
-  EXPECT_EQ(qt::ShiftBitsOf(Qt::AltModifier), 4);
-}
-
 }  // namespace
 }  // namespace vardolin

@@ -51,8 +51,6 @@ TEST_F(QtUiTest, AskUserShowsTheProgramsMessageBoxWithTheIconOfItsStyle) {
   } cases[] = {
       {msg::kError, "Pul_Button1", msg::kOk, 1, QStyle::SP_MessageBoxCritical},
       {msg::kYesNoCancel, "Pul_Button3", msg::kCancel, 3, QStyle::SP_MessageBoxQuestion},
-      {msg::kYesNo, "Pul_Button2", msg::kNo, 2, QStyle::SP_MessageBoxQuestion},
-      {msg::kOkCancel, "Pul_Button1", msg::kOk, 2, QStyle::SP_MessageBoxQuestion},
       {msg::kYesNo | msg::kWarning, "Pul_Button1", msg::kYes, 2, QStyle::SP_MessageBoxWarning},
       {msg::kInformation, "Pul_Button1", msg::kOk, 1, QStyle::SP_MessageBoxInformation},
       {msg::kOkOnly, "Pul_Button1", msg::kOk, 1, kNone}};
@@ -77,27 +75,6 @@ TEST_F(QtUiTest, AskUserShowsTheProgramsMessageBoxWithTheIconOfItsStyle) {
     }
     EXPECT_EQ(shown, expected) << c.style;
   }
-}
-
-TEST_F(QtUiTest, AskInputAndAskFolderUseTheirForms) {
-  testing::Soon([] {
-    QWidget* box = OpenWindow("Dialog_InputBox");
-    ASSERT_NE(box, nullptr);
-    auto* line = box->findChild<QLineEdit*>("Text_Input");
-    line->setText("Tomb");
-    emit line->textEdited("Tomb");
-    Press("Dialog_InputBox", "Pul_Ok");
-  });
-  EXPECT_EQ(p.ui.AskInput("Name?", "", "x"), "Tomb");
-
-  testing::Soon([] { Press("Dialog_InputBox", "Pul_Cancel"); });
-  EXPECT_EQ(p.ui.AskInput("Name?", "", "x"), "");
-
-  testing::TempDir start;
-  testing::Soon([] { Press("Dialog_GetDir", "OKButton"); });
-  EXPECT_EQ(p.ui.AskFolder(start.path().string(), "Where?"), fs::canonical(start.path()).string());
-  testing::Soon([] { Press("Dialog_GetDir", "CancelButton"); });
-  EXPECT_EQ(p.ui.AskFolder(start.path().string(), "Where?"), "");
 }
 
 TEST_F(QtUiTest, ModelessFormsStayUpUntilTheyUnload) {
@@ -176,19 +153,6 @@ TEST(WindowGeometry, TheWindowComesBackWhereItWasLeft) {
       EXPECT_EQ(window.geometry(), c.place) << c.what;
     }
   }
-}
-
-TEST(FileFilters, BecomeQtFiltersThatIgnoreCase) {
-  struct Case {
-    const char* in;
-    const char* out;
-  } cases[] = {
-      {"Zip files|*.zip", "Zip files (*.zip *.ZIP)"},
-      {"Levels|*.tr4;*.pak|All files|*.*", "Levels (*.tr4 *.TR4 *.pak *.PAK);;All files (*)"},
-      {"Pictures (*.jpg)|*.JPG", "Pictures (*.jpg) (*.JPG *.jpg)"},
-      {"", ""},
-  };
-  for (const Case& c : cases) EXPECT_EQ(qt::ConvertFileFilter(c.in).toStdString(), c.out) << c.in;
 }
 
 }  // namespace

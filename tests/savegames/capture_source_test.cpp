@@ -16,18 +16,6 @@ using testing::Plain;
 
 constexpr int kGamePid = 5150;
 
-TEST(PrintScreenKey, APressCountsOnceHoweverLongItIsHeld) {
-  testing::RecordingPlatform platform;
-  PrintScreenKey key;
-  const bool held[] = {false, true, true, true, false, true, false, false, true};
-  const bool fires[] = {false, true, false, false, false, true, false, false, true};
-  for (std::size_t tick = 0; tick < std::size(held); ++tick) {
-    platform.keys_down[vk::kSnapshot] = held[tick];
-    platform.keys_down[vk::kF1 + 8] = true;  // other keys don't count
-    EXPECT_EQ(key.Pressed(platform), fires[tick]) << "tick " << tick;
-  }
-}
-
 struct SourceTest : ::testing::Test, testing::CaptureFixture {
   const Bitmap screen = Plain(80, 60, 10, 10, 220);
   const Bitmap game_window = Plain(64, 48, 220, 20, 20);

@@ -46,7 +46,6 @@ TEST_F(PromptTest, AnswersAndWhatTheyLeave) {
       {"Cancel", {}, false, false, ClipboardShot::NotSaved, true},
       {"auto-save ticked, then Cancel", {}, true, false, ClipboardShot::NotSaved, false},
       {"the close box", {}, false, true, ClipboardShot::NotSaved, true},
-      {"the save box cancelled, then Cancel", {""}, false, false, ClipboardShot::NotSaved, true},
       {"saved under a name", {"mine.jpg"}, false, false, ClipboardShot::Stored, true},
       {"the save box cancelled, then a name",
        {"", "mine.jpg"},

@@ -47,9 +47,6 @@ struct SavegamePanelFixture : BrowserFixture {
   void WriteNote(const std::filesystem::path& savegame, const std::string& text) {
     WriteBytes(SavegameNoteFile(program, savegame), text);
   }
-  std::string Note(const std::filesystem::path& savegame) {
-    return ReadWholeFile(SavegameNoteFile(program, savegame));
-  }
   // Chooses the level in Combo_Livelli, which loads the panel.
   void ChooseLevel(std::int32_t code) {
     if (main->Combo_Livelli.ListCount() == 0) RefreshLevelList(*main);

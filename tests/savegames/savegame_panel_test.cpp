@@ -83,61 +83,6 @@ TEST(SavegamePanel, SelectionComesFromOneListAndShowsItsNote) {
   EXPECT_EQ(f.main->Text_NoteSaveGame.Text(), "") << "another level clears the panel";
 }
 
-TEST(SavegamePanel, RightPressesOpenTheMenuThatFits) {
-  struct Case {
-    const char* control;
-    int tomb_row, archive_row, button;
-    const char* popped;
-  };
-  const Case cases[] = {
-      {"List_SaveGameTomb", 0, -1, 2, "mnu_SaveGameHid2"},
-      {"List_SaveGameArchiviati", -1, 0, 2, "mnu_SaveGameHid2"},
-      {"List_SaveGameTomb", -1, -1, 2, ""},
-      {"List_SaveGameTomb", 0, -1, 4, ""},
-      {"Image_SaveGame", -1, 0, 2, "mnu_SaveGameHid"},
-      {"Image_SaveGame", 0, -1, 2, "mnu_Edit"},
-      {"Image_SaveGame", -1, -1, 2, "mnu_Edit"},
-  };
-  for (const Case& c : cases) {
-    SCOPED_TRACE(c.control);
-    SavegamePanelFixture f;
-    f.FillSlots(1, {5});
-    f.FillSet(1, 1, {1});
-    f.ChooseLevel(1);
-    std::string popped;
-    for (Menu* menu : {&f.main->mnu_SaveGameHid, &f.main->mnu_SaveGameHid2, &f.main->mnu_Edit})
-      menu->Subscribe([&popped](Control& m, Change change) {
-        if (change == Change::Popup) popped = m.Name();
-      });
-    f.main->List_SaveGameTomb.SetListIndex(c.tomb_row);
-    f.main->List_SaveGameArchiviati.SetListIndex(c.archive_row);
-    if (auto* list = f.main->Find<ListBox>(c.control))
-      list->MouseDown(c.button);
-    else
-      f.main->Image_SaveGame.MouseDown(c.button);
-    EXPECT_EQ(popped, c.popped);
-  }
-}
-
-TEST(SavegamePanel, ArchivingAndRestoringRefreshTheLists) {
-  SavegamePanelFixture f;
-  f.FillSlots(1, {4, 5, 6});
-  f.ChooseLevel(1);
-  f.main->Pul_ArchiviaSavegames.Click();
-  EXPECT_EQ(f.Numbers(f.main->List_SaveGameTomb), (std::vector<int>{6}));
-  EXPECT_EQ(f.Numbers(f.main->List_SaveGameArchiviati), (std::vector<int>{4, 5, 6}));
-
-  f.ui.Answer(msg::kOk, f.program.GetText(text::RestoreSavegamesDone));
-  f.main->mnu_RestoreSavegames.Click();
-  EXPECT_EQ(f.Numbers(f.main->List_SaveGameTomb).size(), 3u);
-  EXPECT_EQ(f.Numbers(f.main->List_SaveGameArchiviati), (std::vector<int>{}));
-
-  f.ui.Answer(msg::kOk, f.program.GetText(text::ArchiveSavegamesDone));
-  f.main->mnu_BackupSavegame.Click();
-  EXPECT_EQ(f.Numbers(f.main->List_SaveGameTomb), (std::vector<int>{6}));
-  EXPECT_EQ(f.SlotNumbers(SlotFolder(f.program, 1)), (std::vector<int>{6}));
-}
-
 TEST(SavegamePanel, RestoringOneSavegameWantsAnArchivedOne) {
   struct Case {
     int tomb_row, archive_row;

@@ -37,7 +37,6 @@ TEST_F(SavegameSets, Archive) {
       {"two with 15: both archived, the newer stays", {7, 3}, 15, true, {3, 7}, {7}, 2},
       {"3 of 15: oldest go, rest renumbered", Range(15, 1), 3, true, {1, 2, 3}, Range(4, 15), 3},
       {"count equal to the number found", {9, 4, 6}, 3, true, {4, 6, 9}, {9}, 3},
-      {"count one below", {9, 4, 6}, 2, true, {4, 6}, {9}, 2},
       {"nothing in the slots", {}, 15, false, {}, {}, 15},
   };
   for (std::int32_t code : {1, 0}) {  // a level in its play folder, the active one in the editor
@@ -115,29 +114,6 @@ TEST_F(SavegameSets, Restore) {
   // The emptied set is removed by the next restore, which then finds nothing.
   EXPECT_FALSE(RestoreArchivedSavegames(program, 2));
   EXPECT_FALSE(FolderExists(Set(2, 1)));
-}
-
-TEST_F(SavegameSets, RestoreTakesTheNewestNonEmptySet) {
-  Fill(SlotsOf(1), {50});
-  fs::create_directories(Set(1, 1));
-  fs::create_directories(Set(1, 2));
-  fs::create_directories(Set(1, 3));
-  Fill(Set(1, 1), {1, 2});
-  Fill(Set(1, 2), {10});
-  ASSERT_TRUE(RestoreArchivedSavegames(program, 1));
-  EXPECT_FALSE(FolderExists(Set(1, 3)));
-  EXPECT_EQ(Numbers(SlotsOf(1)), (std::vector<int>{10, 50}));
-  EXPECT_EQ(Numbers(Set(1, 1)), (std::vector<int>{1, 2}));
-}
-
-TEST_F(SavegameSets, UnreadableSavegamesCountAsOne) {
-  testing::WriteBytes(SlotsOf(1) / "savegame.0", "");
-  fs::create_directories(Set(1, 1));
-  testing::WriteBytes(Set(1, 1) / "savegame.0", "x");
-  testing::WriteBytes(Set(1, 1) / "savegame.1", "yy");
-  ASSERT_TRUE(RestoreArchivedSavegames(program, 1));
-  EXPECT_EQ(Slots(SlotsOf(1)).size(), 1u);
-  EXPECT_TRUE(Slots(Set(1, 1)).empty());
 }
 
 TEST_F(SavegameSets, RestoreOne) {

@@ -46,20 +46,5 @@ TEST_F(SavegameStore, CopyAndMoveTakeTheNoteAlong) {
   }
 }
 
-TEST_F(SavegameStore, CopyKeepsTheDateAndFailsWithoutLosingTheSource) {
-  const auto source = Put(Path("a"), 1, 10, "note");
-  const auto when = std::chrono::system_clock::now() - std::chrono::hours(500);
-  ASSERT_TRUE(SetFileDateTime(source, when));
-  fs::create_directories(Path("b"));
-  ASSERT_TRUE(CopySavegame(program, source, Path("b/savegame.2"), true));
-  EXPECT_LT(std::chrono::file_clock::to_sys(fs::last_write_time(Path("b/savegame.2"))),
-            std::chrono::system_clock::now() - std::chrono::hours(400));
-  // A destination folder that doesn't exist: nothing moves.
-  EXPECT_FALSE(CopySavegame(program, Path("b/savegame.2"), Path("missing/savegame.3"), true));
-  EXPECT_EQ(ReadFile(Path("b/savegame.2")).size(), 200u);
-  EXPECT_EQ(ReadFile(SavegameNoteFile(program, Path("b/savegame.2"))), "note");
-  EXPECT_FALSE(CopySavegame(program, Path("b/savegame.9"), Path("b/savegame.3"), false));
-}
-
 }  // namespace
 }  // namespace vardolin

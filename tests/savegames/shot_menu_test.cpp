@@ -36,27 +36,6 @@ TEST(ShotStore, NextShotFileNameCountsPastTakenNames) {
   }
 }
 
-TEST(ShotStore, ConvertToJpegAnswersByTheDestination) {
-  ShotFixture f;
-  const auto bmp = f.dir / "in.bmp";
-  WritePicture(bmp, 20, 10);
-  const auto text = f.dir.Write("not_a_picture.bmp", "hello");
-  struct Case {
-    std::filesystem::path source;
-    bool stands_before, expected;
-  } cases[] = {{bmp, true, true}, {text, true, false}, {f.dir / "missing.bmp", true, false}};
-  for (const Case& c : cases) {
-    const auto out = f.dir / "out.bmp";  // the name's extension doesn't choose the kind
-    std::filesystem::remove(out);
-    if (c.stands_before) f.dir.Write("out.bmp", "old");
-    EXPECT_EQ(ConvertToJpeg(c.source, out, 60), c.expected) << c.source;
-    EXPECT_EQ(std::filesystem::exists(out), c.expected) << c.source;
-    if (c.expected) {
-      EXPECT_NE(ReadFile(out), "old");
-    }
-  }
-}
-
 TEST(ShotStore, APictureGoesToTheActiveLevelWithItsSizeAndDate) {
   ShotFixture f;
   f.MarkActive(1);
@@ -111,9 +90,7 @@ TEST(ShotMenu, DeletingAShot) {
     int count_after, current_after;
   } cases[] = {
       {"the last of five goes back a pair", 1, 5, {ShotPage::Last}, 0, msg::kYes, 4, 2},
-      {"the first of six keeps the pair", 1, 6, {}, 0, msg::kYes, 5, 0},
       {"the second of the last pair of six keeps it", 1, 6, {ShotPage::Last}, 1, msg::kYes, 5, 4},
-      {"No keeps the file", 1, 2, {}, 1, msg::kNo, 2, 0},
       {"no shot beside the last of five", 1, 5, {ShotPage::Last}, 1, 0, 5, 4},
       {"the base level's no-image picture", 0, 0, {}, 0, 0, 0, -2},
   };
@@ -142,25 +119,6 @@ TEST(ShotMenu, DeletingAShot) {
       EXPECT_EQ(f.program.catalogue.levels[1].UserSize, 100000 - static_cast<int>(length));
     }
   }
-}
-
-TEST(ShotMenu, TheGraphicsProgramIsAskedOnceThenOpensTheShot) {
-  ShotFixture f;
-  f.Shots(1);
-  f.ChooseMyLevel();
-  f.ui.Answer(msg::kOk, "graphical program").OpenFile("/usr/bin/gimp");
-  OpenShotInGraphicsProgram(*f.main);
-  f.ui.Answer(msg::kOk, "graphical program").OpenFile("");  // cancelled: nothing opens
-  f.program.prefs.GraphicsProgram = " ";
-  OpenShotInGraphicsProgram(*f.main);
-  f.program.prefs.GraphicsProgram = "/usr/bin/gimp";
-  SelectShotImage(*f.main, 1);
-  OpenShotInGraphicsProgram(*f.main);
-  ASSERT_EQ(f.platform.calls.size(), 2u);
-  EXPECT_EQ(f.platform.calls[0], "open /usr/bin/gimp");
-  EXPECT_EQ(f.platform.shell_parameters[0], "\"" + (f.ShotDir() / "s0.jpg").string() + "\"");
-  EXPECT_EQ(f.platform.shell_parameters[1],
-            "\"" + (f.Folder(0) / "screenshots" / "no_image.jpg").string() + "\"");
 }
 
 TEST(ShotMenu, ChoosingAnImageGivesItTheSavegamesDateAlone) {

