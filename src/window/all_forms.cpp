@@ -2,6 +2,8 @@
 
 #include "archive/dialog_new_arc.h"
 #include "archive/dialog_pref_arc.h"
+#include "editor/dialog_compare_trle.h"
+#include "editor/dialog_installa_trle.h"
 #include "editor/dialog_tipo_exe.h"
 #include "editor/dialog_trova_trle.h"
 #include "foundation/dialogs/dialog_get_dir.h"
@@ -45,6 +47,8 @@ const std::vector<FormFactory>& AllForms() {
       Entry<Dialog_Cattura>("Dialog_Cattura"),
       Entry<Dialog_TrovaTrle>("Dialog_TrovaTrle"),
       Entry<Dialog_TipoExe>("Dialog_TipoExe"),
+      Entry<Dialog_CompareTrle>("Dialog_CompareTrle"),
+      Entry<Dialog_InstallaTrle>("Dialog_InstallaTrle"),
       Entry<Dialog_Zip>("Dialog_Zip"),
       Entry<Dialog_Resize>("Dialog_Resize"),
       Entry<Dialog_ScreenShot>("Dialog_ScreenShot"),
