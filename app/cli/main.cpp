@@ -17,12 +17,14 @@
 #include "archive/catalogue_file.h"
 #include "catalogue_commands.h"
 #include "demo_home.h"
+#include "equal_commands.h"
 #include "foundation/platform/linux_platform.h"
 #include "foundation/program.h"
 #include "foundation/program_home.h"
 #include "foundation/services/home_lock.h"
 #include "foundation/settings/preferences.h"
 #include "foundation/texts/text_catalogue.h"
+#include "level_commands.h"
 #include "play_commands.h"
 #include "savegame_commands.h"
 #include "shot_commands.h"
@@ -124,6 +126,24 @@ int main(int argc, char** argv) {
           [&](vardolin::Program& p) { return vardolin::CmdShots(p, code, json, out, err); });
   code_option(shots);
   json_flag(shots);
+  json_flag(add("equal", "list the levels that hold a level file of another level (equal levels)",
+                false,
+                [&](vardolin::Program& p) { return vardolin::CmdEqual(p, json, out, err); }));
+
+  std::vector<std::string> sources;
+  std::string level_name, level_note;
+  auto* add_level = add("add", "add a level made of packages and folders; prints its new code", true,
+                        [&](vardolin::Program& p) {
+                          return vardolin::CmdAdd(p, sources, level_name, level_note, out, err);
+                        });
+  add_level->add_option("PACKAGE", sources, "zip or other archive, file or folder; several go "
+                                            "into one level")->required();
+  add_level->add_option("--name", level_name, "the level's name (else the package's name)");
+  add_level->add_option("--note", level_note, "the level's one-line note");
+  auto* files = add("files", "list a level's stored files, their sizes and whether packed", false,
+                    [&](vardolin::Program& p) { return vardolin::CmdFiles(p, code, json, out, err); });
+  code_option(files);
+  json_flag(files);
 
   try {
     app.parse(argc, argv);

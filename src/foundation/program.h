@@ -101,6 +101,13 @@ class Program {
   std::string CommandLine;
   // Start-up runs once per process, even when the main window loads again.
   bool StartedUp = false;
+  // The level being added: the slot just behind the table's last level, which the properties
+  // form fills before the level count rises (so a cancelled level never shows in the list).
+  LevelRecord PendingLevel;
+  // The package the user most recently chose for the level being edited.
+  std::string LastPackagePath;
+  // Set when a level info file was applied to the level being edited.
+  bool InfoFileFlag = false;
 
   // Set by the archive so that writing the settings first saves or gives up a changed
   // catalogue, without the foundation knowing the catalogue.

@@ -131,7 +131,7 @@ std::vector<std::string> ListZipEntries(const fs::path& zipFile, std::int32_t& c
 }
 
 bool ExtractWithTool(Program& program, const fs::path& archive, const fs::path& target,
-                     bool emptyTarget, ProgressBar* progressBar) {
+                     bool emptyTarget, ProgressBar* progressBar, bool honorDirectories) {
   std::error_code ec;
   if (emptyTarget && fs::is_directory(target, ec))
     for (fs::directory_iterator it(target, ec), end; !ec && it != end; it.increment(ec))
@@ -142,6 +142,7 @@ bool ExtractWithTool(Program& program, const fs::path& archive, const fs::path& 
 
   UnpackOptions options;
   options.kinds = ArchiveKinds::Any;
+  options.honor_directories = honorDirectories;
   options.progress = [&](std::int64_t, double fraction) {
     run.ZipDone = static_cast<std::int64_t>(fraction * 1000);
     run.Move();

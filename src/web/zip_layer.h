@@ -40,10 +40,11 @@ std::vector<std::string> ListZipEntries(const std::filesystem::path& zipFile, st
 
 // Unpacks an archive of any kind libarchive reads (7z, rar, tar, tar.gz, cab ...) into
 // `target`, made when missing and emptied first with `emptyTarget`; the bar follows the bytes
-// read. An archive that can't be unpacked is told by name as an error (text 2255) and leaves
-// `target` as it was; false then.
+// read. With `honorDirectories` false every file lands directly in `target`. An archive that
+// can't be unpacked is told by name as an error (text 2255) and leaves `target` as it was; false
+// then.
 bool ExtractWithTool(Program& program, const std::filesystem::path& archive,
                      const std::filesystem::path& target, bool emptyTarget,
-                     ProgressBar* progressBar = nullptr);
+                     ProgressBar* progressBar = nullptr, bool honorDirectories = true);
 
 }  // namespace vardolin

@@ -13,6 +13,7 @@
 #include "foundation/dialogs/dialog_splash.h"
 #include "foundation/dialogs/dialog_wait.h"
 #include "foundation/settings/dialog_settings.h"
+#include "intake/dialog_new_level.h"
 #include "savegames/dialog_cattura.h"
 #include "savegames/dialog_joy_stick.h"
 #include "savegames/dialog_resize.h"
@@ -54,6 +55,7 @@ const std::vector<FormFactory>& AllForms() {
       Entry<Dialog_ScreenShot>("Dialog_ScreenShot"),
       Entry<Dialog_InputTesto>("Dialog_InputTesto"),
       Entry<Dialog_JoyStick>("Dialog_JoyStick"),
+      Entry<Dialog_NewLevel>("Dialog_NewLevel"),
   };
   return forms;
 }

@@ -72,6 +72,7 @@ Principale::Principale(Program& program) : Form(program, "Principale", "Vardolin
   mnu_SaveGameHid2.SetVisible(false);
   Timer_Joystick.SetInterval(kJoystickTickMs);
   WireLevelBrowser();
+  WireAddLevel();
   WirePlay();
   WireEditorSettings();
   WireScreenshotPanel();
@@ -81,6 +82,7 @@ Principale::Principale(Program& program) : Form(program, "Principale", "Vardolin
   WireSavegameMenus();
   WireJoystick();
   WireWatcherSteps();
+  WireEqualLevels();
   DisableMissingWork();
   program.main = {this, &Label_Info, &ProgressBar1, &Timer1};
   program.notify.level_list_changed = [this] { RefreshLevelList(*this); };

@@ -224,6 +224,8 @@ class Principale : public Form {
   void WireLevelBrowser();
   void DisableMissingWork();
 
+  // Adding a level and a level's properties (principale_add_level.cpp).
+  void WireAddLevel();
   // Play and the game watcher (play/principale_play.cpp).
   void WirePlay();
   void Timer1_Timer();
@@ -254,6 +256,9 @@ class Principale : public Form {
 
   // The watcher's savegame and screenshot steps (savegames/watcher_steps.cpp).
   void WireWatcherSteps();
+
+  // The equal-level check and the maintenance of level file lists (principale_equal_levels.cpp).
+  void WireEqualLevels();
 };
 
 }  // namespace vardolin

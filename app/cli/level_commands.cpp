@@ -1,0 +1,76 @@
+#include "level_commands.h"
+
+#include <filesystem>
+#include <ostream>
+
+#include "archive/catalogue_ops.h"
+#include "archive/level_store.h"
+#include "catalogue_commands.h"
+#include "foundation/program.h"
+#include "foundation/services/files.h"
+#include "foundation/services/paths.h"
+#include "foundation/services/strings.h"
+#include "intake/add_level.h"
+#include "intake/dialog_new_level.h"
+#include "json_text.h"
+
+namespace vardolin {
+
+namespace fs = std::filesystem;
+
+int CmdAdd(Program& program, const std::vector<std::string>& sources, const std::string& name,
+           const std::string& note, std::ostream& out, std::ostream& err) {
+  if (!OpenLastCatalogue(program, err)) return 1;
+  for (const std::string& s : sources)
+    if (!FileExists(s) && !FolderExists(s)) {
+      err << "vardolin-cli: there is no file or folder " << s << "\n";
+      return 1;
+    }
+  bool done = false;
+  const auto code = AddLevel(program, {}, [&](Dialog_NewLevel& form) {
+    for (const std::string& s : sources) form.AddSource(s);
+    if (!name.empty()) form.Text_NameLevel.SetText(name);
+    if (!note.empty()) form.Text_Note.SetText(note);
+    form.Pul_Ok.Click();
+    done = form.ExitValue;
+    // A check that failed left the form open for the user to mend the folder: here that gives
+    // the level up, as Cancel would.
+    if (form.IsLoaded()) form.Pul_Cancel.Click();
+  });
+  if (!code || !done) {
+    err << "vardolin-cli: the level was not added from " << (sources.empty() ? "" : sources[0])
+        << " (the messages above say why)\n";
+    return 1;
+  }
+  out << *code << "\n";
+  return 0;
+}
+
+int CmdFiles(Program& program, std::int32_t code, bool json, std::ostream& out, std::ostream& err) {
+  if (!OpenLastCatalogue(program, err) || !LevelKnown(program, code, err)) return 1;
+  const fs::path folder = GetLevelFilesFolder(program, code, true);
+  if (folder.empty()) {
+    err << "vardolin-cli: the files of level " << code << " are on a CD that is not in a drive\n";
+    return 1;
+  }
+  if (json) out << "[";
+  bool first = true;
+  for (const fs::path& f : ListFiles(folder, "*")) {
+    std::error_code ec;
+    const auto size = fs::file_size(f, ec);
+    const bool packed = EndsWithNoCase(f.filename().string(), ".zl");
+    if (json) {
+      out << (first ? "" : ",") << "\n  {\"name\": " << JsonString(f.filename().string())
+          << ", \"size\": " << (ec ? 0 : size) << ", \"packed\": " << (packed ? "true" : "false")
+          << "}";
+    } else {
+      out << f.filename().string() << '\t' << FormatFileSize(static_cast<double>(ec ? 0 : size))
+          << '\t' << (packed ? "packed" : "plain") << '\n';
+    }
+    first = false;
+  }
+  if (json) out << "\n]\n";
+  return 0;
+}
+
+}  // namespace vardolin

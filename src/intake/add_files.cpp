@@ -1,0 +1,203 @@
+#include "intake/add_files.h"
+
+#include <system_error>
+#include <vector>
+
+#include "foundation/dialogs/ask.h"
+#include "foundation/forms/controls.h"
+#include "foundation/ports/ui.h"
+#include "foundation/program.h"
+#include "foundation/services/files.h"
+#include "foundation/services/paths.h"
+#include "foundation/services/strings.h"
+#include "foundation/services/log.h"
+#include "intake/text_ids.h"
+#include "web/zip_layer.h"
+
+namespace vardolin {
+
+namespace fs = std::filesystem;
+
+namespace {
+
+void Show(Program& program, Label* label, const std::string& text) {
+  if (!label) return;
+  label->SetCaption(text);
+  program.ui().DoEvents();
+}
+
+// A text that holds extensions separated by ';'.
+bool ExtensionIn(std::string_view extension, const std::string& list) {
+  if (extension.empty()) return false;
+  std::size_t start = 0;
+  while (start <= list.size()) {
+    std::size_t end = list.find(';', start);
+    if (end == std::string::npos) end = list.size();
+    if (EqualsNoCase(Trim(std::string_view(list).substr(start, end - start)), extension))
+      return true;
+    start = end + 1;
+  }
+  return false;
+}
+
+std::string FileNameOf(const fs::path& file) { return file.filename().string(); }
+
+}  // namespace
+
+bool IsArchiveToUnpack(Program& program, std::string_view file) {
+  const std::string extension = ExtractExtension(file);
+  return ExtensionIn(extension, program.GetText(text::UnpackedExtensions)) ||
+         ExtensionIn(extension, program.GetText(text::OtherArchiveExtensions));
+}
+
+bool IsZipPackage(Program& program, std::string_view file) {
+  return ExtensionIn(ExtractExtension(file), program.GetText(text::ZipExtension));
+}
+
+bool AddFromFile(Program& program, const fs::path& target, ProgressBar* bar, Label* label,
+                 bool oneType, const std::string& extension) {
+  FileRequest request;
+  if (oneType) {
+    request.title = program.GetText(text::OneKindTitle, {extension});
+    request.filter = program.GetText(text::OneKindFilter) + extension + ")|*" + extension;
+  } else {
+    request.title = program.GetText(text::AddFileTitle);
+    request.filter = program.GetText(text::PackageFilter) + program.GetText(text::AllFilesFilter);
+  }
+  request.start_folder = program.prefs.DefaultLoadDir;
+  const std::string chosen = program.ui().AskOpenFile(request);
+  if (chosen.empty()) return false;
+
+  if (program.prefs.DefaultLoadDir == program.GetText(text::LoadDirDefault))
+    program.prefs.DefaultLoadDir = ExtractFolder(chosen);
+  const std::string ext = ExtractExtension(chosen);
+  if (EqualsNoCase(ext, program.GetText(text::ZipExtensionDialog)))
+    Show(program, label, program.GetText(text::UnpackingZipLabel));
+  else if (ExtensionIn(ext, program.GetText(text::OtherArchiveExtensionsDialog)))
+    Show(program, label, program.GetText(text::UnpackingArchiveLabel));
+  else
+    Show(program, label, program.GetText(text::CopyingFileLabel));
+  program.LastPackagePath = chosen;
+  const bool ok = AddFileToFolder(program, chosen, target, false, label, bar);
+  if (!ok)
+    AskUser(program, ExtractFileName(chosen) + program.GetText(text::FileNotAdded), msg::kError);
+  Show(program, label, {});
+  return ok;
+}
+
+bool AddFromFolder(Program& program, const fs::path& target, ProgressBar* bar, Label* label,
+                   bool keep, const std::string& mask, const fs::path& source_given) {
+  fs::path source = source_given;
+  if (source.empty()) {
+    const std::string chosen =
+        program.ui().AskFolder(program.prefs.DefaultLoadDir, program.GetText(text::AddFolderCaption));
+    if (chosen.empty()) return false;
+    source = chosen;
+    if (program.prefs.DefaultLoadDir == program.GetText(text::AddFolderDefault))
+      program.prefs.DefaultLoadDir = chosen;
+  }
+  Show(program, label, program.GetText(text::ReadingFolder));
+
+  std::vector<fs::path> files;
+  bool walk = !ListSubfolders(source).empty();
+  if (walk)
+    walk = AskUser(program,
+                   program.GetText(text::TakeSubfoldersQuestion, {"\"" + source.string() + "\""}),
+                   msg::kYesNo) != msg::kNo;
+  const bool every = mask == ".*" || mask.empty();
+  if (walk) {
+    FolderTreeWalker walker(&program.ui());
+    walker.WalkFolderTree(source);
+    for (const fs::path& f : walker.Files())
+      if (every || EndsWithNoCase(FileNameOf(f), mask)) files.push_back(f);
+  } else {
+    files = ListFiles(source, every ? "*" : "*" + mask);
+  }
+
+  for (std::size_t i = 0; i < files.size(); ++i) {
+    if (!AddFileToFolder(program, files[i], target, false, label, nullptr))
+      AskUser(program, program.GetText(text::FileNotAddedFromFolder, {FileNameOf(files[i])}) + "]",
+              msg::kError);
+    if (bar) {
+      bar->SetMax(static_cast<int>(files.size()));
+      bar->SetValue(static_cast<int>(i + 1));
+    }
+    program.ui().DoEvents();
+  }
+  if (bar) bar->SetValue(0);
+  (void)keep;  // kept for callers that copy a folder as it stands; every file is taken here
+  return true;
+}
+
+bool AddFileToFolder(Program& program, const fs::path& file, const fs::path& target, bool direct,
+                     Label* label, ProgressBar* bar) {
+  const std::string name = FileNameOf(file);
+  if (!IsArchiveToUnpack(program, name)) {
+    Show(program, label, program.GetText(text::CopyingNamedFile, {name}));
+    MakeFolder(target);
+    const fs::path to = target / name;
+    // A file the level holds already is the user's to keep unless they agree.
+    if (FileExists(to) && !EqualsNoCase(fs::absolute(file).string(), fs::absolute(to).string()) &&
+        !AskReplaceFile(program, file, ResolveCase(to)))
+      return true;
+    return CopyFileOver(file, to);
+  }
+  const bool zip = IsZipPackage(program, name);
+  if (direct) {
+    Show(program, label,
+         program.GetText(zip ? text::UnpackingZipDirect : text::UnpackingArchiveDirect));
+    return zip ? ExtractZip(program, file, target, bar, false, false)
+               : ExtractWithTool(program, file, target, false, bar, false);
+  }
+
+  const fs::path unpack = JoinFragment(program.Home(), program.GetText(text::UnpackFolder));
+  std::error_code ec;
+  fs::remove_all(unpack, ec);
+  fs::create_directories(unpack, ec);
+  Show(program, label,
+       program.GetText(zip ? text::UnpackingZipTemp : text::UnpackingArchiveTemp));
+  std::string why;
+  bool ok = zip ? ExtractZip(program, file, unpack, bar, false, false, &why)
+                : ExtractWithTool(program, file, unpack, false, bar, false);
+  if (ok) {
+    Show(program, label, program.GetText(text::CopyingUnpacked));
+    ok = CopyFilesWithProgress(program, unpack, target, bar, false, "*");
+  } else if (!why.empty()) {
+    WriteLog(program, why);
+  }
+  fs::remove_all(unpack, ec);
+  return ok;
+}
+
+bool CopyFilesWithProgress(Program& program, const fs::path& source, const fs::path& target,
+                           ProgressBar* bar, bool overwrite, std::string_view pattern) {
+  const std::vector<fs::path> files = ListFiles(source, pattern);
+  std::error_code ec;
+  double total = 0;
+  for (const fs::path& f : files) total += static_cast<double>(fs::file_size(f, ec));
+  MakeFolder(target);
+  double done = 0;
+  auto move_bar = [&](double value) {
+    if (!bar) return;
+    bar->SetMax(100);
+    bar->SetValue(total > 0 ? static_cast<int>(value * 100 / total) : 0);
+  };
+  for (const fs::path& f : files) {
+    const fs::path to = target / f.filename();
+    if (!overwrite && FileExists(to) && !AskReplaceFile(program, f, ResolveCase(to))) {
+      done += static_cast<double>(fs::file_size(f, ec));
+      continue;
+    }
+    if (!CopyFileOver(f, to)) {
+      move_bar(0);
+      return false;
+    }
+    done += static_cast<double>(fs::file_size(f, ec));
+    move_bar(done);
+    program.ui().DoEvents();
+  }
+  move_bar(0);
+  return true;
+}
+
+}  // namespace vardolin

@@ -1,0 +1,352 @@
+#include "intake/dialog_new_level.h"
+
+#include <chrono>
+#include <system_error>
+
+#include "archive/catalogue_ops.h"
+#include "archive/level_files.h"
+#include "archive/level_store.h"
+#include "foundation/dialogs/ask.h"
+#include "foundation/dialogs/dialog_progress.h"
+#include "foundation/dialogs/shared_dialogs.h"
+#include "foundation/ports/platform.h"
+#include "foundation/ports/ui.h"
+#include "foundation/program.h"
+#include "foundation/services/files.h"
+#include "foundation/services/paths.h"
+#include "foundation/services/strings.h"
+#include "foundation/services/wildcard.h"
+#include "intake/add_files.h"
+#include "intake/store_level.h"
+#include "intake/text_ids.h"
+#include "web/text_ids.h"
+#include "web/zip_layer.h"
+
+namespace vardolin {
+
+namespace fs = std::filesystem;
+
+namespace {
+
+// Archives inside archives are unpacked again on each pass; a package that keeps yielding new
+// archives past this depth is taken to be hostile and left as it is.
+constexpr int kMaxUnpackRounds = 8;
+
+double FileDate(const fs::path& file) {
+  std::error_code ec;
+  const auto t = fs::last_write_time(file, ec);
+  return std::chrono::duration<double>(t.time_since_epoch()).count();
+}
+
+std::int64_t FileSize(const fs::path& file) {
+  std::error_code ec;
+  const auto size = fs::file_size(file, ec);
+  return ec ? 0 : static_cast<std::int64_t>(size);
+}
+
+}  // namespace
+
+Dialog_NewLevel::Dialog_NewLevel(Program& program)
+    : Form(program, "Dialog_NewLevel", " Level properties") {
+  List_Files.SetDblClickHandler([this] { List_Files_DblClick(); });
+  // Their work comes with the zip search, the level language, the compiler and the help.
+  for (Button* b : {&Pul_SearchLevel, &Pul_SetMyLanguage, &Pul_CompileTom, &Pul_Help})
+    b->SetEnabled(false);
+}
+
+Dialog_NewLevel::~Dialog_NewLevel() {
+  if (!closed_ && WorkFolderIsTemporary) DeleteLevelTree(program(), WorkFolder, nullptr, nullptr);
+}
+
+void Dialog_NewLevel::Set_Caption_Texts() {}
+
+LevelRecord& Dialog_NewLevel::Record() const {
+  Catalogue& c = program().catalogue;
+  if (LevelIndex >= 0 && static_cast<std::size_t>(LevelIndex) < c.levels.size())
+    return c.levels[LevelIndex];
+  return program().PendingLevel;
+}
+
+void Dialog_NewLevel::ImpostaValori(std::int32_t IndiceLivello, const std::string& NomeZipLivello) {
+  Program& p = program();
+  p.LastPackagePath.clear();
+  p.InfoFileFlag = false;
+  FilesChangedFlag = InstallerFound = InfoFileApplied = PatchApplied = false;
+  Failed = ExitValue = false;
+  LevelIndex = IndiceLivello;
+  IsNewLevel = static_cast<std::size_t>(LevelIndex) == p.catalogue.levels.size();
+  RecordBackup = Record();
+
+  const LevelRecord& r = Record();
+  const fs::path level = GetLevelFolder(p, r.Code, true);
+  if (p.CdRefused) {
+    AskUser(p, p.GetText(text::LevelCdMissing), msg::kError);
+    FilesFolder = JoinFragment(HardDiskLevelFolder(p, r.Code), p.GetText(text::FilesFolderOnCd));
+  } else {
+    FilesFolder = JoinFragment(level, p.GetText(text::FilesFolderOfLevel));
+  }
+  WorkFolder = FilesFolder;
+  if (!p.prefs.NoDecompress) {
+    fs::path temporary;
+    if (!PrepareLevelFiles(p, FilesFolder, temporary)) {
+      AskUser(p, p.GetText(text::CannotExpandForViewing), msg::kError);
+      Failed = true;
+      return;
+    }
+    if (!temporary.empty()) {
+      WorkFolder = temporary;
+      WorkFolderIsTemporary = true;
+    }
+  }
+
+  Snapshot.clear();
+  for (const fs::path& f : ListFiles(WorkFolder, "*"))
+    Snapshot.push_back({f.filename().string(), FileDate(f), FileSize(f)});
+  FilesChangedFlag = IsNewLevel;
+  RefreshFiles();
+
+  Text_NameLevel.SetText(Trim(r.Name));
+  Text_Note.SetText(Trim(r.Note));
+  if (!Trim(r.MoreInfoFile).empty()) SelectMoreInfo(ExtractFileName(Trim(r.MoreInfoFile)));
+  Label_Info.SetCaption(p.GetText(text::PropertiesSizes) + FormatFileSize(r.FilesSize) + " + " +
+                        FormatFileSize(r.UserSize) + " = " +
+                        FormatFileSize(static_cast<double>(r.FilesSize) + r.UserSize));
+  if (!NomeZipLivello.empty()) AddPackage(NomeZipLivello, true);
+}
+
+void Dialog_NewLevel::SelectMoreInfo(const std::string& name) {
+  const int i = Combo_MoreInfo.FindText(name);
+  if (i >= 0) Combo_MoreInfo.SetListIndex(i);
+}
+
+void Dialog_NewLevel::UnpackArchivesInFolder() {
+  Program& p = program();
+  for (int round = 0; round < kMaxUnpackRounds; ++round) {
+    std::vector<fs::path> archives;
+    for (const fs::path& f : ListFiles(WorkFolder, "*"))
+      if (IsArchiveToUnpack(p, f.filename().string())) archives.push_back(f);
+    if (archives.empty()) return;
+    for (const fs::path& archive : archives) {
+      const std::string name = archive.filename().string();
+      Label_Info.SetCaption(p.GetText(text::UnpackingArchiveNamed, {name}));
+      Refresh();
+      // The archive's own copy goes first, so an entry of the same name can take its place.
+      const fs::path aside = WorkFolder / (".unpacking-" + name);
+      std::error_code ec;
+      fs::rename(archive, aside, ec);
+      const fs::path from = ec ? archive : aside;
+      const bool ok = IsZipPackage(p, name)
+                          ? AddFileToFolder(p, from, WorkFolder, true, &Label_Info, &ProgressBar1)
+                          : ExtractWithTool(p, from, WorkFolder, false, &ProgressBar1, false);
+      if (!ok && IsZipPackage(p, name))
+        AskUser(p, name + p.GetText(text::CannotUnpackArchive), msg::kError);
+      DeleteFileForced(from);
+    }
+    Label_Info.SetCaption({});
+  }
+}
+
+void Dialog_NewLevel::TakeTravellingProgram() {
+  Program& p = program();
+  const fs::path carried = JoinFragment(WorkFolder, p.GetText(text::TravellingProgram));
+  if (!FileExists(carried)) return;
+  const fs::path editors =
+      JoinFragment(p.prefs.EditorFolder, p.GetText(text::EditorTravellingProgram));
+  if (!p.prefs.EditorFolder.empty() &&
+      CompareFileVersions(ResolveCase(carried), ResolveCase(editors)) > 0)
+    CopyFileOver(ResolveCase(carried), ResolveCase(editors));
+  DeleteFileForced(ResolveCase(carried));
+}
+
+void Dialog_NewLevel::RefreshFiles() {
+  Program& p = program();
+  UnpackArchivesInFolder();
+  TakeTravellingProgram();
+
+  FileList = ListFiles(WorkFolder, "*");
+  double total = 0;
+  List_Files.Clear();
+  for (std::size_t i = 0; i < FileList.size(); ++i) {
+    total += static_cast<double>(FileSize(FileList[i]));
+    List_Files.AddItem(FileList[i].filename().string(), static_cast<std::int64_t>(i));
+  }
+
+  std::string remembered = Combo_MoreInfo.SelectedText();
+  if (remembered.empty()) remembered = p.GetText(text::MoreInfoDefault);
+  Combo_MoreInfo.Clear();
+  Combo_MoreInfo.AddItem(p.GetText(text::MoreInfoNoneEntry), -1);
+  for (std::size_t i = 0; i < FileList.size(); ++i)
+    Combo_MoreInfo.AddItem(FileList[i].filename().string(), static_cast<std::int64_t>(i));
+  SelectMoreInfo(remembered);
+
+  bool tom = false;
+  for (const fs::path& f : FileList)
+    tom = tom || WildcardMatch(f.filename().string(), p.GetText(text::UncompiledPattern));
+  Pul_CompileTom.SetVisible(tom);
+  Label_Size.SetCaption(p.GetText(text::FileCountLabel) + std::to_string(FileList.size()) + ", " +
+                        FormatFileSize(total) + ")");
+  // Forcing the player's language on a level comes with the level-language work.
+  Pul_SetMyLanguage.SetVisible(false);
+  Pul_SearchLevel.SetVisible(FileList.empty());
+  Pul_RimuoviTutti.SetVisible(!FileList.empty());
+}
+
+void Dialog_NewLevel::AddPackage(const std::string& path, bool showProgressDialog) {
+  Program& p = program();
+  Label* label = &Label_Info;
+  ProgressBar* bar = &ProgressBar1;
+  if (showProgressDialog) {
+    ShowProgressDialog(p, " ");
+    if (Dialog_Progress* d = ProgressDialog(p)) {
+      label = &d->Label_Info;
+      bar = &d->ProgressBar1;
+    }
+  }
+  p.LastPackagePath = path;
+  if (!AddFileToFolder(p, path, WorkFolder, false, label, bar))
+    AskUser(p, path + p.GetText(text::CannotUnpackArchive), msg::kError);
+  Text_NameLevel.SetText(ExtractBaseName(path));
+  if (showProgressDialog) HideProgressDialog(p);
+  FilesChangedFlag = true;
+  RefreshFiles();
+  SuggestNameAndInfo();
+}
+
+void Dialog_NewLevel::SuggestNameAndInfo() {
+  Program& p = program();
+  if (p.InfoFileFlag) return;
+  if (Trim(Text_NameLevel.Text()).empty() && !p.LastPackagePath.empty())
+    Text_NameLevel.SetText(ExtractBaseName(p.LastPackagePath));
+  if (Combo_MoreInfo.ListIndex() > 0) return;
+  for (const char* word : {"walkth", "read", "note", "Solu", "Instal"})
+    for (int i = 1; i < Combo_MoreInfo.ListCount(); ++i)
+      if (ContainsNoCase(Combo_MoreInfo.List(i), word)) {
+        Combo_MoreInfo.SetListIndex(i);
+        return;
+      }
+}
+
+void Dialog_NewLevel::AfterAdd(bool added) {
+  if (!added) return;
+  FilesChangedFlag = true;
+  RefreshFiles();
+  if (!IsNewLevel) return;
+  // A foreign setup program is kept with the level; running it comes with the setup work.
+  bool level_file = false;
+  fs::path setup;
+  for (const fs::path& f : FileList) {
+    const std::string ext = ToLower(ExtractExtension(f.filename().string()));
+    level_file = level_file || ext == ".tr4";
+    if (ext == ".exe" && setup.empty()) setup = f;
+  }
+  if (!setup.empty() && !level_file)
+    AskUser(program(), program().GetText(text::SetupProgramWaits, {setup.filename().string()}),
+            msg::kInformation);
+  SuggestNameAndInfo();
+}
+
+void Dialog_NewLevel::Pul_AddFile_Click() {
+  if (Record().CdNumber != 0 && CheckLevelNotOnCd(program(), LevelIndex)) return;
+  AfterAdd(AddFromFile(program(), WorkFolder, &ProgressBar1, &Label_Info, false, {}));
+}
+
+void Dialog_NewLevel::Pul_AddFolder_Click() {
+  if (Record().CdNumber != 0 && CheckLevelNotOnCd(program(), LevelIndex)) return;
+  AfterAdd(AddFromFolder(program(), WorkFolder, &ProgressBar1, &Label_Info, false, ".*"));
+}
+
+void Dialog_NewLevel::AddSource(const fs::path& source) {
+  if (FolderExists(source)) {
+    AfterAdd(AddFromFolder(program(), WorkFolder, &ProgressBar1, &Label_Info, false, ".*", source));
+    return;
+  }
+  program().LastPackagePath = source.string();
+  const bool added = AddFileToFolder(program(), source, WorkFolder, false, &Label_Info, &ProgressBar1);
+  if (!added)
+    AskUser(program(), source.filename().string() + program().GetText(text::FileNotAdded),
+            msg::kError);
+  AfterAdd(added);
+}
+
+void Dialog_NewLevel::Pul_Refresh_Click() { RefreshFiles(); }
+
+void Dialog_NewLevel::Pul_Remove_Click() {
+  Program& p = program();
+  const int row = List_Files.ListIndex();
+  if (row < 0) {
+    AskUser(p, p.GetText(text::NoFileChosen), msg::kError);
+    return;
+  }
+  const fs::path file = FileList[static_cast<std::size_t>(List_Files.ItemData(row))];
+  if (AskUser(p, p.GetText(text::RemoveFileQuestion, {file.filename().string()}), msg::kYesNo) ==
+      msg::kNo)
+    return;
+  DeleteFileForced(file);
+  FilesChangedFlag = true;
+  RefreshFiles();
+}
+
+void Dialog_NewLevel::Pul_RimuoviTutti_Click() {
+  DeleteMatchingFiles(WorkFolder, "*");
+  RefreshFiles();
+}
+
+void Dialog_NewLevel::List_Files_DblClick() {
+  Program& p = program();
+  const int row = List_Files.ListIndex();
+  if (row < 0) return;
+  fs::path file = FileList[static_cast<std::size_t>(List_Files.ItemData(row))];
+  if (EndsWithNoCase(file.filename().string(), p.GetText(text::PackedSuffixThree))) {
+    file = ExpandFileForViewing(p, file, true);
+    if (file.empty()) return;
+  }
+  p.platform().ShellOpen(file.string(), {}, file.parent_path());
+}
+
+void Dialog_NewLevel::DeleteTemporaryFolder(std::int32_t message) {
+  if (!WorkFolderIsTemporary) return;
+  Label_Info.SetCaption(program().GetText(message));
+  Refresh();
+  DeleteLevelTree(program(), WorkFolder, nullptr, nullptr);
+  WorkFolderIsTemporary = false;
+}
+
+void Dialog_NewLevel::Pul_Cancel_Click() {
+  Record() = RecordBackup;
+  DeleteTemporaryFolder(text::DeletingTemporaryFolder);
+  Close(false);
+}
+
+void Dialog_NewLevel::Close(bool ok) {
+  ExitValue = ok;
+  closed_ = true;
+  Unload();
+}
+
+void Dialog_NewLevel::Form_Unload() {
+  // The close box gives up the changes as Cancel does.
+  if (closed_) return;
+  closed_ = true;
+  Record() = RecordBackup;
+  DeleteTemporaryFolder(text::DeletingTemporaryFolder);
+  ExitValue = false;
+}
+
+bool Dialog_NewLevel::FolderChanged() const {
+  if (FilesChangedFlag) return true;
+  const std::vector<fs::path> now = ListFiles(WorkFolder, "*");
+  if (now.size() != Snapshot.size()) return true;
+  for (const fs::path& f : now) {
+    const std::string name = f.filename().string();
+    bool same = false;
+    for (const SnapshotEntry& s : Snapshot)
+      if (EqualsNoCase(s.name, name)) {
+        same = s.size == FileSize(f) && s.date == FileDate(f);
+        break;
+      }
+    if (!same) return true;
+  }
+  return false;
+}
+
+}  // namespace vardolin

@@ -1,0 +1,123 @@
+#pragma once
+// The level properties: one form for a level being added and for a level already in the
+// archive. It works on a work folder: everything the user adds lands there and is unpacked and
+// looked at there, and Done checks the folder and moves its content into the level's place in
+// the store, packed when the archive says so.
+
+#include <cstdint>
+#include <filesystem>
+#include <string>
+#include <vector>
+
+#include "foundation/catalogue_records.h"
+#include "foundation/forms/form.h"
+#include "web/zlib_tool.h"
+
+namespace vardolin {
+
+class Dialog_NewLevel : public Form {
+ public:
+  explicit Dialog_NewLevel(Program& program);
+  ~Dialog_NewLevel() override;
+
+  // `IndiceLivello` is the level's index in the table, or the level count for a level being
+  // added (whose record is the program's PendingLevel). A package named by `NomeZipLivello` is
+  // added at once. When the level's files can't be shown the user is told and Failed is set:
+  // the caller doesn't show the form then.
+  void ImpostaValori(std::int32_t IndiceLivello, const std::string& NomeZipLivello = {});
+  bool Failed = false;
+  // True when the form ended by Done.
+  bool ExitValue = false;
+
+  // The record being edited: the table's entry, or the pending one of a level being added.
+  LevelRecord& Record() const;
+
+  std::int32_t LevelIndex = 0;
+  LevelRecord RecordBackup;
+  std::filesystem::path FilesFolder;
+  std::filesystem::path WorkFolder;
+  bool WorkFolderIsTemporary = false;
+  std::vector<std::filesystem::path> FileList;
+  struct SnapshotEntry {
+    std::string name;
+    double date = 0;
+    std::int64_t size = 0;
+  };
+  std::vector<SnapshotEntry> Snapshot;
+  bool FilesChangedFlag = false;
+  bool IsNewLevel = false;
+  bool InstallerFound = false;
+  bool InfoFileApplied = false;
+  bool PatchApplied = false;
+
+  Label Label4{*this, "Label4", "Level Name ->"};
+  TextBox Text_NameLevel{*this, "Text_NameLevel"};
+  Frame Frame2{*this, "Frame2", " Note "};
+  TextBox Text_Note{*this, "Text_Note"};
+  Label Label3{*this, "Label3", "More info"};
+  ComboBox Combo_MoreInfo{*this, "Combo_MoreInfo"};
+  ListBox List_Files{*this, "List_Files"};
+  Frame Frame1{*this, "Frame1", "Add all files about relative at current level  "};
+  Label Label1{*this, "Label1",
+               "You can add also savegame.*, screenshot (.jpg or .bmp) and documentation files"};
+  Label Label2{*this, "Label2", "Note: dblclick to open/start  files in list box"};
+  Label Label_Size{*this, "Label_Size"};
+  Label Label_Info{*this, "Label_Info"};
+  ProgressBar ProgressBar1{*this, "ProgressBar1"};
+  Button Pul_AddFile{*this, "Pul_AddFile", "add from file", [this] { Pul_AddFile_Click(); }};
+  Button Pul_AddFolder{*this, "Pul_AddFolder", "add from folder",
+                       [this] { Pul_AddFolder_Click(); }};
+  Button Pul_Remove{*this, "Pul_Remove", "remove file", [this] { Pul_Remove_Click(); }};
+  Button Pul_RimuoviTutti{*this, "Pul_RimuoviTutti", "Remove all files",
+                          [this] { Pul_RimuoviTutti_Click(); }};
+  Button Pul_SearchLevel{*this, "Pul_SearchLevel", "Advanced search of zip file in your Pc ", {}};
+  Button Pul_Refresh{*this, "Pul_Refresh", "Refresh", [this] { Pul_Refresh_Click(); }};
+  Button Pul_SetMyLanguage{*this, "Pul_SetMyLanguage", "Set my language", {}};
+  Button Pul_CompileTom{*this, "Pul_CompileTom", "Compile TOM files and create TR4 files", {}};
+  Button Pul_Help{*this, "Pul_Help", "Help", {}};
+  Button Pul_Ok{*this, "Pul_Ok", "Done", [this] { Pul_Ok_Click(); }};
+  Button Pul_Cancel{*this, "Pul_Cancel", "Cancel", [this] { Pul_Cancel_Click(); }};
+
+  ZlibTool ZlibTool1;
+
+  // The refresh after every change of the work folder: packages in it unpacked, the file list
+  // and the more-info choices rebuilt, the buttons shown as the folder's content asks.
+  void RefreshFiles();
+  // Brings a package into the work folder, names the level after it and looks at what came.
+  void AddPackage(const std::string& path, bool showProgressDialog);
+  // Adds a package file or, for a folder, all its files (and those of its sub-folders when the
+  // user agrees), as the two add buttons do without their choosers.
+  void AddSource(const std::filesystem::path& source);
+  // Whether the work folder differs from what it was when the form opened.
+  bool FolderChanged() const;
+  // Picks a more-info file by the words its name holds, unless one is chosen already.
+  void SuggestNameAndInfo();
+
+ protected:
+  void Set_Caption_Texts() override;
+  void Form_Unload() override;
+
+ private:
+  void Pul_AddFile_Click();
+  void Pul_AddFolder_Click();
+  void Pul_Remove_Click();
+  void Pul_RimuoviTutti_Click();
+  void Pul_Refresh_Click();
+  void Pul_Ok_Click();
+  void Pul_Cancel_Click();
+  void List_Files_DblClick();
+  void AfterAdd(bool added);
+  void UnpackArchivesInFolder();
+  void TakeTravellingProgram();
+  void ShowSizes();
+  void SelectMoreInfo(const std::string& name);
+  bool PassesChecks();
+  void StoreFiles();
+  void UpdateSizes();
+  void DeleteTemporaryFolder(std::int32_t message);
+  void Close(bool ok);
+
+  bool closed_ = false;
+};
+
+}  // namespace vardolin

@@ -1,0 +1,170 @@
+// Done of the level properties: the checks that leave the form open for the user to mend the
+// folder, then the level's files moved into the store.
+
+#include "archive/catalogue_ops.h"
+#include "archive/level_store.h"
+#include "foundation/dialogs/ask.h"
+#include "foundation/ports/ui.h"
+#include "foundation/program.h"
+#include "foundation/services/files.h"
+#include "foundation/services/paths.h"
+#include "foundation/services/strings.h"
+#include "foundation/services/wildcard.h"
+#include "intake/completeness.h"
+#include "intake/dialog_new_level.h"
+#include "intake/level_file_list.h"
+#include "intake/store_level.h"
+#include "intake/text_ids.h"
+
+namespace vardolin {
+
+namespace fs = std::filesystem;
+
+namespace {
+
+bool AnyMatch(const fs::path& folder, const std::string& fragment) {
+  return !ListFiles(folder, WithoutLeadingSeparators(fragment)).empty();
+}
+
+}  // namespace
+
+// Steps that fail leave the form open with the work folder as it is, so the user can mend it
+// and press Done again.
+bool Dialog_NewLevel::PassesChecks() {
+  Program& p = program();
+  const std::string name = Trim(Text_NameLevel.Text());
+  if (name.empty()) {
+    AskUser(p, p.GetText(text::LevelNameMissing), msg::kError);
+    return false;
+  }
+  LevelRecord& r = Record();
+  r.Name = name;
+
+  if (AnyMatch(WorkFolder, p.GetText(text::TomPatternInFolder))) {
+    if (AskUser(p, p.GetText(text::CompileTomQuestion), msg::kOkCancel) == msg::kCancel)
+      return false;
+    // The sources stand still: compiling them comes with the compiler's work.
+    AskUser(p, p.GetText(text::CannotCompileTomYet), msg::kInformation);
+    return false;
+  }
+
+  if (!AnyMatch(WorkFolder, p.GetText(text::LevelFilePattern)) &&
+      !AnyMatch(WorkFolder, p.GetText(text::PackedLevelFilePattern)) && r.CdNumber == 0 &&
+      LevelIndex != 0) {
+    AskUser(p, p.GetText(text::NoLevelFile, {"\r\n", "\r\n"}), msg::kError);
+    return false;
+  }
+
+  std::string standard;
+  if (!CheckLevelFileName(p, WorkFolder, standard) && r.CdNumber == 0) {
+    AskUser(p, p.GetText(text::LevelFileNameUnsettled), msg::kError);
+    return false;
+  }
+  if (!standard.empty() &&
+      AskUser(p, p.GetText(text::StandardNameNoteQuestion, {"\r\n\"" + standard + "\"", "\r\n"}),
+              msg::kYesNo) == msg::kYes)
+    Text_Note.SetText(p.GetText(text::PlaysAsNote) + standard);
+
+  FixScriptFiles(p, WorkFolder);
+  CompleteScriptLevels(p, WorkFolder);
+  r.Note = Trim(Text_Note.Text());
+  return true;
+}
+
+void Dialog_NewLevel::Pul_Ok_Click() {
+  Program& p = program();
+  if (!PassesChecks()) return;
+  LevelRecord& r = Record();
+
+  if (p.prefs.CheckEqualLevels && IsNewLevel) {
+    Label_Info.SetCaption(p.GetText(text::LookingForEqualLevel));
+    Refresh();
+    std::string file;
+    const std::int32_t equal =
+        FindEqualLevel(p, WorkFolder, LevelIndex, &ProgressBar1, file, true, false);
+    if (equal >= 0 &&
+        AskUser(p,
+                p.GetText(text::EqualLevelQuestion,
+                          {"\"" + file + "\"", "\"" + Trim(p.catalogue.levels[equal].Name) + "\""}),
+                msg::kYesNo) == msg::kNo) {
+      Pul_Cancel.Click();
+      return;
+    }
+  }
+
+  r.MoreInfoFile.clear();
+  const int chosen = Combo_MoreInfo.ListIndex();
+  if (chosen >= 0 && Combo_MoreInfo.ItemData(chosen) != -1)
+    r.MoreInfoFile = Combo_MoreInfo.List(chosen);
+
+  const fs::path level = HardDiskLevelFolder(p, r.Code);
+  CopyMatchingFiles(p, WorkFolder, JoinFragment(level, p.GetText(text::LevelPlayFolder)), false,
+                    p.GetText(text::SavegamePattern));
+  DeleteMatchingFiles(WorkFolder, p.GetText(text::SavegamePatternDeleted));
+
+  // The loading picture is a level file, not a screenshot of the player's.
+  const std::string load_jpeg = WithoutLeadingSeparators(p.GetText(text::LoadJpegTarget));
+  const fs::path shots = JoinFragment(level, p.GetText(text::LevelShotFolder));
+  for (const fs::path& f : ListFiles(WorkFolder, p.GetText(text::ShotPattern)))
+    if (!EqualsNoCase(f.filename().string(), load_jpeg)) {
+      MakeFolder(shots);
+      CopyFileOver(f, shots / f.filename());
+    }
+
+  DeleteFileForced(ResolveCase(JoinFragment(WorkFolder, p.GetText(text::JunkFile1))));
+  DeleteFileForced(ResolveCase(JoinFragment(WorkFolder, p.GetText(text::JunkFile2))));
+
+  if (FolderChanged() && r.CdNumber == 0) StoreFiles();
+  DeleteTemporaryFolder(text::RemovingTemporaryFolder);
+  Close(true);
+}
+
+void Dialog_NewLevel::StoreFiles() {
+  Program& p = program();
+  LevelRecord& r = Record();
+  const fs::path level = HardDiskLevelFolder(p, r.Code);
+  FilesFolder = JoinFragment(level, p.GetText(text::StoredFilesFolder));
+  const CatalogueHeader& h = p.catalogue.header;
+  bool plain = true;
+  if (h.CompressFiles || h.WavInMp3) {
+    Label_Info.SetCaption(p.GetText(text::StoringPacked));
+    Refresh();
+    plain = false;
+    if (!StoreCompressedLevel(p, WorkFolder, r, ZlibTool1, &Label_Info, &ProgressBar1) &&
+        AskUser(p, p.GetText(text::StorePlainQuestion), msg::kYesNo) == msg::kYes) {
+      Label_Info.SetCaption(p.GetText(text::CopyingFiles));
+      plain = WorkFolderIsTemporary;
+    }
+  } else {
+    const LevelFileList list = BuildLevelFileList(p, WorkFolder);
+    if (!list.empty()) WriteLevelFileList(p, r.Code, list);
+  }
+  if (plain && WorkFolderIsTemporary) {
+    Label_Info.SetCaption(p.GetText(text::StoringPlain));
+    Refresh();
+    MakeFolder(FilesFolder);
+    DeleteMatchingFiles(FilesFolder, "*");
+    for (const fs::path& f : ListFiles(WorkFolder, "*")) CopyFileOver(f, FilesFolder / f.filename());
+  }
+  UpdateSizes();
+}
+
+void Dialog_NewLevel::UpdateSizes() {
+  Program& p = program();
+  LevelRecord& r = Record();
+  const fs::path level = HardDiskLevelFolder(p, r.Code);
+  const double files = FolderSizeBytes(FilesFolder, "*");
+  double user = 0;
+  for (std::int32_t id : {text::UserSizeFolder1, text::UserSizeFolder2, text::UserSizeFolder3})
+    user += FolderSizeBytes(JoinFragment(level, p.GetText(id)), "*");
+  if (static_cast<std::size_t>(LevelIndex) < p.catalogue.levels.size()) {
+    AddLevelSize(p, files - r.FilesSize, LevelIndex, SizeKind::Files);
+    AddLevelSize(p, user - r.UserSize, LevelIndex, SizeKind::User);
+  } else {
+    // A level being added enters the totals when it enters the table.
+    r.FilesSize = ToRecordSize(files);
+    r.UserSize = ToRecordSize(user);
+  }
+}
+
+}  // namespace vardolin

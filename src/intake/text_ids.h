@@ -1,0 +1,174 @@
+#pragma once
+// Numbers of the texts that level intake uses. Every id here has an English wording in
+// resources/english.trc. Ids marked "fragment" are path fragments or patterns: a folder fragment
+// begins with a backslash.
+
+#include <cstdint>
+
+namespace vardolin::text {
+
+// The list of a level's compiled level files, kept in its folder on hard disk.
+inline constexpr std::int32_t LevelFileListName = 1255;      // fragment
+inline constexpr std::int32_t EqualCandidatePattern = 1583;  // fragment
+inline constexpr std::int32_t LevelFileListPattern = 1621;   // fragment
+inline constexpr std::int32_t EqualCheckCaption = 1860;      // progress caption
+inline constexpr std::int32_t EqualLevelsFound = 1863;       // ~1 ~2 names, ~3 file
+inline constexpr std::int32_t EqualCheckGoesOn = 1864;       // progress caption
+inline constexpr std::int32_t EqualCheckFinds = 1865;        // ~1 count, ~2 CR LF
+inline constexpr std::int32_t EqualCheckNone = 1866;         // ~1 count, ~2 CR LF
+inline constexpr std::int32_t InfoCopyNoCd = 1867;
+inline constexpr std::int32_t InfoCopySourceFolder = 1868;  // fragment, on the CD
+inline constexpr std::int32_t InfoCopyCdMissing = 1869;
+inline constexpr std::int32_t InfoCopyTargetFolder = 1870;  // fragment, on hard disk
+inline constexpr std::int32_t InfoCopyFailed = 1871;        // the path follows
+inline constexpr std::int32_t ListsCaption = 1872;          // progress caption
+inline constexpr std::int32_t ListsFileName = 1873;         // fragment, equals 1255
+inline constexpr std::int32_t ListsFilesFolder = 1874;      // fragment
+inline constexpr std::int32_t ListsCdMissing = 1875;
+inline constexpr std::int32_t ListsPlainPattern = 1876;  // fragment
+inline constexpr std::int32_t ListsExpandFailed = 1877;  // the name and "]" follow
+
+// Wads that level sources (.tom) need.
+inline constexpr std::int32_t WadExtension = 227;      // fragment
+inline constexpr std::int32_t EditorWadsFolder = 228;  // fragment
+inline constexpr std::int32_t WadMissing = 229;        // ~1 name
+inline constexpr std::int32_t TomPattern = 662;        // fragment
+inline constexpr std::int32_t TomWadsCheck = 663;
+inline constexpr std::int32_t TomWadNotFound = 665;  // ~1 quoted name
+inline constexpr std::int32_t RevisedWadsRefused = 667;
+inline constexpr std::int32_t TomCannotCompile = 2247;  // ~1 base name
+inline constexpr std::int32_t TomWadAdvice = 2267;
+inline constexpr std::int32_t RevisedWadsMarkerFile = 1719;  // fragment
+inline constexpr std::int32_t RevisedWadsNoImport = 8400;    // ~1 the pack's file name
+
+// Documents of a level.
+inline constexpr std::int32_t DocumentPattern1 = 1720;  // fragment
+inline constexpr std::int32_t DocumentPattern2 = 1721;  // fragment
+inline constexpr std::int32_t DocumentPattern3 = 1722;  // fragment
+inline constexpr std::int32_t DocumentPattern4 = 1723;  // fragment
+inline constexpr std::int32_t DocumentPattern5 = 1724;  // fragment
+inline constexpr std::int32_t NotADocument1 = 1725;     // a lower-case file name
+inline constexpr std::int32_t NotADocument2 = 1726;     // a lower-case file name
+
+// The level file name the game's own script expects.
+inline constexpr std::int32_t StandardLevelWord1 = 2292;  // up to 2299, in the names' order
+inline constexpr std::int32_t RenameLevelFile = 2300;     // ~1 old, ~2 CR LF, ~3 new
+inline constexpr std::int32_t ChooseStandardName = 2301;
+inline constexpr std::int32_t StandardNameList = 2302;  // ~1 CR LF, ~2 the list
+inline constexpr std::int32_t StandardNamePrompt = 2303;
+
+// The script and language files of a level.
+inline constexpr std::int32_t LevelScriptPattern = 713;  // fragment
+inline constexpr std::int32_t LevelScriptName = 714;
+inline constexpr std::int32_t BackupScriptFile = 715;  // fragment
+inline constexpr std::int32_t LevelScriptFile = 716;   // fragment
+inline constexpr std::int32_t LevelScriptNotLanguage = 717;
+inline constexpr std::int32_t BackupLanguageFiles = 718;  // fragment
+inline constexpr std::int32_t BackupScriptNotLanguage = 719;
+inline constexpr std::int32_t ChooseLanguageFile = 720;  // ~1 count, ~2 the list
+inline constexpr std::int32_t ChooseLanguagePrompt = 721;
+inline constexpr std::int32_t ScriptPathPrefix = 3000;  // fragment
+inline constexpr std::int32_t ScriptOfLevel = 3105;     // fragment
+inline constexpr std::int32_t FillerLevelFile = 3106;   // fragment
+inline constexpr std::int32_t FillerPattern = 3107;     // fragment
+inline constexpr std::int32_t FillerFolder = 3108;      // fragment
+inline constexpr std::int32_t GameLevelFolder = 3109;   // fragment
+
+// Adding a level and its properties.
+inline constexpr std::int32_t FilesFolderOfLevel = 600;
+inline constexpr std::int32_t LevelCdMissing = 601;
+inline constexpr std::int32_t FilesFolderOnCd = 602;
+inline constexpr std::int32_t CannotExpandForViewing = 603;
+inline constexpr std::int32_t PropertiesSizes = 604;
+inline constexpr std::int32_t MoreInfoNoneEntry = 605;
+inline constexpr std::int32_t MoreInfoDefault = 606;
+inline constexpr std::int32_t UncompiledPattern = 607;
+inline constexpr std::int32_t FileCountLabel = 608;
+inline constexpr std::int32_t PackedSuffixThree = 609;
+inline constexpr std::int32_t DeletingTemporaryFolder = 610;
+inline constexpr std::int32_t OnlyOneLevelOfferSites = 611;
+inline constexpr std::int32_t LevelNameMissing = 613;
+inline constexpr std::int32_t TomPatternInFolder = 614;
+inline constexpr std::int32_t CompileTomQuestion = 615;
+inline constexpr std::int32_t LevelFilePattern = 616;
+inline constexpr std::int32_t PackedLevelFilePattern = 617;
+inline constexpr std::int32_t LookingForEqualLevel = 619;
+inline constexpr std::int32_t EqualLevelQuestion = 620;
+inline constexpr std::int32_t LevelPlayFolder = 621;
+inline constexpr std::int32_t SavegamePattern = 622;
+inline constexpr std::int32_t SavegamePatternDeleted = 623;
+inline constexpr std::int32_t LevelShotFolder = 624;
+inline constexpr std::int32_t StoredFilesFolder = 627;
+inline constexpr std::int32_t StoringPacked = 628;
+inline constexpr std::int32_t StorePlainQuestion = 629;
+inline constexpr std::int32_t CopyingFiles = 630;
+inline constexpr std::int32_t StoringPlain = 631;
+inline constexpr std::int32_t UserSizeFolder1 = 632;
+inline constexpr std::int32_t UserSizeFolder2 = 633;
+inline constexpr std::int32_t UserSizeFolder3 = 634;
+inline constexpr std::int32_t RemovingTemporaryFolder = 635;
+inline constexpr std::int32_t NoFileChosen = 636;
+inline constexpr std::int32_t RemoveFileQuestion = 637;
+inline constexpr std::int32_t NoArchiveOpen = 1114;
+inline constexpr std::int32_t CannotMakeLevelFolders = 1115;
+inline constexpr std::int32_t NewLevelEmptiedFolder = 1116;
+inline constexpr std::int32_t RemovingLevelFolders = 1117;
+inline constexpr std::int32_t CannotDeleteLevelFolder = 1118;
+inline constexpr std::int32_t AddFolderCaption = 1169;
+inline constexpr std::int32_t AddFolderDefault = 1170;
+inline constexpr std::int32_t ReadingFolder = 1171;
+inline constexpr std::int32_t TakeSubfoldersQuestion = 1172;
+inline constexpr std::int32_t FileNotAddedFromFolder = 1173;
+inline constexpr std::int32_t OneKindTitle = 1174;
+inline constexpr std::int32_t OneKindFilter = 1175;
+inline constexpr std::int32_t LoadDirDefault = 1178;
+inline constexpr std::int32_t ZipExtensionDialog = 1179;
+inline constexpr std::int32_t UnpackingZipLabel = 1180;
+inline constexpr std::int32_t CopyingFileLabel = 1181;
+inline constexpr std::int32_t FileNotAdded = 1182;
+inline constexpr std::int32_t NeverPacked1 = 1239;
+inline constexpr std::int32_t NeverPacked2 = 1240;
+inline constexpr std::int32_t NeverPacked3 = 1241;
+inline constexpr std::int32_t StoredFolder = 1242;
+inline constexpr std::int32_t StoringBaseLevel = 1243;
+inline constexpr std::int32_t LoadBitmapInFolder = 1247;
+inline constexpr std::int32_t ConvertingLoadPicture = 1248;
+inline constexpr std::int32_t LoadBitmapSource = 1249;
+inline constexpr std::int32_t LoadJpegTarget = 1250;
+inline constexpr std::int32_t LoadBitmapDeleted = 1251;
+inline constexpr std::int32_t PackingFile = 1252;
+inline constexpr std::int32_t CopyingPackedFiles = 1254;
+inline constexpr std::int32_t ExpandingForViewing = 1301;
+inline constexpr std::int32_t ViewFolder = 1302;
+inline constexpr std::int32_t CannotExpandForView = 1303;
+inline constexpr std::int32_t UnpackingArchiveNamed = 1467;
+inline constexpr std::int32_t UnpackingZipDirect = 1558;
+inline constexpr std::int32_t UnpackFolder = 1559;
+inline constexpr std::int32_t UnpackingZipTemp = 1560;
+inline constexpr std::int32_t CopyingUnpacked = 1561;
+inline constexpr std::int32_t CopyingNamedFile = 1562;
+inline constexpr std::int32_t ZipPatternInFolder = 2254;
+inline constexpr std::int32_t JunkFile1 = 2256;
+inline constexpr std::int32_t JunkFile2 = 2257;
+inline constexpr std::int32_t NoLevelFile = 2304;
+inline constexpr std::int32_t LevelFileNameUnsettled = 2305;
+inline constexpr std::int32_t StandardNameNoteQuestion = 2306;
+inline constexpr std::int32_t PlaysAsNote = 2307;
+inline constexpr std::int32_t AllFilesFilter = 2966;
+inline constexpr std::int32_t AddFileTitle = 2967;
+inline constexpr std::int32_t OtherArchiveExtensionsDialog = 2968;
+inline constexpr std::int32_t UnpackingArchiveLabel = 2969;
+inline constexpr std::int32_t ZipExtension = 2971;
+inline constexpr std::int32_t UnpackedExtensions = 2972;
+inline constexpr std::int32_t OtherArchiveExtensions = 2973;
+inline constexpr std::int32_t UnpackingArchiveDirect = 2974;
+inline constexpr std::int32_t UnpackingArchiveTemp = 2975;
+inline constexpr std::int32_t TravellingProgram = 3102;
+inline constexpr std::int32_t EditorTravellingProgram = 3103;
+inline constexpr std::int32_t ShotPattern = 3110;
+inline constexpr std::int32_t PackageFilter = 3156;
+inline constexpr std::int32_t SetupProgramWaits = 8650;
+inline constexpr std::int32_t AudioStoredAsCame = 8651;
+inline constexpr std::int32_t CannotCompileTomYet = 8652;
+
+}  // namespace vardolin::text

@@ -1,0 +1,198 @@
+// Adding a level end to end: a package as authors make it goes through the level properties
+// into a packed archive and plays; what the user gives up, or what the package can't give, leaves
+// the catalogue and the store as they were.
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <filesystem>
+#include <functional>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "archive/catalogue_ops.h"
+#include "archive/level_store.h"
+#include "archive_writer.h"
+#include "intake/add_level.h"
+#include "intake/dialog_new_level.h"
+#include "intake/level_file_list.h"
+#include "play/active_level.h"
+#include "play_fixture.h"
+#include "store_fixture.h"
+
+namespace vardolin {
+namespace {
+
+namespace fs = std::filesystem;
+using testing::Member;
+using testing::PlayFixture;
+using testing::ReadFile;
+using testing::WriteArchive;
+
+struct AddFixture : PlayFixture {
+  AddFixture() : PlayFixture({"Base", "Old level"}) {
+    program.prefs.LastArchive = (archive / "levels.vdc").string();
+    program.prefs.NoDecompress = true;
+  }
+  fs::path Store(std::int32_t code) { return GetLevelFolder(program, code, false); }
+  std::size_t Count() const { return program.catalogue.levels.size(); }
+  // Adds `package` and runs `act` on the properties form; gives the new level's code.
+  std::optional<std::int32_t> Add(const fs::path& package,
+                                  std::function<void(Dialog_NewLevel&)> act) {
+    ui.OnForm("Dialog_NewLevel", [act](Form& f) { act(static_cast<Dialog_NewLevel&>(f)); });
+    return AddLevel(program, package.string());
+  }
+};
+
+TEST(AddLevel, APackageAsAuthorsMakeItIsStoredPackedAndPlays) {
+  AddFixture f;
+  f.program.catalogue.header.CompressFiles = true;
+  const fs::path bmp = f.dir / "load.bmp";
+  testing::WritePicture(bmp, 64, 48);
+  const std::string level = testing::LevelBytes(7, 300000);
+  const fs::path zip = f.dir / "Coastal Ruins.zip";
+  WriteArchive(zip, {{"Coastal Ruins/", "", Member::Folder},
+                     {"Coastal Ruins/data/coastal.tr4", level},
+                     {"Coastal Ruins\\script.dat", "script"},
+                     {"Coastal Ruins/english.dat", "strings"},
+                     {"Coastal Ruins/audio/105.wav", testing::LevelBytes(3, 5000)},
+                     {"Coastal Ruins/pix/load.bmp", ReadFile(bmp)},
+                     {"Coastal Ruins/Readme.txt", "how to get through"},
+                     {"Coastal Ruins/savegame.0", "the author's save"}});
+
+  const auto code = f.Add(zip, [](Dialog_NewLevel& d) {
+    EXPECT_EQ(d.Text_NameLevel.Text(), "Coastal Ruins");
+    EXPECT_EQ(d.Combo_MoreInfo.SelectedText(), "Readme.txt");
+    d.Text_Note.SetText("a long one");
+    d.Pul_Ok.Click();
+  });
+  ASSERT_TRUE(code);
+  ASSERT_EQ(f.Count(), 3u);
+  const LevelRecord& r = f.program.catalogue.levels[2];
+  EXPECT_EQ(r.Name, "Coastal Ruins");
+  EXPECT_EQ(r.Note, "a long one");
+  EXPECT_EQ(r.MoreInfoFile, "Readme.txt");
+  EXPECT_GT(r.FilesSize, 0);
+  EXPECT_EQ(f.program.catalogue.header.TotalFilesSize, r.FilesSize + 1000.0);
+
+  const fs::path files = f.Store(*code) / "files";
+  std::vector<std::string> names;
+  for (auto& e : fs::directory_iterator(files)) names.push_back(e.path().filename().string());
+  std::sort(names.begin(), names.end());
+  EXPECT_EQ(names, (std::vector<std::string>{"105.wav.zl", "Readme.txt", "coastal.tr4.zl",
+                                             "english.dat.zl", "load.jpg", "script.dat.zl"}));
+  EXPECT_EQ(ReadFile(f.Store(*code) / "play/savegame.0"), "the author's save");
+  LevelFileList list;
+  ASSERT_TRUE(ReadLevelFileList(f.program, *code, list));
+  ASSERT_EQ(list.size(), 1u);
+  EXPECT_EQ(list[0].Name, "coastal.tr4");
+
+  RefreshLevelList(*f.main);
+  f.Choose("Coastal Ruins");
+  f.main->Pul_Play.Click();
+  ASSERT_TRUE(f.program.GameRunning);
+  EXPECT_EQ(GetActiveLevelCode(f.program), *code);
+  EXPECT_EQ(ReadFile(f.editor / "data/coastal.tr4"), level);
+  f.EndGame();
+  EXPECT_TRUE(f.TickUntilEnded());
+}
+
+TEST(AddLevel, GivingUpLeavesCatalogueAndStoreAsTheyWere) {
+  AddFixture f;
+  const fs::path zip = f.dir / "pack.zip";
+  WriteArchive(zip, {{"pack/level.tr4", "tr4"}, {"pack/script.dat", "s"}});
+  const std::int32_t next = NextLevelCode(f.program.catalogue);
+  EXPECT_FALSE(f.Add(zip, [](Dialog_NewLevel& d) { d.Pul_Cancel.Click(); }));
+  EXPECT_FALSE(f.Add(zip, [](Dialog_NewLevel&) {}));  // the close box
+  EXPECT_EQ(f.Count(), 2u);
+  EXPECT_FALSE(fs::exists(f.Store(next)));
+
+  // Properties: a changed name given up keeps the old one.
+  f.ui.OnForm("Dialog_NewLevel", [](Form& form) {
+    auto& d = static_cast<Dialog_NewLevel&>(form);
+    d.Text_NameLevel.SetText("Renamed");
+    d.Pul_Ok.Click();  // stays: the old level has no level file in this fixture's names
+    d.Pul_Cancel.Click();
+  });
+  f.ui.AllowAnyMessage();
+  fs::remove(f.Store(1) / "files/Old level.tr4");
+  EXPECT_TRUE(EditLevelProperties(f.program, 1));
+  EXPECT_EQ(f.program.catalogue.levels[1].Name, "Old level");
+}
+
+TEST(AddLevel, DoneStaysOpenUntilTheFolderHoldsAPlayableLevel) {
+  struct Case {
+    const char* what;
+    std::vector<Member> members;
+    std::string name;
+    std::vector<int> answers;  // to the questions in order
+    const char* told;          // part of the last message
+  };
+  const std::vector<Case> cases = {
+      {"no name", {{"a/level.tr4", "x"}, {"a/script.dat", "s"}}, " ", {}, "Type a name"},
+      {"no level file", {{"a/readme.txt", "x"}}, "L", {}, "has no level file"},
+      {"sources only", {{"a/level.tom", "x"}}, "L", {msg::kOk, msg::kOk}, "can't be compiled"},
+      {"sources kept", {{"a/level.tom", "x"}}, "L", {msg::kCancel}, "not compiled yet"},
+      {"two level files", {{"a/one.tr4", "1"}, {"a/two.tr4", "2"}}, "L", {}, "has a name"},
+  };
+  for (const Case& c : cases) {
+    SCOPED_TRACE(c.what);
+    AddFixture f;
+    const fs::path zip = f.dir / "p.zip";
+    WriteArchive(zip, c.members);
+    for (int a : c.answers) f.ui.Answer(a);
+    if (c.answers.empty()) f.ui.Answer(msg::kOk, c.told);
+    bool stayed = false;
+    EXPECT_FALSE(f.Add(zip, [&](Dialog_NewLevel& d) {
+      d.Text_NameLevel.SetText(c.name);
+      d.Pul_Ok.Click();
+      stayed = d.IsLoaded();
+      d.Pul_Cancel.Click();
+    }));
+    EXPECT_TRUE(stayed);
+    EXPECT_NE(f.ui.Messages().back().find(c.told), std::string::npos) << f.ui.Messages().back();
+    EXPECT_EQ(f.Count(), 2u);
+  }
+}
+
+TEST(AddLevel, BadPackagesAreToldByNameAndLeaveNothingBehind) {
+  AddFixture f;
+  // Names that climb out are refused; the package's other files still come in.
+  const fs::path hostile = f.dir / "hostile.zip";
+  WriteArchive(hostile, {{"../up.tr4", "x"},
+                         {"..\\up2.txt", "x"},
+                         {"/abs-vardolin-add.txt", "x"},
+                         {"lnk", "", Member::Link, "../.."},
+                         {"lnk/through.txt", "x"},
+                         {"good/level.tr4", "good"},
+                         {"good/script.dat", "s"}});
+  testing::WriteBytes(f.dir / "outside.txt", "untouched");
+  const auto code = f.Add(hostile, [](Dialog_NewLevel& d) { d.Pul_Ok.Click(); });
+  ASSERT_TRUE(code);
+  EXPECT_EQ(ReadFile(f.dir / "outside.txt"), "untouched");
+  EXPECT_EQ(ReadFile(f.Store(*code) / "files/level.tr4"), "good");
+  for (const fs::path& p : {f.dir / "up.tr4", f.dir / "home/up.tr4", f.dir / "home/up2.txt",
+                            f.dir / "through.txt", f.Store(*code) / "up.tr4",
+                            f.dir / "archive/up.tr4", fs::path("/abs-vardolin-add.txt")})
+    EXPECT_FALSE(fs::exists(p)) << p;
+
+  // A cut zip: told by its name, no level, no folder.
+  const fs::path cut = f.dir / "cut.zip";
+  WriteArchive(cut, {{"a/level.tr4", testing::LevelBytes(1, 50000)}});
+  fs::resize_file(cut, fs::file_size(cut) / 2);
+  const std::int32_t next = NextLevelCode(f.program.catalogue);
+  f.ui.AllowAnyMessage();
+  EXPECT_FALSE(f.Add(cut, [](Dialog_NewLevel& d) {
+    EXPECT_TRUE(d.FileList.empty());
+    d.Pul_Cancel.Click();
+  }));
+  bool named = false;
+  for (const std::string& m : f.ui.Messages()) named = named || m.find("cut.zip") != m.npos;
+  EXPECT_TRUE(named);
+  EXPECT_FALSE(fs::exists(f.Store(next)));
+  EXPECT_EQ(f.Count(), 3u);
+}
+
+}  // namespace
+}  // namespace vardolin
