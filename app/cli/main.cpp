@@ -17,6 +17,7 @@
 #include "archive/catalogue_file.h"
 #include "catalogue_commands.h"
 #include "demo_home.h"
+#include "editor_commands.h"
 #include "equal_commands.h"
 #include "foundation/platform/linux_platform.h"
 #include "foundation/program.h"
@@ -121,6 +122,27 @@ int main(int argc, char** argv) {
       [&](vardolin::Program& p) {
         return vardolin::CmdDemo(p, vardolin::FindStandinGame(), out, err);
       });
+  std::vector<std::string> editor_sources;
+  int editor_language = 0;
+  bool full_compare = false;
+  auto* install_editor =
+      add("install-editor", "install the level editor from its setup zips or a TRLE folder", true,
+          [&](vardolin::Program& p) {
+            return vardolin::CmdInstallEditor(p, editor_sources, editor_language, out, err);
+          });
+  install_editor->add_option("SOURCE", editor_sources, "the setup's zip files, or one TRLE folder")
+      ->required();
+  install_editor->add_option("--language", editor_language, "language row 0-5 (default 0)")
+      ->check(CLI::Range(0, 5));
+  auto* compare_editor =
+      add("compare-editor", "compare the editor folder (TARGET) with its trusted copy (SOURCE)",
+          false, [&](vardolin::Program& p) {
+            return vardolin::CmdCompareEditor(p, editor_sources, full_compare, out, err);
+          });
+  compare_editor->add_option("SOURCE TARGET", editor_sources, "the two folders")->expected(2);
+  compare_editor->add_flag("--full", full_compare, "every file, not only root, wads and data");
+  add("patch-engine", "patch the game for fast loading", true,
+      [&](vardolin::Program& p) { return vardolin::CmdPatchEngine(p, out, err); });
   auto* shots =
       add("shots", "list one level's screenshots, oldest first", false,
           [&](vardolin::Program& p) { return vardolin::CmdShots(p, code, json, out, err); });
@@ -132,16 +154,20 @@ int main(int argc, char** argv) {
 
   std::vector<std::string> sources;
   std::string level_name, level_note;
-  auto* add_level = add("add", "add a level made of packages and folders; prints its new code", true,
-                        [&](vardolin::Program& p) {
+  auto* add_level = add("add", "add a level made of packages and folders; prints its new code",
+                        true, [&](vardolin::Program& p) {
                           return vardolin::CmdAdd(p, sources, level_name, level_note, out, err);
                         });
-  add_level->add_option("PACKAGE", sources, "zip or other archive, file or folder; several go "
-                                            "into one level")->required();
+  add_level
+      ->add_option("PACKAGE", sources,
+                   "zip or other archive, file or folder; several go "
+                   "into one level")
+      ->required();
   add_level->add_option("--name", level_name, "the level's name (else the package's name)");
   add_level->add_option("--note", level_note, "the level's one-line note");
-  auto* files = add("files", "list a level's stored files, their sizes and whether packed", false,
-                    [&](vardolin::Program& p) { return vardolin::CmdFiles(p, code, json, out, err); });
+  auto* files =
+      add("files", "list a level's stored files, their sizes and whether packed", false,
+          [&](vardolin::Program& p) { return vardolin::CmdFiles(p, code, json, out, err); });
   code_option(files);
   json_flag(files);
 

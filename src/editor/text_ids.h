@@ -39,7 +39,6 @@ inline constexpr std::int32_t TrovaTrleCancel = 5643;
 inline constexpr std::int32_t TrovaTrleInstallCompressed = 5644;
 inline constexpr std::int32_t TrovaTrleInstallCd = 5645;
 inline constexpr std::int32_t TrovaTrleHelp = 5646;
-inline constexpr std::int32_t EditorInstallNotAvailable = 5647;
 inline constexpr std::int32_t TipoExeCaption = 5650;
 inline constexpr std::int32_t TipoExeWarning = 5651;
 inline constexpr std::int32_t TipoExeTrle = 5652;
