@@ -50,6 +50,7 @@ bool VerifyFileList(Program& program, const fs::path& list, const fs::path& base
   // written line by line ends).
   std::string report;
   for (std::string line : lines) {
+    if (!line.empty() && line.back() == '\r') line.pop_back();
     line = Trim(line);
     if (line.empty() || FileExists(JoinFragment(base, line))) continue;
     report += "\"" + line + "\"" + kLineEnd;
