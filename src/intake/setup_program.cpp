@@ -197,7 +197,8 @@ bool RunSetupProgram(Program& program, const fs::path& program_folder, const fs:
   const std::string kept = T(text::SetupKeptExtension);
   for (std::size_t i = 0; i < written.size(); ++i) {
     const std::string& name = written[i];
-    CopyFileOver(ResolveCase(JoinFragment(editor, name)), target / ExtractFileName(name));
+    fs::path written_file = ResolveCase(JoinFragment(editor, name));
+    CopyFileOver(written_file, target / written_file.filename());
     std::string last = name.size() >= 4 ? name.substr(name.size() - 4) : name;
     if (full || !EqualsNoCase(last, kept)) PutBackFromBackup(program, name);
     if (run.bar) run.bar->SetValue(static_cast<int>((i + 1) * 100 / written.size()));
