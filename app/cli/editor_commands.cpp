@@ -4,6 +4,7 @@
 #include <ostream>
 
 #include "archive/editor_backup.h"
+#include "catalogue_commands.h"
 #include "editor/dialog_compare_trle.h"
 #include "editor/dialog_installa_trle.h"
 #include "editor/install_editor.h"
@@ -11,6 +12,7 @@
 #include "foundation/services/files.h"
 #include "foundation/services/paths.h"
 #include "foundation/services/strings.h"
+#include "foundation/text_ids.h"
 #include "play/engine_patch.h"
 #include "play/text_ids.h"
 
@@ -75,7 +77,11 @@ int CmdCompareEditor(Program& program, const std::vector<std::string>& folders, 
 }
 
 int CmdPatchEngine(Program& program, std::ostream& out, std::ostream& err) {
-  if (!EditorFolderStands(program, err)) return 1;
+  // The base level goes back into the editor folder first: the level standing there must be
+  // known to the catalogue to be taken out properly.
+  program.BackupFolder =
+      JoinFragment(program.Home(), program.GetText(text::BackupFolderName)).string();
+  if (!EditorFolderStands(program, err) || !OpenLastCatalogue(program, err)) return 1;
   std::filesystem::path game = ResolveCase(
       JoinFragment(Trim(program.prefs.EditorFolder), program.GetText(text::EnginePatchEditorGame)));
   ApplyEnginePatch(program, true);
