@@ -118,16 +118,16 @@ TEST(VerifyFileListTest, MissingFilesAreReportedUpToTen) {
 }
 
 TEST(InstallEditorFromFolderTest, CopiesATrleFolderOnlyByItsName) {
-  for (const char* name : {"trle", "editor"}) {
+  for (const char* name : {"trle_setup", "trle"}) {
     SCOPED_TRACE(name);
     InstallTest t;
     StageEditorPackage(t.dir / "cd");
-    if (std::string(name) != "trle") fs::rename(t.dir / "cd/trle", t.dir / "cd" / name);
-    bool right = std::string(name) == "trle";
+    fs::rename(t.dir / "cd/trle", t.dir / "cd" / name);
+    bool right = std::string(name) == "trle_setup";
     if (right)
       t.ui.Answer(msg::kOk, "has been installed");
     else
-      t.ui.Answer(msg::kOk, "must be named trle");
+      t.ui.Answer(msg::kOk, "must be named trle_setup");
     EXPECT_EQ(InstallEditorFromFolder(t.program, (t.dir / "cd" / name).string(), t.label, t.bar),
               right);
     EXPECT_EQ(fs::exists(t.target / "tom2pc.exe"), right);
