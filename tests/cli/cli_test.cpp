@@ -39,7 +39,7 @@ TEST(Cli, KeepsTheConventionsOfACommandLine) {
       {{"--help"}, 0, "Usage: vardolin-cli"},
       {{"list", "--help"}, 0, "--json"},
       {{"--version"}, 0, "vardolin-cli 1."},
-      {{"--answer", "yes", "install-editor", "X"}, 2, "install-editor"},
+      {{"--answer", "yes", "no-such-command", "X"}, 2, "no-such-command"},
       {{"audio", "info", "0"}, 2, "audio"},
       {{"info"}, 2, "CODE"},
       {at.At({"info", "0"}), 0, "code: 0\nname: <Base level"},
