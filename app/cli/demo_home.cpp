@@ -30,6 +30,7 @@
 #include "play/activation.h"
 #include "startup/base_level.h"
 #include "terminal_ui.h"
+#include "web/zip_layer.h"
 
 namespace vardolin {
 namespace fs = std::filesystem;
@@ -226,6 +227,34 @@ bool AddDemoLevel(Program& program, const DemoLevel& level, unsigned seed, std::
 
 }  // namespace
 
+// A level package as authors publish one, waiting beside the archive to be added with
+// Levels > Add: a folder with the level file under data, the script and language files, a
+// track, a loading picture, a readme and the author's savegame, zipped.
+bool WriteDemoPackage(Program& program, const fs::path& folder, std::ostream& err) {
+  const fs::path staging = folder / ".staging";
+  const fs::path level = staging / "Sunken Tomb";
+  const std::uint8_t tint[3] = {40, 110, 150};
+  std::error_code ec;
+  fs::create_directories(level / "pix", ec);
+  const bool written =
+      WriteBytes(level / "data/sunken.tr4", LevelBytes(77, 400000)) &&
+      WriteBytes(level / "script.dat", LevelBytes(78, 900)) &&
+      WriteBytes(level / "english.dat", LevelBytes(79, 3000)) &&
+      WriteBytes(level / "audio/105.wav", LevelBytes(80, 60000)) &&
+      WriteLoadPicture(level / "pix/load.bmp", tint[0], tint[1], tint[2]) &&
+      WriteBytes(level / "Readme.txt",
+                 "Sunken Tomb\r\n\r\nA short level of flooded halls. Find the three keys; the "
+                 "last one lies under the statue.\r\n") &&
+      WriteBytes(level / "savegame.0", GameSavegameBytes(1, "Sunken Tomb"));
+  const fs::path zip = folder / "Sunken Tomb.zip";
+  if (!written || !ZipFolderToFile(program, staging, zip, nullptr, true)) {
+    err << "vardolin-cli: the demo package " << zip.string() << " wasn't written\n";
+    return false;
+  }
+  fs::remove_all(staging, ec);
+  return true;
+}
+
 fs::path FindStandinGame() {
   std::error_code ec;
   std::vector<fs::path> candidates;
@@ -314,10 +343,15 @@ int CmdDemo(Program& program, const fs::path& game, std::ostream& out, std::ostr
     err << "vardolin-cli: cannot save the catalogue " << demo.prefs.LastArchive << "\n";
     return 1;
   }
+  // The package waits in the folder where the file dialog of Levels > Add opens.
+  const fs::path packages = home / "packages";
+  if (!WriteDemoPackage(demo, packages, err)) return 1;
+  demo.prefs.DefaultLoadDir = packages.string();
   SavePreferences(demo);
   program.prefs = demo.prefs;
   out << "demo home: " << home.string() << "\neditor folder: " << editor.string()
-      << "\ncatalogue: " << demo.prefs.LastArchive << "\n";
+      << "\ncatalogue: " << demo.prefs.LastArchive
+      << "\npackage to add: " << (packages / "Sunken Tomb.zip").string() << "\n";
   for (const LevelRecord& r : demo.catalogue.levels)
     if (r.Code != 0) out << r.Code << '\t' << r.Name << '\n';
   return 0;

@@ -131,6 +131,8 @@ Bitmap DemoScene(const std::uint8_t tint[3], int scene) {
   return bitmap;
 }
 
+}  // namespace
+
 // The bytes of a savegame as the game writes it: the title in the first 75 bytes, ended by a
 // comma and padded with blanks, the save counter at offset 75, then the game's state, of which
 // the demo only keeps the size.
@@ -147,8 +149,6 @@ std::string GameSavegameBytes(std::int16_t number, std::string_view title) {
   writer.Raw(state);
   return writer.Take();
 }
-
-}  // namespace
 
 bool AddDemoShots(Program& program, int level_index, int variant, const std::uint8_t tint[3],
                   std::ostream& err) {

@@ -5,6 +5,8 @@
 
 #include <cstdint>
 #include <iosfwd>
+#include <string>
+#include <string_view>
 
 namespace vardolin {
 
@@ -21,6 +23,8 @@ bool AddDemoShots(Program& program, int level_index, int variant, const std::uin
 // Writes the savegames of the level `code` into its slot folder (the editor folder while it is
 // the active level), each with its note if it has one and dated a minute after the shot taken at
 // that spot, then archives the oldest of them into sets through the store.
+// The bytes of a savegame as the game writes it, with its title and save counter.
+std::string GameSavegameBytes(std::int16_t number, std::string_view title);
 bool AddDemoSavegames(Program& program, std::int32_t code, int variant, std::ostream& err);
 
 }  // namespace vardolin

@@ -30,6 +30,7 @@
 #include "savegame_commands.h"
 #include "shot_commands.h"
 #include "terminal_ui.h"
+#include "web_commands.h"
 
 namespace {
 
@@ -65,6 +66,13 @@ int main(int argc, char** argv) {
   auto add = [&](const char* name, const char* what, bool changes_home,
                  std::function<int(vardolin::Program&)> run) {
     CLI::App* sub = app.add_subcommand(name, what);
+    commands.push_back({sub, changes_home, std::move(run)});
+    return sub;
+  };
+  // A command under another one ("urls add"): the innermost command given runs.
+  auto add_under = [&](CLI::App* parent, const char* name, const char* what, bool changes_home,
+                       std::function<int(vardolin::Program&)> run) {
+    CLI::App* sub = parent->add_subcommand(name, what);
     commands.push_back({sub, changes_home, std::move(run)});
     return sub;
   };
@@ -171,6 +179,32 @@ int main(int argc, char** argv) {
   code_option(files);
   json_flag(files);
 
+  std::string url, file, name;
+  std::int32_t url_type = 0;
+  auto* download =
+      add("download", "fetch URL into FILE, with its progress on the terminal", false,
+          [&](vardolin::Program& p) { return vardolin::CmdDownload(p, url, file, out, err); });
+  download->add_option("URL", url, "web address")->required();
+  download->add_option("FILE", file, "where the file goes")->required();
+  auto* urls =
+      add("urls", "list the web addresses of the URL list", false,
+          [&](vardolin::Program& p) { return vardolin::CmdUrls(p, url_type, json, out, err); });
+  urls->add_option("--type", url_type, "only this category (1-5, 8)");
+  json_flag(urls);
+  auto* urls_add = add_under(
+      urls, "add", "add your own web address to the list", true,
+      [&](vardolin::Program& p) { return vardolin::CmdUrlsAdd(p, name, url, url_type, out, err); });
+  urls_add->add_option("NAME", name, "what the list shows")->required();
+  urls_add->add_option("URL", url, "the address")->required();
+  urls_add->add_option("--type", url_type, "category (1-5, 8)")->required();
+  add_under(urls, "update", "fetch the newest list and merge it with your own entries", true,
+            [&](vardolin::Program& p) { return vardolin::CmdUrlsUpdate(p, url, out, err); })
+      ->add_option("--from", url, "fetch from this address instead of the program's own");
+  add_under(urls, "merge", "merge a list file with your own entries, as an update does", true,
+            [&](vardolin::Program& p) { return vardolin::CmdUrlsMerge(p, file, out, err); })
+      ->add_option("FILE", file, "a urllist.bin")
+      ->required();
+
   try {
     app.parse(argc, argv);
   } catch (const CLI::CallForHelp& e) {
@@ -187,9 +221,10 @@ int main(int argc, char** argv) {
     err << app.help();
     return 2;
   }
-  const Command& command = *std::find_if(commands.begin(), commands.end(), [&](const Command& c) {
-    return c.app == app.get_subcommands().front();
-  });
+  CLI::App* chosen = app.get_subcommands().front();
+  while (!chosen->get_subcommands().empty()) chosen = chosen->get_subcommands().front();
+  const Command& command = *std::find_if(commands.begin(), commands.end(),
+                                         [&](const Command& c) { return c.app == chosen; });
 
   const std::filesystem::path home = vardolin::ResolveHome(home_option);
   // A command that only reads never makes a home: a mistyped --home would leave a stray one.

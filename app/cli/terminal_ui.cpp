@@ -97,9 +97,15 @@ std::string TerminalUi::AskSaveFile(const FileRequest& request) {
 }
 
 void TerminalUi::ShowModal(Form& form) {
-  // A window can't be shown here: the form closes as if cancelled.
-  out_ << "(" << form.Name() << " needs the window front end; cancelled)\n";
   form.Load();
+  // A window whose work starts on its timer's first tick (a download) does that work here too,
+  // and closes itself when it is done.
+  for (Control* c : form.Controls())
+    if (c->Kind() == ControlKind::Timer && form.IsLoaded() && static_cast<Timer*>(c)->Running())
+      static_cast<Timer*>(c)->Tick();
+  if (!form.IsLoaded()) return;
+  // Any other window can't be shown here: the form closes as if cancelled.
+  out_ << "(" << form.Name() << " needs the window front end; cancelled)\n";
   form.Unload();
 }
 

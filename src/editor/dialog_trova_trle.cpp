@@ -7,6 +7,7 @@
 #include "foundation/ports/ui.h"
 #include "foundation/program.h"
 #include "foundation/services/strings.h"
+#include "web/dialog_siti.h"
 
 namespace vardolin {
 
@@ -57,6 +58,8 @@ void Dialog_TrovaTrle::Pul_Ok_Click() {
 
 void Dialog_TrovaTrle::Pul_Cancel_Click() {
   Program& p = program();
+  if (AskUser(p, p.GetText(text::AskOpenEditorSites), msg::kYesNo) == msg::kYes)
+    ShowUrlListWindow(p, url_type::kEditor, false);
   AskUser(p, p.GetText(text::NoEditorInfo, {"\r\n"}), msg::kInformation);
   ExitValue = false;
   Unload();

@@ -8,9 +8,9 @@
 #include "foundation/ports/ui.h"
 #include "foundation/program.h"
 #include "foundation/services/files.h"
+#include "foundation/services/log.h"
 #include "foundation/services/paths.h"
 #include "foundation/services/strings.h"
-#include "foundation/services/log.h"
 #include "intake/text_ids.h"
 #include "web/zip_layer.h"
 
@@ -40,7 +40,9 @@ bool ExtensionIn(std::string_view extension, const std::string& list) {
   return false;
 }
 
-std::string FileNameOf(const fs::path& file) { return file.filename().string(); }
+std::string FileNameOf(const fs::path& file) {
+  return file.filename().string();
+}
 
 }  // namespace
 
@@ -89,8 +91,8 @@ bool AddFromFolder(Program& program, const fs::path& target, ProgressBar* bar, L
                    bool keep, const std::string& mask, const fs::path& source_given) {
   fs::path source = source_given;
   if (source.empty()) {
-    const std::string chosen =
-        program.ui().AskFolder(program.prefs.DefaultLoadDir, program.GetText(text::AddFolderCaption));
+    const std::string chosen = program.ui().AskFolder(program.prefs.DefaultLoadDir,
+                                                      program.GetText(text::AddFolderCaption));
     if (chosen.empty()) return false;
     source = chosen;
     if (program.prefs.DefaultLoadDir == program.GetText(text::AddFolderDefault))
@@ -143,7 +145,9 @@ bool AddFileToFolder(Program& program, const fs::path& file, const fs::path& tar
     return CopyFileOver(file, to);
   }
   const bool zip = IsZipPackage(program, name);
-  if (direct) {
+  // Into a folder that holds no file nothing can be replaced, so there is nothing to ask and no
+  // need for the detour through a folder of the program's.
+  if (direct || ListFiles(target, "*").empty()) {
     Show(program, label,
          program.GetText(zip ? text::UnpackingZipDirect : text::UnpackingArchiveDirect));
     return zip ? ExtractZip(program, file, target, bar, false, false)
@@ -154,8 +158,7 @@ bool AddFileToFolder(Program& program, const fs::path& file, const fs::path& tar
   std::error_code ec;
   fs::remove_all(unpack, ec);
   fs::create_directories(unpack, ec);
-  Show(program, label,
-       program.GetText(zip ? text::UnpackingZipTemp : text::UnpackingArchiveTemp));
+  Show(program, label, program.GetText(zip ? text::UnpackingZipTemp : text::UnpackingArchiveTemp));
   std::string why;
   bool ok = zip ? ExtractZip(program, file, unpack, bar, false, false, &why)
                 : ExtractWithTool(program, file, unpack, false, bar, false);

@@ -79,8 +79,7 @@ std::optional<std::int32_t> AddLevel(Program& program, const std::string& packag
 }
 
 bool EditLevelProperties(Program& program, std::int32_t index) {
-  if (index < 0 || static_cast<std::size_t>(index) >= program.catalogue.levels.size())
-    return false;
+  if (index < 0 || static_cast<std::size_t>(index) >= program.catalogue.levels.size()) return false;
   Dialog_NewLevel form(program);
   form.Load();
   form.ImpostaValori(index);

@@ -17,9 +17,12 @@
 #include "foundation/services/strings.h"
 #include "foundation/services/wildcard.h"
 #include "intake/add_files.h"
+#include "intake/packed_level_expand.h"
+#include "intake/self_installer.h"
 #include "intake/store_level.h"
 #include "intake/text_ids.h"
 #include "web/text_ids.h"
+#include "web/url_list_offers.h"
 #include "web/zip_layer.h"
 
 namespace vardolin {
@@ -160,7 +163,9 @@ void Dialog_NewLevel::TakeTravellingProgram() {
 
 void Dialog_NewLevel::RefreshFiles() {
   Program& p = program();
+  UnpackSelfInstallers(p, WorkFolder, &Label_Info);
   UnpackArchivesInFolder();
+  ExpandPackedLevel(p, WorkFolder, &Label_Info, &ProgressBar1);
   TakeTravellingProgram();
 
   FileList = ListFiles(WorkFolder, "*");
@@ -261,14 +266,17 @@ void Dialog_NewLevel::AddSource(const fs::path& source) {
     return;
   }
   program().LastPackagePath = source.string();
-  const bool added = AddFileToFolder(program(), source, WorkFolder, false, &Label_Info, &ProgressBar1);
+  const bool added =
+      AddFileToFolder(program(), source, WorkFolder, false, &Label_Info, &ProgressBar1);
   if (!added)
     AskUser(program(), source.filename().string() + program().GetText(text::FileNotAdded),
             msg::kError);
   AfterAdd(added);
 }
 
-void Dialog_NewLevel::Pul_Refresh_Click() { RefreshFiles(); }
+void Dialog_NewLevel::Pul_Refresh_Click() {
+  RefreshFiles();
+}
 
 void Dialog_NewLevel::Pul_Remove_Click() {
   Program& p = program();
@@ -312,8 +320,13 @@ void Dialog_NewLevel::DeleteTemporaryFolder(std::int32_t message) {
 }
 
 void Dialog_NewLevel::Pul_Cancel_Click() {
+  Program& p = program();
   Record() = RecordBackup;
   DeleteTemporaryFolder(text::DeletingTemporaryFolder);
+  // A user with no level of their own yet is shown where levels are found.
+  if (p.catalogue.levels.size() == 1 &&
+      AskUser(p, p.GetText(text::OnlyOneLevelOfferSites), msg::kYesNo) == msg::kYes)
+    ShowUrlList(p);
   Close(false);
 }
 

@@ -144,7 +144,8 @@ void Dialog_NewLevel::StoreFiles() {
     Refresh();
     MakeFolder(FilesFolder);
     DeleteMatchingFiles(FilesFolder, "*");
-    for (const fs::path& f : ListFiles(WorkFolder, "*")) CopyFileOver(f, FilesFolder / f.filename());
+    for (const fs::path& f : ListFiles(WorkFolder, "*"))
+      CopyFileOver(f, FilesFolder / f.filename());
   }
   UpdateSizes();
 }

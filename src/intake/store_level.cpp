@@ -100,9 +100,9 @@ bool StoreCompressedLevel(Program& program, const fs::path& source, const LevelR
   const fs::path load_bitmap = JoinFragment(source, program.GetText(text::LoadBitmapInFolder));
   if (FileExists(load_bitmap)) {
     Show(program, label, program.GetText(text::ConvertingLoadPicture));
-    if (ConvertPictureFile(ResolveCase(JoinFragment(source, program.GetText(text::LoadBitmapSource))),
-                           JoinFragment(source, program.GetText(text::LoadJpegTarget)),
-                           kLoadPictureQuality))
+    if (ConvertPictureFile(
+            ResolveCase(JoinFragment(source, program.GetText(text::LoadBitmapSource))),
+            JoinFragment(source, program.GetText(text::LoadJpegTarget)), kLoadPictureQuality))
       DeleteFileForced(ResolveCase(JoinFragment(source, program.GetText(text::LoadBitmapDeleted))));
     Show(program, label, {});
   }

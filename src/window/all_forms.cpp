@@ -18,7 +18,9 @@
 #include "savegames/dialog_joy_stick.h"
 #include "savegames/dialog_resize.h"
 #include "savegames/dialog_screen_shot.h"
+#include "web/dialog_download.h"
 #include "web/dialog_input_testo.h"
+#include "web/dialog_siti.h"
 #include "web/dialog_zip.h"
 #include "window/principale.h"
 
@@ -56,6 +58,8 @@ const std::vector<FormFactory>& AllForms() {
       Entry<Dialog_InputTesto>("Dialog_InputTesto"),
       Entry<Dialog_JoyStick>("Dialog_JoyStick"),
       Entry<Dialog_NewLevel>("Dialog_NewLevel"),
+      Entry<Dialog_Download>("Dialog_Download"),
+      Entry<Dialog_Siti>("Dialog_Siti"),
   };
   return forms;
 }

@@ -85,6 +85,7 @@ Principale::Principale(Program& program) : Form(program, "Principale", "Vardolin
   WireJoystick();
   WireWatcherSteps();
   WireEqualLevels();
+  WireUrlList();
   DisableMissingWork();
   program.main = {this, &Label_Info, &ProgressBar1, &Timer1};
   program.notify.level_list_changed = [this] { RefreshLevelList(*this); };

@@ -263,6 +263,8 @@ class Principale : public Form {
 
   // The equal-level check and the maintenance of level file lists (principale_equal_levels.cpp).
   void WireEqualLevels();
+  // The list of web addresses (principale_urls.cpp).
+  void WireUrlList();
 };
 
 }  // namespace vardolin

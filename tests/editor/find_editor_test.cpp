@@ -5,6 +5,7 @@
 #include "editor/find_editor.h"
 #include "editor/text_ids.h"
 #include "editor_test_fixture.h"
+#include "web/dialog_siti.h"
 
 namespace vardolin::testing {
 namespace {
@@ -110,6 +111,11 @@ TEST(FindEditorFolderTest, AWrongFolderKeepsTheDialogUpUntilTheUserGivesUp) {
   t.ui.Folder(t.Path("home").string());
   t.ui.Answer(msg::kOk, "tom2pc.exe is missing");
   t.ui.Answer(msg::kOk, "tom2pc.exe is missing");
+  t.ui.Answer(msg::kYes, "download the Tomb Raider Level Editor");
+  t.ui.OnForm("Dialog_Siti", [](Form& f) {  // on the editor's sites
+    const auto& sites = static_cast<Dialog_Siti&>(f).Combo_TipoUrl;
+    EXPECT_EQ(sites.ItemData(sites.ListIndex()), 2);
+  });
   t.ui.Answer(msg::kOk, "Without the Tomb Raider Level Editor");
   EXPECT_FALSE(FindEditorFolder(t.program));
   EXPECT_EQ(t.program.prefs.EditorFolder, t.Path("old").string());

@@ -194,6 +194,7 @@ TEST_F(StartUpTest, WithoutAnEditorFolderTheWindowStaysUpWithNoCatalogue) {
   ProgramRun run(home);
   // The user says there is no editor on this machine.
   run.ui.OnForm("Dialog_TrovaTrle", [](Form& f) { f.Find<Button>("Pul_Cancel")->Click(); })
+      .Answer(msg::kNo, "web sites")
       .AllowAnyMessage();
   run.window.Load();
   EXPECT_TRUE(run.window.IsLoaded());

@@ -26,8 +26,8 @@ struct Member {
 // Writes an archive with libarchive: "zip", "7zip" or "pax" (with "gzip" as `filter`). Names go
 // in as raw bytes, unless `utf8`: then they are UTF-8 and a zip marks them so.
 inline void WriteArchive(const std::filesystem::path& path, const std::vector<Member>& members,
-                  const char* format = "zip", const char* filter = nullptr,
-                  const char* passphrase = nullptr, bool utf8 = false) {
+                         const char* format = "zip", const char* filter = nullptr,
+                         const char* passphrase = nullptr, bool utf8 = false) {
   static locale_t utf8_locale = newlocale(LC_ALL_MASK, "C.UTF-8", nullptr);
   locale_t before = utf8 ? uselocale(utf8_locale) : nullptr;
   archive* a = archive_write_new();

@@ -17,9 +17,9 @@ namespace {
 namespace fs = std::filesystem;
 using vardolin::testing::Member;
 using vardolin::testing::ReadFile;
-using vardolin::testing::WriteArchive;
 using vardolin::testing::TempDir;
 using vardolin::testing::TestProgram;
+using vardolin::testing::WriteArchive;
 
 // Every file below `root` with its bytes, names relative to `root`.
 std::map<std::string, std::string> Tree(const fs::path& root) {

@@ -1,0 +1,203 @@
+#include "web/url_list.h"
+
+#include <chrono>
+#include <cmath>
+#include <ctime>
+#include <system_error>
+
+#include "foundation/program.h"
+#include "foundation/services/atomic_file.h"
+#include "foundation/services/binary_io.h"
+#include "foundation/services/codepage.h"
+#include "foundation/services/files.h"
+#include "foundation/services/paths.h"
+#include "foundation/services/safe_join.h"
+#include "foundation/services/strings.h"
+#include "web/text_ids.h"
+
+namespace vardolin {
+
+namespace {
+
+constexpr int kCodePage = 1252;
+// Types 1 to 8 are known; anything else is a damaged file, not a category to guess at.
+constexpr std::int32_t kFirstType = 1;
+constexpr std::int32_t kLastType = 8;
+// The smallest entry: two empty texts with their lengths, the type and the flag.
+constexpr std::size_t kSmallestEntry = 2 + 2 + 4 + 2;
+// Days from 30 December 1899 to 1 January 1970.
+constexpr double kUnixEpochDays = 25569.0;
+
+bool ReadText(ByteReader& in, std::string& out) {
+  const std::int16_t length = in.I16();
+  if (!in.Ok() || length < 0 || static_cast<std::size_t>(length) > in.Remaining()) return false;
+  out = ToUtf8Lossy(in.Raw(static_cast<std::size_t>(length)), kCodePage);
+  return in.Ok();
+}
+
+bool WriteText(ByteWriter& out, std::string_view utf8) {
+  const std::string bytes = FromUtf8Lossy(utf8, kCodePage);
+  if (bytes.size() > 32767) return false;
+  out.I16(static_cast<std::int16_t>(bytes.size()));
+  out.Raw(bytes);
+  return true;
+}
+
+}  // namespace
+
+bool ParseUrlList(std::string_view bytes, UrlList& list) {
+  list = {};
+  ByteReader in(bytes);
+  const std::int32_t count = in.I32();
+  const double last_update = in.F64();
+  // A count the bytes can't hold is a damaged file, told before anything is sized by it.
+  if (!in.Ok() || count < 0 || static_cast<std::size_t>(count) > in.Remaining() / kSmallestEntry)
+    return false;
+  UrlList read;
+  read.LastUpdate = last_update;
+  read.entries.reserve(static_cast<std::size_t>(count));
+  for (std::int32_t i = 0; i < count; ++i) {
+    UrlEntry e;
+    if (!ReadText(in, e.Url) || !ReadText(in, e.Name)) return false;
+    e.Type = in.I32();
+    e.UserAdded = in.Flag();
+    if (!in.Ok() || e.Type < kFirstType || e.Type > kLastType) return false;
+    read.entries.push_back(std::move(e));
+  }
+  list = std::move(read);
+  return true;
+}
+
+std::string UrlListBytes(const UrlList& list) {
+  ByteWriter out;
+  out.I32(list.Count());
+  out.F64(list.LastUpdate);
+  for (const UrlEntry& e : list.entries) {
+    if (!WriteText(out, e.Url) || !WriteText(out, e.Name)) return {};
+    out.I32(e.Type);
+    out.Flag(e.UserAdded);
+  }
+  return out.Take();
+}
+
+bool ReadUrlList(const std::filesystem::path& path, UrlList& list) {
+  list = {};
+  if (!FileExists(path)) return false;
+  return ParseUrlList(ReadWholeFile(ResolveCase(path)), list);
+}
+
+bool WriteUrlList(const std::filesystem::path& path, const UrlList& list) {
+  const std::string bytes = UrlListBytes(list);
+  return !bytes.empty() && AtomicWriteFile(ResolveCase(path), bytes);
+}
+
+std::filesystem::path UrlListPath(const Program& program) {
+  return JoinFragment(program.Home(), program.GetText(text::UrlListFile));
+}
+
+bool IsHiddenEntry(const UrlEntry& entry) {
+  return entry.Name.starts_with("***");
+}
+
+UrlList MergeUrlLists(const UrlList& current, const UrlList& downloaded, double now) {
+  UrlList merged;
+  merged.LastUpdate = now;
+  for (const UrlEntry& e : current.entries)
+    if (e.UserAdded) merged.entries.push_back(e);
+  merged.entries.insert(merged.entries.end(), downloaded.entries.begin(), downloaded.entries.end());
+  return merged;
+}
+
+std::string TranslateUrlName(const Program& program, std::string_view name) {
+  struct Phrase {
+    const char* english;
+    std::int32_t id;
+  };
+  static constexpr Phrase kPhrases[] = {
+      {"Sorted by enter date", text::UrlPhraseEnterDate},
+      {"Sorted by rating", text::UrlPhraseRating},
+      {"Search whereby keywords", text::UrlPhraseKeywords},
+      {"Sorted by title", text::UrlPhraseTitle},
+      {"Levels", text::UrlPhraseLevels},
+      {"Sorted by author name", text::UrlPhraseAuthor},
+      {"Reviews", text::UrlPhraseReviews},
+      {" with ", text::UrlPhraseWith},
+      {"Various sorting standards", text::UrlPhraseVarious},
+      {"Language: ", text::UrlPhraseLanguage},
+      {" and ", text::UrlPhraseAnd},
+      {"Walkthroughs", text::UrlPhraseWalkthroughs},
+  };
+  std::string site;
+  std::string part(name);
+  const std::size_t dash = name.find('-');
+  if (dash != std::string_view::npos) {
+    site = Trim(name.substr(0, dash));
+    part = Trim(name.substr(dash + 1));
+  }
+  for (const Phrase& p : kPhrases) {
+    const std::string translated = program.GetText(p.id);
+    // A language without the phrase keeps the English one rather than blanking it.
+    if (!translated.empty()) part = ReplaceAllNoCase(part, p.english, translated);
+  }
+  return dash == std::string_view::npos ? part : site + " - " + part;
+}
+
+std::vector<UrlEntry> MatchingKnownPatches(const UrlList& list,
+                                           const std::filesystem::path& folder) {
+  std::vector<UrlEntry> found;
+  for (const UrlEntry& e : list.entries) {
+    if (e.Type != url_type::kPatch) continue;
+    const std::size_t dash = e.Name.find('-');
+    if (dash == std::string::npos) continue;
+    std::string files = e.Name.substr(dash + 1);
+    files = files.substr(0, files.find('-'));
+    std::vector<std::string> fields;
+    for (std::size_t start = 0;;) {
+      const std::size_t semi = files.find(';', start);
+      fields.push_back(Trim(std::string_view(files).substr(start, semi - start)));
+      if (semi == std::string::npos) break;
+      start = semi + 1;
+    }
+    if (fields.size() < 2) continue;
+    bool all = fields.size() % 2 == 0;
+    for (std::size_t i = 0; all && i + 1 < fields.size(); i += 2) {
+      const SafeJoinResult file = SafeJoin(folder, fields[i]);
+      std::error_code ec;
+      all =
+          file && FileExists(file.path) &&
+          std::to_string(std::filesystem::file_size(ResolveCase(file.path), ec)) == fields[i + 1] &&
+          !ec;
+    }
+    if (all) found.push_back(e);
+  }
+  return found;
+}
+
+double OleDateOf(std::int64_t unix_seconds) {
+  return kUnixEpochDays + static_cast<double>(unix_seconds) / 86400.0;
+}
+
+double OleDateNow() {
+  return OleDateOf(std::chrono::duration_cast<std::chrono::seconds>(
+                       std::chrono::system_clock::now().time_since_epoch())
+                       .count());
+}
+
+std::int64_t UnixSecondsOf(double ole_date) {
+  if (!std::isfinite(ole_date)) return 0;
+  const double seconds = std::round((ole_date - kUnixEpochDays) * 86400.0);
+  // Far outside any date a list can carry: clamp, so a damaged file formats as some date.
+  if (seconds > 1e15 || seconds < -1e15) return 0;
+  return static_cast<std::int64_t>(seconds);
+}
+
+std::string FormatOleDate(double ole_date, const std::string& layout) {
+  const std::time_t t = static_cast<std::time_t>(UnixSecondsOf(ole_date));
+  std::tm local{};
+  if (!localtime_r(&t, &local)) return {};
+  char out[128];
+  const std::size_t n = std::strftime(out, sizeof out, layout.c_str(), &local);
+  return std::string(out, n);
+}
+
+}  // namespace vardolin
