@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include "editor/dialog_installa_trle.h"
 #include "editor/find_editor.h"
 #include "editor/install_editor.h"
 #include "editor_package.h"
@@ -75,6 +76,25 @@ TEST(InstallEditorTest, APackageMissingAFileStopsBeforeAnythingIsRegistered) {
   EXPECT_EQ(t.program.prefs.EditorFolder, "/old/editor");
   EXPECT_FALSE(fs::exists(t.dir / "wine/system.reg"));
   EXPECT_FALSE(fs::exists(t.dir / "xdg/applications"));
+}
+
+TEST(DialogInstallaTrleTest, ChoosingOnePartBringsItsNeighboursOnce) {
+  EditorTest t;
+  for (int part : {1, 2, 3})
+    WriteBytes(t.Path("setup/trle_setup_" + std::to_string(part) + ".zip"), "PK");
+  Dialog_InstallaTrle dialog(t.program);
+  dialog.ImpostaValori();
+  t.ui.OpenFile(t.Path("setup/trle_setup_2.zip").string())
+      .OpenFile(t.Path("setup/TRLE_SETUP_1.ZIP").string())
+      .Answer(msg::kOk, "Choose a zip file in the list first");
+  dialog.Pul_Add.Click();
+  dialog.Pul_Add.Click();
+  dialog.Pul_Remove.Click();
+  std::vector<std::string> rows;
+  for (const ListItem& row : dialog.List_FileZip.Items())
+    rows.push_back(fs::path(row.text).filename());
+  EXPECT_EQ(rows,
+            (std::vector<std::string>{"trle_setup_2.zip", "trle_setup_1.zip", "trle_setup_3.zip"}));
 }
 
 struct ListCase {
