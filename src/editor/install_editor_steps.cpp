@@ -18,6 +18,7 @@
 #include "foundation/services/drives.h"
 #include "foundation/services/files.h"
 #include "foundation/services/paths.h"
+#include "foundation/services/safe_join.h"
 #include "foundation/services/strings.h"
 #include "play/activation.h"
 
@@ -52,7 +53,10 @@ bool VerifyFileList(Program& program, const fs::path& list, const fs::path& base
   for (std::string line : lines) {
     if (!line.empty() && line.back() == '\r') line.pop_back();
     line = Trim(line);
-    if (line.empty() || FileExists(JoinFragment(base, line))) continue;
+    if (line.empty()) continue;
+    // A name that would lead out of the base names no file of the editor: it counts as missing.
+    SafeJoinResult file = SafeJoin(base, line);
+    if (file && FileExists(file.path)) continue;
     report += "\"" + line + "\"" + kLineEnd;
     if (++errors >= kMostMissingTold) {
       report += program.GetText(text::InstallListMore);
