@@ -275,10 +275,12 @@ bool EditorInstall::Run(bool compressed, int language, const std::string& source
   row_ = &EditorLanguageRow(language);
   if (!p_.lists.Built()) p_.lists = BuildDataLists();
   base_ = ProgramFilesFolder();
+  std::error_code ec;
+  // A fresh prefix has no program files folder yet, and its room is asked of where it will be.
+  fs::create_directories(base_, ec);
   if (!compressed && !RoomForFolder(source)) return false;
   core_ = base_ / "Core Design";
   target_ = JoinFragment(base_, T(text::InstallTarget));
-  std::error_code ec;
   fs::create_directories(core_, ec);
   if (!(compressed ? FillFromZips(zips) : FillFromFolder(source))) return false;
   if (!MakeMenus()) return false;
