@@ -147,7 +147,10 @@ int main(int argc, char** argv) {
           false, [&](vardolin::Program& p) {
             return vardolin::CmdCompareEditor(p, editor_sources, full_compare, out, err);
           });
-  compare_editor->add_option("SOURCE TARGET", editor_sources, "the two folders")->expected(2);
+  compare_editor
+      ->add_option("FOLDERS", editor_sources,
+                   "SOURCE (the trusted copy) and TARGET (the folder examined)")
+      ->expected(2);
   compare_editor->add_flag("--full", full_compare, "every file, not only root, wads and data");
   add("patch-engine", "patch the game for fast loading", true,
       [&](vardolin::Program& p) { return vardolin::CmdPatchEngine(p, out, err); });
