@@ -2,6 +2,7 @@
 #include "demo_home_editor.h"
 
 #include "demo_home_play.h"
+#include "demo_music.h"
 
 #include <algorithm>
 #include <cstdlib>
@@ -215,6 +216,10 @@ bool AddDemoLevel(Program& program, const DemoLevel& level, unsigned seed, std::
     }
   if (!WriteLoadPicture(files / "load.bmp", level.tint[0], level.tint[1], level.tint[2])) {
     err << "vardolin-cli: cannot write the loading picture of " << level.name << "\n";
+    return false;
+  }
+  if (FileExists(files / "media.mpf") && !WriteDemoMusic(program, files)) {
+    err << "vardolin-cli: cannot encode the music of " << level.name << " (is lame installed?)\n";
     return false;
   }
   if (level.compressed && !ConvertLevelStore(program, record.Code, true, nullptr, nullptr)) {

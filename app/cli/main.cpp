@@ -15,6 +15,7 @@
 
 #include "activation_commands.h"
 #include "archive/catalogue_file.h"
+#include "audio_commands.h"
 #include "catalogue_commands.h"
 #include "demo_home.h"
 #include "editor_commands.h"
@@ -207,6 +208,37 @@ int main(int argc, char** argv) {
             [&](vardolin::Program& p) { return vardolin::CmdUrlsMerge(p, file, out, err); })
       ->add_option("FILE", file, "a urllist.bin")
       ->required();
+  std::vector<std::filesystem::path> audio_files;
+  std::filesystem::path audio_out;
+  int audio_target = 2;
+  vardolin::EncoderSettings encoder;
+  CLI::App* convert = nullptr;
+  CLI::App* audio =
+      add("audio", "tell what audio files are, or convert them", false, [&](vardolin::Program& p) {
+        if (convert->parsed())
+          return vardolin::CmdAudioConvert(p, audio_target, encoder, audio_files, audio_out, out,
+                                           err);
+        return vardolin::CmdAudioInfo(p, audio_files, out, err);
+      });
+  audio->require_subcommand(1);
+  audio->add_subcommand("info", "kind and form of each file, and an MP3's seconds")
+      ->add_option("FILE", audio_files, "audio files")
+      ->required();
+  convert = audio->add_subcommand("convert", "convert copies of the files into a folder");
+  convert
+      ->add_option("--to", audio_target,
+                   "1 wave 44100 Hz 16 bit stereo, 2 the game's music, "
+                   "3 the game's samples, 5 MP3")
+      ->required()
+      ->check(CLI::IsMember({1, 2, 3, 5}));
+  convert->add_option("--bitrate", encoder.Mp3BitRate, "MP3 kbit/s (48)");
+  convert->add_flag_callback(
+      "--mono", [&] { encoder.Mp3Channels = 1; }, "MP3 in mono (so by default)");
+  convert->add_flag_callback(
+      "--stereo", [&] { encoder.Mp3Channels = 2; }, "MP3 in stereo");
+  convert->add_option("--rate", encoder.Mp3Frequency, "MP3 rate in Hz (the source's)");
+  convert->add_option("FILE", audio_files, "audio files")->required();
+  convert->add_option("--out", audio_out, "target folder")->required();
 
   try {
     app.parse(argc, argv);

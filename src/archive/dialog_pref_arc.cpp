@@ -120,15 +120,7 @@ void Dialog_PrefArc::Check_WavInMp3_Click() {
 void Dialog_PrefArc::Pul_Ok_Click() {
   Program& p = program();
   CatalogueHeader& live = p.catalogue.header;
-  if (live.WavInMp3 != saved_.WavInMp3) {
-    // Converting the store's audio needs the audio converter, which this build doesn't have.
-    AskUser(p, p.GetText(text::WavInMp3NotAvailable, {"\r\n"}), msg::kWarning);
-    live.WavInMp3 = saved_.WavInMp3;
-    filling_ = true;
-    Check_WavInMp3.SetValue(live.WavInMp3);
-    filling_ = false;
-  }
-  if (live.CompressFiles != saved_.CompressFiles) {
+  if (live.CompressFiles != saved_.CompressFiles || live.WavInMp3 != saved_.WavInMp3) {
     CatalogueChanged(p);
     ConvertStore = AskUser(p, p.GetText(text::AskConvertStore), msg::kYesNo) == msg::kYes;
   }

@@ -8,6 +8,8 @@
 
 #include "archive/level_store.h"
 #include "archive/text_ids.h"
+#include "audio/dialog_converti_mp3.h"
+#include "audio/wave_header.h"
 #include "foundation/pictures/picture_file.h"
 #include "foundation/ports/ui.h"
 #include "foundation/program.h"
@@ -89,7 +91,8 @@ fs::path MakeTempFiles(Program& program, const fs::path& source) {
   return FreshTemporary(program, source, {});
 }
 
-bool PrepareLevelFiles(Program& program, const fs::path& files_folder, fs::path& temporary) {
+bool PrepareLevelFiles(Program& program, const fs::path& files_folder, fs::path& temporary,
+                       bool expand_audio) {
   temporary.clear();
   const fs::path source = ResolveCase(files_folder);
   if (!FolderExists(source)) return false;
@@ -152,7 +155,23 @@ bool PrepareLevelFiles(Program& program, const fs::path& files_folder, fs::path&
     zip.Hide();
   }
 
-  const fs::path in_use = temporary.empty() ? source : temporary;
+  fs::path in_use = temporary.empty() ? source : temporary;
+  if (expand_audio && !ListFiles(in_use, PatternText(program, text::StoredMp3Pattern)).empty()) {
+    if (temporary.empty()) {
+      temporary = MakeTempFiles(program, source);
+      if (temporary.empty()) return false;
+      in_use = temporary;
+    }
+    std::string why;
+    if (!RunAudioConversion(program,
+                            SortedFiles(temporary, PatternText(program, text::TemporaryMp3Pattern)),
+                            temporary, wave_kind::kMusic, why)) {
+      program.ui().AskUser(program.GetText(text::LevelAudioFailed, {why}), msg::kError, {});
+      Abandon(program, temporary);
+      return false;
+    }
+    DeleteMatchingFiles(temporary, PatternText(program, text::TemporaryMp3Copies));
+  }
   if (FileExists(JoinFragment(in_use, program.GetText(text::StoredLoadPicture)))) {
     if (temporary.empty()) {
       temporary = MakeTempFiles(program, source);

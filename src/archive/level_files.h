@@ -18,9 +18,10 @@ std::filesystem::path TemporaryFilesFolder(const Program& program);
 // afterwards), else from `files_folder` itself. A level kept in plain form needs no temporary
 // folder and leaves `temporary` empty. On failure (a damaged `.zl`, text 1229 shown) the
 // temporary folder is removed, `temporary` is empty and the store is as it was.
-// MP3 files are left as they stand: their expansion to wave form comes with the audio engine.
+// With `expand_audio`, MP3 files become the game's 4-bit music waves; a failed conversion shows
+// text 1233 and fails as a damaged `.zl` does.
 bool PrepareLevelFiles(Program& program, const std::filesystem::path& files_folder,
-                       std::filesystem::path& temporary);
+                       std::filesystem::path& temporary, bool expand_audio = true);
 
 // Empties or creates the temporary folder and copies the source's files and sub-folders there.
 // The temporary folder's path; empty when it couldn't be made whole.

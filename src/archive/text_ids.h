@@ -219,6 +219,10 @@ inline constexpr std::int32_t PreparingLevelFiles = 1226;
 inline constexpr std::int32_t CopyingToTemporary = 1227;
 inline constexpr std::int32_t ExpandingFile = 1228;        // ~1 the packed file's name
 inline constexpr std::int32_t PackedCopiesPattern = 1230;  // fragment, same as 1225
+inline constexpr std::int32_t StoredMp3Pattern = 1231;     // fragment "\*.mp3"
+inline constexpr std::int32_t TemporaryMp3Pattern = 1232;  // fragment, the files converted
+inline constexpr std::int32_t LevelAudioFailed = 1233;     // ~1 = the converter's reason
+inline constexpr std::int32_t TemporaryMp3Copies = 1234;   // fragment, deleted afterwards
 inline constexpr std::int32_t StoredLoadPicture = 1235;    // fragment "\load.jpg"
 inline constexpr std::int32_t LoadPictureSource = 1236;    // fragment, same as 1235
 inline constexpr std::int32_t LoadPictureBitmap = 1237;    // fragment "\load.bmp"
@@ -323,9 +327,12 @@ inline constexpr std::int32_t PrefArcCompress = 5633;
 inline constexpr std::int32_t PrefArcWavInMp3 = 5634;
 inline constexpr std::int32_t PrefArcOk = 5635;
 inline constexpr std::int32_t PrefArcCancel = 5636;
-inline constexpr std::int32_t WavInMp3NotAvailable = 5637;  // ~1 CR LF
 
 // The whole-store conversion.
+inline constexpr std::int32_t StoreAudioWaves = 1926;   // pattern fragment "\*.wav"
+inline constexpr std::int32_t StoreAudioMp3 = 1927;     // pattern fragment "\*.mp3"
+inline constexpr std::int32_t StoreAudioFolder = 1928;  // fragment below the program's folder
+inline constexpr std::int32_t StoreAudioFailed = 1929;  // ~1 level, ~2 reason, ~3 two CR LF
 inline constexpr std::int32_t ConversionSizes = 1947;   // ~1 before, ~2 after, ~3 CR LF
 inline constexpr std::int32_t ConversionFailed = 5638;  // ~1 level, ~2 CR LF
 

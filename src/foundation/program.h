@@ -54,6 +54,14 @@ struct MainWindowParts {
   Timer* timer1 = nullptr;
 };
 
+// The MP3 encoder's choices, kept for the run: kbit/s, 1 mono or 2 stereo, and the rate in Hz
+// (0 keeps the source's).
+struct EncoderSettings {
+  std::int32_t Mp3BitRate = 48;
+  std::int16_t Mp3Channels = 1;
+  std::int32_t Mp3Frequency = 0;
+};
+
 class Program {
  public:
   Program(std::filesystem::path home, Ui& ui, Platform& platform);
@@ -84,6 +92,7 @@ class Program {
   bool CdRefused = false;
   bool GameRunning = false;
   bool MediaPlay = false;
+  EncoderSettings encoder;
   // The launched game (tomb4.exe) and play_the_game.exe of a media level; a process id of 0 or
   // less is none.
   Process GameProcess;

@@ -47,7 +47,8 @@ std::optional<std::int32_t> AddLevel(Program& program, const std::string& packag
   Dialog_NewLevel form(program);
   form.Load();
   form.ImpostaValori(static_cast<std::int32_t>(c.levels.size()), packagePath);
-  if (!form.Failed) {
+  // A package that asked for something the user refused closed the form already.
+  if (!form.Failed && form.IsLoaded()) {
     if (act)
       act(form);
     else
@@ -83,7 +84,7 @@ bool EditLevelProperties(Program& program, std::int32_t index) {
   Dialog_NewLevel form(program);
   form.Load();
   form.ImpostaValori(index);
-  if (!form.Failed) program.ui().ShowModal(form);
+  if (!form.Failed && form.IsLoaded()) program.ui().ShowModal(form);
   if (form.IsLoaded()) form.Unload();
   CatalogueChanged(program);
   program.notify.LevelListChanged();

@@ -89,6 +89,10 @@ std::vector<std::string> ParseScriptLevelPaths(std::string_view bytes, std::stri
   const std::size_t count = header.U16();
   std::string extension(bytes.substr(kPcLevelExtensionOffset, kExtensionWidth));
   extension = extension.substr(0, extension.find('\0'));
+  // The extension comes from the file too: it may only ever make a name longer.
+  if (extension.size() < 2 || extension[0] != '.' ||
+      extension.find_first_of("/\\:") != std::string::npos)
+    extension.clear();
   ByteReader reader(bytes, kScriptHeaderSize);
   std::vector<std::size_t> offsets;
   for (std::size_t i = 0; i < count; ++i) offsets.push_back(reader.U16());

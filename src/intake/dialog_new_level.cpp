@@ -17,6 +17,7 @@
 #include "foundation/services/strings.h"
 #include "foundation/services/wildcard.h"
 #include "intake/add_files.h"
+#include "intake/apply_level_info.h"
 #include "intake/packed_level_expand.h"
 #include "intake/self_installer.h"
 #include "intake/store_level.h"
@@ -91,7 +92,7 @@ void Dialog_NewLevel::ImpostaValori(std::int32_t IndiceLivello, const std::strin
   WorkFolder = FilesFolder;
   if (!p.prefs.NoDecompress) {
     fs::path temporary;
-    if (!PrepareLevelFiles(p, FilesFolder, temporary)) {
+    if (!PrepareLevelFiles(p, FilesFolder, temporary, false)) {
       AskUser(p, p.GetText(text::CannotExpandForViewing), msg::kError);
       Failed = true;
       return;
@@ -214,6 +215,7 @@ void Dialog_NewLevel::AddPackage(const std::string& path, bool showProgressDialo
   if (showProgressDialog) HideProgressDialog(p);
   FilesChangedFlag = true;
   RefreshFiles();
+  if (IsNewLevel) ApplyLevelInfo(*this);
   SuggestNameAndInfo();
 }
 
@@ -236,6 +238,8 @@ void Dialog_NewLevel::AfterAdd(bool added) {
   FilesChangedFlag = true;
   RefreshFiles();
   if (!IsNewLevel) return;
+  ApplyLevelInfo(*this);
+  if (!IsLoaded()) return;  // a wad the level can't do without was refused
   // A foreign setup program is kept with the level; running it comes with the setup work.
   bool level_file = false;
   fs::path setup;

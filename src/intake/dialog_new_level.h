@@ -11,6 +11,7 @@
 
 #include "foundation/catalogue_records.h"
 #include "foundation/forms/form.h"
+#include "intake/level_info.h"
 #include "web/zlib_tool.h"
 
 namespace vardolin {
@@ -49,6 +50,8 @@ class Dialog_NewLevel : public Form {
   bool InstallerFound = false;
   bool InfoFileApplied = false;
   bool PatchApplied = false;
+  // What the package's level info file or install script said of the level.
+  LevelInfo Info;
 
   Label Label4{*this, "Label4", "Level Name ->"};
   TextBox Text_NameLevel{*this, "Text_NameLevel"};
@@ -88,6 +91,10 @@ class Dialog_NewLevel : public Form {
   // Adds a package file or, for a folder, all its files (and those of its sub-folders when the
   // user agrees), as the two add buttons do without their choosers.
   void AddSource(const std::filesystem::path& source);
+  // Brings the level's waves to the game's forms (music by track number, samples otherwise),
+  // unless the archive keeps waves as MP3 and `force` is clear. False, after telling why, when
+  // the conversion failed; with `keepSources` converted copies are made and the waves stay.
+  bool ConvertAudioFiles(bool force, bool keepSources);
   // Whether the work folder differs from what it was when the form opened.
   bool FolderChanged() const;
   // Picks a more-info file by the words its name holds, unless one is chosen already.

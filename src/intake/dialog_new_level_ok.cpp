@@ -2,6 +2,8 @@
 // folder, then the level's files moved into the store.
 
 #include "archive/catalogue_ops.h"
+#include "audio/dialog_converti_mp3.h"
+#include "audio/wave_header.h"
 #include "archive/level_store.h"
 #include "foundation/dialogs/ask.h"
 #include "foundation/ports/ui.h"
@@ -15,6 +17,8 @@
 #include "intake/level_file_list.h"
 #include "intake/store_level.h"
 #include "intake/text_ids.h"
+
+#include <tuple>
 
 namespace vardolin {
 
@@ -39,6 +43,7 @@ bool Dialog_NewLevel::PassesChecks() {
   }
   LevelRecord& r = Record();
   r.Name = name;
+  if (!ConvertAudioFiles(false, false)) return false;
 
   if (AnyMatch(WorkFolder, p.GetText(text::TomPatternInFolder))) {
     if (AskUser(p, p.GetText(text::CompileTomQuestion), msg::kOkCancel) == msg::kCancel)
@@ -117,6 +122,41 @@ void Dialog_NewLevel::Pul_Ok_Click() {
   if (FolderChanged() && r.CdNumber == 0) StoreFiles();
   DeleteTemporaryFolder(text::RemovingTemporaryFolder);
   Close(true);
+}
+
+bool Dialog_NewLevel::ConvertAudioFiles(bool force, bool keepSources) {
+  Program& p = program();
+  if (!force && p.catalogue.header.WavInMp3) return true;
+  std::vector<fs::path> music, samples;
+  const std::string wave = p.GetText(text::WaveExtension);
+  for (const fs::path& f : FileList) {
+    if (!EndsWithNoCase(f.filename().string(), wave)) continue;
+    bool refused = false;
+    if (!NeedsWaveConversion(p, f, refused) || refused) continue;
+    // The game's music tracks are named by their number; any other wave is a sound sample.
+    const std::string base = ExtractBaseName(f.filename().string());
+    const bool track = !base.empty() && base.find_first_not_of("0123456789") == std::string::npos;
+    (track ? music : samples).push_back(f);
+  }
+  if (music.empty() && samples.empty()) return true;
+  const fs::path work = JoinFragment(p.Home(), p.GetText(text::UnpackFolder));
+  for (auto [files, kind, error] : {std::tuple{&music, wave_kind::kMusic, text::MusicNotConverted},
+                                   std::tuple{&samples, wave_kind::kSample,
+                                              text::SamplesNotConverted}}) {
+    if (files->empty()) continue;
+    std::string message;
+    const bool ok = keepSources
+                        ? RunAudioConversionOnCopies(p, *files, WorkFolder, kind, work, message)
+                        : RunAudioConversion(p, *files, WorkFolder, kind, message);
+    if (!ok) {
+      AskUser(p, p.GetText(error) + message, msg::kError);
+      RefreshFiles();
+      return false;
+    }
+  }
+  FilesChangedFlag = true;
+  RefreshFiles();
+  return true;
 }
 
 void Dialog_NewLevel::StoreFiles() {

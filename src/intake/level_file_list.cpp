@@ -40,6 +40,7 @@ double OleDateOf(const fs::path& file) {
 // A list file is read for every level of the archive at each check: one open, one read, and
 // the case-blind path search only when the plain path isn't there.
 std::string ReadListFile(const fs::path& path) {
+  if (path.empty()) return {};
   int fd = ::open(path.c_str(), O_RDONLY | O_CLOEXEC);
   if (fd < 0) {
     const fs::path resolved = ResolveCase(path);
@@ -136,13 +137,17 @@ LevelFileList BuildLevelFileList(Program& program, const fs::path& folder) {
 }
 
 fs::path LevelFileListPath(Program& program, std::int32_t code) {
-  return JoinFragment(HardDiskLevelFolder(program, code), program.GetText(text::LevelFileListName));
+  // A catalogue without a valid archive folder has no level folders: never the current folder.
+  const fs::path folder = HardDiskLevelFolder(program, code);
+  if (!folder.is_absolute()) return {};
+  return JoinFragment(folder, program.GetText(text::LevelFileListName));
 }
 
 bool WriteLevelFileList(Program& program, std::int32_t code, const LevelFileList& list) {
+  const fs::path path = LevelFileListPath(program, code);
   // The list can always be made again from the level's files: no need to wait for the disk.
-  return AtomicWriteFile(LevelFileListPath(program, code),
-                         SerializeLevelFileList(list, program.texts.CodePage), false);
+  return !path.empty() &&
+         AtomicWriteFile(path, SerializeLevelFileList(list, program.texts.CodePage), false);
 }
 
 bool ReadLevelFileList(Program& program, std::int32_t code, LevelFileList& list) {

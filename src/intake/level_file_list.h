@@ -34,7 +34,7 @@ bool ParseLevelFileList(std::string_view bytes, LevelFileList& out, int codepage
 
 // The compiled level files of a folder (pattern of text 1621) with their dates and sizes.
 LevelFileList BuildLevelFileList(Program& program, const std::filesystem::path& folder);
-// Text 1255 behind the level's folder on hard disk.
+// Text 1255 behind the level's folder on hard disk; empty when the archive has no valid folder.
 std::filesystem::path LevelFileListPath(Program& program, std::int32_t code);
 bool WriteLevelFileList(Program& program, std::int32_t code, const LevelFileList& list);
 // False, with an empty list, when the level has no list file or it can't be read.

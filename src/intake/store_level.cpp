@@ -6,6 +6,8 @@
 #include <vector>
 
 #include "archive/level_store.h"
+#include "audio/dialog_converti_mp3.h"
+#include "audio/wave_header.h"
 #include "foundation/catalogue_records.h"
 #include "foundation/dialogs/ask.h"
 #include "foundation/forms/controls.h"
@@ -92,6 +94,23 @@ bool StoreCompressedLevel(Program& program, const fs::path& source, const LevelR
     return false;
   }
 
+  if (program.catalogue.header.WavInMp3) {
+    const std::vector<fs::path> waves =
+        ListFiles(source, program.GetText(text::WavesToMp3Pattern));
+    std::string message;
+    if (!waves.empty()) {
+      const bool converted = RunAudioConversion(program, waves, source, wave_kind::kMp3, message);
+      if (!converted) {
+        AskUser(program, program.GetText(text::WavesToMp3Failed) + message, msg::kError);
+        if (AskUser(program, program.GetText(text::StoreWavesAsTheyAre), msg::kYesNo) == msg::kNo)
+          return false;
+      }
+      // A wave goes only once its MP3 stands beside it.
+      for (const fs::path& w : waves)
+        if (FileExists(ChangeExtension(w.string(), ".mp3"))) DeleteFileForced(w);
+    }
+  }
+
   if (!program.catalogue.header.CompressFiles) {
     if (!same && !ReplaceFolderFiles(source, target)) return false;
     return true;
@@ -113,7 +132,9 @@ bool StoreCompressedLevel(Program& program, const fs::path& source, const LevelR
   for (const fs::path& f : ListFiles(source, "*")) {
     const std::string name = ToLower(f.filename().string());
     const std::string last4 = name.size() >= 4 ? name.substr(name.size() - 4) : name;
-    bool keep = name.ends_with(packed) || (!more_info.empty() && EqualsNoCase(name, more_info));
+    // MP3 is packed audio already: packing it again gains nothing.
+    bool keep = name.ends_with(packed) || name.ends_with(".mp3") ||
+                (!more_info.empty() && EqualsNoCase(name, more_info));
     for (const std::string& e : never) keep = keep || last4 == e;
     if (!keep) to_pack.push_back(f);
   }

@@ -170,7 +170,6 @@ inline constexpr std::int32_t EditorTravellingProgram = 3103;
 inline constexpr std::int32_t ShotPattern = 3110;
 inline constexpr std::int32_t PackageFilter = 3156;
 inline constexpr std::int32_t SetupProgramWaits = 8650;
-inline constexpr std::int32_t AudioStoredAsCame = 8651;
 inline constexpr std::int32_t CannotCompileTomYet = 8652;
 // The level info file.
 inline constexpr std::int32_t InfoFileMissing = 1390;       // ~1 = the path
@@ -283,6 +282,53 @@ inline constexpr std::int32_t KeptExtension = 3135;
 inline constexpr std::int32_t ExpandingPackedLevel = 3136;
 inline constexpr std::int32_t PackedLevelLeftover = 3137;  // fragment
 inline constexpr std::int32_t KeptNumberedName = 3138;     // ~1 = 0 to 11
+
+// What a level info file or install script asks of the level.
+inline constexpr std::int32_t LevelInfoFile = 645;
+inline constexpr std::int32_t TomToCompile = 646;
+inline constexpr std::int32_t ListedWadFolder = 647;
+inline constexpr std::int32_t RevisedWadsWord = 648;
+inline constexpr std::int32_t WadsNotGiven = 649;
+inline constexpr std::int32_t ImportingWads = 650;
+inline constexpr std::int32_t ApplyingCopies = 651;
+inline constexpr std::int32_t ApplyingCopy = 652;
+inline constexpr std::int32_t FetchingMedia = 653;
+inline constexpr std::int32_t MediaCdFolder = 654;
+inline constexpr std::int32_t MediaCdMissing = 655;
+inline constexpr std::int32_t InsertMediaCd = 656;
+inline constexpr std::int32_t GoOnLookingForCd = 657;
+inline constexpr std::int32_t MediaCdUnknown = 658;
+inline constexpr std::int32_t EditorMediaFolder = 659;
+inline constexpr std::int32_t CopyingMedia = 660;
+inline constexpr std::int32_t MediaStillMissing = 661;
+inline constexpr std::int32_t ListedFileGoOn = 670;
+inline constexpr std::int32_t AskHaveFile = 673;
+inline constexpr std::int32_t AskDownloadFile = 674;
+inline constexpr std::int32_t DirectDownloadExtension = 675;
+inline constexpr std::int32_t DownloadFailedOpenPage = 677;
+inline constexpr std::int32_t DownloadInBrowser = 678;
+inline constexpr std::int32_t AfterBrowserDownload = 679;
+inline constexpr std::int32_t NeededFileFilter = 680;
+inline constexpr std::int32_t NeededFileTitle = 681;
+inline constexpr std::int32_t TomLinkWadsFolder = 1663;
+inline constexpr std::int32_t ListedFileMissing = 2233;
+inline constexpr std::int32_t ListedFileSizeDiffers = 2234;
+inline constexpr std::int32_t KnownPatchQuestion = 2236;
+inline constexpr std::int32_t PatchNotDownloaded = 2237;
+inline constexpr std::int32_t PatchZipExtension = 2238;
+inline constexpr std::int32_t PatchNotUnpacked = 2239;
+inline constexpr std::int32_t PatchFolder = 2240;
+inline constexpr std::int32_t InstallScriptFile = 3104;
+inline constexpr std::int32_t WadImportNotYet = 8653;
+inline constexpr std::int32_t SetupNotYet = 8654;
+
+// A level's audio on its way into the store.
+inline constexpr std::int32_t WaveExtension = 642;
+inline constexpr std::int32_t MusicNotConverted = 643;
+inline constexpr std::int32_t SamplesNotConverted = 644;
+inline constexpr std::int32_t WavesToMp3Pattern = 1244;
+inline constexpr std::int32_t WavesToMp3Failed = 1245;
+inline constexpr std::int32_t StoreWavesAsTheyAre = 1246;
 
 // Setup programs that levels bring.
 inline constexpr std::int32_t SetupLevelPattern = 695;

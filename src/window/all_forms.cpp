@@ -2,6 +2,8 @@
 
 #include "archive/dialog_new_arc.h"
 #include "archive/dialog_pref_arc.h"
+#include "audio/dialog_convert_audio.h"
+#include "audio/dialog_converti_mp3.h"
 #include "editor/dialog_compare_trle.h"
 #include "editor/dialog_installa_trle.h"
 #include "editor/dialog_tipo_exe.h"
@@ -60,6 +62,8 @@ const std::vector<FormFactory>& AllForms() {
       Entry<Dialog_NewLevel>("Dialog_NewLevel"),
       Entry<Dialog_Download>("Dialog_Download"),
       Entry<Dialog_Siti>("Dialog_Siti"),
+      Entry<Dialog_ConvertAudio>("Dialog_ConvertAudio"),
+      Entry<Dialog_ConvertiMp3>("Dialog_ConvertiMp3"),
   };
   return forms;
 }

@@ -77,6 +77,7 @@ Principale::Principale(Program& program) : Form(program, "Principale", "Vardolin
   WireEditorSettings();
   WireEditorInstall();
   WireEditorTools();
+  WireAudio();
   WireScreenshotPanel();
   WireScreenshotMenus();
   WireCapture();

@@ -232,6 +232,10 @@ class Principale : public Form {
   void ShowGameState();
   bool game_shown_ = false;  // whether the title and status line say the game runs
 
+  // The Audio Converter's three entries (principale_audio.cpp).
+  void WireAudio();
+  void OpenAudioConverter(bool mp3_sources, bool mp3_target);
+
   // The editor's game settings (editor/setup_trle.cpp).
   void WireEditorSettings();
   // Installing the editor, patching the game, comparing editor folders

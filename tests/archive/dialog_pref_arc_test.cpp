@@ -89,12 +89,6 @@ TEST_F(PrefArcTest, AFailurePartWayLeavesEveryLevelWholeAndPutsTheFlagBack) {
   EXPECT_TRUE(f.program.catalogue.header.CompressFiles);
 }
 
-TEST_F(PrefArcTest, AChangedWavFlagIsRefusedWithAMessage) {
-  f.ui.Answer(msg::kOk, "audio converter");
-  EXPECT_FALSE(ChangeFlags(false, true, msg::kYes));
-  EXPECT_FALSE(f.program.catalogue.header.WavInMp3);
-}
-
 TEST_F(PrefArcTest, NoToTheQuestionKeepsTheFlagAndConvertsNothing) {
   f.ui.Answer(msg::kNo);
   EXPECT_FALSE(ChangeFlags(true, false, msg::kNo));

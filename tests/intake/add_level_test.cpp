@@ -14,8 +14,11 @@
 #include "archive/catalogue_ops.h"
 #include "archive/level_store.h"
 #include "archive_writer.h"
+#include "audio_fixture.h"
 #include "intake/add_level.h"
 #include "intake/dialog_new_level.h"
+#include "intake/level_info.h"
+#include "foundation/services/strings.h"
 #include "intake/level_file_list.h"
 #include "play/active_level.h"
 #include "play_fixture.h"
@@ -200,6 +203,81 @@ TEST(AddLevel, BadPackagesAreToldByNameAndLeaveNothingBehind) {
   EXPECT_TRUE(named);
   EXPECT_FALSE(fs::exists(f.Store(next)));
   EXPECT_EQ(f.Count(), 3u);
+}
+
+TEST(AddLevel, WhatAPackageSaysOfItsLevelFillsTheProperties) {
+  AddFixture f;
+  LevelInfo info;
+  info.LevelName = "Tower of Winds";
+  info.Note = "exported";
+  info.AuthorName = "Ada";
+  info.AuthorEmails = "ada@example.org";
+  info.MoreInfoFile = "walk.htm";
+  ASSERT_TRUE(WriteLevelInfoFile(f.program, f.dir / "info.inf", info));
+  const fs::path exported = f.dir / "exported.zip";
+  WriteArchive(exported, {{"tower.tr4", "tower"},
+                          {"script.dat", "s"},
+                          {"walk.htm", "w"},
+                          {"readme.txt", "r"},
+                          {"vardolin_level.inf", ReadFile(f.dir / "info.inf")}});
+  const fs::path inner = f.dir / "inner.zip";
+  WriteArchive(inner, {{"keep/cave.tr4", "cave"}, {"keep/script.dat", "s"}});
+  const fs::path scripted = f.dir / "scripted.zip";
+  WriteArchive(scripted, {{"pack/inner.zip", ReadFile(inner)},
+                          {"pack/vardolin_install.txt",
+                           "<INSTALL_SCRIPT>x</INSTALL_SCRIPT>\r\n<SETTINGS>\r\n"
+                           ";#LEVEL_NAME#=Not this\r\n#LEVEL_NAME#=Cave of Echoes  \r\n"
+                           "#AUTHOR_NAME#=Bo\r\n</SETTINGS>"}});
+  struct Case {
+    fs::path package;
+    std::string name, author, more_info;
+  };
+  for (const Case& c : {Case{exported, "Tower of Winds", "Ada", "walk.htm"},
+                        Case{scripted, "Cave of Echoes  ", "Bo", ""}}) {
+    SCOPED_TRACE(c.package.filename().string());
+    const auto code = f.Add(c.package, [&](Dialog_NewLevel& d) {
+      EXPECT_EQ(d.Text_NameLevel.Text(), c.name);
+      d.Pul_Ok.Click();
+    });
+    ASSERT_TRUE(code);
+    const LevelRecord& r = f.program.catalogue.levels.back();
+    EXPECT_EQ(r.Name, Trim(c.name));
+    EXPECT_EQ(r.AuthorName, c.author);
+    EXPECT_EQ(r.MoreInfoFile, c.more_info);
+    EXPECT_FALSE(fs::exists(f.Store(*code) / "files/vardolin_level.inf"));
+  }
+  // The same level once more: its level file stands in the archive already.
+  const std::size_t count = f.Count();
+  EXPECT_FALSE(f.Add(
+      exported, [](Dialog_NewLevel& d) { d.Pul_Ok.Click(); },
+      [&] { f.ui.Answer(msg::kNo, "\"tower.tr4\" is also in the level \"Tower of Winds\""); }));
+  EXPECT_EQ(f.Count(), count);
+}
+
+TEST(AddLevel, AnArchiveThatKeepsWavesAsMp3StoresThemSoAndPlayGetsTheGamesWaves) {
+  AddFixture f;
+  f.program.catalogue.header.WavInMp3 = true;
+  testing::AudioFixture made;
+  const fs::path zip = f.dir / "Echo.zip";
+  WriteArchive(zip, {{"Echo/echo.tr4", "level"},
+                     {"Echo/script.dat", "s"},
+                     {"Echo/audio/105.mp3", ReadFile(made.Mp3("105.mp3", "-b 128"))},
+                     {"Echo/audio/106.wav", ReadFile(made.Tone("106.wav", "-r 44100 -c 2 -b 16"))}});
+  const auto code = f.Add(zip, [](Dialog_NewLevel& d) { d.Pul_Ok.Click(); });
+  ASSERT_TRUE(code);
+  const fs::path files = f.Store(*code) / "files";
+  EXPECT_TRUE(fs::exists(files / "105.mp3"));
+  EXPECT_TRUE(fs::exists(files / "106.mp3"));
+  EXPECT_FALSE(fs::exists(files / "106.wav"));
+
+  RefreshLevelList(*f.main);
+  f.Choose("Echo");
+  f.main->Pul_Play.Click();
+  ASSERT_TRUE(f.program.GameRunning);
+  for (const char* track : {"105.wav", "106.wav"})
+    EXPECT_EQ(testing::SoxForm(f.editor / "audio" / track), "2 44100 MS ADPCM") << track;
+  f.EndGame();
+  EXPECT_TRUE(f.TickUntilEnded());
 }
 
 }  // namespace

@@ -158,6 +158,8 @@ std::optional<Process> LinuxPlatform::Spawn(const StartRequest& request, int std
   posix_spawn_file_actions_init(&actions);
   if (!folder.empty()) posix_spawn_file_actions_addchdir_np(&actions, folder.c_str());
   if (stdout_fd >= 0) posix_spawn_file_actions_adddup2(&actions, stdout_fd, STDOUT_FILENO);
+  if (stdout_fd >= 0 && request.capture_errors)
+    posix_spawn_file_actions_adddup2(&actions, stdout_fd, STDERR_FILENO);
   posix_spawnattr_t attr;
   posix_spawnattr_init(&attr);
   sigset_t none, all;

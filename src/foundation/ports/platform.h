@@ -21,6 +21,8 @@ struct StartRequest {
   // Empty: the program's own folder, as the game and the editor's tools expect.
   std::filesystem::path working_folder;
   bool hidden = false;
+  // RunCapturing reads standard error on the same pipe: console tools report progress there.
+  bool capture_errors = false;
 };
 
 // A started child. `pid` is the process that is watched; for a Windows program that is the

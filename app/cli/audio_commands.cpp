@@ -1,0 +1,60 @@
+#include "audio_commands.h"
+
+#include <ostream>
+
+#include "audio/dialog_converti_mp3.h"
+#include "audio/mp3_duration.h"
+#include "audio/text_ids.h"
+#include "audio/wave_header.h"
+#include "foundation/services/files.h"
+#include "foundation/services/paths.h"
+#include "foundation/services/strings.h"
+
+namespace vardolin {
+namespace fs = std::filesystem;
+
+int CmdAudioInfo(Program& program, const std::vector<fs::path>& files, std::ostream& out,
+                 std::ostream& err) {
+  int rc = 0;
+  for (const fs::path& file : files) {
+    if (!FileExists(file)) {
+      err << "vardolin-cli: " << file.string() << ": no such file\n";
+      rc = 1;
+      continue;
+    }
+    if (EndsWithNoCase(file.string(), program.GetText(text::ConvertiMp3Extension))) {
+      out << file.string() << "\tmp3\t" << Mp3DurationSeconds(file) << " s\n";
+      continue;
+    }
+    std::string description;
+    int kind = 0;
+    ClassifyWave(program, file, 0, description, kind);
+    out << file.string() << '\t' << kind << '\t' << description << '\n';
+  }
+  return rc;
+}
+
+int CmdAudioConvert(Program& program, int target, const EncoderSettings& encoder,
+                    const std::vector<fs::path>& files, const fs::path& folder, std::ostream& out,
+                    std::ostream& err) {
+  for (const fs::path& file : files)
+    if (!FileExists(file)) {
+      err << "vardolin-cli: " << file.string() << ": no such file\n";
+      return 1;
+    }
+  if (!MakeFolder(folder)) {
+    err << "vardolin-cli: " << folder.string() << ": the folder can't be made\n";
+    return 1;
+  }
+  program.encoder = encoder;
+  std::string why;
+  const fs::path work = JoinFragment(program.Home(), program.GetText(text::AudioWorkFolder));
+  if (!RunAudioConversionOnCopies(program, files, fs::absolute(folder), target, work, why)) {
+    err << "vardolin-cli: " << (why.empty() ? std::string("the conversion failed") : why) << "\n";
+    return 1;
+  }
+  out << files.size() << " file(s) converted into " << folder.string() << "\n";
+  return 0;
+}
+
+}  // namespace vardolin

@@ -1,0 +1,134 @@
+#include "audio/wave_header.h"
+
+#include <algorithm>
+#include <cctype>
+#include <fstream>
+
+#include "audio/text_ids.h"
+#include "foundation/dialogs/ask.h"
+#include "foundation/ports/ui.h"
+#include "foundation/program.h"
+#include "foundation/services/files.h"
+#include "foundation/services/paths.h"
+#include "foundation/services/strings.h"
+
+namespace vardolin {
+namespace {
+
+std::int32_t Le(std::string_view b, std::size_t at, std::size_t width) {
+  std::uint32_t v = 0;
+  for (std::size_t i = 0; i < width; ++i)
+    if (at + i < b.size())
+      v |= static_cast<std::uint32_t>(static_cast<unsigned char>(b[at + i])) << (8 * i);
+  return width == 2 ? static_cast<std::int16_t>(v) : static_cast<std::int32_t>(v);
+}
+
+bool AllDigits(std::string_view text) {
+  return std::all_of(text.begin(), text.end(),
+                     [](char c) { return std::isdigit(static_cast<unsigned char>(c)); });
+}
+
+}  // namespace
+
+WaveHeader ParseWaveHeader(std::string_view b) {
+  WaveHeader h;
+  h.FormatTag = static_cast<std::int16_t>(Le(b, 20, 2));
+  h.Channels = static_cast<std::int16_t>(Le(b, 22, 2));
+  h.SampleRate = Le(b, 24, 4);
+  h.ByteRate = Le(b, 28, 4);
+  h.BlockAlign = static_cast<std::int16_t>(Le(b, 32, 2));
+  h.BitsPerSample = static_cast<std::int16_t>(Le(b, 34, 2));
+  return h;
+}
+
+bool ReadWaveHeader(const std::filesystem::path& path, WaveHeader& header) {
+  std::ifstream in(ResolveCase(path), std::ios::binary);
+  if (!in) return false;
+  char bytes[36] = {};
+  in.read(bytes, sizeof bytes);
+  header = ParseWaveHeader(std::string_view(bytes, static_cast<std::size_t>(in.gcount())));
+  return true;
+}
+
+bool IsStandardWave(const std::filesystem::path& path, WaveHeader* out) {
+  WaveHeader h;
+  if (!ReadWaveHeader(path, h)) return false;
+  if (out) *out = h;
+  return h.SampleRate == 44100 && h.Channels == 2 && h.BitsPerSample == 16 && h.FormatTag == 1;
+}
+
+int ClassifyWave(const Program& program, const WaveHeader& h, int target, std::string& description,
+                 int& kind) {
+  using namespace wave_kind;
+  const std::int32_t type = h.BitsPerSample == 4 ? text::WaveType4Bit
+                            : h.FormatTag == 1   ? text::WaveTypePcm
+                                                 : text::WaveTypeOther;
+  const std::string channels = h.Channels == 1   ? program.GetText(text::WaveChannelMono)
+                               : h.Channels == 2 ? program.GetText(text::WaveChannelStereo)
+                                                 : std::string(" ");
+  description =
+      program.GetText(type) + " " + std::to_string(h.SampleRate) +
+      program.GetText(text::WaveRateAndBits, {std::to_string(h.BitsPerSample) + " " + channels});
+  if (h.SampleRate == 44100 && h.Channels == 2 && h.BitsPerSample == 4)
+    kind = kMusic;
+  else if (h.SampleRate == 22050 && h.Channels == 1 && h.BitsPerSample == 16)
+    kind = kSample;
+  else if (h.SampleRate == 44100 && h.Channels == 2 && h.BitsPerSample == 16)
+    kind = kStandard;
+  else
+    kind = h.FormatTag == 1 ? kOtherPcm : kOther;
+  if (kind == kOther) return -1;
+  if (kind == target) return 0;
+  if (target == kMp3) return 5;
+  static constexpr int kSteps[4][3] = {{0, 2, 4}, {1, 0, -1}, {3, -1, 0}, {3, -1, 4}};
+  if (target < 1 || target > 3) return -1;
+  return kSteps[kind - 1][target - 1];
+}
+
+int ClassifyWave(const Program& program, const std::filesystem::path& path, int target,
+                 std::string& description, int& kind) {
+  WaveHeader h;
+  ReadWaveHeader(path, h);
+  return ClassifyWave(program, h, target, description, kind);
+}
+
+bool NeedsWaveConversion(Program& program, const std::filesystem::path& path, bool& refused) {
+  refused = false;
+  const std::string full = path.string();
+  const std::string base = ExtractBaseName(full);
+  const std::string wav = program.GetText(text::WaveExtension);
+  if (full.size() >= wav.size() && EqualsNoCase(full.substr(full.size() - wav.size()), wav)) {
+    WaveHeader h;
+    ReadWaveHeader(path, h);
+    if (h.BitsPerSample != 4) return true;
+    if (!AllDigits(base)) {
+      AskUser(program,
+              program.GetText(text::WaveNotMusic, {ExtractFileName(full), "\r\n", "\r\n\r\n"}),
+              msg::kWarning);
+      refused = true;
+    }
+    return false;
+  }
+  return !AllDigits(base);
+}
+
+std::string TargetName(const Program& program, int target) {
+  switch (target) {
+    case wave_kind::kStandard:
+      return "44100 stereo 16 bits";
+    case wave_kind::kMusic:
+      return "44100 stereo 4 bits";
+    case wave_kind::kSample:
+      return "22050 mono 16 bits";
+    case wave_kind::kMp3: {
+      const EncoderSettings& e = program.encoder;
+      std::string name = "Mp3 ";
+      if (e.Mp3Frequency != 0) name += std::to_string(e.Mp3Frequency) + " ";
+      return name + std::to_string(e.Mp3BitRate) + " Kbps " +
+             (e.Mp3Channels == 1 ? "Mono" : "Stereo");
+    }
+  }
+  return {};
+}
+
+}  // namespace vardolin

@@ -1,0 +1,275 @@
+#include "intake/apply_level_info.h"
+
+#include <filesystem>
+#include <string_view>
+#include <vector>
+
+#include "archive/level_store.h"
+#include "foundation/dialogs/ask.h"
+#include "foundation/ports/platform.h"
+#include "foundation/ports/ui.h"
+#include "foundation/program.h"
+#include "foundation/services/files.h"
+#include "foundation/services/paths.h"
+#include "foundation/services/safe_join.h"
+#include "foundation/services/strings.h"
+#include "foundation/services/wildcard.h"
+#include "intake/completeness.h"
+#include "intake/dialog_new_level.h"
+#include "intake/install_script.h"
+#include "intake/level_info.h"
+#include "intake/text_ids.h"
+#include "web/dialog_download.h"
+#include "web/url_list_offers.h"
+#include "web/zip_layer.h"
+
+namespace vardolin {
+
+namespace fs = std::filesystem;
+
+namespace {
+
+std::vector<std::string> SplitAtNul(std::string_view list) {
+  std::vector<std::string> parts;
+  if (Trim(list).empty()) return parts;
+  std::size_t start = 0;
+  while (start <= list.size()) {
+    std::size_t end = list.find('\0', start);
+    if (end == std::string_view::npos) end = list.size();
+    parts.emplace_back(Trim(list.substr(start, end - start)));
+    start = end + 1;
+  }
+  return parts;
+}
+
+void Say(Dialog_NewLevel& form, const std::string& text) {
+  form.Label_Info.SetCaption(text);
+  form.Refresh();
+}
+
+// A name that an info file gives is joined onto the level's folder like any name from a package.
+fs::path InFolder(const fs::path& folder, const std::string& name) {
+  const SafeJoinResult joined = SafeJoin(folder, name);
+  return joined ? joined.path : fs::path();
+}
+
+bool HasSetupProgram(const Dialog_NewLevel& form) {
+  for (const fs::path& f : form.FileList)
+    if (EndsWithNoCase(f.filename().string(), ".exe")) return true;
+  return false;
+}
+
+void SelectMoreInfo(Dialog_NewLevel& form, const std::string& name) {
+  const int i = form.Combo_MoreInfo.FindText(ExtractFileName(name));
+  if (i >= 0) form.Combo_MoreInfo.SetListIndex(i);
+}
+
+}  // namespace
+
+void ApplyLevelInfo(Dialog_NewLevel& form) {
+  Program& p = form.program();
+  const fs::path info = ResolveCase(JoinFragment(form.WorkFolder, p.GetText(text::LevelInfoFile)));
+  const bool has_info = FileExists(info);
+  if (has_info && (p.InfoFileFlag || !ReadLevelInfoFile(p, info, form.Info))) {
+    // A level takes one info file only, and a bad one is as if it had never come.
+    DeleteFileForced(info);
+    form.RefreshFiles();
+    return;
+  }
+  bool from_script = false;
+  if (!has_info)
+    ApplyInstallScript(
+        p, ResolveCase(JoinFragment(form.WorkFolder, p.GetText(text::InstallScriptFile))),
+        form.Info, from_script);
+
+  if (has_info || from_script) {
+    form.InfoFileApplied = true;
+    LevelRecord& r = form.Record();
+    form.Text_NameLevel.SetText(form.Info.LevelName);
+    form.Text_Note.SetText(form.Info.Note);
+    r.AuthorName = Trim(form.Info.AuthorName);
+    r.AuthorEmails = Trim(form.Info.AuthorEmails);
+    r.AuthorSites = Trim(form.Info.AuthorSites);
+    r.AuthorNote = Trim(form.Info.AuthorNote);
+    r.MoreInfoFile = Trim(form.Info.MoreInfoFile);
+    SelectMoreInfo(form, r.MoreInfoFile);
+    form.Refresh();
+    if (has_info) DeleteFileForced(info);
+    form.RefreshFiles();
+
+    bool going = RequireListedWads(form) && ApplyCopies(form) && FetchMediaFiles(form);
+    if (going && !Trim(form.Info.SetupDestination).empty() && HasSetupProgram(form)) {
+      AskUser(p, p.GetText(text::SetupNotYet, {Trim(form.Info.SetupDestination)}),
+              msg::kInformation);
+      going = false;
+    }
+    if (going) ApplyTomLinks(form);
+    form.RefreshFiles();
+    SelectMoreInfo(form, r.MoreInfoFile);
+    p.InfoFileFlag = true;
+    Say(form, {});
+  }
+  if (!p.InfoFileFlag && !form.InfoFileApplied) OfferKnownPatch(form);
+}
+
+bool RequireListedWads(Dialog_NewLevel& form) {
+  Program& p = form.program();
+  const std::vector<std::string> pairs = SplitAtNul(form.Info.WadFiles);
+  std::string url;
+  for (std::size_t i = 0; i + 1 < pairs.size(); i += 2) {
+    if (pairs[i].empty()) continue;
+    const fs::path file =
+        JoinFragment(p.prefs.EditorFolder, p.GetText(text::ListedWadFolder) + pairs[i]);
+    const bool there = ContainsNoCase(pairs[i], p.GetText(text::RevisedWadsWord))
+                           ? RevisedWadsInstalled(p)
+                           : FileExists(file);
+    if (!there && url.empty()) url = pairs[i + 1];
+  }
+  if (url.empty()) return true;
+  const std::string zip = AskForZipFile(p, Trim(form.Info.WadsDescription), url);
+  if (zip.empty()) {
+    AskUser(p, p.GetText(text::WadsNotGiven), msg::kError);
+    form.Pul_Cancel.Click();
+    return false;
+  }
+  // The wads come as the user gave them; bringing them into the editor is for the wad import.
+  AskUser(p, p.GetText(text::WadImportNotYet, {zip}), msg::kInformation);
+  return false;
+}
+
+bool ApplyCopies(Dialog_NewLevel& form) {
+  Program& p = form.program();
+  const std::vector<std::string> pairs = SplitAtNul(form.Info.FileCopies);
+  if (pairs.size() < 2) return true;
+  Say(form, p.GetText(text::ApplyingCopies));
+  for (std::size_t i = 0; i + 1 < pairs.size(); i += 2) {
+    Say(form, p.GetText(text::ApplyingCopy));
+    for (const fs::path& f : ListFiles(form.WorkFolder, pairs[i])) {
+      const std::string name =
+          ExtractBaseName(pairs[i + 1]) + ExtractExtension(f.filename().string());
+      const fs::path target = InFolder(form.WorkFolder, name);
+      if (!target.empty() && !FileExists(target)) CopyFileOver(f, target);
+    }
+  }
+  return true;
+}
+
+bool FetchMediaFiles(Dialog_NewLevel& form) {
+  Program& p = form.program();
+  const std::vector<std::string> groups = SplitAtNul(form.Info.MediaFiles);
+  for (std::size_t i = 0; i + 2 < groups.size(); i += 4) {
+    const std::string& file = groups[i + 1];
+    Say(form, p.GetText(text::FetchingMedia, {file}));
+    const fs::path target = InFolder(form.WorkFolder, groups[i + 2]);
+    if (!target.empty() && FileExists(target)) continue;
+    // The archive knows no CD yet that a media file could be fetched from: level CDs come with
+    // the archive's CD work. The group is left out, as for a CD the archive doesn't know.
+    AskUser(p, p.GetText(text::MediaCdUnknown, {file}), msg::kInformation);
+  }
+  Say(form, {});
+  return true;
+}
+
+void ApplyTomLinks(Dialog_NewLevel& form) {
+  Program& p = form.program();
+  const std::vector<std::string> links = SplitAtNul(form.Info.TomLinks);
+  const fs::path wads = JoinFragment(p.prefs.EditorFolder, p.GetText(text::TomLinkWadsFolder));
+  for (std::size_t i = 0; i + 1 < links.size(); i += 2) {
+    std::vector<fs::path> found = ListFiles(wads, links[i + 1]);
+    if (found.empty()) found = ListFiles(form.WorkFolder, links[i + 1]);
+    for (const fs::path& f : found) {
+      const fs::path target =
+          InFolder(form.WorkFolder, links[i] + ExtractExtension(f.filename().string()));
+      if (!target.empty() && !FileExists(target)) CopyFileOver(f, target);
+    }
+  }
+}
+
+bool CheckListedFiles(Dialog_NewLevel& form, bool ask) {
+  Program& p = form.program();
+  bool result = true;
+  if (p.InfoFileFlag && !form.PatchApplied) {
+    const LevelInfo& info = form.Info;
+    for (std::size_t i = 0; i < info.ListedNames.size() && i < info.ListedSizes.size(); ++i) {
+      const fs::path file = InFolder(form.WorkFolder, ExtractFileName(info.ListedNames[i]));
+      std::string finding;
+      std::error_code ec;
+      if (file.empty() || !FileExists(file))
+        finding = p.GetText(text::ListedFileMissing, {info.ListedNames[i]});
+      else if (fs::file_size(ResolveCase(file), ec) != static_cast<std::uintmax_t>(info.ListedSizes[i]))
+        finding = p.GetText(text::ListedFileSizeDiffers, {info.ListedNames[i]});
+      if (finding.empty()) continue;
+      if (!ask ||
+          AskUser(p, p.GetText(text::ListedFileGoOn, {finding, "\r\n"}), msg::kYesNo) == msg::kNo)
+        return false;
+    }
+  }
+  CheckWadsForToms(p, form.WorkFolder, ask, result);
+  return result;
+}
+
+void OfferKnownPatch(Dialog_NewLevel& form) {
+  Program& p = form.program();
+  for (const UrlEntry& entry : KnownPatchesFor(p, form.WorkFolder)) {
+    const std::string title = Trim(entry.Name.substr(0, entry.Name.find('-')));
+    const std::string name = ExtractUrlFileName(entry.Url);
+    if (AskUser(p, p.GetText(text::KnownPatchQuestion, {title, name}) + " ?", msg::kYesNo) ==
+        msg::kNo)
+      continue;
+    const SafeJoinResult download = SafeJoin(p.Home(), name);
+    if (!download || !DownloadToFile(p, entry.Url, download.path)) {
+      AskUser(p, p.GetText(text::PatchNotDownloaded) + name, msg::kError);
+      return;
+    }
+    if (EndsWithNoCase(name, p.GetText(text::PatchZipExtension))) {
+      Say(form, p.GetText(text::UnpackingArchiveNamed, {name}));
+      if (!ExtractZip(p, download.path, form.WorkFolder, &form.ProgressBar1, false, false)) {
+        AskUser(p, p.GetText(text::PatchNotUnpacked) + name, msg::kError);
+        return;
+      }
+    } else {
+      CopyFileOver(download.path,
+                   JoinFragment(form.WorkFolder, p.GetText(text::PatchFolder)) / name);
+    }
+    DeleteFileForced(download.path);
+    form.PatchApplied = true;
+    form.FilesChangedFlag = true;
+    form.RefreshFiles();
+    ApplyLevelInfo(form);
+    return;
+  }
+}
+
+std::string AskForZipFile(Program& program, const std::string& description,
+                          const std::string& url) {
+  const std::string name = ExtractUrlFileName(url);
+  auto choose = [&]() -> std::string {
+    FileRequest request;
+    request.title = program.GetText(text::NeededFileTitle);
+    request.filter = program.GetText(text::NeededFileFilter, {name});
+    request.start_folder = program.prefs.DefaultLoadDir;
+    return program.ui().AskOpenFile(request);
+  };
+  const int have = AskUser(
+      program, program.GetText(text::AskHaveFile, {"\r\n" + description + "\r\n"}) + name + "'?",
+      msg::kYesNoCancel);
+  if (have == msg::kYes) return choose();
+  if (AskUser(program, program.GetText(text::AskDownloadFile) + name + "?", msg::kYesNo) ==
+      msg::kNo)
+    return {};
+  const SafeJoinResult target = SafeJoin(program.Home(), name);
+  if (target && EndsWithNoCase(url, program.GetText(text::DirectDownloadExtension))) {
+    if (DownloadToFile(program, url, target.path)) return target.path.string();
+    if (AskUser(program, program.GetText(text::DownloadFailedOpenPage), msg::kYesNo) == msg::kNo)
+      return {};
+  }
+  AskUser(program, program.GetText(text::DownloadInBrowser) + "\"" + name + "\"",
+          msg::kInformation);
+  program.platform().ShellOpen(url, {}, program.Home());
+  if (AskUser(program, program.GetText(text::AfterBrowserDownload), msg::kOkCancel) ==
+      msg::kCancel)
+    return {};
+  return choose();
+}
+
+}  // namespace vardolin

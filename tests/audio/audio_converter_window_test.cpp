@@ -1,0 +1,88 @@
+// The Audio Converter window: gathering files, the encoder's choices, and how a run ends.
+
+#include <gtest/gtest.h>
+
+#include "audio/dialog_convert_audio.h"
+#include "audio/dialog_converti_mp3.h"
+#include "audio_fixture.h"
+
+namespace vardolin {
+namespace {
+
+namespace fs = std::filesystem;
+
+// Starts the engine's modal window the way its first timer tick does, after `before`.
+void RunEngine(testing::AudioFixture& f, std::function<void(Dialog_ConvertiMp3&)> before = {}) {
+  f.ui.OnForm("Dialog_ConvertiMp3", [before](Form& form) {
+    auto& engine = static_cast<Dialog_ConvertiMp3&>(form);
+    if (before) before(engine);
+    engine.Timer1.Tick();
+  });
+}
+
+TEST(AudioConverterWindow, DecodesTheGatheredFilesAndClosesClean) {
+  testing::AudioFixture f;
+  const fs::path mp3 = f.Mp3("tune.mp3", "-b 96");
+  Dialog_ConvertAudio window(f.program);
+  window.Load();
+  window.ImpostaValori(true, false);
+  EXPECT_FALSE(window.Frame_RateMp3.Visible());
+
+  EXPECT_FALSE(window.Pul_Converti.Enabled());
+  f.ui.OpenFile(mp3.string());
+  window.Pul_AddFile.Click();
+  ASSERT_EQ(window.List_Files.ListCount(), 1);
+  f.ui.Answer(msg::kOk, "folder for the converted files");
+  window.Pul_Converti.Click();
+  window.Label_DirOut.SetCaption(f.Path("out").string());
+  fs::create_directories(f.Path("out"));
+
+  // Stopped before the first file: nothing converted, the window stays with its list.
+  RunEngine(f, [](Dialog_ConvertiMp3& engine) { engine.Pul_Stop.Click(); });
+  f.ui.Answer(msg::kOk, "stopped by the user");
+  window.Pul_Converti.Click();
+  EXPECT_TRUE(window.IsLoaded());
+  EXPECT_FALSE(fs::exists(f.Path("out/tune.wav")));
+  EXPECT_EQ(window.List_Files.ListCount(), 1);
+
+  RunEngine(f);
+  f.ui.Answer(msg::kNo, "tune.wav").Answer(msg::kYes, "Close the Audio Converter");
+  window.Pul_Converti.Click();
+  EXPECT_TRUE(window.ExitValue);
+  EXPECT_EQ(testing::SoxForm(f.Path("out/tune.wav")), "2 44100 MS ADPCM");
+  EXPECT_FALSE(fs::exists(window.WorkFolder()));
+  EXPECT_TRUE(fs::exists(mp3));
+}
+
+TEST(AudioConverterWindow, EncoderChoicesAndTheSizeEstimate) {
+  testing::AudioFixture f;
+  Dialog_ConvertAudio window(f.program);
+  window.Load();
+  window.ImpostaValori(false, true);
+  EXPECT_FALSE(window.Frame1_Outputwav.Visible());
+  EXPECT_EQ(window.Label_InfoMp3.Caption(), "6.75 %");  // the default row, 24 kbit/s
+  struct Case {
+    int bitrate_row, channel_row, rate_row;
+    const char* estimate;
+    EncoderSettings read;
+  } cases[] = {
+      {0, 0, 0, "36.00 %", {128, 1, 0}},
+      {11, 1, 3, "2.25 %", {8, 2, 22050}},
+  };
+  for (const Case& c : cases) {
+    window.Combo_BitRate.SetListIndex(c.bitrate_row);
+    window.Combo_BitRate.Click();
+    window.Combo_Canali.SetListIndex(c.channel_row);
+    window.Combo_Frequenza.SetListIndex(c.rate_row);
+    Dialog_ConvertAudio::ReadEncoderSettings(window);
+    EXPECT_EQ(window.Label_InfoMp3.Caption(), c.estimate);
+    EXPECT_EQ(f.program.encoder.Mp3BitRate, c.read.Mp3BitRate);
+    EXPECT_EQ(f.program.encoder.Mp3Channels, c.read.Mp3Channels);
+    EXPECT_EQ(f.program.encoder.Mp3Frequency, c.read.Mp3Frequency);
+  }
+  window.Pul_Cancel.Click();
+  EXPECT_FALSE(fs::exists(window.WorkFolder()));
+}
+
+}  // namespace
+}  // namespace vardolin
