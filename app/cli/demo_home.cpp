@@ -1,4 +1,5 @@
 #include "demo_home.h"
+#include "demo_home_editor.h"
 
 #include "demo_home_play.h"
 #include "demo_music.h"
@@ -292,6 +293,7 @@ int CmdDemo(Program& program, const fs::path& game, std::ostream& out, std::ostr
   const fs::path editor = home / "trle";
   const fs::path archive = home / "archive";
   if (!BuildEditorFolder(editor, game, err)) return 1;
+  if (!WriteDemoEditorPackage(program, editor, home / "editor_setup", err)) return 1;
 
   // The Program of the caller keeps its Ui; the demo's questions go to a Ui that answers them.
   DemoUi ui(err, archive);

@@ -18,6 +18,7 @@
 #include "audio_commands.h"
 #include "catalogue_commands.h"
 #include "demo_home.h"
+#include "editor_commands.h"
 #include "equal_commands.h"
 #include "foundation/platform/linux_platform.h"
 #include "foundation/program.h"
@@ -130,6 +131,30 @@ int main(int argc, char** argv) {
       [&](vardolin::Program& p) {
         return vardolin::CmdDemo(p, vardolin::FindStandinGame(), out, err);
       });
+  std::vector<std::string> editor_sources;
+  int editor_language = 0;
+  bool full_compare = false;
+  auto* install_editor =
+      add("install-editor", "install the level editor from its setup zips or a TRLE folder", true,
+          [&](vardolin::Program& p) {
+            return vardolin::CmdInstallEditor(p, editor_sources, editor_language, out, err);
+          });
+  install_editor->add_option("SOURCE", editor_sources, "the setup's zip files, or one TRLE folder")
+      ->required();
+  install_editor->add_option("--language", editor_language, "language row 0-5 (default 0)")
+      ->check(CLI::Range(0, 5));
+  auto* compare_editor =
+      add("compare-editor", "compare the editor folder (TARGET) with its trusted copy (SOURCE)",
+          false, [&](vardolin::Program& p) {
+            return vardolin::CmdCompareEditor(p, editor_sources, full_compare, out, err);
+          });
+  compare_editor
+      ->add_option("FOLDERS", editor_sources,
+                   "SOURCE (the trusted copy) and TARGET (the folder examined)")
+      ->expected(2);
+  compare_editor->add_flag("--full", full_compare, "every file, not only root, wads and data");
+  add("patch-engine", "patch the game for fast loading", true,
+      [&](vardolin::Program& p) { return vardolin::CmdPatchEngine(p, out, err); });
   auto* shots =
       add("shots", "list one level's screenshots, oldest first", false,
           [&](vardolin::Program& p) { return vardolin::CmdShots(p, code, json, out, err); });

@@ -1,6 +1,7 @@
 #include "editor/dialog_trova_trle.h"
 
 #include "editor/find_editor.h"
+#include "editor/install_editor.h"
 #include "editor/text_ids.h"
 #include "foundation/dialogs/ask.h"
 #include "foundation/ports/ui.h"
@@ -12,8 +13,6 @@ namespace vardolin {
 
 Dialog_TrovaTrle::Dialog_TrovaTrle(Program& program)
     : Form(program, "Dialog_TrovaTrle", " Where is Tomb Raider Level Editor folder ?") {
-  Pul_InstallCompresso.SetEnabled(false);
-  Pul_InstallTrleCD.SetEnabled(false);
   Pul_Help.SetEnabled(false);
 }
 
@@ -64,6 +63,12 @@ void Dialog_TrovaTrle::Pul_Cancel_Click() {
   AskUser(p, p.GetText(text::NoEditorInfo, {"\r\n"}), msg::kInformation);
   ExitValue = false;
   Unload();
+}
+
+void Dialog_TrovaTrle::Pul_InstallCompresso_Click() {
+  if (!InstallCompressedEditor(program())) return;
+  Label_Path.SetCaption(program().prefs.EditorFolder);
+  Pul_Ok_Click();
 }
 
 void Dialog_TrovaTrle::Pul_InstallTrleCD_Click() {

@@ -21,8 +21,8 @@ class Dialog_TrovaTrle : public Form {
   Button Pul_Sfoglia{*this, "Pul_Sfoglia", [this] { Pul_Sfoglia_Click(); }};
   Button Pul_Ok{*this, "Pul_Ok", [this] { Pul_Ok_Click(); }};
   Button Pul_Cancel{*this, "Pul_Cancel", [this] { Pul_Cancel_Click(); }};
-  // Installing the editor comes with a later version: both stay disabled until then.
-  Button Pul_InstallCompresso{*this, "Pul_InstallCompresso"};
+  Button Pul_InstallCompresso{*this, "Pul_InstallCompresso",
+                              [this] { Pul_InstallCompresso_Click(); }};
   Button Pul_InstallTrleCD{*this, "Pul_InstallTrleCD", [this] { Pul_InstallTrleCD_Click(); }};
   // The help viewer comes with a later version.
   Button Pul_Help{*this, "Pul_Help"};
@@ -35,6 +35,7 @@ class Dialog_TrovaTrle : public Form {
   void Pul_Ok_Click();
   void Pul_Cancel_Click();
   void Pul_InstallTrleCD_Click();
+  void Pul_InstallCompresso_Click();
 };
 
 }  // namespace vardolin

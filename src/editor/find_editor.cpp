@@ -4,6 +4,7 @@
 
 #include "archive/editor_backup.h"
 #include "editor/dialog_trova_trle.h"
+#include "editor/install_editor.h"
 #include "editor/text_ids.h"
 #include "foundation/dialogs/ask.h"
 #include "foundation/platform/wine_registry.h"
@@ -87,7 +88,14 @@ std::string FindEditorInRegistry(Program& program) {
 }
 
 bool AskInstallFolder(Program& program, Label& label, ProgressBar& bar) {
-  AskUser(program, program.GetText(text::EditorInstallNotAvailable), msg::kInformation);
+  std::string folder = program.ui().AskFolder(program.GetText(text::InstallFolderStart),
+                                              program.GetText(text::InstallFolderTitle));
+  if (folder.empty()) return false;
+  if (InstallEditorFromFolder(program, folder, label, bar)) {
+    AskUser(program, program.GetText(text::InstallFolderDone), msg::kInformation);
+    return true;
+  }
+  AskUser(program, program.GetText(text::InstallFolderFailed), msg::kError);
   return false;
 }
 

@@ -40,8 +40,7 @@ std::string EditorFolderOfAppPath(Program& program, const std::string& value);
 // out of its drive with "..".
 std::filesystem::path WinePathToNative(const std::filesystem::path& prefix,
                                        std::string_view windows_path);
-// Installs the editor from a folder the user chooses. The install comes with a later version:
-// until then the user is told so and the answer is false.
+// Installs the editor from a TRLE folder the user chooses; true when it was installed.
 bool AskInstallFolder(Program& program, Label& label, ProgressBar& bar);
 
 }  // namespace vardolin

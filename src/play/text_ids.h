@@ -99,4 +99,13 @@ inline constexpr std::int32_t GameNotStarted = 2391;
 inline constexpr std::int32_t MediaPlayerMissing = 2959;     // ~1 its file name
 inline constexpr std::int32_t MediaPlayerNotStarted = 2962;  // the path follows
 
+// The engine patch.
+inline constexpr std::int32_t EnginePatchMark = 3019;          // bytes only a patched file holds
+inline constexpr std::int32_t EnginePatchAlreadyDone = 3020;   // ~1 the file
+inline constexpr std::int32_t EnginePatchUnknownBuild = 3021;  // ~1 the file
+inline constexpr std::int32_t EnginePatchBackupGame = 3099;    // fragment behind the backup
+inline constexpr std::int32_t EnginePatchEditorGame = 3100;    // fragment behind the editor folder
+inline constexpr std::int32_t EnginePatchDone = 3101;
+inline constexpr std::int32_t EnginePatchNotWritten = 8550;  // ~1 the file
+
 }  // namespace vardolin::text

@@ -25,6 +25,9 @@
 #include "archive/editor_backup.h"
 #include "archive/store_repair.h"
 #include "editor/find_editor.h"
+#include "editor/install_editor.h"
+#include "foundation/dialogs/dialog_progress.h"
+#include "play/engine_patch.h"
 #include "savegames/savegame_sets.h"
 
 namespace vardolin {
@@ -106,9 +109,21 @@ void ShowChosenPanel(Program& program) {
     games->SetVisible(!program.prefs.ShowScreenshotPanel);
 }
 
+// Step 11: an editor setup folder named on the command line is installed before anything looks
+// for the editor.
+bool InstallFromSetupFolder(Program& program, const std::string& folder) {
+  ShowProgressDialog(program, program.GetText(text::InstallingEditor));
+  Dialog_Progress& dialog = *ProgressDialog(program);
+  bool done = InstallEditorFromFolder(program, folder, dialog.Label_Info, dialog.ProgressBar1);
+  HideProgressDialog(program);
+  if (!done) ShowError(program, program.GetText(text::EditorInstallFailed));
+  return done;
+}
+
 // Step 21: what a new version cleans up once, after the settings file changed its format.
 void CleanUpAfterUpgrade(Program& program) {
   HideSplash(program);
+  ApplyEnginePatch(program, false);
   RepairLevelStore(program);
 }
 
@@ -137,6 +152,10 @@ void StartUp(Program& program, const LoadResult& prefs) {
   program.CatalogueDirty = false;
   program.catalogue = Catalogue{};
 
+  if (!args.editor_setup.empty() && !InstallFromSetupFolder(program, args.editor_setup)) {
+    GiveUp(program);
+    return;
+  }
   if (!FindEditorFolder(program)) return;
   if (!MakeEditorBackup(program, false)) {
     program.CatalogueDirty = false;

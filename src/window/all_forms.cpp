@@ -4,6 +4,8 @@
 #include "archive/dialog_pref_arc.h"
 #include "audio/dialog_convert_audio.h"
 #include "audio/dialog_converti_mp3.h"
+#include "editor/dialog_compare_trle.h"
+#include "editor/dialog_installa_trle.h"
 #include "editor/dialog_tipo_exe.h"
 #include "editor/dialog_trova_trle.h"
 #include "foundation/dialogs/dialog_get_dir.h"
@@ -50,6 +52,8 @@ const std::vector<FormFactory>& AllForms() {
       Entry<Dialog_Cattura>("Dialog_Cattura"),
       Entry<Dialog_TrovaTrle>("Dialog_TrovaTrle"),
       Entry<Dialog_TipoExe>("Dialog_TipoExe"),
+      Entry<Dialog_CompareTrle>("Dialog_CompareTrle"),
+      Entry<Dialog_InstallaTrle>("Dialog_InstallaTrle"),
       Entry<Dialog_Zip>("Dialog_Zip"),
       Entry<Dialog_Resize>("Dialog_Resize"),
       Entry<Dialog_ScreenShot>("Dialog_ScreenShot"),

@@ -75,6 +75,8 @@ Principale::Principale(Program& program) : Form(program, "Principale", "Vardolin
   WireAddLevel();
   WirePlay();
   WireEditorSettings();
+  WireEditorInstall();
+  WireEditorTools();
   WireAudio();
   WireScreenshotPanel();
   WireScreenshotMenus();

@@ -238,6 +238,10 @@ class Principale : public Form {
 
   // The editor's game settings (editor/setup_trle.cpp).
   void WireEditorSettings();
+  // Installing the editor, patching the game, comparing editor folders
+  // (principale_editor_install.cpp, principale_editor_tools.cpp).
+  void WireEditorInstall();
+  void WireEditorTools();
   void mnu_SetupTrle_Click();
   // The screenshot panel: its controls (savegames/shot_panel.cpp) and its menu entries
   // (principale_menu.cpp).

@@ -39,7 +39,6 @@ TEST(Cli, KeepsTheConventionsOfACommandLine) {
       {{"--help"}, 0, "Usage: vardolin-cli"},
       {{"list", "--help"}, 0, "--json"},
       {{"--version"}, 0, "vardolin-cli 1."},
-      {{"--answer", "yes", "install-editor", "X"}, 2, "install-editor"},
       {{"frobnicate", "0"}, 2, "frobnicate"},
       {{"audio", "convert", "--to", "4", "a.wav", "--out", "x"}, 2, "--to"},
       {at.At({"audio", "info", "gone.mp3"}), 1, "gone.mp3: no such file"},

@@ -1,0 +1,50 @@
+// The main window's entries that install the level editor.
+
+#include <string>
+
+#include "editor/install_editor.h"
+#include "editor/text_ids.h"
+#include "foundation/dialogs/ask.h"
+#include "foundation/dialogs/dialog_progress.h"
+#include "foundation/dialogs/shared_dialogs.h"
+#include "foundation/ports/ui.h"
+#include "foundation/program.h"
+#include "foundation/texts/text_catalogue.h"
+#include "play/activation.h"
+#include "window/principale.h"
+
+namespace vardolin {
+
+namespace {
+
+void InstallCompressed(Program& p) {
+  if (RefusedWhileGameRuns(p) || !RemoveInstalledEditor(p)) return;
+  if (AskUser(p, p.GetText(text::InstallComprInfo), msg::kOkCancel) != msg::kOk) return;
+  if (InstallCompressedEditor(p)) ReloadLanguage(p);
+}
+
+void InstallFromFolder(Program& p) {
+  if (RefusedWhileGameRuns(p) || !RemoveInstalledEditor(p)) return;
+  if (AskUser(p, p.GetText(text::InstallFolderInfo), msg::kOkCancel) != msg::kOk) return;
+  ShowProgressDialog(p, p.GetText(text::InstallFolderProgress));
+  Dialog_Progress& dialog = *ProgressDialog(p);
+  std::string folder =
+      p.ui().AskFolder(p.GetText(text::InstallFolderStart), p.GetText(text::InstallFolderTitle));
+  bool done =
+      !folder.empty() && InstallEditorFromFolder(p, folder, dialog.Label_Info, dialog.ProgressBar1);
+  if (done)
+    AskUser(p, p.GetText(text::InstallFolderDone), msg::kInformation);
+  else if (!folder.empty())
+    AskUser(p, p.GetText(text::InstallFolderFailed), msg::kError);
+  HideProgressDialog(p);
+  if (done) ReloadLanguage(p);
+}
+
+}  // namespace
+
+void Principale::WireEditorInstall() {
+  mnu_InstallComprTrle.SetHandler([this] { InstallCompressed(program()); });
+  mnu_InstallTrleFolder.SetHandler([this] { InstallFromFolder(program()); });
+}
+
+}  // namespace vardolin
