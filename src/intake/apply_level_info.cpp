@@ -53,12 +53,6 @@ fs::path InFolder(const fs::path& folder, const std::string& name) {
   return joined ? joined.path : fs::path();
 }
 
-bool HasSetupProgram(const Dialog_NewLevel& form) {
-  for (const fs::path& f : form.FileList)
-    if (EndsWithNoCase(f.filename().string(), ".exe")) return true;
-  return false;
-}
-
 void SelectMoreInfo(Dialog_NewLevel& form, const std::string& name) {
   const int i = form.Combo_MoreInfo.FindText(ExtractFileName(name));
   if (i >= 0) form.Combo_MoreInfo.SetListIndex(i);
@@ -98,11 +92,8 @@ void ApplyLevelInfo(Dialog_NewLevel& form) {
     form.RefreshFiles();
 
     bool going = RequireListedWads(form) && ApplyCopies(form) && FetchMediaFiles(form);
-    if (going && !Trim(form.Info.SetupDestination).empty() && HasSetupProgram(form)) {
-      AskUser(p, p.GetText(text::SetupNotYet, {Trim(form.Info.SetupDestination)}),
-              msg::kInformation);
-      going = false;
-    }
+    if (going && !Trim(form.Info.SetupDestination).empty())
+      form.RunSetup(form.Info.SetupDestination);
     if (going) ApplyTomLinks(form);
     form.RefreshFiles();
     SelectMoreInfo(form, r.MoreInfoFile);
@@ -196,7 +187,8 @@ bool CheckListedFiles(Dialog_NewLevel& form, bool ask) {
       std::error_code ec;
       if (file.empty() || !FileExists(file))
         finding = p.GetText(text::ListedFileMissing, {info.ListedNames[i]});
-      else if (fs::file_size(ResolveCase(file), ec) != static_cast<std::uintmax_t>(info.ListedSizes[i]))
+      else if (fs::file_size(ResolveCase(file), ec) !=
+               static_cast<std::uintmax_t>(info.ListedSizes[i]))
         finding = p.GetText(text::ListedFileSizeDiffers, {info.ListedNames[i]});
       if (finding.empty()) continue;
       if (!ask ||
@@ -266,8 +258,7 @@ std::string AskForZipFile(Program& program, const std::string& description,
   AskUser(program, program.GetText(text::DownloadInBrowser) + "\"" + name + "\"",
           msg::kInformation);
   program.platform().ShellOpen(url, {}, program.Home());
-  if (AskUser(program, program.GetText(text::AfterBrowserDownload), msg::kOkCancel) ==
-      msg::kCancel)
+  if (AskUser(program, program.GetText(text::AfterBrowserDownload), msg::kOkCancel) == msg::kCancel)
     return {};
   return choose();
 }

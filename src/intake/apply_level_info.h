@@ -32,7 +32,6 @@ void OfferKnownPatch(Dialog_NewLevel& form);
 
 // Asks for a package the level needs: the user's own copy, a download, or the page in the
 // browser. The path of the file, or empty when the user gave none.
-std::string AskForZipFile(Program& program, const std::string& description,
-                          const std::string& url);
+std::string AskForZipFile(Program& program, const std::string& description, const std::string& url);
 
 }  // namespace vardolin

@@ -20,6 +20,7 @@
 #include "intake/apply_level_info.h"
 #include "intake/packed_level_expand.h"
 #include "intake/self_installer.h"
+#include "intake/setup_program.h"
 #include "intake/store_level.h"
 #include "intake/text_ids.h"
 #include "web/text_ids.h"
@@ -240,17 +241,7 @@ void Dialog_NewLevel::AfterAdd(bool added) {
   if (!IsNewLevel) return;
   ApplyLevelInfo(*this);
   if (!IsLoaded()) return;  // a wad the level can't do without was refused
-  // A foreign setup program is kept with the level; running it comes with the setup work.
-  bool level_file = false;
-  fs::path setup;
-  for (const fs::path& f : FileList) {
-    const std::string ext = ToLower(ExtractExtension(f.filename().string()));
-    level_file = level_file || ext == ".tr4";
-    if (ext == ".exe" && setup.empty()) setup = f;
-  }
-  if (!setup.empty() && !level_file)
-    AskUser(program(), program().GetText(text::SetupProgramWaits, {setup.filename().string()}),
-            msg::kInformation);
+  RunSetup({});
   SuggestNameAndInfo();
 }
 
@@ -280,6 +271,25 @@ void Dialog_NewLevel::AddSource(const fs::path& source) {
 
 void Dialog_NewLevel::Pul_Refresh_Click() {
   RefreshFiles();
+  if (!IsNewLevel) return;
+  ApplyLevelInfo(*this);
+  if (IsLoaded()) RunSetup({});
+}
+
+void Dialog_NewLevel::RunSetup(std::string destination) {
+  // While a setup runs, Cancel stops it instead of closing the form.
+  setup_running_ = true;
+  stop_setup_ = false;
+  const SetupOutcome outcome = RunSetupIfAny(program(), WorkFolder, destination, InstallerFound,
+                                             {&Label_Info, &ProgressBar1, [this] {
+                                                program().ui().DoEvents();
+                                                return stop_setup_;
+                                              }});
+  setup_running_ = false;
+  if (outcome == SetupOutcome::Collected) {
+    FilesChangedFlag = true;
+    RefreshFiles();
+  }
 }
 
 void Dialog_NewLevel::Pul_Remove_Click() {
@@ -325,6 +335,10 @@ void Dialog_NewLevel::DeleteTemporaryFolder(std::int32_t message) {
 
 void Dialog_NewLevel::Pul_Cancel_Click() {
   Program& p = program();
+  if (setup_running_) {
+    stop_setup_ = true;
+    return;
+  }
   Record() = RecordBackup;
   DeleteTemporaryFolder(text::DeletingTemporaryFolder);
   // A user with no level of their own yet is shown where levels are found.

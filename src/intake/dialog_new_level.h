@@ -95,6 +95,9 @@ class Dialog_NewLevel : public Form {
   // unless the archive keeps waves as MP3 and `force` is clear. False, after telling why, when
   // the conversion failed; with `keepSources` converted copies are made and the waves stay.
   bool ConvertAudioFiles(bool force, bool keepSources);
+  // Runs a setup program that the work folder holds, and takes in what it wrote; Cancel stops
+  // it while it runs. `destination` is where the level says its setup installs, if it says.
+  void RunSetup(std::string destination);
   // Whether the work folder differs from what it was when the form opened.
   bool FolderChanged() const;
   // Picks a more-info file by the words its name holds, unless one is chosen already.
@@ -125,6 +128,8 @@ class Dialog_NewLevel : public Form {
   void Close(bool ok);
 
   bool closed_ = false;
+  bool setup_running_ = false;
+  bool stop_setup_ = false;
 };
 
 }  // namespace vardolin

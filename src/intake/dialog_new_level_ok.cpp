@@ -2,9 +2,9 @@
 // folder, then the level's files moved into the store.
 
 #include "archive/catalogue_ops.h"
+#include "archive/level_store.h"
 #include "audio/dialog_converti_mp3.h"
 #include "audio/wave_header.h"
-#include "archive/level_store.h"
 #include "foundation/dialogs/ask.h"
 #include "foundation/ports/ui.h"
 #include "foundation/program.h"
@@ -140,9 +140,9 @@ bool Dialog_NewLevel::ConvertAudioFiles(bool force, bool keepSources) {
   }
   if (music.empty() && samples.empty()) return true;
   const fs::path work = JoinFragment(p.Home(), p.GetText(text::UnpackFolder));
-  for (auto [files, kind, error] : {std::tuple{&music, wave_kind::kMusic, text::MusicNotConverted},
-                                   std::tuple{&samples, wave_kind::kSample,
-                                              text::SamplesNotConverted}}) {
+  for (auto [files, kind, error] :
+       {std::tuple{&music, wave_kind::kMusic, text::MusicNotConverted},
+        std::tuple{&samples, wave_kind::kSample, text::SamplesNotConverted}}) {
     if (files->empty()) continue;
     std::string message;
     const bool ok = keepSources

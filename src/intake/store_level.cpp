@@ -95,8 +95,7 @@ bool StoreCompressedLevel(Program& program, const fs::path& source, const LevelR
   }
 
   if (program.catalogue.header.WavInMp3) {
-    const std::vector<fs::path> waves =
-        ListFiles(source, program.GetText(text::WavesToMp3Pattern));
+    const std::vector<fs::path> waves = ListFiles(source, program.GetText(text::WavesToMp3Pattern));
     std::string message;
     if (!waves.empty()) {
       const bool converted = RunAudioConversion(program, waves, source, wave_kind::kMp3, message);

@@ -169,7 +169,6 @@ inline constexpr std::int32_t TravellingProgram = 3102;
 inline constexpr std::int32_t EditorTravellingProgram = 3103;
 inline constexpr std::int32_t ShotPattern = 3110;
 inline constexpr std::int32_t PackageFilter = 3156;
-inline constexpr std::int32_t SetupProgramWaits = 8650;
 inline constexpr std::int32_t CannotCompileTomYet = 8652;
 // The level info file.
 inline constexpr std::int32_t InfoFileMissing = 1390;       // ~1 = the path
@@ -320,7 +319,6 @@ inline constexpr std::int32_t PatchNotUnpacked = 2239;
 inline constexpr std::int32_t PatchFolder = 2240;
 inline constexpr std::int32_t InstallScriptFile = 3104;
 inline constexpr std::int32_t WadImportNotYet = 8653;
-inline constexpr std::int32_t SetupNotYet = 8654;
 
 // A level's audio on its way into the store.
 inline constexpr std::int32_t WaveExtension = 642;

@@ -15,11 +15,11 @@
 #include "archive/level_store.h"
 #include "archive_writer.h"
 #include "audio_fixture.h"
+#include "foundation/services/strings.h"
 #include "intake/add_level.h"
 #include "intake/dialog_new_level.h"
-#include "intake/level_info.h"
-#include "foundation/services/strings.h"
 #include "intake/level_file_list.h"
+#include "intake/level_info.h"
 #include "play/active_level.h"
 #include "play_fixture.h"
 #include "store_fixture.h"
@@ -263,10 +263,11 @@ TEST(AddLevel, AnArchiveThatKeepsWavesAsMp3StoresThemSoAndPlayGetsTheGamesWaves)
   f.program.catalogue.header.WavInMp3 = true;
   testing::AudioFixture made;
   const fs::path zip = f.dir / "Echo.zip";
-  WriteArchive(zip, {{"Echo/echo.tr4", "level"},
-                     {"Echo/script.dat", "s"},
-                     {"Echo/audio/105.mp3", ReadFile(made.Mp3("105.mp3", "-b 128"))},
-                     {"Echo/audio/106.wav", ReadFile(made.Tone("106.wav", "-r 44100 -c 2 -b 16"))}});
+  WriteArchive(zip,
+               {{"Echo/echo.tr4", "level"},
+                {"Echo/script.dat", "s"},
+                {"Echo/audio/105.mp3", ReadFile(made.Mp3("105.mp3", "-b 128"))},
+                {"Echo/audio/106.wav", ReadFile(made.Tone("106.wav", "-r 44100 -c 2 -b 16"))}});
   const auto code = f.Add(zip, [](Dialog_NewLevel& d) { d.Pul_Ok.Click(); });
   ASSERT_TRUE(code);
   const fs::path files = f.Store(*code) / "files";
