@@ -245,7 +245,7 @@ bool WriteDemoPackage(Program& program, const fs::path& folder, std::ostream& er
       WriteBytes(level / "data/sunken.tr4", LevelBytes(77, 400000)) &&
       WriteBytes(level / "script.dat", LevelBytes(78, 900)) &&
       WriteBytes(level / "english.dat", LevelBytes(79, 3000)) &&
-      WriteBytes(level / "audio/105.wav", LevelBytes(80, 60000)) &&
+      WriteBytes(level / "audio/105.wav", DemoTune()) &&
       WriteLoadPicture(level / "pix/load.bmp", tint[0], tint[1], tint[2]) &&
       WriteBytes(level / "Readme.txt",
                  "Sunken Tomb\r\n\r\nA short level of flooded halls. Find the three keys; the "

@@ -19,8 +19,9 @@ void Put(std::string& out, std::uint32_t value, int bytes) {
   for (int i = 0; i < bytes; ++i) out += static_cast<char>((value >> (8 * i)) & 0xFF);
 }
 
-// Three seconds of a falling fifth, 44100 Hz 16 bit stereo.
-std::string Tune() {
+}  // namespace
+
+std::string DemoTune() {
   constexpr std::uint32_t kRate = 44100, kFrames = kRate * 3;
   std::string pcm;
   for (std::uint32_t i = 0; i < kFrames; ++i) {
@@ -40,11 +41,9 @@ std::string Tune() {
   return wave + pcm;
 }
 
-}  // namespace
-
 bool WriteDemoMusic(Program& program, const fs::path& files) {
   const fs::path wave = files / "045.wav";
-  std::ofstream(wave, std::ios::binary) << Tune();
+  std::ofstream(wave, std::ios::binary) << DemoTune();
   std::string why;
   const bool ok = RunAudioConversion(program, {wave}, files, wave_kind::kMp3, why);
   DeleteFileForced(wave);
