@@ -1,8 +1,10 @@
 #include "demo_home.h"
 #include "demo_home_editor.h"
 
+#include "demo_files.h"
 #include "demo_home_play.h"
 #include "demo_music.h"
+#include "demo_packages.h"
 
 #include <algorithm>
 #include <cstdlib>
@@ -61,37 +63,6 @@ class DemoUi : public TerminalUi {
   std::ostream& out_;
   fs::path archive_;
 };
-
-bool WriteBytes(const fs::path& path, const std::string& bytes) {
-  std::error_code ec;
-  fs::create_directories(path.parent_path(), ec);
-  std::ofstream out(path, std::ios::binary | std::ios::trunc);
-  out.write(bytes.data(), static_cast<std::streamsize>(bytes.size()));
-  return static_cast<bool>(out);
-}
-
-// Bytes that look like a level's data: some of them repeat, so that packing has work to do.
-std::string LevelBytes(unsigned seed, std::size_t size) {
-  std::mt19937 random(seed);
-  std::string bytes(size, '\0');
-  for (std::size_t i = 0; i < size; ++i)
-    bytes[i] = static_cast<char>(i % 5 == 0 ? random() : 'A' + (i + seed) % 23);
-  return bytes;
-}
-
-// A loading picture: a colour gradient in the level's own tint.
-bool WriteLoadPicture(const fs::path& path, std::uint8_t red, std::uint8_t green,
-                      std::uint8_t blue) {
-  Bitmap bitmap = Bitmap::Make(160, 120);
-  for (int y = 0; y < bitmap.height; ++y)
-    for (int x = 0; x < bitmap.width; ++x) {
-      std::uint8_t* p = bitmap.Pixel(x, y);
-      p[0] = static_cast<std::uint8_t>(red * x / bitmap.width);
-      p[1] = static_cast<std::uint8_t>(green * y / bitmap.height);
-      p[2] = static_cast<std::uint8_t>(blue);
-    }
-  return WritePictureFile(path, bitmap) == PictureResult::Ok;
-}
 
 // The editor folder of a fresh install, as the program's texts name its files. The game and
 // the editor's two tools are the native stand-in game; the rest are small text files.
@@ -232,34 +203,6 @@ bool AddDemoLevel(Program& program, const DemoLevel& level, unsigned seed, std::
 
 }  // namespace
 
-// A level package as authors publish one, waiting beside the archive to be added with
-// Levels > Add: a folder with the level file under data, the script and language files, a
-// track, a loading picture, a readme and the author's savegame, zipped.
-bool WriteDemoPackage(Program& program, const fs::path& folder, std::ostream& err) {
-  const fs::path staging = folder / ".staging";
-  const fs::path level = staging / "Sunken Tomb";
-  const std::uint8_t tint[3] = {40, 110, 150};
-  std::error_code ec;
-  fs::create_directories(level / "pix", ec);
-  const bool written =
-      WriteBytes(level / "data/sunken.tr4", LevelBytes(77, 400000)) &&
-      WriteBytes(level / "script.dat", LevelBytes(78, 900)) &&
-      WriteBytes(level / "english.dat", LevelBytes(79, 3000)) &&
-      WriteBytes(level / "audio/105.wav", DemoTune()) &&
-      WriteLoadPicture(level / "pix/load.bmp", tint[0], tint[1], tint[2]) &&
-      WriteBytes(level / "Readme.txt",
-                 "Sunken Tomb\r\n\r\nA short level of flooded halls. Find the three keys; the "
-                 "last one lies under the statue.\r\n") &&
-      WriteBytes(level / "savegame.0", GameSavegameBytes(1, "Sunken Tomb"));
-  const fs::path zip = folder / "Sunken Tomb.zip";
-  if (!written || !ZipFolderToFile(program, staging, zip, nullptr, true)) {
-    err << "vardolin-cli: the demo package " << zip.string() << " wasn't written\n";
-    return false;
-  }
-  fs::remove_all(staging, ec);
-  return true;
-}
-
 fs::path FindStandinGame() {
   std::error_code ec;
   std::vector<fs::path> candidates;
@@ -350,13 +293,13 @@ int CmdDemo(Program& program, const fs::path& game, std::ostream& out, std::ostr
   }
   // The package waits in the folder where the file dialog of Levels > Add opens.
   const fs::path packages = home / "packages";
-  if (!WriteDemoPackage(demo, packages, err)) return 1;
+  if (!WriteDemoPackages(demo, packages, err)) return 1;
   demo.prefs.DefaultLoadDir = packages.string();
   SavePreferences(demo);
   program.prefs = demo.prefs;
   out << "demo home: " << home.string() << "\neditor folder: " << editor.string()
-      << "\ncatalogue: " << demo.prefs.LastArchive
-      << "\npackage to add: " << (packages / "Sunken Tomb.zip").string() << "\n";
+      << "\ncatalogue: " << demo.prefs.LastArchive << "\npackages to add: " << packages.string()
+      << "\n";
   for (const LevelRecord& r : demo.catalogue.levels)
     if (r.Code != 0) out << r.Code << '\t' << r.Name << '\n';
   return 0;

@@ -37,6 +37,14 @@ namespace {
 // archives past this depth is taken to be hostile and left as it is.
 constexpr int kMaxUnpackRounds = 8;
 
+// The name a package suggests for its level: its file name without the archive's endings
+// ("Desert Gate.tar.gz" names "Desert Gate").
+std::string PackageName(const std::string& path) {
+  std::string name = ExtractBaseName(path);
+  if (EndsWithNoCase(name, ".tar")) name.resize(name.size() - 4);
+  return name;
+}
+
 double FileDate(const fs::path& file) {
   std::error_code ec;
   const auto t = fs::last_write_time(file, ec);
@@ -212,7 +220,7 @@ void Dialog_NewLevel::AddPackage(const std::string& path, bool showProgressDialo
   p.LastPackagePath = path;
   if (!AddFileToFolder(p, path, WorkFolder, false, label, bar))
     AskUser(p, path + p.GetText(text::CannotUnpackArchive), msg::kError);
-  Text_NameLevel.SetText(ExtractBaseName(path));
+  Text_NameLevel.SetText(PackageName(path));
   if (showProgressDialog) HideProgressDialog(p);
   FilesChangedFlag = true;
   RefreshFiles();
@@ -224,7 +232,7 @@ void Dialog_NewLevel::SuggestNameAndInfo() {
   Program& p = program();
   if (p.InfoFileFlag) return;
   if (Trim(Text_NameLevel.Text()).empty() && !p.LastPackagePath.empty())
-    Text_NameLevel.SetText(ExtractBaseName(p.LastPackagePath));
+    Text_NameLevel.SetText(PackageName(p.LastPackagePath));
   if (Combo_MoreInfo.ListIndex() > 0) return;
   for (const char* word : {"walkth", "read", "note", "Solu", "Instal"})
     for (int i = 1; i < Combo_MoreInfo.ListCount(); ++i)

@@ -109,7 +109,8 @@ void UnpackSelfInstallers(Program& program, const fs::path& folder, Label* info)
     unpacked = true;
     for (const fs::path& zip : ListFiles(temporary, zips)) {
       SetInfo(info, program.GetText(text::UnpackingArchiveNamed, {zip.filename().string()}));
-      if (!ExtractZip(program, zip, temporary, nullptr, true, false))
+      // A level's files lie flat in its folder, as the zips the user adds are unpacked.
+      if (!ExtractZip(program, zip, temporary, nullptr, false, false))
         AskUser(program, zip.filename().string() + program.GetText(text::CannotUnpackArchive),
                 msg::kError);
       DeleteFileForced(zip);
@@ -127,7 +128,7 @@ void UnpackSelfInstallers(Program& program, const fs::path& folder, Label* info)
   FolderTreeWalker walker;
   walker.WalkFolderTree(temporary);
   for (const fs::path& file : walker.Files()) {
-    const SafeJoinResult to = SafeJoin(folder, fs::relative(file, temporary).generic_string());
+    const SafeJoinResult to = SafeJoin(folder, file.filename().string());
     std::error_code ec;
     if (to.ok) fs::create_directories(to.path.parent_path(), ec);
     copied = to.ok && CopyFileOver(file, to.path) && copied;

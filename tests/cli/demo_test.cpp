@@ -29,5 +29,24 @@ TEST_F(DemoHomeTest, TheWindowOpensOnTheDemoWithoutAQuestion) {
   window.Unload();
 }
 
+// Each kind of package the demo keeps for Levels > Add becomes a level of the name it says.
+TEST_F(DemoHomeTest, EveryPackageOfTheDemoBecomesALevel) {
+  ASSERT_EQ(RunAt({"demo"}).code, 0);
+  const std::pair<const char*, const char*> packages[] = {
+      {"Sunken Tomb.zip", "name: Sunken Tomb\n"},
+      {"Desert Gate.tar.gz", "name: Desert Gate\n"},
+      {"Frozen Keep Setup.exe", "name: Frozen Keep Setup\n"},
+      {"Tower of Winds (exported).zip", "author: Ada Stone"},
+      {"Cave of Echoes.zip", "author: Bo Marsh"},
+      {"Grey Ruins.zip", "name: Grey Ruins\n"},
+  };
+  for (const auto& [package, says] : packages) {
+    const testing::CliResult added = RunAt({"add", (home / "packages" / package).string()});
+    ASSERT_EQ(added.code, 0) << package << added.err;
+    const testing::CliResult info = RunAt({"info", added.out.substr(0, added.out.find('\n'))});
+    EXPECT_NE(info.out.find(says), std::string::npos) << package << "\n" << info.out;
+  }
+}
+
 }  // namespace
 }  // namespace vardolin

@@ -56,7 +56,7 @@ TEST_F(SelfInstallerTest, LevelComesOutOfTheInstallerAndTheZipInIt) {
   UnpackSelfInstallers(program, level, nullptr);
 
   EXPECT_EQ(Snapshot(level),
-            (std::map<std::string, std::string>{{"data/level.tr4", level_bytes},
+            (std::map<std::string, std::string>{{"level.tr4", level_bytes},
                                                 {"readme.txt", "read me"},
                                                 {"tool.exe", "MZ a plain program"}}));
   EXPECT_FALSE(fs::exists(temporary));
