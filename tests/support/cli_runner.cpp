@@ -5,6 +5,8 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include <cstdlib>
+
 namespace vardolin::testing {
 
 namespace {
@@ -18,6 +20,12 @@ std::vector<char*> Argv(const std::vector<std::string>& args) {
   for (const std::string& a : args) argv.push_back(const_cast<char*>(a.c_str()));
   argv.push_back(nullptr);
   return argv;
+}
+
+// In the child: a command given no --home must never reach the real user's program home.
+void KeepAwayFromTheUsersHome() {
+  ::unsetenv("VARDOLIN_HOME");
+  ::setenv("XDG_DATA_HOME", "/tmp/vardolin-cli-tests-data-home", 1);
 }
 
 }  // namespace
@@ -38,6 +46,7 @@ CliResult RunCli(const std::vector<std::string>& args) {
     dup2(err_pipe[1], STDERR_FILENO);
     const int none = open("/dev/null", O_RDONLY);
     dup2(none, STDIN_FILENO);
+    KeepAwayFromTheUsersHome();
     execv(argv[0], argv.data());
     _exit(127);
   }
@@ -77,6 +86,7 @@ pid_t StartCli(const std::vector<std::string>& args, const std::filesystem::path
     dup2(fd, STDERR_FILENO);
     const int none = open("/dev/null", O_RDONLY);
     dup2(none, STDIN_FILENO);
+    KeepAwayFromTheUsersHome();
     execv(argv[0], argv.data());
     _exit(127);
   }
