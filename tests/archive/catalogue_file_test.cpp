@@ -20,17 +20,6 @@ struct FileFixture : ArchiveFixture {
   }
 };
 
-TEST(CatalogueFile, SaveWritesExactlyHeaderAndRecordsOverALongerFile) {
-  FileFixture f;
-  WriteBytes(f.file, std::string(546 + 10 * 1634, 'o'));  // a catalogue that shrank
-  f.program.CatalogueDirty = true;
-  ASSERT_TRUE(SaveCatalogueFile(f.program, f.file));
-  EXPECT_FALSE(f.program.CatalogueDirty);
-  EXPECT_EQ(ReadFile(f.file), SerializeCatalogue(f.program.catalogue));
-  EXPECT_EQ(fs::file_size(f.file), 546u + 3 * 1634u);
-  EXPECT_FALSE(fs::exists(f.Path("cat.vdc.new~")));
-}
-
 TEST(CatalogueFile, PendingUserSizeIsCountedAtLoad) {
   FileFixture f;
   f.program.prefs.AutoSave = true;

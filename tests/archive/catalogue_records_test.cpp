@@ -48,7 +48,6 @@ std::string LeDouble(double d) {
   return Le(v, 8);
 }
 
-const std::size_t R0 = 546;  // first record
 const std::size_t R1 = 546 + 1634;
 
 std::vector<FieldAt> Fields() {
@@ -102,16 +101,6 @@ TEST(CatalogueRecords, FieldsLieAtTheirOffsets) {
   std::string image = SerializeCatalogue(FieldsCatalogue());
   for (const FieldAt& f : Fields())
     EXPECT_EQ(image.substr(f.offset, f.width), Padded(f)) << "field at " << f.offset;
-}
-
-TEST(CatalogueRecords, HandBuiltImageReadsFieldByField) {
-  std::string image(546 + 2 * 1634, ' ');
-  for (std::size_t at : {1360, 1364, 1624, 1628}) image.replace(R0 + at, 4, std::string(4, '\0'));
-  image.replace(R0 + 1632, 2, std::string(2, '\0'));
-  for (const FieldAt& f : Fields()) image.replace(f.offset, f.width, Padded(f));
-  Catalogue c;
-  ASSERT_EQ(ParseCatalogue(image, c).status, CatalogueParseStatus::Complete);
-  EXPECT_EQ(c, FieldsCatalogue());
 }
 
 // Files shorter than they claim: whole records are kept, nothing is sized from the count.

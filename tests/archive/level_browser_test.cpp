@@ -47,37 +47,25 @@ TEST(LevelSearch, FindNextAndPreviousFollowTheTextOrTheList) {
 }
 
 TEST(LevelSummary, CountsShotsAndSavegamesFromTheDisk) {
-  struct Case {
-    std::int32_t code;
-    std::int32_t cd;
-    bool active;
-    std::string expected_tail;
-  };
-  const Case cases[] = {
-      {1, 0, true, "  -       Screenshots: 3     Savegames (archived + current): 2 + 1"},
-      {2, 0, false, "  -       Screenshots: 0     Savegames (archived + current): 0 + 0"},
-  };
-  for (const Case& c : cases) {
-    SCOPED_TRACE(c.expected_tail);
-    BrowserFixture f(kNames);
-    const fs::path level = f.Folder(1);
-    for (const char* shot : {"a.jpg", "b.JPG", "c.bmp", "notes.txt"})
-      WriteBytes(level / "screenshots" / shot, "x");
-    // Archived savegames lie in sets below the archive root, beside their note files.
-    WriteBytes(level / "savegames" / "set1" / "savegame.3", "x");
-    WriteBytes(level / "savegames" / "set2" / "savegame.7", "x");
-    WriteBytes(level / "savegames" / "set2" / "note_7.txt", "x");
-    WriteBytes(level / "play" / "savegame.0", "x");
-    WriteBytes(level / "play" / "SAVEGAME.1", "x");
-    WriteBytes(f.editor / "savegame.4", "x");
-    f.program.catalogue.levels[c.code].CdNumber = c.cd;
-    if (c.active) f.MarkActive(c.code);
-    RefreshLevelList(*f.main);
-    f.main->Combo_Livelli.SetListIndex(f.main->Combo_Livelli.FindData(c.code));
-    EXPECT_EQ(f.main->Label_InfoDir.Caption(),
-              "Folder: \"" + f.Folder(c.code).string() + "\"" + c.expected_tail);
-    EXPECT_EQ(f.main->Label_InfoLevel.Caption(), "note of " + std::to_string(c.code));
-  }
+  BrowserFixture f(kNames);
+  const fs::path level = f.Folder(1);
+  for (const char* shot : {"a.jpg", "b.JPG", "c.bmp", "notes.txt"})
+    WriteBytes(level / "screenshots" / shot, "x");
+  // Archived savegames lie in sets below the archive root, beside their note files.
+  WriteBytes(level / "savegames" / "set1" / "savegame.3", "x");
+  WriteBytes(level / "savegames" / "set2" / "savegame.7", "x");
+  WriteBytes(level / "savegames" / "set2" / "note_7.txt", "x");
+  // The active level's slots are the editor folder's, not its play folder's.
+  WriteBytes(level / "play" / "savegame.0", "x");
+  WriteBytes(level / "play" / "SAVEGAME.1", "x");
+  WriteBytes(f.editor / "savegame.4", "x");
+  f.MarkActive(1);
+  RefreshLevelList(*f.main);
+  f.main->Combo_Livelli.SetListIndex(f.main->Combo_Livelli.FindData(1));
+  EXPECT_EQ(f.main->Label_InfoDir.Caption(),
+            "Folder: \"" + level.string() +
+                "\"  -       Screenshots: 3     Savegames (archived + current): 2 + 1");
+  EXPECT_EQ(f.main->Label_InfoLevel.Caption(), "note of 1");
 }
 
 TEST(MoreInfo, OpensTheFileAndCopiesItFromTheCdOnce) {

@@ -67,33 +67,5 @@ TEST(RemoveLevel, TheLastRecordFillsTheGapAndTheFilesGoOnlyOnYes) {
   }
 }
 
-TEST(RemoveLevel, RefusalsChangeNothing) {
-  struct Case {
-    std::string choose;  // empty: no selection
-    std::int32_t cd;
-    std::vector<std::pair<int, std::string>> answers;
-  };
-  const Case cases[] = {
-      {"Base level (*)", 0, {{msg::kOk, "editor's own configuration.\r\nIt can't"}}},
-      {"Beta", 0, {{msg::kNo, "remove from the archive the level \"Beta\" ?"}}},
-  };
-  for (const Case& c : cases) {
-    SCOPED_TRACE(c.choose + " " + std::to_string(c.cd));
-    BrowserFixture f(kNames);
-    f.program.catalogue.levels[2].CdNumber = c.cd;
-    RefreshLevelList(*f.main);
-    if (c.choose.empty())
-      f.main->Combo_Livelli.Clear();
-    else
-      f.Choose(c.choose);
-    const Catalogue before = f.program.catalogue;
-    for (const auto& [answer, text] : c.answers) f.ui.Answer(answer, text);
-    f.main->mnu_RemoveLevel.Click();
-    EXPECT_EQ(f.program.catalogue, before);
-    EXPECT_FALSE(f.program.CatalogueDirty);
-    EXPECT_TRUE(fs::exists(f.Folder(2)));
-  }
-}
-
 }  // namespace
 }  // namespace vardolin

@@ -170,8 +170,6 @@ TEST(Play, NothingMovesInTheEditorFolderWhileTheGameRuns) {
 TEST(Play, AMediaLevelIsPlayedThroughPlayTheGameAndItsEndCollectsThePictures) {
   PlayFixture f(kNames, {{}, {}, {}, {"intro.mcf"}});
   PlayFixture::InstallGame(f.program.Home() / "play_the_game.exe");
-  for (const std::string& helper : MediaHelperFiles())
-    WriteBytes(f.program.Home() / helper, "our " + helper);
   int collected = 0;
   f.main->Watcher.collect_media_shots = [&] { ++collected; };
   f.main->Watcher.joystick = [] { ADD_FAILURE() << "a media game runs no common steps"; };
@@ -182,8 +180,6 @@ TEST(Play, AMediaLevelIsPlayedThroughPlayTheGameAndItsEndCollectsThePictures) {
   EXPECT_TRUE(f.program.MediaPlay);
   EXPECT_EQ(f.main->Timer1.Interval(), kMediaTickMs);
   EXPECT_FALSE(f.program.GameProcess.Valid());
-  for (const std::string& helper : MediaHelperFiles())
-    EXPECT_EQ(ReadFile(f.editor / helper), "our " + helper);
   const std::string log = ReadFile(LogPath(f.program));
   EXPECT_NE(log.find("Level use media files\nVerify for presence of play_the_game.exe at: " +
                      (f.editor / "play_the_game.exe").string() +

@@ -16,32 +16,7 @@ namespace {
 
 namespace fs = std::filesystem;
 using testing::BlackCross;
-using testing::Paint;
 using testing::Plain;
-
-TEST(BlackTest, OnlyTheMiddleRowAndColumnCount) {
-  struct Case {
-    const char* what;
-    Bitmap picture;
-    bool coloured;
-  };
-  Bitmap row_end = Plain(9, 7, 0, 0, 0);
-  Paint(row_end, 8, 3, 0, 0, 1);  // the faintest colour at the row's last pixel
-  Bitmap column_top = Plain(10, 8, 0, 0, 0);
-  Paint(column_top, 5, 0, 30, 30, 30);
-  Bitmap transparent = Plain(4, 4, 0, 0, 0, 4);
-  for (int i = 0; i < 16; ++i) transparent.pixels[std::size_t(i) * 4 + 3] = 0;
-  const Case cases[] = {
-      {"all black", Plain(8, 6, 0, 0, 0), false},
-      {"coloured but for the cross", BlackCross(32, 24), false},
-      {"a pixel at the end of the middle row", row_end, true},
-      {"a pixel at the top of the middle column", column_top, true},
-      {"black with alpha 0", transparent, false},
-      {"one white pixel", Plain(1, 1, 255, 255, 255), true},
-      {"no picture", Bitmap{}, false},
-  };
-  for (const Case& c : cases) EXPECT_EQ(PictureHasColourOnCross(c.picture), c.coloured) << c.what;
-}
 
 struct CaptureTest : ::testing::Test, testing::CaptureFixture {
   ClipboardShot Tick() { return TakeClipboardShot(program, Process{4242}); }
@@ -64,6 +39,12 @@ TEST_F(CaptureTest, WhatATickMakesOfTheClipboard) {
   const Case cases[] = {
       {"an empty clipboard", "", {}, true, ClipboardShot::None, {}},
       {"a black picture", "", black, true, ClipboardShot::Dropped, {}},
+      {"black but for the middle row and column",
+       "",
+       BlackCross(40, 30),
+       true,
+       ClipboardShot::Dropped,
+       {}},
       {"a black picture, not verified", "", black, false, ClipboardShot::Stored, {stored}},
       {"a picture", "", blue, true, ClipboardShot::Stored, {stored}},
   };
@@ -99,6 +80,7 @@ TEST_F(CaptureTest, LauncherPicturesBecomeShotsWithTheirDatesAndGo) {
   testing::WriteBytes(left / "broken.bmp", "not a picture");
   testing::WriteBytes(left / "notes.txt", "stays");
 
+  const std::int32_t user_size = program.catalogue.levels[kPlayed].UserSize;
   EXPECT_EQ(CollectMediaShots(program), 2);
   EXPECT_EQ(testing::Names(testing::Snapshot(left)), std::vector<std::string>{"notes.txt"});
   ASSERT_EQ(ShotNames().size(), 2u);
@@ -108,6 +90,9 @@ TEST_F(CaptureTest, LauncherPicturesBecomeShotsWithTheirDatesAndGo) {
   for (const auto& [name, date] : dates) want.insert(seconds(date));
   for (const std::string& name : ShotNames()) got.insert(seconds(ShotFileDate(Shots() / name)));
   EXPECT_EQ(got, want);
+  double stored = 0;
+  for (const std::string& name : ShotNames()) stored += fs::file_size(Shots() / name);
+  EXPECT_EQ(program.catalogue.levels[kPlayed].UserSize - user_size, stored);
 }
 
 }  // namespace

@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <filesystem>
 #include <map>
+#include <set>
 #include <string>
 #include <vector>
 
@@ -89,6 +90,10 @@ struct SavegameFixture : ArchiveFixture {
     for (const auto& file : ListArchivedSavegames(program, code)) take(file);
     std::sort(out.begin(), out.end());
     return out;
+  }
+  std::set<SavedGame> Distinct(std::int32_t code) {
+    const auto all = Everything(code);
+    return {all.begin(), all.end()};
   }
 };
 

@@ -2,8 +2,6 @@
 // them, and the damaged ones a crash of the game leaves.
 #include <gtest/gtest.h>
 
-#include <unistd.h>
-
 #include "archive/text_ids.h"
 #include "foundation/services/files.h"
 #include "foundation/services/wildcard.h"
@@ -55,37 +53,6 @@ TEST(SavegameHeader, ReadsTitleAndSaveNumber) {
 
 struct StoreNames : ::testing::Test, testing::SavegameFixture {};
 
-TEST_F(StoreNames, UnreadableEmptyAndShortFilesListAsUnreadable) {
-  const std::string unreadable = program.GetText(text::UnreadableSavegameTitle);
-  const auto folder = Path("slots");
-  testing::WriteBytes(folder / "savegame.0", "");
-  testing::WriteBytes(folder / "savegame.1", "too short");
-  testing::WriteBytes(folder / "savegame.2", GameSavegameBytes(8, "Fine"));
-  testing::WriteBytes(folder / "savegame.3", GameSavegameBytes(9, "Locked"));
-  std::filesystem::permissions(folder / "savegame.3", std::filesystem::perms::none);
-  const bool root = ::geteuid() == 0;  // root reads whatever the permissions say
-  struct Row {
-    const char* name;
-    int number;
-    std::string title;
-  } rows[] = {{"savegame.0", 0, unreadable},
-              {"savegame.1", 0, unreadable},
-              {"savegame.2", 8, "Fine"},
-              {"savegame.3", root ? 9 : 0, root ? "Locked" : unreadable},
-              {"savegame.4", 0, unreadable}};  // missing
-  for (const Row& row : rows) {
-    SCOPED_TRACE(row.name);
-    std::string title = "left over";
-    EXPECT_EQ(ReadSavegameHeader(program, folder / row.name, title), row.number);
-    EXPECT_EQ(title, row.title);
-    if (row.number == 0 && std::string(row.name) != "savegame.4")
-      EXPECT_TRUE(
-          SavegameListCaption(program, folder / row.name).starts_with("   0 " + unreadable));
-  }
-  // Unreadable files are still savegames of the folder.
-  EXPECT_EQ(ListSavegames(program, folder).size(), 4u);
-}
-
 TEST_F(StoreNames, SlotNumbersNotesAndRowTexts) {
   struct Slot {
     const char* path;
@@ -105,13 +72,6 @@ TEST_F(StoreNames, SlotNumbersNotesAndRowTexts) {
   EXPECT_TRUE(SavegameListCaption(program, Path("slots/savegame.4")).starts_with("12345 Level"));
   Put(Path("slots"), 5, -12);
   EXPECT_TRUE(SavegameListCaption(program, Path("slots/savegame.5")).starts_with(" -12 Level"));
-}
-
-// The notes are play files: they leave the editor folder with their savegames.
-TEST_F(StoreNames, NotesLeaveWithTheirSavegames) {
-  const std::string note = SavegameNoteFile(program, "/e/savegame.4").filename().string();
-  for (std::int32_t id : {1187, 1188, 1204, 1205})
-    EXPECT_TRUE(WildcardMatch(note, program.GetText(id))) << id;
 }
 
 }  // namespace

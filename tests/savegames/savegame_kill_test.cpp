@@ -81,10 +81,6 @@ struct SavegameKillTest : ::testing::Test, testing::SavegameFixture {
       for (int i = 0; i < 6; ++i) Put(SlotsOf(kLevel), slots[i], numbers[i], note(numbers[i]));
     }
   }
-  std::set<testing::SavedGame> Distinct() {
-    const auto all = Everything(kLevel);
-    return {all.begin(), all.end()};
-  }
 };
 
 TEST_F(SavegameKillTest, NothingIsLostWhereverTheOperationStops) {
@@ -99,13 +95,13 @@ TEST_F(SavegameKillTest, NothingIsLostWhereverTheOperationStops) {
       const std::string fault = std::string(point) + ":" + std::to_string(n);
       SCOPED_TRACE(std::string(operation) + " " + fault);
       Prepare(operation);
-      const auto before = Distinct();
+      const auto before = Distinct(kLevel);
       const int killed = RunChild(operation, dir.path(), fault);
       kills += killed;
       // What the next start does.
       ASSERT_TRUE(RecoverSavegameWork(program));
       ASSERT_FALSE(FolderExists(SavegameWorkFolder(program)));
-      ASSERT_EQ(Distinct(), before);
+      ASSERT_EQ(Distinct(kLevel), before);
       Numbers(SlotsOf(kLevel));  // no gaps, and each note with its savegame
       if (!killed) break;        // the operation has fewer points of this kind
     }

@@ -17,12 +17,7 @@ namespace {
 
 namespace fs = std::filesystem;
 
-struct SavegameRandomTest : ::testing::Test, testing::SavegameFixture {
-  std::set<testing::SavedGame> Distinct(std::int32_t code) {
-    const auto all = Everything(code);
-    return {all.begin(), all.end()};
-  }
-};
+struct SavegameRandomTest : ::testing::Test, testing::SavegameFixture {};
 
 TEST_F(SavegameRandomTest, NothingIsLostButWhatWasDeleted) {
   int steps = 0;

@@ -1,5 +1,4 @@
-// The screenshot menu on real files: adding, deleting, the graphics program,
-// free names, JPEG conversion and choosing a savegame's image.
+// The screenshot menu on real files: adding, deleting and free names.
 
 #include <gtest/gtest.h>
 
@@ -12,8 +11,6 @@
 
 namespace vardolin::testing {
 namespace {
-
-using std::chrono::seconds;
 
 TEST(ShotStore, NextShotFileNameCountsPastTakenNames) {
   struct Case {
@@ -34,23 +31,6 @@ TEST(ShotStore, NextShotFileNameCountsPastTakenNames) {
     for (const char* name : c.taken) f.Shot(name, 0);
     EXPECT_EQ(NextShotFileName(f.program, 1, c.extension), f.ShotDir() / c.expected) << c.title;
   }
-}
-
-TEST(ShotStore, APictureGoesToTheActiveLevelWithItsSizeAndDate) {
-  ShotFixture f;
-  f.MarkActive(1);
-  const auto source = f.dir / "capture.bmp";
-  WritePicture(source, 16, 12);
-  const auto when = ShotEpoch() + seconds(42);
-  const std::int32_t before = f.program.catalogue.levels[1].UserSize;
-  const auto added = AddPictureToActiveLevel(f.program, source, 90, when);
-  ASSERT_EQ(added, f.ShotDir() / "1) My level.jpg");
-  EXPECT_EQ(ShotFileDate(added), when);
-  EXPECT_EQ(f.program.catalogue.levels[1].UserSize - before,
-            static_cast<std::int32_t>(std::filesystem::file_size(added)));
-  EXPECT_TRUE(std::filesystem::exists(source));
-  f.MarkActive(7);  // a code the catalogue lacks
-  EXPECT_TRUE(AddPictureToActiveLevel(f.program, source, 90).empty());
 }
 
 TEST(ShotMenu, AddingAFileWhoseNameIsTakenAndAnsweringNoStoresItUnderAFreeName) {
@@ -119,26 +99,6 @@ TEST(ShotMenu, DeletingAShot) {
       EXPECT_EQ(f.program.catalogue.levels[1].UserSize, 100000 - static_cast<int>(length));
     }
   }
-}
-
-TEST(ShotMenu, ChoosingAnImageGivesItTheSavegamesDateAlone) {
-  ShotFixture f;
-  f.Shot("a.jpg", 10);
-  f.Shot("b.jpg", 50);
-  f.Shot("c.jpg", 50);
-  f.ChooseMyLevel();
-  const auto savegame = f.dir.Write("savegame.3", "x");
-  SetFileDateTime(savegame, ShotEpoch() + seconds(50));
-  f.ui.OpenFile((f.ShotDir() / "a.jpg").string());
-  ASSERT_TRUE(ChooseImageForSavegame(*f.main, savegame));
-  EXPECT_EQ(ShotFileDate(f.ShotDir() / "a.jpg"), ShotEpoch() + seconds(50));
-  EXPECT_EQ(ShotFileDate(f.ShotDir() / "b.jpg"), ShotEpoch() + seconds(55));
-  EXPECT_EQ(ShotFileDate(f.ShotDir() / "c.jpg"), ShotEpoch() + seconds(55));
-  // With no tolerance at all, the chosen picture is the one tied.
-  f.program.prefs.AssociationMinutes = 0;
-  Image target{*f.main, "Image_Test"};
-  ShowTiedShot(*f.main, savegame, target);
-  EXPECT_EQ(f.Shown(target), "a.jpg");
 }
 
 }  // namespace

@@ -31,12 +31,6 @@ struct BrowserFixture : ArchiveFixture {
 
   std::filesystem::path Folder(std::int32_t code) { return GetLevelFolder(program, code, false); }
   void MarkActive(std::int32_t code) { testing::MarkActive(program, code); }
-  std::vector<std::string> Entries() const {
-    std::vector<std::string> out;
-    for (const ListItem& item : main->Combo_Livelli.Items()) out.push_back(item.text);
-    return out;
-  }
-  std::string Selected() const { return main->Combo_Livelli.SelectedText(); }
   void Choose(const std::string& text) {
     main->Combo_Livelli.SetListIndex(main->Combo_Livelli.FindText(text));
   }
