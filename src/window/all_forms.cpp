@@ -20,6 +20,7 @@
 #include "savegames/dialog_joy_stick.h"
 #include "savegames/dialog_resize.h"
 #include "savegames/dialog_screen_shot.h"
+#include "web/dialog_autore.h"
 #include "web/dialog_download.h"
 #include "web/dialog_input_testo.h"
 #include "web/dialog_siti.h"
@@ -58,6 +59,7 @@ const std::vector<FormFactory>& AllForms() {
       Entry<Dialog_Resize>("Dialog_Resize"),
       Entry<Dialog_ScreenShot>("Dialog_ScreenShot"),
       Entry<Dialog_InputTesto>("Dialog_InputTesto"),
+      Entry<Dialog_Autore>("Dialog_Autore"),
       Entry<Dialog_JoyStick>("Dialog_JoyStick"),
       Entry<Dialog_NewLevel>("Dialog_NewLevel"),
       Entry<Dialog_Download>("Dialog_Download"),
