@@ -18,7 +18,7 @@
 namespace vardolin {
 
 bool RemoveLevel(Program& program, std::optional<std::int32_t> chosen, Label* label,
-                 ProgressBar* bar) {
+                 ProgressBar* bar, std::optional<bool> delete_files) {
   Catalogue& catalogue = program.catalogue;
   if (!chosen) {
     AskUser(program, program.GetText(text::RemoveNoSelection), msg::kError);
@@ -36,7 +36,8 @@ bool RemoveLevel(Program& program, std::optional<std::int32_t> chosen, Label* la
     return false;
   }
   const std::string name = Trim(catalogue.levels[index].Name);
-  if (AskUser(program, program.GetText(text::RemoveLevelQuestion) + " \"" + name + "\" ?",
+  if (!delete_files &&
+      AskUser(program, program.GetText(text::RemoveLevelQuestion) + " \"" + name + "\" ?",
               msg::kYesNo) != msg::kYes)
     return false;
   // The level leaves the editor folder before its record goes, so that the marker never names a
@@ -52,9 +53,11 @@ bool RemoveLevel(Program& program, std::optional<std::int32_t> chosen, Label* la
   CatalogueChanged(program);
   program.notify.LevelListChanged();
 
-  if (AskUser(program,
-              program.GetText(text::RemoveLevelFilesQuestion) + " \"" + folder.string() + "\"",
-              msg::kYesNo) != msg::kYes)
+  if (delete_files ? !*delete_files
+                   : AskUser(program,
+                             program.GetText(text::RemoveLevelFilesQuestion) + " \"" +
+                                 folder.string() + "\"",
+                             msg::kYesNo) != msg::kYes)
     return true;
   ShowWaitMessage(program, program.GetText(text::RemoveLevelFilesWait));
   if (!DeleteLevelTree(program, folder, label, bar))

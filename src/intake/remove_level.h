@@ -12,8 +12,10 @@ class ProgressBar;
 
 // Removes the level with `code` (none: nothing chosen). The last record of the table fills its
 // place, so the table's order changes; the files can stay behind, to be recovered later. True
-// when the record went. The label and bar follow the deletion of the files.
-bool RemoveLevel(Program& program, std::optional<std::int32_t> code, Label* label,
-                 ProgressBar* bar);
+// when the record went. The label and bar follow the deletion of the files. With
+// `delete_files` given the removal was confirmed beforehand (the command line) and nothing is
+// asked.
+bool RemoveLevel(Program& program, std::optional<std::int32_t> code, Label* label, ProgressBar* bar,
+                 std::optional<bool> delete_files = {});
 
 }  // namespace vardolin
