@@ -6,9 +6,9 @@
 #include "archive/catalogue_file.h"
 #include "catalogue_commands.h"
 #include "foundation/program.h"
+#include "intake/dialog_autore.h"
 #include "intake/export_level.h"
 #include "intake/remove_level.h"
-#include "web/dialog_autore.h"
 
 namespace vardolin {
 

@@ -95,34 +95,4 @@ inline constexpr std::int32_t UrlPhraseWalkthroughs = 2277;
 inline constexpr std::int32_t UrlUpdateInterval = 2252;  // "d", "ww", "m" or "yyyy"
 inline constexpr std::int32_t UrlUpdateOffer = 2253;     // ~1 = two CR LF
 
-// Dialog_Autore: who made a level and how to reach them.
-inline constexpr std::int32_t AutoreCaption = 233;
-inline constexpr std::int32_t AutoreCancel = 234;
-inline constexpr std::int32_t AutoreOk = 235;
-inline constexpr std::int32_t AutoreFrameEmail = 236;
-inline constexpr std::int32_t AutoreSendMail = 237;
-inline constexpr std::int32_t AutoreNewEmail = 238;
-inline constexpr std::int32_t AutoreDelEmail = 239;
-inline constexpr std::int32_t AutoreChangeEmail = 240;
-inline constexpr std::int32_t AutoreFrameSite = 241;
-inline constexpr std::int32_t AutoreModSito = 242;
-inline constexpr std::int32_t AutoreDelSito = 243;
-inline constexpr std::int32_t AutoreNewSito = 244;
-inline constexpr std::int32_t AutoreGoSito = 245;
-inline constexpr std::int32_t AutoreFrameNote = 246;
-inline constexpr std::int32_t AutoreFrameName = 247;
-inline constexpr std::int32_t AutoreChangeEmailTitle = 248;
-inline constexpr std::int32_t AutoreNoSite = 249;
-inline constexpr std::int32_t AutoreChangeSiteTitle = 250;
-inline constexpr std::int32_t AutoreNewSiteTitle = 251;
-inline constexpr std::int32_t AutoreNewEmailTitle = 252;
-inline constexpr std::int32_t AutoreEmailsTooLong = 253;
-inline constexpr std::int32_t AutoreSitesTooLong = 254;
-inline constexpr std::int32_t AutoreNameTooLong = 255;
-inline constexpr std::int32_t AutoreNoteTooLong = 256;
-inline constexpr std::int32_t AutoreMailPrefix = 257;  // "mailto:"
-inline constexpr std::int32_t AutoreNoRowToChange = 258;
-inline constexpr std::int32_t AutoreInputPrompt = 259;
-inline constexpr std::int32_t AutoreNoRowToDelete = 260;
-
 }  // namespace vardolin::text

@@ -2,7 +2,7 @@
 
 #include "foundation/ports/ui.h"
 #include "foundation/program.h"
-#include "web/dialog_autore.h"
+#include "intake/dialog_autore.h"
 #include "window/principale.h"
 
 namespace vardolin {

@@ -1,4 +1,4 @@
-#include "web/dialog_autore.h"
+#include "intake/dialog_autore.h"
 
 #include "archive/catalogue_file.h"
 #include "archive/catalogue_ops.h"
@@ -7,7 +7,7 @@
 #include "foundation/ports/ui.h"
 #include "foundation/program.h"
 #include "foundation/services/strings.h"
-#include "web/text_ids.h"
+#include "intake/text_ids.h"
 
 namespace vardolin {
 

@@ -7,7 +7,7 @@
 #include <string>
 
 #include "foundation/forms/form.h"
-#include "web/text_ids.h"
+#include "intake/text_ids.h"
 
 namespace vardolin {
 

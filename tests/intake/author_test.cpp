@@ -7,8 +7,8 @@
 #include <vector>
 
 #include "archive_fixture.h"
+#include "intake/dialog_autore.h"
 #include "test_program.h"
-#include "web/dialog_autore.h"
 
 namespace vardolin {
 namespace {
