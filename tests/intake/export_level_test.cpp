@@ -49,8 +49,9 @@ TEST(ExportLevel, AnExportedLevelAddedIntoAnotherArchiveComesBackWhole) {
                {"no shots: nothing asked", false, false, 0}};
   for (const Case& c : cases) {
     SCOPED_TRACE(c.what);
-    Archive from({"Base", "Sunken Tomb: Part 1"});
+    Archive from({"Base", "Sunken Tomb"});
     LevelRecord& r = from.program.catalogue.levels[1];
+    r.Name = "Sunken Tomb: Part 1";  // a name that can't be a file name as it stands
     r.Note = "a long one";
     r.AuthorName = "Ann Author";
     r.AuthorEmails = std::string("ann@example.org\0ann@example.net", 31);
@@ -61,8 +62,8 @@ TEST(ExportLevel, AnExportedLevelAddedIntoAnotherArchiveComesBackWhole) {
     WriteBytes(files / "readme.txt", "how to get through");
     const auto game_form = Snapshot(files);
     if (c.packed) {
-      testing::Pack(files / "Sunken Tomb: Part 1.tr4", files / "Sunken Tomb: Part 1.tr4.zl");
-      fs::remove(files / "Sunken Tomb: Part 1.tr4");
+      testing::Pack(files / "Sunken Tomb.tr4", files / "Sunken Tomb.tr4.zl");
+      fs::remove(files / "Sunken Tomb.tr4");
     }
     if (c.active) testing::MarkActive(from.program, 1);
     WriteBytes((c.active ? from.editor : from.Store(1, "play")) / "savegame.0", "saved");
@@ -80,11 +81,11 @@ TEST(ExportLevel, AnExportedLevelAddedIntoAnotherArchiveComesBackWhole) {
     for (const char* gone : {"export_level", "temp_level_files"})
       EXPECT_FALSE(fs::exists(from.dir / "home" / gone)) << gone;
 
-    Archive to({"Base"});
+    Archive to({"Base", "Old level"});
     to.ui.OnForm("Dialog_NewLevel",
                  [](Form& f) { static_cast<Dialog_NewLevel&>(f).Pul_Ok.Click(); });
     const auto code = AddLevel(to.program, zip.string());
-    ASSERT_TRUE(code);
+    ASSERT_TRUE(code) << ::testing::PrintToString(to.ui.Messages());
     const LevelRecord& back =
         to.program.catalogue.levels[FindLevelIndex(to.program.catalogue, *code)];
     EXPECT_EQ(back.Name, "Sunken Tomb: Part 1");
@@ -92,7 +93,9 @@ TEST(ExportLevel, AnExportedLevelAddedIntoAnotherArchiveComesBackWhole) {
          {&LevelRecord::Note, &LevelRecord::AuthorName, &LevelRecord::AuthorEmails,
           &LevelRecord::AuthorSites, &LevelRecord::AuthorNote, &LevelRecord::MoreInfoFile})
       EXPECT_EQ(back.*field, r.*field);
-    EXPECT_EQ(Snapshot(to.Store(*code, "files")), game_form);
+    auto files_back = Snapshot(to.Store(*code, "files"));
+    files_back.erase("shot1.jpg");  // adding keeps a package's pictures among its files too
+    EXPECT_EQ(files_back, game_form);
     EXPECT_EQ(Snapshot(to.Store(*code, "play")),
               (std::map<std::string, std::string>{{"savegame.0", "saved"}}));
     EXPECT_EQ(fs::exists(to.Store(*code, "screenshots/shot1.jpg")), c.shots == msg::kYes);
