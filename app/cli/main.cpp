@@ -20,6 +20,7 @@
 #include "demo_home.h"
 #include "editor_commands.h"
 #include "equal_commands.h"
+#include "export_commands.h"
 #include "foundation/platform/linux_platform.h"
 #include "foundation/program.h"
 #include "foundation/program_home.h"
@@ -208,6 +209,37 @@ int main(int argc, char** argv) {
             [&](vardolin::Program& p) { return vardolin::CmdUrlsMerge(p, file, out, err); })
       ->add_option("FILE", file, "a urllist.bin")
       ->required();
+  bool shots_flag = false, keep_files = false;
+  auto* export_level =
+      add("export", "write a level with its savegames into a zip that adding takes back", false,
+          [&](vardolin::Program& p) {
+            return vardolin::CmdExport(p, code, file, shots_flag, out, err);
+          });
+  code_option(export_level);
+  export_level->add_option("ZIP", file, "the zip file to write")->required();
+  export_level->add_flag("--shots", shots_flag, "put the level's screenshots in too");
+  auto* remove =
+      add("remove", "take a level out of the archive, and its files off the disk", true,
+          [&](vardolin::Program& p) { return vardolin::CmdRemove(p, code, keep_files, out, err); });
+  code_option(remove);
+  remove->add_flag("--keep-files", keep_files, "leave the level's folder on the disk");
+  std::string author_name, author_note;
+  std::vector<std::string> author_emails, author_sites;
+  CLI::App* author = nullptr;
+  author = add("author", "show or change who made a level and how to reach them", true,
+               [&](vardolin::Program& p) {
+                 vardolin::AuthorChanges changes;
+                 if (author->count("--name")) changes.name = author_name;
+                 if (author->count("--note")) changes.note = author_note;
+                 if (author->count("--email")) changes.emails = author_emails;
+                 if (author->count("--site")) changes.sites = author_sites;
+                 return vardolin::CmdAuthor(p, code, changes, out, err);
+               });
+  code_option(author);
+  author->add_option("--name", author_name, "the author's name");
+  author->add_option("--email", author_emails, "an e-mail address; repeat for more (replaces all)");
+  author->add_option("--site", author_sites, "a web site; repeat for more (replaces all)");
+  author->add_option("--note", author_note, "the author's note");
   std::vector<std::filesystem::path> audio_files;
   std::filesystem::path audio_out;
   int audio_target = 2;

@@ -382,4 +382,60 @@ inline constexpr std::int32_t SetupNever2 = 2977;
 inline constexpr std::int32_t SetupNever3 = 2978;
 inline constexpr std::int32_t SetupStopped = 8570;
 
+// A level leaves the archive as a zip that adding a level takes in again.
+inline constexpr std::int32_t ExportNoSelection = 1881;
+inline constexpr std::int32_t ExportFolder = 1882;  // fragment, behind the program's folder
+inline constexpr std::int32_t ExportCaption = 1883;
+inline constexpr std::int32_t ExportFilesFolder = 1884;  // fragment, equals 1127
+inline constexpr std::int32_t ExportCdMissing = 1885;
+inline constexpr std::int32_t ExportExpandFailed = 1886;
+inline constexpr std::int32_t ExportSavegamesFolder = 1887;  // fragment, equals 1546
+inline constexpr std::int32_t ExportSavegamePattern = 1888;
+inline constexpr std::int32_t ExportShotsFolder = 1889;   // fragment, equals 1548
+inline constexpr std::int32_t ExportShotMaskJpeg = 1890;  // fragment
+inline constexpr std::int32_t ExportShotMaskBmp = 1891;   // fragment
+inline constexpr std::int32_t ExportShotsQuestion = 1892;
+inline constexpr std::int32_t ExportCopyingShots = 1893;
+inline constexpr std::int32_t ExportInfoFile = 1894;  // fragment, equals 645
+inline constexpr std::int32_t ExportZipEnding = 1895;
+inline constexpr std::int32_t ExportZipTitle = 1896;
+inline constexpr std::int32_t ExportZipFilter = 1897;
+inline constexpr std::int32_t ExportDropTemporary = 1898;
+inline constexpr std::int32_t ExportCancelled = 1899;
+inline constexpr std::int32_t ExportZipping = 1900;  // the zip's path follows
+inline constexpr std::int32_t ExportZipFailed = 1901;
+inline constexpr std::int32_t ExportDeleteTemporary = 1902;
+inline constexpr std::int32_t ExportDeleteFolder = 1903;
+inline constexpr std::int32_t ExportDone = 1904;  // the zip's path follows
+
+// Dialog_Autore: who made a level and how to reach them.
+inline constexpr std::int32_t AutoreCaption = 233;
+inline constexpr std::int32_t AutoreCancel = 234;
+inline constexpr std::int32_t AutoreOk = 235;
+inline constexpr std::int32_t AutoreFrameEmail = 236;
+inline constexpr std::int32_t AutoreSendMail = 237;
+inline constexpr std::int32_t AutoreNewEmail = 238;
+inline constexpr std::int32_t AutoreDelEmail = 239;
+inline constexpr std::int32_t AutoreChangeEmail = 240;
+inline constexpr std::int32_t AutoreFrameSite = 241;
+inline constexpr std::int32_t AutoreModSito = 242;
+inline constexpr std::int32_t AutoreDelSito = 243;
+inline constexpr std::int32_t AutoreNewSito = 244;
+inline constexpr std::int32_t AutoreGoSito = 245;
+inline constexpr std::int32_t AutoreFrameNote = 246;
+inline constexpr std::int32_t AutoreFrameName = 247;
+inline constexpr std::int32_t AutoreChangeEmailTitle = 248;
+inline constexpr std::int32_t AutoreNoSite = 249;
+inline constexpr std::int32_t AutoreChangeSiteTitle = 250;
+inline constexpr std::int32_t AutoreNewSiteTitle = 251;
+inline constexpr std::int32_t AutoreNewEmailTitle = 252;
+inline constexpr std::int32_t AutoreEmailsTooLong = 253;
+inline constexpr std::int32_t AutoreSitesTooLong = 254;
+inline constexpr std::int32_t AutoreNameTooLong = 255;
+inline constexpr std::int32_t AutoreNoteTooLong = 256;
+inline constexpr std::int32_t AutoreMailPrefix = 257;  // "mailto:"
+inline constexpr std::int32_t AutoreNoRowToChange = 258;
+inline constexpr std::int32_t AutoreInputPrompt = 259;
+inline constexpr std::int32_t AutoreNoRowToDelete = 260;
+
 }  // namespace vardolin::text

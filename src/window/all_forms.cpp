@@ -15,6 +15,7 @@
 #include "foundation/dialogs/dialog_splash.h"
 #include "foundation/dialogs/dialog_wait.h"
 #include "foundation/settings/dialog_settings.h"
+#include "intake/dialog_autore.h"
 #include "intake/dialog_new_level.h"
 #include "savegames/dialog_cattura.h"
 #include "savegames/dialog_joy_stick.h"
@@ -58,6 +59,7 @@ const std::vector<FormFactory>& AllForms() {
       Entry<Dialog_Resize>("Dialog_Resize"),
       Entry<Dialog_ScreenShot>("Dialog_ScreenShot"),
       Entry<Dialog_InputTesto>("Dialog_InputTesto"),
+      Entry<Dialog_Autore>("Dialog_Autore"),
       Entry<Dialog_JoyStick>("Dialog_JoyStick"),
       Entry<Dialog_NewLevel>("Dialog_NewLevel"),
       Entry<Dialog_Download>("Dialog_Download"),

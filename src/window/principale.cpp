@@ -86,6 +86,8 @@ Principale::Principale(Program& program) : Form(program, "Principale", "Vardolin
   WireJoystick();
   WireWatcherSteps();
   WireEqualLevels();
+  WireExport();
+  WireAuthor();
   WireUrlList();
   DisableMissingWork();
   program.main = {this, &Label_Info, &ProgressBar1, &Timer1};

@@ -267,6 +267,8 @@ class Principale : public Form {
 
   // The equal-level check and the maintenance of level file lists (principale_equal_levels.cpp).
   void WireEqualLevels();
+  void WireExport();
+  void WireAuthor();
   // The list of web addresses (principale_urls.cpp).
   void WireUrlList();
 };

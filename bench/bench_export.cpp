@@ -1,0 +1,123 @@
+// Exporting the reference level (about 200 MB, stored packed as `.zl`) to a zip: ExportLevel
+// expands the files and packs them with the level info file, against what the same work costs
+// with the tools: pigz -d of gzip copies of the same files, then zip -q (goal <= 1).
+//
+// Each iteration runs ours and the reference in turn, so that both see the same machine; the
+// figures are the medians of the pairs.
+
+#include <benchmark/benchmark.h>
+#include <stdlib.h>
+
+#include <algorithm>
+#include <cstdlib>
+#include <filesystem>
+#include <string>
+#include <vector>
+
+#include "archive/level_store.h"
+#include "bench_data.h"
+#include "bench_ports.h"
+#include "bench_tools.h"
+#include "foundation/program.h"
+#include "foundation/program_home.h"
+#include "foundation/texts/text_catalogue.h"
+#include "intake/export_level.h"
+#include "web/zlib_tool.h"
+
+namespace vardolin {
+namespace {
+
+namespace fs = std::filesystem;
+using bench::kFilesPerKind;
+
+struct Bench {
+  fs::path root;
+  bench::SilentUi ui;
+  bench::NoPlatform platform;
+  Program program;
+  fs::path gz = root / "gz";
+
+  Bench() : root(MakeRoot()), program(root / "home", ui, platform) {
+    if (!PrepareHome(program.Home()) || !LoadLanguage(program)) std::abort();
+    Catalogue& c = program.catalogue;
+    c.header.MainDir = c.header.SecondaryDir = (root / "archive").string();
+    c.header.CompressFiles = true;
+    c.levels.push_back(LevelRecord{});
+    LevelRecord level;
+    level.Code = 1;
+    level.Name = "Reference level";
+    c.levels.push_back(level);
+    const fs::path files = GetLevelFilesFolder(program, 1, false);
+    fs::create_directories(files);
+    fs::create_directories(gz);
+    for (int i = 0; i < 2 * kFilesPerKind; ++i) {
+      const std::string name = i == 0 ? std::string("script.dat")
+                                      : "room" + std::to_string(i) + (i % 2 ? ".tr4" : ".wad");
+      bench::Write(root / "plain" / name, bench::ReferenceFileBytes(i));
+      if (PackFile(root / "plain" / name, files / (name + ".zl")) != ZlResult::Ok) std::abort();
+      fs::rename(root / "plain" / name, gz / name);
+    }
+    std::vector<std::string> args = {"pigz", "-9", "-p", "2"};
+    for (auto& e : fs::directory_iterator(gz)) args.push_back(e.path().string());
+    if (!bench::Run(args)) std::abort();
+  }
+  ~Bench() {
+    std::error_code ec;
+    fs::remove_all(root, ec);
+  }
+  static fs::path MakeRoot() {
+    std::string tmpl = (fs::temp_directory_path() / "vardolin-bench-export-XXXXXX").string();
+    if (!mkdtemp(tmpl.data())) std::abort();
+    return tmpl;
+  }
+  bool ExportOurs() {
+    const fs::path zip = root / "ours.zip";
+    return ExportLevel(program, 1, {zip, false}) == zip;
+  }
+  // The tools expand beside their gzip copies (-k keeps them), and zip takes the expanded files.
+  bool ExportWithTools() {
+    std::vector<std::string> args = {"pigz", "-d", "-k", "-f", "-p", "2"};
+    std::vector<std::string> zip = {"zip", "-q", "-j", (root / "theirs.zip").string()};
+    for (auto& e : fs::directory_iterator(gz)) {
+      args.push_back(e.path().string());
+      zip.push_back((gz / e.path().stem()).string());
+    }
+    return bench::Run(args) && bench::Run(zip);
+  }
+  void CleanTools() {
+    std::error_code ec;
+    fs::remove(root / "theirs.zip", ec);
+    for (auto& e : fs::directory_iterator(gz))
+      if (e.path().extension() != ".gz") fs::remove(e.path(), ec);
+  }
+};
+
+double Median(std::vector<double> v) {
+  std::sort(v.begin(), v.end());
+  return v.empty() ? 0 : v[v.size() / 2];
+}
+
+void BM_ExportPackedLevel(benchmark::State& state) {
+  static Bench b;
+  std::vector<double> ours, theirs;
+  bool ok = true;
+  for (auto _ : state) {
+    ::sync();
+    ours.push_back(bench::Seconds([&] { return b.ExportOurs(); }, ok));
+    b.CleanTools();
+    ::sync();
+    theirs.push_back(bench::Seconds([&] { return b.ExportWithTools(); }, ok));
+    state.SetIterationTime(ours.back());
+  }
+  if (!ok) state.SkipWithError("exporting the level failed");
+  state.counters["reference_ms"] = Median(theirs) * 1000;
+  state.counters["ratio"] = Median(ours) / Median(theirs);
+  state.SetLabel("vs:pigz-d+zip");
+}
+
+BENCHMARK(BM_ExportPackedLevel)->UseManualTime()->Unit(benchmark::kMillisecond)->Iterations(5);
+
+}  // namespace
+}  // namespace vardolin
+
+BENCHMARK_MAIN();

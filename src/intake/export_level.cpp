@@ -1,0 +1,157 @@
+#include "intake/export_level.h"
+
+#include <string>
+#include <system_error>
+#include <vector>
+
+#include "archive/catalogue_ops.h"
+#include "archive/level_files.h"
+#include "archive/level_store.h"
+#include "foundation/dialogs/ask.h"
+#include "foundation/dialogs/dialog_progress.h"
+#include "foundation/dialogs/shared_dialogs.h"
+#include "foundation/ports/ui.h"
+#include "foundation/program.h"
+#include "foundation/services/files.h"
+#include "foundation/services/paths.h"
+#include "foundation/services/strings.h"
+#include "intake/add_files.h"
+#include "intake/level_info.h"
+#include "intake/text_ids.h"
+#include "play/active_level.h"
+#include "web/zip_layer.h"
+
+namespace vardolin {
+namespace {
+
+namespace fs = std::filesystem;
+
+// The progress window's controls while it is up; the command line may have none.
+Label* InfoLabel(Program& p) {
+  Dialog_Progress* d = ProgressDialog(p);
+  return d ? &d->Label_Info : nullptr;
+}
+ProgressBar* Bar(Program& p) {
+  Dialog_Progress* d = ProgressDialog(p);
+  return d ? &d->ProgressBar1 : nullptr;
+}
+void Say(Program& p, const std::string& text) {
+  if (Label* label = InfoLabel(p)) label->SetCaption(text);
+  if (Dialog_Progress* d = ProgressDialog(p)) d->Refresh();
+}
+
+// The expanded copy is thrown away afterwards, so its files are moved rather than copied: on
+// one file system that is a rename, which spares a second pass over a large level.
+void TakeFiles(Program& p, const fs::path& source, const fs::path& target, bool move) {
+  if (!move) {
+    CopyFilesWithProgress(p, source, target, Bar(p), true, "*");
+    return;
+  }
+  const std::vector<fs::path> files = ListFiles(source, "*");
+  for (std::size_t i = 0; i < files.size(); ++i) {
+    MoveFileOver(files[i], target / files[i].filename());
+    StepProgressDialog(p, static_cast<int>(i + 1), static_cast<int>(files.size()));
+  }
+}
+
+bool HasShots(Program& p, const fs::path& folder) {
+  for (std::int32_t mask : {text::ExportShotMaskJpeg, text::ExportShotMaskBmp})
+    if (!ListFiles(folder, ExtractFileName(p.GetText(mask))).empty()) return true;
+  return false;
+}
+
+LevelInfo DescribeLevel(const LevelRecord& r, const fs::path& folder) {
+  LevelInfo info;
+  info.LevelName = Trim(r.Name);
+  info.Note = Trim(r.Note);
+  info.AuthorName = Trim(r.AuthorName);
+  info.AuthorNote = Trim(r.AuthorNote);
+  info.AuthorEmails = Trim(r.AuthorEmails);
+  info.AuthorSites = Trim(r.AuthorSites);
+  info.MoreInfoFile = Trim(r.MoreInfoFile);
+  std::error_code ec;
+  for (const fs::path& f : ListFiles(folder, "*.*")) {
+    info.ListedNames.push_back(f.filename().string());
+    info.ListedSizes.push_back(static_cast<std::int32_t>(fs::file_size(f, ec)));
+  }
+  info.ListedFileCount = static_cast<std::int32_t>(info.ListedNames.size());
+  return info;
+}
+
+}  // namespace
+
+fs::path ExportLevel(Program& p, std::optional<std::int32_t> code, const ExportChoices& choices) {
+  const int index = code ? FindLevelIndex(p.catalogue, *code) : -1;
+  if (index < 0) {
+    AskUser(p, p.GetText(text::ExportNoSelection), msg::kOkOnly);
+    return {};
+  }
+  const LevelRecord record = p.catalogue.levels[index];
+  const fs::path out = JoinFragment(p.Home(), p.GetText(text::ExportFolder));
+  std::error_code ec;
+  fs::remove_all(out, ec);
+  MakeFolder(out);
+  ShowProgressDialog(p, p.GetText(text::ExportCaption));
+  if (ProgressBar* bar = Bar(p)) bar->SetValue(0);
+
+  const fs::path level_folder = GetLevelFolder(p, *code, true);
+  fs::path temporary;
+  auto drop_temporary = [&](std::int32_t say) {
+    if (temporary.empty()) return;
+    Say(p, p.GetText(say));
+    fs::remove_all(temporary, ec);
+  };
+  auto give_up = [&](std::int32_t why, int style) {
+    drop_temporary(text::ExportDropTemporary);
+    fs::remove_all(out, ec);
+    HideProgressDialog(p);
+    AskUser(p, p.GetText(why), style);
+    return fs::path();
+  };
+  if (level_folder.empty() || p.CdRefused) return give_up(text::ExportCdMissing, msg::kError);
+  const fs::path files = JoinFragment(level_folder, p.GetText(text::ExportFilesFolder));
+  if (!PrepareLevelFiles(p, files, temporary))
+    return give_up(text::ExportExpandFailed, msg::kError);
+  TakeFiles(p, temporary.empty() ? files : temporary, out, !temporary.empty());
+
+  // While the level stands in the editor folder, the game keeps its savegames there.
+  const fs::path saves = *code == GetActiveLevelCode(p)
+                             ? fs::path(p.prefs.EditorFolder)
+                             : JoinFragment(level_folder, p.GetText(text::ExportSavegamesFolder));
+  CopyMatchingFiles(p, saves, out, true, p.GetText(text::ExportSavegamePattern));
+
+  const fs::path shots = JoinFragment(level_folder, p.GetText(text::ExportShotsFolder));
+  if (HasShots(p, shots) && (choices.shots ? *choices.shots
+                                           : AskUser(p, p.GetText(text::ExportShotsQuestion),
+                                                     msg::kYesNo) == msg::kYes)) {
+    Say(p, p.GetText(text::ExportCopyingShots));
+    CopyFilesWithProgress(p, shots, out, Bar(p), true, "*");
+  }
+
+  WriteLevelInfoFile(p, JoinFragment(out, p.GetText(text::ExportInfoFile)),
+                     DescribeLevel(record, out));
+  p.InfoFileFlag = false;
+
+  fs::path zip = choices.zip;
+  if (zip.empty()) {
+    FileRequest request;
+    request.title = p.GetText(text::ExportZipTitle);
+    request.filter = p.GetText(text::ExportZipFilter);
+    request.start_folder = Trim(p.prefs.DefaultLoadDir);
+    request.file_name = CleanFileName(Trim(record.Name)) + p.GetText(text::ExportZipEnding);
+    zip = p.ui().AskSaveFile(request);
+  }
+  if (zip.empty()) return give_up(text::ExportCancelled, msg::kOkOnly);
+
+  Say(p, p.GetText(text::ExportZipping) + zip.string());
+  const bool zipped = ZipFolderToFile(p, out, zip, Bar(p), false);
+  if (!zipped) AskUser(p, p.GetText(text::ExportZipFailed), msg::kError);
+  drop_temporary(text::ExportDeleteTemporary);
+  Say(p, p.GetText(text::ExportDeleteFolder));
+  fs::remove_all(out, ec);
+  HideProgressDialog(p);
+  AskUser(p, p.GetText(text::ExportDone) + zip.string(), msg::kOkOnly);
+  return zipped ? zip : fs::path();
+}
+
+}  // namespace vardolin

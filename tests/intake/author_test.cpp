@@ -1,0 +1,104 @@
+// The author window stores what fits its field and refuses by name what doesn't, in the order of
+// the fields, so that nothing is ever cut; addresses and sites go to the desktop to be opened.
+
+#include <gtest/gtest.h>
+
+#include <string>
+#include <vector>
+
+#include "archive_fixture.h"
+#include "intake/dialog_autore.h"
+#include "test_program.h"
+
+namespace vardolin {
+namespace {
+
+struct AuthorFixture : testing::TestProgram {
+  Dialog_Autore form{program};
+  AuthorFixture() {
+    program.texts.EnglishTexts = testing::ReadEnglishForTests();
+    program.prefs.AutoSave = false;
+    program.catalogue.levels = {testing::SampleLevel(0), testing::SampleLevel(7)};
+    form.Load();
+    form.ImpostaValori(7);
+  }
+  const LevelRecord& Record() const { return program.catalogue.levels[1]; }
+};
+
+TEST(DialogAutore, FieldsAreStoredUpToTheirWidthAndRefusedBeyondIt) {
+  const std::string e_acute = "\xC3\xA9";
+  std::string wide_name;
+  for (int i = 0; i < 79; ++i) wide_name += e_acute;
+  struct Case {
+    const char* what;
+    std::vector<std::string> emails, sites;
+    std::string name;
+    const char* refused;  // part of the message, empty when accepted
+    bool emails_stored, sites_stored, name_stored;
+  } cases[] = {
+      {"255 joined characters and 79 of a name",
+       {std::string(10, 'a'), std::string(244, 'b')},
+       {},
+       std::string(79, 'n'),
+       "",
+       true,
+       true,
+       true},
+      {"79 characters of two bytes each", {}, {}, wide_name, "", true, true, true},
+      {"256 joined addresses",
+       {std::string(10, 'a'), std::string(245, 'b')},
+       {},
+       "x",
+       "e-mail addresses",
+       false,
+       false,
+       false},
+      {"256 joined sites keep the addresses",
+       {"a@b"},
+       {std::string(10, 's'), std::string(245, 's')},
+       "x",
+       "web sites",
+       true,
+       false,
+       false},
+      {"an 80 character name", {}, {}, std::string(80, 'n'), "name is longer", true, true, false},
+  };
+  for (const Case& c : cases) {
+    SCOPED_TRACE(c.what);
+    AuthorFixture f;
+    const LevelRecord before = f.Record();
+    f.form.Combo_Email.Clear();
+    for (const auto& row : c.emails) f.form.Combo_Email.AddItem(row);
+    f.form.Combo_Sito.Clear();
+    for (const auto& row : c.sites) f.form.Combo_Sito.AddItem(row);
+    f.form.Text_NomeAutore.SetText(c.name);
+    if (*c.refused) f.ui.Answer(msg::kOk, c.refused);
+    f.form.Pul_Ok.Click();
+    EXPECT_EQ(f.form.IsLoaded(), *c.refused != 0);
+    f.form.Pul_Cancel.Click();
+    EXPECT_FALSE(f.form.ExitValue);
+    EXPECT_EQ(f.Record().AuthorEmails == before.AuthorEmails, !c.emails_stored);
+    EXPECT_EQ(f.Record().AuthorSites == before.AuthorSites, !c.sites_stored);
+    EXPECT_EQ(f.Record().AuthorName, c.name_stored ? c.name : before.AuthorName);
+    if (c.emails_stored) {
+      AuthorFixture again;  // what was stored reads back as the same rows
+      SplitAuthorList(f.Record().AuthorEmails, again.form.Combo_Email);
+      EXPECT_EQ(JoinAuthorList(again.form.Combo_Email), f.Record().AuthorEmails);
+      EXPECT_EQ(again.form.Combo_Email.ListCount(), static_cast<int>(c.emails.size()));
+    }
+  }
+}
+
+TEST(DialogAutore, AddressesAndSitesAreOpenedOnTheDesktop) {
+  AuthorFixture f;
+  f.form.Combo_Email.SetListIndex(1);
+  f.form.Pul_SendMail.Click();
+  f.form.Pul_GoSito.Click();
+  f.form.Combo_Email.Clear();
+  f.form.Pul_SendMail.Click();  // no address: nothing happens
+  EXPECT_EQ(f.platform.calls,
+            (std::vector<std::string>{"open mailto:b@example.org", "open https://example.org"}));
+}
+
+}  // namespace
+}  // namespace vardolin

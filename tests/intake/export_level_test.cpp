@@ -1,0 +1,128 @@
+// A level that leaves one archive as a zip and is added into another comes back whole: its
+// description, its files in their game form, its savegames and, when asked, its screenshots.
+// Removal takes the record always and the files only when the user says so.
+
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <string>
+
+#include "archive/catalogue_ops.h"
+#include "archive/level_store.h"
+#include "intake/add_level.h"
+#include "intake/dialog_new_level.h"
+#include "intake/export_level.h"
+#include "intake/remove_level.h"
+#include "play/activation.h"
+#include "play/active_level.h"
+#include "play_fixture.h"
+#include "store_fixture.h"
+
+namespace vardolin {
+namespace {
+
+namespace fs = std::filesystem;
+using testing::PlayFixture;
+using testing::Snapshot;
+using testing::WriteBytes;
+
+constexpr const char* kShotsQuestion = "screenshots into the zip";
+
+struct Archive : PlayFixture {
+  explicit Archive(std::vector<std::string> names) : PlayFixture(std::move(names)) {
+    program.prefs.LastArchive = (archive / "levels.vdc").string();
+    program.prefs.NoDecompress = true;
+    ui.AllowAnyMessage();
+  }
+  fs::path Store(std::int32_t code, const char* sub) {
+    return GetLevelFolder(program, code, false) / sub;
+  }
+};
+
+TEST(ExportLevel, AnExportedLevelAddedIntoAnotherArchiveComesBackWhole) {
+  struct Case {
+    const char* what;
+    bool packed, active;
+    int shots;  // 0 the level has none, else the answer to the question
+  } cases[] = {{"plain, shots wanted", false, false, msg::kYes},
+               {"packed and active, shots refused", true, true, msg::kNo},
+               {"no shots: nothing asked", false, false, 0}};
+  for (const Case& c : cases) {
+    SCOPED_TRACE(c.what);
+    Archive from({"Base", "Sunken Tomb"});
+    LevelRecord& r = from.program.catalogue.levels[1];
+    r.Name = "Sunken Tomb: Part 1";  // a name that can't be a file name as it stands
+    r.Note = "a long one";
+    r.AuthorName = "Ann Author";
+    r.AuthorEmails = std::string("ann@example.org\0ann@example.net", 31);
+    r.AuthorSites = "http://example.org/ann";
+    r.AuthorNote = "thanks to all";
+    r.MoreInfoFile = "readme.txt";
+    const fs::path files = from.Store(1, "files");
+    WriteBytes(files / "readme.txt", "how to get through");
+    const auto game_form = Snapshot(files);
+    if (c.packed) {
+      testing::Pack(files / "Sunken Tomb.tr4", files / "Sunken Tomb.tr4.zl");
+      fs::remove(files / "Sunken Tomb.tr4");
+    }
+    if (c.active) testing::MarkActive(from.program, 1);
+    WriteBytes((c.active ? from.editor : from.Store(1, "play")) / "savegame.0", "saved");
+    if (c.shots) testing::WritePicture(from.Store(1, "screenshots") / "shot1.jpg");
+    if (c.shots) from.ui.Answer(c.shots, kShotsQuestion);
+    from.ui.SaveFile((from.dir / "out.zip").string());
+
+    const fs::path zip = ExportLevel(from.program, 1);
+    ASSERT_EQ(zip, from.dir / "out.zip");
+    for (const testing::Asked& q : from.ui.Questions()) {
+      if (q.kind == testing::AskKind::SaveFile)
+        EXPECT_EQ(q.text, "Sunken Tomb  Part 1_vardolin.zip");
+      if (!c.shots) EXPECT_EQ(q.text.find(kShotsQuestion), std::string::npos);
+    }
+    for (const char* gone : {"export_level", "temp_level_files"})
+      EXPECT_FALSE(fs::exists(from.dir / "home" / gone)) << gone;
+
+    Archive to({"Base", "Old level"});
+    to.ui.OnForm("Dialog_NewLevel",
+                 [](Form& f) { static_cast<Dialog_NewLevel&>(f).Pul_Ok.Click(); });
+    const auto code = AddLevel(to.program, zip.string());
+    ASSERT_TRUE(code) << ::testing::PrintToString(to.ui.Messages());
+    const LevelRecord& back =
+        to.program.catalogue.levels[FindLevelIndex(to.program.catalogue, *code)];
+    EXPECT_EQ(back.Name, "Sunken Tomb: Part 1");
+    for (auto field :
+         {&LevelRecord::Note, &LevelRecord::AuthorName, &LevelRecord::AuthorEmails,
+          &LevelRecord::AuthorSites, &LevelRecord::AuthorNote, &LevelRecord::MoreInfoFile})
+      EXPECT_EQ(back.*field, r.*field);
+    auto files_back = Snapshot(to.Store(*code, "files"));
+    files_back.erase("shot1.jpg");  // adding keeps a package's pictures among its files too
+    EXPECT_EQ(files_back, game_form);
+    EXPECT_EQ(Snapshot(to.Store(*code, "play")),
+              (std::map<std::string, std::string>{{"savegame.0", "saved"}}));
+    EXPECT_EQ(fs::exists(to.Store(*code, "screenshots/shot1.jpg")), c.shots == msg::kYes);
+  }
+}
+
+TEST(RemoveLevel, TheRecordGoesAndTheFilesOnlyWhenTheUserSaysSo) {
+  struct Case {
+    const char* what;
+    bool active;
+    int delete_files;
+  } cases[] = {{"files kept", false, msg::kNo}, {"active level, files deleted", true, msg::kYes}};
+  for (const Case& c : cases) {
+    SCOPED_TRACE(c.what);
+    Archive a({"Base", "First", "Middle", "Last"});
+    if (c.active) ASSERT_TRUE(SetLevelInTrle(a.program, 2));
+    const fs::path folder = GetLevelFolder(a.program, 2, false);
+    a.ui.Answer(msg::kYes, "\"Middle\" ?").Answer(c.delete_files, "\"" + folder.string() + "\"");
+    ASSERT_TRUE(RemoveLevel(a.program, 2, nullptr, nullptr));
+    const auto& levels = a.program.catalogue.levels;
+    ASSERT_EQ(levels.size(), 3u);
+    EXPECT_EQ(levels[2].Name, "Last");
+    EXPECT_EQ(fs::exists(folder), c.delete_files == msg::kNo);
+    EXPECT_NE(GetActiveLevelCode(a.program), 2);
+    EXPECT_FALSE(fs::exists(a.editor / "Middle.tr4"));
+  }
+}
+
+}  // namespace
+}  // namespace vardolin
