@@ -181,7 +181,8 @@ bool AddDemoLevel(Program& program, const DemoLevel& level, unsigned seed, std::
   }
   const fs::path files = GetLevelFilesFolder(program, record.Code, false);
   for (const auto& [name, size] : level.files)
-    if (!WriteBytes(files / name, LevelBytes(seed++, size))) {
+    // A track is a real wave, so that the level goes through every audio step of the program.
+    if (!WriteBytes(files / name, name.ends_with(".wav") ? DemoTune() : LevelBytes(seed++, size))) {
       err << "vardolin-cli: cannot write " << (files / name) << "\n";
       return false;
     }
