@@ -48,7 +48,7 @@ TEST(RemoveLevel, TheLastRecordFillsTheGapAndTheFilesGoOnlyOnYes) {
 
     f.ui.Answer(msg::kYes,
                 "Do you want to remove from the archive the level \"" + c.choose + "\" ?");
-    f.ui.Answer(c.files_answer, "\"" + c.choose + "\" (" + folder.string() + ")");
+    f.ui.Answer(c.files_answer, "Folder \"" + folder.string() + "\"");
     if (c.files_answer == msg::kYes) f.ui.Answer(msg::kOk, "The files of the level were deleted");
     f.main->mnu_RemoveLevel.Click();
 

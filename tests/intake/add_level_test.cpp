@@ -18,11 +18,13 @@
 #include "foundation/services/strings.h"
 #include "intake/add_level.h"
 #include "intake/dialog_new_level.h"
+#include "intake/export_level.h"
 #include "intake/level_file_list.h"
 #include "intake/level_info.h"
 #include "play/active_level.h"
 #include "play_fixture.h"
 #include "store_fixture.h"
+#include "web/zip_layer.h"
 
 namespace vardolin {
 namespace {
@@ -283,6 +285,16 @@ TEST(AddLevel, AnArchiveThatKeepsWavesAsMp3StoresThemSoAndPlayGetsTheGamesWaves)
     EXPECT_EQ(testing::SoxForm(f.editor / "audio" / track), "2 44100 MS ADPCM") << track;
   f.EndGame();
   EXPECT_TRUE(f.TickUntilEnded());
+
+  // It leaves again with both tracks.
+  f.ui.Answer(msg::kOk, "exported to the zip file");
+  const fs::path out = ExportLevel(f.program, *code, {f.dir / "echo-out.zip", false});
+  ASSERT_FALSE(out.empty());
+  std::int32_t count = 0;
+  std::string names;
+  for (const std::string& n : ListZipEntries(out, count, false)) names += n + " ";
+  for (const char* track : {"105.", "106.", "echo.tr4"})
+    EXPECT_NE(names.find(track), std::string::npos) << track << " in " << names;
 }
 
 }  // namespace

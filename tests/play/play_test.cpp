@@ -212,7 +212,7 @@ TEST(Play, RemovingTheActiveLevelTakesItOutOfTheEditorFolderFirst) {
   RefreshLevelList(*f.main);
   f.Choose("Beta (*)");
   f.ui.Answer(msg::kYes, "the level \"Beta\" ?");
-  f.ui.Answer(msg::kNo, "\"Beta\"");
+  f.ui.Answer(msg::kNo, "delete its files");
   f.main->mnu_RemoveLevel.Click();
   EXPECT_EQ(GetActiveLevelCode(f.program), 0);
   EXPECT_FALSE(fs::exists(ActiveLevelFilePath(f.program)));
