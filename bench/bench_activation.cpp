@@ -134,57 +134,14 @@ Bench& TheBench() {
   return bench;
 }
 
-double Median(std::vector<double> v) {
-  std::sort(v.begin(), v.end());
-  const std::size_t n = v.size();
-  return n == 0 ? 0 : n % 2 ? v[n / 2] : (v[n / 2 - 1] + v[n / 2]) / 2;
-}
+using bench::Side;
 
-// One side of a figure: `prepare` sets up its starting state untimed, `body` is timed.
-struct Side {
-  std::function<bool()> prepare, body;
-};
-
-// Ours and the reference in turns within each iteration, alternating which goes first, so that
-// load from elsewhere on the machine falls on both alike. Before each timed part the disk is
-// synced: neither side then pays for writing back what the other (or the set-up) left dirty,
-// and both read the same files from a warm cache. The figure's time is ours; the counters give
-// the reference's median time and the median of the per-iteration ratios, which bench/compare
-// prints.
+// bench::MeasurePair, with the reference level's bytes as the figure's throughput.
 void MeasurePair(benchmark::State& state, const char* reference, const Side& ours,
                  const Side& ref) {
-  std::vector<double> ours_s, ref_s, ratios;
-  bool ok = true;
-  int turn = 0;
-  auto run = [&](const Side& side) {
-    ok = side.prepare() && ok;
-    ::sync();
-    return bench::Seconds(side.body, ok);
-  };
-  for (auto _ : state) {
-    double t_ours, t_ref;
-    if (turn++ % 2 == 0) {
-      t_ours = run(ours);
-      t_ref = run(ref);
-    } else {
-      t_ref = run(ref);
-      t_ours = run(ours);
-    }
-    if (!ok) {
-      state.SkipWithError("the operation failed");
-      return;
-    }
-    state.SetIterationTime(t_ours);
-    ours_s.push_back(t_ours);
-    ref_s.push_back(t_ref);
-    ratios.push_back(t_ref > 0 ? t_ours / t_ref : 0);
-  }
+  bench::MeasurePair(state, reference, ours, ref);
   state.SetBytesProcessed(static_cast<std::int64_t>(state.iterations()) * 2 * kFilesPerKind *
                           static_cast<std::int64_t>(kFileSize));
-  state.SetLabel(std::string("vs:") + reference);
-  state.counters["median_ms"] = 1000 * Median(ours_s);
-  state.counters["reference_ms"] = 1000 * Median(ref_s);
-  state.counters["ratio"] = Median(ratios);
 }
 
 void BM_ActivatePlain(benchmark::State& state) {

@@ -88,26 +88,10 @@ struct Bench {
   }
 };
 
-double Median(std::vector<double> v) {
-  std::sort(v.begin(), v.end());
-  return v.empty() ? 0 : v[v.size() / 2];
-}
-
 void BM_AddPackedLevel(benchmark::State& state) {
   static Bench b;
-  std::vector<double> ours, theirs;
-  bool ok = true;
-  for (auto _ : state) {
-    ::sync();
-    ours.push_back(bench::Seconds([&] { return b.AddOurs(); }, ok));
-    ::sync();
-    theirs.push_back(bench::Seconds([&] { return b.AddWithTools(); }, ok));
-    state.SetIterationTime(ours.back());
-  }
-  if (!ok) state.SkipWithError("adding the level failed");
-  state.counters["reference_ms"] = Median(theirs) * 1000;
-  state.counters["ratio"] = Median(ours) / Median(theirs);
-  state.SetLabel("vs:unzip+pigz");
+  bench::MeasurePair(state, "unzip+pigz", {[] { return true; }, [&] { return b.AddOurs(); }},
+                     {[] { return true; }, [&] { return b.AddWithTools(); }});
 }
 
 BENCHMARK(BM_AddPackedLevel)->UseManualTime()->Unit(benchmark::kMillisecond)->Iterations(5);

@@ -92,27 +92,14 @@ struct Bench {
   }
 };
 
-double Median(std::vector<double> v) {
-  std::sort(v.begin(), v.end());
-  return v.empty() ? 0 : v[v.size() / 2];
-}
-
 void BM_ExportPackedLevel(benchmark::State& state) {
   static Bench b;
-  std::vector<double> ours, theirs;
-  bool ok = true;
-  for (auto _ : state) {
-    ::sync();
-    ours.push_back(bench::Seconds([&] { return b.ExportOurs(); }, ok));
-    b.CleanTools();
-    ::sync();
-    theirs.push_back(bench::Seconds([&] { return b.ExportWithTools(); }, ok));
-    state.SetIterationTime(ours.back());
-  }
-  if (!ok) state.SkipWithError("exporting the level failed");
-  state.counters["reference_ms"] = Median(theirs) * 1000;
-  state.counters["ratio"] = Median(ours) / Median(theirs);
-  state.SetLabel("vs:pigz-d+zip");
+  bench::MeasurePair(state, "pigz-d+zip", {[] { return true; }, [&] { return b.ExportOurs(); }},
+                     {[&] {
+                        b.CleanTools();
+                        return true;
+                      },
+                      [&] { return b.ExportWithTools(); }});
 }
 
 BENCHMARK(BM_ExportPackedLevel)->UseManualTime()->Unit(benchmark::kMillisecond)->Iterations(5);

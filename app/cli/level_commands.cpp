@@ -26,18 +26,16 @@ int CmdAdd(Program& program, const std::vector<std::string>& sources, const std:
       err << "vardolin-cli: there is no file or folder " << s << "\n";
       return 1;
     }
-  bool done = false;
   const auto code = AddLevel(program, {}, [&](Dialog_NewLevel& form) {
     for (const std::string& s : sources) form.AddSource(s);
     if (!name.empty()) form.Text_NameLevel.SetText(name);
     if (!note.empty()) form.Text_Note.SetText(note);
     form.Pul_Ok.Click();
-    done = form.ExitValue;
     // A check that failed left the form open for the user to mend the folder: here that gives
     // the level up, as Cancel would.
     if (form.IsLoaded()) form.Pul_Cancel.Click();
   });
-  if (!code || !done) {
+  if (!code) {
     err << "vardolin-cli: the level was not added from " << (sources.empty() ? "" : sources[0])
         << " (the messages above say why)\n";
     return 1;

@@ -4,6 +4,7 @@
 #include <vector>
 
 #include "foundation/dialogs/ask.h"
+#include "foundation/dialogs/progress.h"
 #include "foundation/forms/controls.h"
 #include "foundation/ports/ui.h"
 #include "foundation/program.h"
@@ -19,12 +20,6 @@ namespace vardolin {
 namespace fs = std::filesystem;
 
 namespace {
-
-void Show(Program& program, Label* label, const std::string& text) {
-  if (!label) return;
-  label->SetCaption(text);
-  program.ui().DoEvents();
-}
 
 // A text that holds extensions separated by ';'.
 bool ExtensionIn(std::string_view extension, const std::string& list) {
@@ -74,16 +69,16 @@ bool AddFromFile(Program& program, const fs::path& target, ProgressBar* bar, Lab
     program.prefs.DefaultLoadDir = ExtractFolder(chosen);
   const std::string ext = ExtractExtension(chosen);
   if (EqualsNoCase(ext, program.GetText(text::ZipExtensionDialog)))
-    Show(program, label, program.GetText(text::UnpackingZipLabel));
+    ShowStatus(label, program.GetText(text::UnpackingZipLabel));
   else if (ExtensionIn(ext, program.GetText(text::OtherArchiveExtensionsDialog)))
-    Show(program, label, program.GetText(text::UnpackingArchiveLabel));
+    ShowStatus(label, program.GetText(text::UnpackingArchiveLabel));
   else
-    Show(program, label, program.GetText(text::CopyingFileLabel));
+    ShowStatus(label, program.GetText(text::CopyingFileLabel));
   program.LastPackagePath = chosen;
   const bool ok = AddFileToFolder(program, chosen, target, false, label, bar);
   if (!ok)
     AskUser(program, ExtractFileName(chosen) + program.GetText(text::FileNotAdded), msg::kError);
-  Show(program, label, {});
+  ShowStatus(label, {});
   return ok;
 }
 
@@ -98,7 +93,7 @@ bool AddFromFolder(Program& program, const fs::path& target, ProgressBar* bar, L
     if (program.prefs.DefaultLoadDir == program.GetText(text::AddFolderDefault))
       program.prefs.DefaultLoadDir = chosen;
   }
-  Show(program, label, program.GetText(text::ReadingFolder));
+  ShowStatus(label, program.GetText(text::ReadingFolder));
 
   std::vector<fs::path> files;
   bool walk = !ListSubfolders(source).empty();
@@ -135,7 +130,7 @@ bool AddFileToFolder(Program& program, const fs::path& file, const fs::path& tar
                      Label* label, ProgressBar* bar) {
   const std::string name = FileNameOf(file);
   if (!IsArchiveToUnpack(program, name)) {
-    Show(program, label, program.GetText(text::CopyingNamedFile, {name}));
+    ShowStatus(label, program.GetText(text::CopyingNamedFile, {name}));
     MakeFolder(target);
     const fs::path to = target / name;
     // A file the level holds already is the user's to keep unless they agree.
@@ -148,8 +143,8 @@ bool AddFileToFolder(Program& program, const fs::path& file, const fs::path& tar
   // Into a folder that holds no file nothing can be replaced, so there is nothing to ask and no
   // need for the detour through a folder of the program's.
   if (direct || ListFiles(target, "*").empty()) {
-    Show(program, label,
-         program.GetText(zip ? text::UnpackingZipDirect : text::UnpackingArchiveDirect));
+    ShowStatus(label,
+               program.GetText(zip ? text::UnpackingZipDirect : text::UnpackingArchiveDirect));
     return zip ? ExtractZip(program, file, target, bar, false, false)
                : ExtractWithTool(program, file, target, false, bar, false);
   }
@@ -158,12 +153,12 @@ bool AddFileToFolder(Program& program, const fs::path& file, const fs::path& tar
   std::error_code ec;
   fs::remove_all(unpack, ec);
   fs::create_directories(unpack, ec);
-  Show(program, label, program.GetText(zip ? text::UnpackingZipTemp : text::UnpackingArchiveTemp));
+  ShowStatus(label, program.GetText(zip ? text::UnpackingZipTemp : text::UnpackingArchiveTemp));
   std::string why;
   bool ok = zip ? ExtractZip(program, file, unpack, bar, false, false, &why)
                 : ExtractWithTool(program, file, unpack, false, bar, false);
   if (ok) {
-    Show(program, label, program.GetText(text::CopyingUnpacked));
+    ShowStatus(label, program.GetText(text::CopyingUnpacked));
     ok = CopyFilesWithProgress(program, unpack, target, bar, false, "*");
   } else if (!why.empty()) {
     WriteLog(program, why);

@@ -6,6 +6,7 @@
 
 #include "archive/level_store.h"
 #include "foundation/dialogs/ask.h"
+#include "foundation/dialogs/progress.h"
 #include "foundation/ports/platform.h"
 #include "foundation/ports/ui.h"
 #include "foundation/program.h"
@@ -42,20 +43,10 @@ std::vector<std::string> SplitAtNul(std::string_view list) {
   return parts;
 }
 
-void Say(Dialog_NewLevel& form, const std::string& text) {
-  form.Label_Info.SetCaption(text);
-  form.Refresh();
-}
-
 // A name that an info file gives is joined onto the level's folder like any name from a package.
 fs::path InFolder(const fs::path& folder, const std::string& name) {
   const SafeJoinResult joined = SafeJoin(folder, name);
   return joined ? joined.path : fs::path();
-}
-
-void SelectMoreInfo(Dialog_NewLevel& form, const std::string& name) {
-  const int i = form.Combo_MoreInfo.FindText(ExtractFileName(name));
-  if (i >= 0) form.Combo_MoreInfo.SetListIndex(i);
 }
 
 }  // namespace
@@ -86,7 +77,7 @@ void ApplyLevelInfo(Dialog_NewLevel& form) {
     r.AuthorSites = Trim(form.Info.AuthorSites);
     r.AuthorNote = Trim(form.Info.AuthorNote);
     r.MoreInfoFile = Trim(form.Info.MoreInfoFile);
-    SelectMoreInfo(form, r.MoreInfoFile);
+    form.SelectMoreInfo(ExtractFileName(r.MoreInfoFile));
     form.Refresh();
     if (has_info) DeleteFileForced(info);
     form.RefreshFiles();
@@ -96,9 +87,9 @@ void ApplyLevelInfo(Dialog_NewLevel& form) {
       form.RunSetup(form.Info.SetupDestination);
     if (going) ApplyTomLinks(form);
     form.RefreshFiles();
-    SelectMoreInfo(form, r.MoreInfoFile);
+    form.SelectMoreInfo(ExtractFileName(r.MoreInfoFile));
     p.InfoFileFlag = true;
-    Say(form, {});
+    ShowStatus(&form.Label_Info, {});
   }
   if (!p.InfoFileFlag && !form.InfoFileApplied) OfferKnownPatch(form);
 }
@@ -132,9 +123,9 @@ bool ApplyCopies(Dialog_NewLevel& form) {
   Program& p = form.program();
   const std::vector<std::string> pairs = SplitAtNul(form.Info.FileCopies);
   if (pairs.size() < 2) return true;
-  Say(form, p.GetText(text::ApplyingCopies));
+  ShowStatus(&form.Label_Info, p.GetText(text::ApplyingCopies));
   for (std::size_t i = 0; i + 1 < pairs.size(); i += 2) {
-    Say(form, p.GetText(text::ApplyingCopy));
+    ShowStatus(&form.Label_Info, p.GetText(text::ApplyingCopy));
     for (const fs::path& f : ListFiles(form.WorkFolder, pairs[i])) {
       const std::string name =
           ExtractBaseName(pairs[i + 1]) + ExtractExtension(f.filename().string());
@@ -150,14 +141,14 @@ bool FetchMediaFiles(Dialog_NewLevel& form) {
   const std::vector<std::string> groups = SplitAtNul(form.Info.MediaFiles);
   for (std::size_t i = 0; i + 2 < groups.size(); i += 4) {
     const std::string& file = groups[i + 1];
-    Say(form, p.GetText(text::FetchingMedia, {file}));
+    ShowStatus(&form.Label_Info, p.GetText(text::FetchingMedia, {file}));
     const fs::path target = InFolder(form.WorkFolder, groups[i + 2]);
     if (!target.empty() && FileExists(target)) continue;
     // The archive knows no CD yet that a media file could be fetched from: level CDs come with
     // the archive's CD work. The group is left out, as for a CD the archive doesn't know.
     AskUser(p, p.GetText(text::MediaCdUnknown, {file}), msg::kInformation);
   }
-  Say(form, {});
+  ShowStatus(&form.Label_Info, {});
   return true;
 }
 
@@ -214,7 +205,7 @@ void OfferKnownPatch(Dialog_NewLevel& form) {
       return;
     }
     if (EndsWithNoCase(name, p.GetText(text::PatchZipExtension))) {
-      Say(form, p.GetText(text::UnpackingArchiveNamed, {name}));
+      ShowStatus(&form.Label_Info, p.GetText(text::UnpackingArchiveNamed, {name}));
       if (!ExtractZip(p, download.path, form.WorkFolder, &form.ProgressBar1, false, false)) {
         AskUser(p, p.GetText(text::PatchNotUnpacked) + name, msg::kError);
         return;

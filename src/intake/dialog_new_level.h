@@ -100,6 +100,8 @@ class Dialog_NewLevel : public Form {
   void RunSetup(std::string destination);
   // Whether the work folder differs from what it was when the form opened.
   bool FolderChanged() const;
+  // Chooses the more-info entry of that file name, when the list has one.
+  void SelectMoreInfo(const std::string& name);
   // Picks a more-info file by the words its name holds, unless one is chosen already.
   void SuggestNameAndInfo();
 
@@ -120,7 +122,6 @@ class Dialog_NewLevel : public Form {
   void UnpackArchivesInFolder();
   void TakeTravellingProgram();
   void ShowSizes();
-  void SelectMoreInfo(const std::string& name);
   bool PassesChecks();
   void StoreFiles();
   void UpdateSizes();

@@ -4,6 +4,7 @@
 #include <system_error>
 
 #include "foundation/dialogs/ask.h"
+#include "foundation/dialogs/progress.h"
 #include "foundation/forms/controls.h"
 #include "foundation/ports/ui.h"
 #include "foundation/program.h"
@@ -24,10 +25,6 @@ namespace {
 // Longer names than Windows allows are no file names.
 constexpr std::size_t kMaxNameBytes = 260;
 constexpr const char* kTemporaryFolder = "\\temp_vardm15";
-
-void SetInfo(Label* info, const std::string& caption) {
-  if (info) info->SetCaption(caption);
-}
 
 // The installer wrote each file directly into its folder: a name with a folder, a drive or a
 // ".." part would write elsewhere.
@@ -108,7 +105,7 @@ void UnpackSelfInstallers(Program& program, const fs::path& folder, Label* info)
     if (!UnpackSelfInstaller(program, exe, temporary, !unpacked)) continue;
     unpacked = true;
     for (const fs::path& zip : ListFiles(temporary, zips)) {
-      SetInfo(info, program.GetText(text::UnpackingArchiveNamed, {zip.filename().string()}));
+      ShowStatus(info, program.GetText(text::UnpackingArchiveNamed, {zip.filename().string()}));
       // A level's files lie flat in its folder, as the zips the user adds are unpacked.
       if (!ExtractZip(program, zip, temporary, nullptr, false, false))
         AskUser(program, zip.filename().string() + program.GetText(text::CannotUnpackArchive),
@@ -122,7 +119,7 @@ void UnpackSelfInstallers(Program& program, const fs::path& folder, Label* info)
     const SafeJoinResult own = SafeJoin(temporary, program.GetText(id));
     if (own.ok) DeleteFileForced(own.path);
   }
-  SetInfo(info, program.GetText(text::CopyingFiles));
+  ShowStatus(info, program.GetText(text::CopyingFiles));
   // File by file, so that a file that stands in the folder in another case is the one replaced.
   bool copied = true;
   FolderTreeWalker walker;

@@ -10,6 +10,7 @@
 #include "audio/wave_header.h"
 #include "foundation/catalogue_records.h"
 #include "foundation/dialogs/ask.h"
+#include "foundation/dialogs/progress.h"
 #include "foundation/forms/controls.h"
 #include "foundation/pictures/picture_file.h"
 #include "foundation/ports/ui.h"
@@ -31,12 +32,6 @@ namespace fs = std::filesystem;
 namespace {
 
 constexpr int kLoadPictureQuality = 90;
-
-void Show(Program& program, Label* label, const std::string& text) {
-  if (!label) return;
-  label->SetCaption(text);
-  program.ui().DoEvents();
-}
 
 // Empties `target` of files and copies every file of `source` there.
 bool ReplaceFolderFiles(const fs::path& source, const fs::path& target) {
@@ -88,7 +83,7 @@ bool StoreCompressedLevel(Program& program, const fs::path& source, const LevelR
 
   if (level.Code == 0) {
     if (!same) {
-      Show(program, label, program.GetText(text::StoringBaseLevel));
+      ShowStatus(label, program.GetText(text::StoringBaseLevel));
       ReplaceFolderFiles(source, target);
     }
     return false;
@@ -117,12 +112,12 @@ bool StoreCompressedLevel(Program& program, const fs::path& source, const LevelR
 
   const fs::path load_bitmap = JoinFragment(source, program.GetText(text::LoadBitmapInFolder));
   if (FileExists(load_bitmap)) {
-    Show(program, label, program.GetText(text::ConvertingLoadPicture));
+    ShowStatus(label, program.GetText(text::ConvertingLoadPicture));
     if (ConvertPictureFile(
             ResolveCase(JoinFragment(source, program.GetText(text::LoadBitmapSource))),
             JoinFragment(source, program.GetText(text::LoadJpegTarget)), kLoadPictureQuality))
       DeleteFileForced(ResolveCase(JoinFragment(source, program.GetText(text::LoadBitmapDeleted))));
-    Show(program, label, {});
+    ShowStatus(label, {});
   }
 
   const std::string more_info = Trim(level.MoreInfoFile);
@@ -139,7 +134,7 @@ bool StoreCompressedLevel(Program& program, const fs::path& source, const LevelR
   }
   for (std::size_t i = 0; i < to_pack.size(); ++i) {
     const fs::path& f = to_pack[i];
-    Show(program, label, program.GetText(text::PackingFile, {f.filename().string()}));
+    ShowStatus(label, program.GetText(text::PackingFile, {f.filename().string()}));
     zl.InputFile = f.string();
     zl.OutputFile = f.string() + suffix;
     zl.CompressionLevel = 9;
@@ -153,7 +148,7 @@ bool StoreCompressedLevel(Program& program, const fs::path& source, const LevelR
     }
   }
   if (bar) bar->SetValue(0);
-  Show(program, label, program.GetText(text::CopyingPackedFiles));
+  ShowStatus(label, program.GetText(text::CopyingPackedFiles));
   if (!same && !ReplaceFolderFiles(source, target)) return false;
   return true;
 }

@@ -15,4 +15,10 @@ void SetProgressPercent(ProgressBar& bar, double max, double value) {
   bar.Owner().Refresh();
 }
 
+void ShowStatus(Label* label, const std::string& text) {
+  if (!label) return;
+  label->SetCaption(text);
+  label->Owner().Refresh();
+}
+
 }  // namespace vardolin
