@@ -40,12 +40,21 @@ TEST_F(DemoHomeTest, EveryPackageOfTheDemoBecomesALevel) {
       {"Cave of Echoes.zip", "author: Bo Marsh"},
       {"Grey Ruins.zip", "name: Grey Ruins\n"},
   };
+  std::string code;
   for (const auto& [package, says] : packages) {
-    const testing::CliResult added = RunAt({"add", (home / "packages" / package).string()});
+    const testing::CliResult added =
+        RunAt({"add", (home / "packages" / package).string(), "--note", "from the demo"});
     ASSERT_EQ(added.code, 0) << package << added.err;
-    const testing::CliResult info = RunAt({"info", added.out.substr(0, added.out.find('\n'))});
+    code = added.out.substr(0, added.out.find('\n'));
+    const testing::CliResult info = RunAt({"info", code});
     EXPECT_NE(info.out.find(says), std::string::npos) << package << "\n" << info.out;
+    EXPECT_NE(info.out.find("note: from the demo"), std::string::npos) << info.out;
   }
+  EXPECT_NE(RunAt({"files", code, "--json"}).out.find("{\"name\": \"ruins.tr4\", \"size\": "),
+            std::string::npos);
+  const testing::CliResult missing = RunAt({"add", (dir / "missing.zip").string()});
+  EXPECT_EQ(missing.code, 1);
+  EXPECT_NE(missing.err.find("there is no file or folder"), std::string::npos);
 }
 
 }  // namespace
