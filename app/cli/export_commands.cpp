@@ -8,6 +8,7 @@
 #include "foundation/program.h"
 #include "intake/dialog_autore.h"
 #include "intake/export_level.h"
+#include "intake/level_language.h"
 #include "intake/remove_level.h"
 
 namespace vardolin {
@@ -82,6 +83,21 @@ int CmdAuthor(Program& program, std::int32_t code, const AuthorChanges& changes,
     return 1;
   }
   return 0;
+}
+
+int CmdLanguage(Program& program, std::optional<std::int32_t> code, bool restore, std::ostream& out,
+                std::ostream& err) {
+  if (!OpenLastCatalogue(program, err)) return 1;
+  if (!code) {
+    if (LanguageBackupMissing(program)) return 1;
+    const int changed = ChangeLanguageOfAllLevels(program, restore, nullptr, nullptr);
+    out << changed << " of " << program.catalogue.levels.size() - 1 << " levels changed\n";
+    return 0;
+  }
+  if (!LevelKnown(program, *code, err)) return 1;
+  const bool done = restore ? RestoreLanguageOfLevel(program, *code, false)
+                            : SetLanguageOfLevel(program, *code, false);
+  return done ? 0 : 1;
 }
 
 }  // namespace vardolin

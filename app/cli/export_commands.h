@@ -30,4 +30,10 @@ struct AuthorChanges {
 int CmdAuthor(Program& program, std::int32_t code, const AuthorChanges& changes, std::ostream& out,
               std::ostream& err);
 
+// Forces the player's language on the level with `code` (every level on hard disk when none is
+// given), or gives the level its own language back with `restore`. For all levels prints how
+// many changed.
+int CmdLanguage(Program& program, std::optional<std::int32_t> code, bool restore, std::ostream& out,
+                std::ostream& err);
+
 }  // namespace vardolin

@@ -11,6 +11,7 @@
 #include <filesystem>
 #include <functional>
 #include <iostream>
+#include <optional>
 #include <vector>
 
 #include "activation_commands.h"
@@ -240,6 +241,19 @@ int main(int argc, char** argv) {
   author->add_option("--email", author_emails, "an e-mail address; repeat for more (replaces all)");
   author->add_option("--site", author_sites, "a web site; repeat for more (replaces all)");
   author->add_option("--note", author_note, "the author's note");
+  bool all_levels = false, restore_language = false;
+  std::optional<std::int32_t> language_code;
+  auto* language = add("language", "force your own language on a level or on all, or undo it", true,
+                       [&](vardolin::Program& p) {
+                         return vardolin::CmdLanguage(p, language_code, restore_language, out, err);
+                       });
+  auto* language_one = language->add_option("CODE", language_code, "level code");
+  language->add_flag("--all", all_levels, "every level on hard disk")->excludes(language_one);
+  language->add_flag("--restore", restore_language, "give the level its own language back");
+  language->callback([&] {
+    if (!all_levels && !language_code)
+      throw CLI::ValidationError("language", "name a level CODE or --all");
+  });
   std::vector<std::filesystem::path> audio_files;
   std::filesystem::path audio_out;
   int audio_target = 2;

@@ -18,11 +18,13 @@
 #include "foundation/services/wildcard.h"
 #include "intake/add_files.h"
 #include "intake/apply_level_info.h"
+#include "intake/level_language.h"
 #include "intake/packed_level_expand.h"
 #include "intake/self_installer.h"
 #include "intake/setup_program.h"
 #include "intake/store_level.h"
 #include "intake/text_ids.h"
+#include "play/active_level.h"
 #include "web/text_ids.h"
 #include "web/url_list_offers.h"
 #include "web/zip_layer.h"
@@ -62,9 +64,9 @@ std::int64_t FileSize(const fs::path& file) {
 Dialog_NewLevel::Dialog_NewLevel(Program& program)
     : Form(program, "Dialog_NewLevel", " Level properties") {
   List_Files.SetDblClickHandler([this] { List_Files_DblClick(); });
-  // Their work comes with the zip search, the level language, the compiler and the help.
-  for (Button* b : {&Pul_SearchLevel, &Pul_SetMyLanguage, &Pul_CompileTom, &Pul_Help})
-    b->SetEnabled(false);
+  Pul_SetMyLanguage.SetHandler([this] { Pul_SetMyLanguage_Click(); });
+  // Their work comes with the zip search, the compiler and the help.
+  for (Button* b : {&Pul_SearchLevel, &Pul_CompileTom, &Pul_Help}) b->SetEnabled(false);
 }
 
 Dialog_NewLevel::~Dialog_NewLevel() {
@@ -200,8 +202,10 @@ void Dialog_NewLevel::RefreshFiles() {
   Pul_CompileTom.SetVisible(tom);
   Label_Size.SetCaption(p.GetText(text::FileCountLabel) + std::to_string(FileList.size()) + ", " +
                         FormatFileSize(total) + ")");
-  // Forcing the player's language on a level comes with the level-language work.
-  Pul_SetMyLanguage.SetVisible(false);
+  std::string why;
+  fs::path mine;
+  Pul_SetMyLanguage.SetVisible(!FileList.empty() && Record().CdNumber == 0 && Record().Code != 0 &&
+                               IsLevelLanguageOk(p, WorkFolder, why, mine));
   Pul_SearchLevel.SetVisible(FileList.empty());
   Pul_RimuoviTutti.SetVisible(!FileList.empty());
 }
@@ -275,6 +279,17 @@ void Dialog_NewLevel::AddSource(const fs::path& source) {
     AskUser(program(), source.filename().string() + program().GetText(text::FileNotAdded),
             msg::kError);
   AfterAdd(added);
+}
+
+void Dialog_NewLevel::Pul_SetMyLanguage_Click() {
+  Program& p = program();
+  std::string why;
+  if (!SetLevelLanguage(p, WorkFolder, why, Record().Code == GetActiveLevelCode(p))) {
+    AskUser(p, p.GetText(text::LanguageFormFailed) + "\r\n" + why, msg::kError);
+    return;
+  }
+  RefreshFiles();
+  AskUser(p, p.GetText(text::LanguageFormDone), msg::kInformation);
 }
 
 void Dialog_NewLevel::Pul_Refresh_Click() {

@@ -115,6 +115,7 @@ class Dialog_NewLevel : public Form {
   void Pul_Remove_Click();
   void Pul_RimuoviTutti_Click();
   void Pul_Refresh_Click();
+  void Pul_SetMyLanguage_Click();
   void Pul_Ok_Click();
   void Pul_Cancel_Click();
   void List_Files_DblClick();

@@ -438,4 +438,46 @@ inline constexpr std::int32_t AutoreNoRowToChange = 258;
 inline constexpr std::int32_t AutoreInputPrompt = 259;
 inline constexpr std::int32_t AutoreNoRowToDelete = 260;
 
+// The player's language forced on a level, and taken back.
+inline constexpr std::int32_t LanguageBackupMarker = 1400;  // fragment, MUST equal 1418 and 1423
+inline constexpr std::int32_t LanguageBackupMissingSet = 1401;
+inline constexpr std::int32_t LanguageMyPattern = 1402;  // fragment "\*.dat"
+inline constexpr std::int32_t LanguageMyScript = 1403;   // "script.dat"
+inline constexpr std::int32_t LanguageMineNotFound = 1404;
+inline constexpr std::int32_t LanguageAlreadyMine = 1405;
+inline constexpr std::int32_t LanguageSetPattern = 1406;  // fragment "\*.ori": 1413 behind
+inline constexpr std::int32_t LanguageAlreadySet = 1407;
+inline constexpr std::int32_t LanguageLevelPattern = 1408;  // fragment "\*.dat"
+inline constexpr std::int32_t LanguageLevelScript = 1409;   // "script.dat"
+inline constexpr std::int32_t LanguageLevelHasNone = 1410;
+inline constexpr std::int32_t LanguageRenamePattern = 1411;  // fragment "\*.dat"
+inline constexpr std::int32_t LanguageRenameScript = 1412;   // "script.dat"
+inline constexpr std::int32_t LanguageSuffix = 1413;         // ".ori", four characters
+inline constexpr std::int32_t LanguageRenameFailed = 1415;   // old and new name follow
+inline constexpr std::int32_t LanguageNothingRenamed = 1416;
+inline constexpr std::int32_t LanguageCopyFailed = 1417;  // the file and folder follow
+inline constexpr std::int32_t LanguageBackupMarkerRestore = 1418;
+inline constexpr std::int32_t LanguageBackupMissingRestore = 1419;
+inline constexpr std::int32_t LanguageRestorePattern = 1420;  // fragment "\*.ori"
+inline constexpr std::int32_t LanguageNeverSet = 1421;
+inline constexpr std::int32_t LanguageRestoreRenameFailed = 1422;  // the name follows
+inline constexpr std::int32_t LanguageBackupMarkerAll = 1423;
+inline constexpr std::int32_t LanguageAllNoBackup = 1424;
+inline constexpr std::int32_t LanguageSetBaseLevel = 1425;
+inline constexpr std::int32_t LanguageFilesFolder = 1426;  // fragment "\files"
+inline constexpr std::int32_t LanguageSetFailed = 1427;    // the reason follows
+inline constexpr std::int32_t LanguageSetDone = 1428;
+inline constexpr std::int32_t LanguageSetAllBusy = 1429;
+inline constexpr std::int32_t LanguageSetAllDone = 1430;  // ~1 changed, ~2 line end, ~3 not
+inline constexpr std::int32_t LanguageRestoreBaseLevel = 1431;
+inline constexpr std::int32_t LanguageRestoreFilesFolder = 1432;  // fragment, MUST equal 1426
+inline constexpr std::int32_t LanguageRestoreFailed = 1433;       // the reason follows
+inline constexpr std::int32_t LanguageRestoreDone = 1434;
+inline constexpr std::int32_t LanguageRestoreAllBusy = 1435;
+inline constexpr std::int32_t LanguageRestoreAllDone = 1436;  // ~1 changed
+inline constexpr std::int32_t LanguageFormFailed = 671;       // the reason follows
+inline constexpr std::int32_t LanguageFormDone = 672;
+inline constexpr std::int32_t LanguageNoLevelSet = 1970;
+inline constexpr std::int32_t LanguageNoLevelRestore = 1960;
+
 }  // namespace vardolin::text

@@ -88,6 +88,7 @@ Principale::Principale(Program& program) : Form(program, "Principale", "Vardolin
   WireEqualLevels();
   WireExport();
   WireAuthor();
+  WireLanguage();
   WireUrlList();
   DisableMissingWork();
   program.main = {this, &Label_Info, &ProgressBar1, &Timer1};

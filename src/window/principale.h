@@ -269,6 +269,8 @@ class Principale : public Form {
   void WireEqualLevels();
   void WireExport();
   void WireAuthor();
+  // The player's language in one level or all (principale_language.cpp).
+  void WireLanguage();
   // The list of web addresses (principale_urls.cpp).
   void WireUrlList();
 };
