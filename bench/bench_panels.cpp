@@ -11,6 +11,7 @@
 #include <string>
 
 #include "archive/level_store.h"
+#include "bench_archive.h"
 #include "bench_data.h"
 #include "bench_ports.h"
 #include "foundation/pictures/picture_file.h"
@@ -40,23 +41,7 @@ struct Bench {
   fs::path level;
 
   explicit Bench(int shots) : folder(scratch.path()), program(folder / "home", ui, platform) {
-    fs::create_directories(folder / "home");
-    ReadTextFile(program, fs::path(VARDOLIN_SOURCE_DIR) / "resources" / "english.trc",
-                 program.texts.EnglishTexts);
-    fs::copy_file(fs::path(VARDOLIN_SOURCE_DIR) / "resources" / "no_image.jpg",
-                  folder / "home" / "no_image.jpg");
-    program.prefs.AutoSave = false;
-    program.prefs.EditorFolder = (folder / "trle").string();
-    fs::create_directories(folder / "trle");
-    Catalogue& c = program.catalogue;
-    c.header.MainDir = c.header.SecondaryDir = (folder / "archive").string();
-    for (int code : {0, 1}) {
-      LevelRecord r;
-      r.Code = code;
-      r.Name = code ? "My level" : "Base";
-      c.levels.push_back(r);
-    }
-    c.header.LevelCount = 2;
+    bench::PrepareOneLevelProgram(program, folder);
     level = GetLevelFolder(program, 1, false);
     const fs::path shot_folder = level / "screenshots";
     fs::create_directories(shot_folder);

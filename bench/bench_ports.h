@@ -56,6 +56,7 @@ class NoPlatform : public Platform {
   bool ShellOpen(const std::string&, const std::string&, const std::filesystem::path&) override {
     return false;
   }
+  bool SendMail(const MailMessage&) override { return false; }
   std::string ReadRegistry(const std::string&, const std::string&) override { return {}; }
   std::vector<TopWindow> ListTopWindows() override { return {}; }
   WindowHandle FindProcessWindow(const Process&) override { return 0; }

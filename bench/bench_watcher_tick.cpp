@@ -29,6 +29,7 @@
 #include <string>
 
 #include "archive/level_store.h"
+#include "bench_archive.h"
 #include "bench_ports.h"
 #include "foundation/pictures/bitmap.h"
 #include "foundation/platform/linux_platform.h"
@@ -190,32 +191,15 @@ struct LiveWindow {
       : folder(fs::temp_directory_path() / ("vardolin-bench-window-" + std::to_string(getpid()))),
         program(folder / "home", ui, platform) {
     const fs::path trle = folder / "trle";
-    fs::create_directories(trle);
-    fs::create_directories(folder / "home");
-    ReadTextFile(program, fs::path(VARDOLIN_SOURCE_DIR) / "resources" / "english.trc",
-                 program.texts.EnglishTexts);
-    fs::copy_file(fs::path(VARDOLIN_SOURCE_DIR) / "resources" / "no_image.jpg",
-                  folder / "home" / "no_image.jpg");
+    bench::PrepareOneLevelProgram(program, folder);
     for (int i = 0; i < kFiles; ++i) {
       const std::string name =
           i < 15 ? "savegame." + std::to_string(i) : "file_" + std::to_string(i) + ".dat";
       std::ofstream(trle / name) << name;
     }
-    program.prefs.AutoSave = false;
-    program.prefs.EditorFolder = trle.string();
     program.prefs.ArchiveSavegames = false;
     program.prefs.PromptCapture = false;
     program.prefs.Flags |= 1;  // no sound: the beeps would hold the tick for their length
-    Catalogue& c = program.catalogue;
-    c.header.MainDir = c.header.SecondaryDir = (folder / "archive").string();
-    for (int code : {0, 1}) {
-      LevelRecord r;
-      r.Code = code;
-      r.Name = code ? "My level" : "Base";
-      c.levels.push_back(r);
-      fs::create_directories(GetLevelFolder(program, code, false) / "screenshots");
-    }
-    c.header.LevelCount = 2;
     shots = GetLevelFolder(program, 1, false) / "screenshots";
     std::ofstream(ActiveLevelFilePath(program))
         << program.GetText(text::ActiveLevelCodeKey) << "0001#\r\n";

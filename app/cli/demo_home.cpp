@@ -135,12 +135,13 @@ const std::vector<DemoLevel>& DemoLevels() {
        false},
       {"Demo: The Packed Vault",
        "A level compressed in the archive: its .zl files are expanded on the way in and its "
-       "loading picture is kept as a JPEG.",
+       "loading picture is kept as a JPEG. Its author wrote it in German: Levels > Language of "
+       "level puts your own language in its place.",
        "Vardolin demo",
        {{"vault.tr4", 600000},
         {"vault2.tr4", 300000},
         {"script.dat", 2000},
-        {"english.dat", 6000},
+        {"german.dat", 6000},
         {"vault.txt", 500}},
        {80, 200, 220},
        true},

@@ -105,11 +105,26 @@ int main(int argc, char** argv) {
           [&](vardolin::Program& p) { return vardolin::CmdInfo(p, code, json, out, err); });
   code_option(info);
   json_flag(info);
+  std::string savegame_export, savegame_import;
   auto* savegames =
-      add("savegames", "list a level's savegames, slots and archive", false,
-          [&](vardolin::Program& p) { return vardolin::CmdSavegames(p, code, json, out, err); });
+      add("savegames", "list a level's savegames, slots and archive; or move them out or in", false,
+          [&](vardolin::Program& p) {
+            if (!savegame_export.empty())
+              return vardolin::CmdExportSavegames(p, code, savegame_export, out, err);
+            if (!savegame_import.empty())
+              return vardolin::CmdImportSavegames(p, code, savegame_import, out, err);
+            return vardolin::CmdSavegames(p, code, json, out, err);
+          });
   code_option(savegames);
   json_flag(savegames);
+  auto* savegames_out =
+      savegames->add_option("--export", savegame_export,
+                            "copy all its savegames into ZIP (a name ending .zip) or FOLDER");
+  savegames
+      ->add_option("--import", savegame_import,
+                   "take savegames into its slots from a ZIP or other archive, a FOLDER or "
+                   "a single FILE")
+      ->excludes(savegames_out);
   auto* archive = add("archive", "archive the oldest savegames of a level's slots", true,
                       [&](vardolin::Program& p) {
                         return vardolin::CmdArchiveSavegames(p, code, save_count, out, err);
@@ -317,7 +332,9 @@ int main(int argc, char** argv) {
   const std::filesystem::path home = vardolin::ResolveHome(home_option);
   // A command that only reads never makes a home: a mistyped --home would leave a stray one.
   std::error_code ec;
-  if (!command.changes_home && !std::filesystem::is_directory(home, ec)) {
+  // Savegames taken in go through the home's work folders, as the archive command's do.
+  const bool changes_home = command.changes_home || !savegame_import.empty();
+  if (!changes_home && !std::filesystem::is_directory(home, ec)) {
     err << "vardolin-cli: there is no program home " << home.string()
         << " (give it with --home DIR or VARDOLIN_HOME)\n";
     return 1;
@@ -327,7 +344,7 @@ int main(int argc, char** argv) {
     return 1;
   }
   vardolin::HomeLock lock;
-  if (command.changes_home && !lock.Acquire(home, "vardolin-cli")) {
+  if (changes_home && !lock.Acquire(home, "vardolin-cli")) {
     err << "vardolin-cli: " << lock.Error() << "\n";
     return 1;
   }
@@ -339,7 +356,7 @@ int main(int argc, char** argv) {
   vardolin::LoadPreferences(program);
   // Opening a catalogue may refresh a size and save at once; beside a window that holds the home
   // that save would race the window's own. A reading command keeps such a change in memory.
-  if (!command.changes_home) program.prefs.AutoSave = false;
+  if (!changes_home) program.prefs.AutoSave = false;
   if (!vardolin::LoadLanguage(program)) {
     err << "vardolin-cli: no language file in " << home.string() << "\n";
     return 1;
@@ -348,6 +365,6 @@ int main(int argc, char** argv) {
   const int rc = command.run(program);
   // Writing the settings first saves a changed catalogue, as leaving the program does. A reading
   // command leaves them alone: the window that may hold the home writes them.
-  if (command.changes_home) vardolin::SavePreferences(program);
+  if (changes_home) vardolin::SavePreferences(program);
   return rc;
 }

@@ -8,10 +8,13 @@
 
 #include "catalogue_commands.h"
 #include "foundation/program.h"
+#include "foundation/services/paths.h"
 #include "foundation/services/strings.h"
 #include "json_text.h"
 #include "savegames/savegame_sets.h"
 #include "savegames/savegame_store.h"
+#include "savegames/savegame_transfer.h"
+#include "savegames/text_ids.h"
 
 namespace vardolin {
 
@@ -97,6 +100,50 @@ int CmdRestoreSavegames(Program& program, std::int32_t code, std::ostream& out, 
   out << "restored; " << Count(program, code) << " savegames in the slots (" << before
       << " before)\n";
   return 0;
+}
+
+int CmdExportSavegames(Program& program, std::int32_t code, const std::string& target,
+                       std::ostream& out, std::ostream& err) {
+  if (!OpenLevel(program, code, err)) return 1;
+  std::vector<std::filesystem::path> files = ListSavegames(program, SlotFolder(program, code));
+  for (const auto& file : ListArchivedSavegames(program, code)) files.push_back(file);
+  if (files.empty()) {
+    err << "vardolin-cli: level " << code << " has no savegames\n";
+    return 1;
+  }
+  const std::filesystem::path to = std::filesystem::absolute(target);
+  if (EqualsNoCase(ExtractExtension(to.string()),
+                   program.GetText(text::SaveSavegameZipExtension))) {
+    if (!ZipSavegames(program, to, files, nullptr, nullptr)) return 1;
+  } else {
+    std::error_code ec;
+    std::filesystem::create_directories(to, ec);
+    ExportSavegamesToFolder(files, to, false);
+  }
+  out << files.size() << " savegames into " << to.string() << "\n";
+  return 0;
+}
+
+int CmdImportSavegames(Program& program, std::int32_t code, const std::string& source,
+                       std::ostream& out, std::ostream& err) {
+  if (!OpenLevel(program, code, err)) return 1;
+  const std::filesystem::path from = std::filesystem::absolute(source);
+  std::error_code ec;
+  if (!std::filesystem::exists(from, ec)) {
+    err << "vardolin-cli: there is no " << from.string() << "\n";
+    return 1;
+  }
+  int taken = 0;
+  if (std::filesystem::is_directory(from, ec)) {
+    const std::optional<int> imported =
+        ImportSavegamesIntoSlots(program, code, ListSavegames(program, from));
+    if (!imported) return 1;
+    taken = *imported;
+  } else {
+    taken = ReceiveSavegameFile(program, code, from);
+  }
+  out << taken << " savegames into " << SlotFolder(program, code).string() << "\n";
+  return taken > 0 ? 0 : 1;
 }
 
 }  // namespace vardolin

@@ -4,6 +4,7 @@
 
 #include <cstdint>
 #include <iosfwd>
+#include <string>
 
 namespace vardolin {
 
@@ -18,5 +19,14 @@ int CmdArchiveSavegames(Program& program, std::int32_t code, std::int32_t count,
                         std::ostream& err);
 // Brings the newest archive set of the level back into its free slots.
 int CmdRestoreSavegames(Program& program, std::int32_t code, std::ostream& out, std::ostream& err);
+
+// Copies every savegame of the level, slots and archive, into a zip (a target ending in .zip)
+// or a folder (made when missing); prints how many.
+int CmdExportSavegames(Program& program, std::int32_t code, const std::string& target,
+                       std::ostream& out, std::ostream& err);
+// Takes savegames into the level's slots from a folder (all its savegames), or from a zip,
+// another archive or a single file; prints how many came in.
+int CmdImportSavegames(Program& program, std::int32_t code, const std::string& source,
+                       std::ostream& out, std::ostream& err);
 
 }  // namespace vardolin

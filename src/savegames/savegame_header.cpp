@@ -29,6 +29,17 @@ SavegameHeader ParseSavegameHeader(std::string_view bytes) {
   return header;
 }
 
+bool IsGameSavegame(std::string_view bytes) {
+  const SavegameHeader header = ParseSavegameHeader(bytes);
+  if (!header.readable || header.title.empty() || header.save_number < 0) return false;
+  const std::string_view field = bytes.substr(0, kSavegameTitleWidth);
+  const std::size_t end = field.find_first_of(std::string_view(",\r\n\0", 4));
+  if (end == std::string_view::npos) return false;
+  for (char c : field.substr(0, end))
+    if (static_cast<unsigned char>(c) < 0x20) return false;
+  return true;
+}
+
 std::int32_t ReadSavegameHeader(const Program& program, const std::filesystem::path& path,
                                 std::string& title) {
   title = program.GetText(text::UnreadableSavegameTitle);

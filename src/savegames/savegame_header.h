@@ -26,6 +26,11 @@ struct SavegameHeader {
 // count as unreadable.
 SavegameHeader ParseSavegameHeader(std::string_view bytes);
 
+// Whether the bytes are a savegame the game wrote: room for the save number, a title that is
+// not empty, holds no control character and is ended (comma, line end or NUL) within its
+// field, and a save number that isn't negative. Files that only carry a savegame's name fail.
+bool IsGameSavegame(std::string_view bytes);
+
 // The save number of the file (higher means saved later); `title` gets the level title, or
 // text 1696 when the file can't be opened or is too short, and the result is then 0.
 std::int32_t ReadSavegameHeader(const Program& program, const std::filesystem::path& path,

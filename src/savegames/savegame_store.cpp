@@ -25,10 +25,6 @@ namespace vardolin {
 namespace fs = std::filesystem;
 using namespace savegame_files;
 
-namespace {
-
-// The file's modification time in local time, by a format of the language file: dd, mm, yyyy,
-// yy for the date, hh, nn, ss for the time; "mm" right behind an hour means minutes.
 std::string FormatFileDate(const fs::path& file, const std::string& format) {
   struct stat status {};
   if (::stat(ResolveCase(file).c_str(), &status) != 0) return {};
@@ -68,8 +64,6 @@ std::string FormatFileDate(const fs::path& file, const std::string& format) {
   }
   return out;
 }
-
-}  // namespace
 
 std::int32_t SlotNumberOf(std::string_view path) {
   const std::string extension = ExtractExtension(path);

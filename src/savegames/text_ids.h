@@ -144,7 +144,6 @@ inline constexpr std::int32_t SaveSavegameFilterZip = 1897;  // "Zip files|*.zip
 inline constexpr std::int32_t SaveSavegameFilterAll = 2378;  // "All files|*.*"
 inline constexpr std::int32_t SaveSavegameZipExtension =
     2957;  // ".zip", compared to the name's end
-inline constexpr std::int32_t SaveSavegameZipLater = 5927;
 inline constexpr std::int32_t SavegamePropertiesNoImage = 2371;
 inline constexpr std::int32_t SavegamePropertiesImageDate = 2372;  // the image's date follows
 inline constexpr std::int32_t SavegamePropertiesNoNote = 2373;
@@ -185,5 +184,42 @@ inline constexpr std::int32_t JoyHelp = 5967;
 
 // The game's savegames in the editor folder, as the watcher counts them.
 inline constexpr std::int32_t WatcherSavegamePattern = 2394;
+
+// Savegames moved out and in: the selection dialog, zips, folders, a friend's file and mail.
+inline constexpr std::int32_t ListSavegameNoLevel = 502;
+inline constexpr std::int32_t ListSavegameMask = 504;       // same as 1684
+inline constexpr std::int32_t ListSavegameNoneFound = 505;  // the folder follows
+inline constexpr std::int32_t MailDateFormat = 506;
+inline constexpr std::int32_t ListSavegameCaptionImport = 507;
+inline constexpr std::int32_t ListSavegameCaptionExport = 508;
+inline constexpr std::int32_t ListSavegameNoneChosen = 509;
+inline constexpr std::int32_t ImportSlotMask = 510;       // same as 1684
+inline constexpr std::int32_t ImportSlotMaskAgain = 511;  // same as 1684
+inline constexpr std::int32_t ImportTooMany = 512;        // the number of savegames follows
+inline constexpr std::int32_t ImportSlotName = 513;       // fragment "\savegame."
+inline constexpr std::int32_t ExportFolderTitle = 514;
+inline constexpr std::int32_t ImportFolderTitle = 1846;
+inline constexpr std::int32_t ZipSavegamesZipping = 1900;  // the zip's name follows
+inline constexpr std::int32_t ZipSavegamesFailed = 1901;
+inline constexpr std::int32_t MailSubjectSeveral = 2249;  // behind the count
+inline constexpr std::int32_t MailSubjectOne = 2250;      // ~1 the title
+inline constexpr std::int32_t MailFailed = 2251;
+inline constexpr std::int32_t ReceiveTitle = 2368;
+inline constexpr std::int32_t ReceiveFilter = 2369;
+inline constexpr std::int32_t ShotMailNoSelection = 2385;
+inline constexpr std::int32_t ShotMailSubject = 2386;
+inline constexpr std::int32_t ReceiveWorkFolder = 2955;   // fragment behind the program's folder
+inline constexpr std::int32_t ReceiveMask = 2956;         // same as 1684
+inline constexpr std::int32_t ZipSavegamesFolder = 3097;  // fragment behind the program's folder
+inline constexpr std::int32_t ZipSavegamesDone = 3098;    // ~1 the path between line ends
+inline constexpr std::int32_t ZipSavegamesTitle = 3147;
+inline constexpr std::int32_t ImportNotSavegames = 8750;  // the names follow, a line each
+inline constexpr std::int32_t CaptionCheckElimina = 8751;
+inline constexpr std::int32_t CaptionCheckCreaFileZip = 8752;
+inline constexpr std::int32_t CaptionPulSelezionaTutti = 8753;
+inline constexpr std::int32_t CaptionListSavegameOk = 8754;
+inline constexpr std::int32_t CaptionListSavegameCancel = 8755;
+inline constexpr std::int32_t CaptionPulExportSaveGame = 8756;
+inline constexpr std::int32_t CaptionPulImportSavegame = 8757;
 
 }  // namespace vardolin::text

@@ -19,6 +19,7 @@
 #include "intake/dialog_new_level.h"
 #include "savegames/dialog_cattura.h"
 #include "savegames/dialog_joy_stick.h"
+#include "savegames/dialog_list_save_game.h"
 #include "savegames/dialog_resize.h"
 #include "savegames/dialog_screen_shot.h"
 #include "web/dialog_download.h"
@@ -57,6 +58,7 @@ const std::vector<FormFactory>& AllForms() {
       Entry<Dialog_InstallaTrle>("Dialog_InstallaTrle"),
       Entry<Dialog_Zip>("Dialog_Zip"),
       Entry<Dialog_Resize>("Dialog_Resize"),
+      Entry<Dialog_ListSaveGame>("Dialog_ListSaveGame"),
       Entry<Dialog_ScreenShot>("Dialog_ScreenShot"),
       Entry<Dialog_InputTesto>("Dialog_InputTesto"),
       Entry<Dialog_Autore>("Dialog_Autore"),

@@ -55,6 +55,8 @@ const CaptionText kCaptions[] = {
     {"Pul_DeleteSavegame", text::CaptionPulDeleteSavegame},
     {"Pul_ChangeScreenshot", text::CaptionPulChangeScreenshot},
     {"Pul_ArchiviaSavegames", text::CaptionPulArchiviaSavegames},
+    {"Pul_ExportSaveGame", text::CaptionPulExportSaveGame},
+    {"Pul_ImportSavegame", text::CaptionPulImportSavegame},
 };
 
 }  // namespace
@@ -83,6 +85,7 @@ Principale::Principale(Program& program) : Form(program, "Principale", "Vardolin
   WireCapture();
   WireSavegamePanel();
   WireSavegameMenus();
+  WireSavegameTransfer();
   WireJoystick();
   WireWatcherSteps();
   WireEqualLevels();

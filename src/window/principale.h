@@ -200,6 +200,8 @@ class Principale : public Form {
       *this, "Pul_RestoreSaveGame", "Copy in tombraider slots the selected savegame", {}};
   Button Pul_DeleteSavegame{*this, "Pul_DeleteSavegame", "Delete savegame", {}};
   Button Pul_ChangeScreenshot{*this, "Pul_ChangeScreenshot", "Choose image ...", {}};
+  Button Pul_ExportSaveGame{*this, "Pul_ExportSaveGame", "Send savegame to my friend", {}};
+  Button Pul_ImportSavegame{*this, "Pul_ImportSavegame", "Receive savegame from my friend", {}};
   Button Pul_ArchiviaSavegames{
       *this,
       "Pul_ArchiviaSavegames",
@@ -255,6 +257,8 @@ class Principale : public Form {
   // (principale_menu.cpp).
   void WireSavegamePanel();
   void WireSavegameMenus();
+  // Savegames out and in: export, import, mail (principale_savegames_transfer.cpp).
+  void WireSavegameTransfer();
   void List_SaveGameTomb_Click();
   void List_SaveGameArchiviati_Click();
 

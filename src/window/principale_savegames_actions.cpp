@@ -11,6 +11,7 @@
 #include "foundation/services/strings.h"
 #include "savegames/savegame_sets.h"
 #include "savegames/savegame_store.h"
+#include "savegames/savegame_transfer.h"
 #include "savegames/shot_store.h"
 #include "savegames/text_ids.h"
 #include "window/principale.h"
@@ -116,9 +117,7 @@ void SaveSelectedSavegameAs(Principale& main) {
   if (chosen.empty()) return;
   const std::string zip = program.GetText(text::SaveSavegameZipExtension);
   if (!zip.empty() && EqualsNoCase(ExtractExtension(chosen), zip)) {
-    // Packing savegames into a zip file comes with their export; a plain copy under a zip
-    // name would only mislead.
-    AskUser(program, program.GetText(text::SaveSavegameZipLater), msg::kInformation);
+    ZipSavegames(program, chosen, {path}, &main.Label_Info, &main.ProgressBar1);
     return;
   }
   CopySavegame(program, path, chosen, false);

@@ -32,9 +32,10 @@ bool NoteHolds(Principale& main, int row, const std::string& needle) {
   const std::int64_t at = main.List_SaveGameArchiviati.ItemData(row);
   const auto& archived = main.Savegames.archived;
   if (at < 0 || at >= static_cast<std::int64_t>(archived.size())) return false;
-  const std::filesystem::path note =
-      SavegameNoteFile(main.program(), archived[static_cast<std::size_t>(at)]);
-  return FileExists(note) && ContainsNoCase(ReadWholeFile(ResolveCase(note)), needle);
+  std::string& note = main.Savegames.note_buffer;
+  return ReadFileIfThere(SavegameNoteFile(main.program(), archived[static_cast<std::size_t>(at)]),
+                         note) &&
+         ContainsNoCase(note, needle);
 }
 
 }  // namespace

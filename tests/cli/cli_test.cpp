@@ -90,6 +90,7 @@ TEST(Cli, SavegamesAndShotsOfALevel) {
     SetFileDateTime(at.dir.Write("home/LEVEL_0000/screenshots/" + std::string(name), "x"),
                     epoch + std::chrono::seconds(seconds));
   const std::string shots = (at.home / "LEVEL_0000/screenshots").string();
+  const std::string zip = (at.dir / "out.zip").string();
 
   struct Case {
     std::vector<std::string> args;
@@ -107,6 +108,11 @@ TEST(Cli, SavegamesAndShotsOfALevel) {
       {{"restore", "0"}, 1, "nothing restored"},
       {{"archive", "0"}, 0, "archived 4 savegames"},
       {{"archive", "0"}, 1, "nothing archived"},
+      // The zip keeps one file of a name, the archived one behind the slot's; taking it back in,
+      // the newest, still in the slots, is a twin that an unattended run keeps.
+      {{"savegames", "0", "--export", zip}, 0, "5 savegames into"},
+      {{"savegames", "0", "--import", zip}, 0, "3 savegames into"},
+      {{"savegames", "0", "--import", zip + ".none"}, 1, "there is no"},
       {{"shots", "42"}, 1, "no level with code 42"},
   };
   for (const Case& c : cases) {

@@ -19,6 +19,7 @@ struct HeaderCase {
   bool readable;
   const char* title;
   int number;
+  bool game;  // taken in by an import
 };
 
 std::string WithNumberAt75(std::string head, int number) {
@@ -28,19 +29,29 @@ std::string WithNumberAt75(std::string head, int number) {
   return head;
 }
 
-TEST(SavegameHeader, ReadsTitleAndSaveNumber) {
+TEST(SavegameHeader, ReadsTitleAndSaveNumberAndTellsASavegame) {
   const std::string long_title(80, 'x');
   const HeaderCase cases[] = {
-      {"as the game writes it", GameSavegameBytes(12, "The Tomb"), true, "The Tomb", 12},
-      {"title ends at the first comma", WithNumberAt75("Karnak, part 2,", 3), true, "Karnak", 3},
-      {"title ends at a line end", WithNumberAt75("  Cairo  \r\nrest", 4), true, "Cairo", 4},
+      {"as the game writes it", GameSavegameBytes(12, "The Tomb"), true, "The Tomb", 12, true},
+      {"title ends at the first comma", WithNumberAt75("Karnak, part 2,", 3), true, "Karnak", 3,
+       true},
+      {"title ends at a line end", WithNumberAt75("  Cairo  \r\nrest", 4), true, "Cairo", 4, true},
       {"title without an end runs to 75 bytes", WithNumberAt75(long_title, 5), true,
-       "xxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxx", 5},
-      {"negative save number", GameSavegameBytes(-2, "Odd"), true, "Odd", -2},
-      {"ANSI title becomes UTF-8", WithNumberAt75("Caf\xE9,", 7), true, "Caf\xC3\xA9", 7},
-      {"empty file", "", false, "", 0},
-      {"short file", std::string(40, 'a'), false, "", 0},
-      {"one byte short of the number", WithNumberAt75("T,", 9).substr(0, 76), false, "", 0},
+       "xxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxx", 5, false},
+      {"negative save number", GameSavegameBytes(-2, "Odd"), true, "Odd", -2, false},
+      {"ANSI title becomes UTF-8", WithNumberAt75("Caf\xE9,", 7), true, "Caf\xC3\xA9", 7, true},
+      {"control bytes in the title",
+       WithNumberAt75("ab\x01"
+                      "cd,",
+                      3),
+       true,
+       "ab\x01"
+       "cd",
+       3, false},
+      {"no title", WithNumberAt75(",", 3), true, "", 3, false},
+      {"empty file", "", false, "", 0, false},
+      {"short file", std::string(40, 'a'), false, "", 0, false},
+      {"one byte short of the number", WithNumberAt75("T,", 9).substr(0, 76), false, "", 0, false},
   };
   for (const HeaderCase& c : cases) {
     SCOPED_TRACE(c.what);
@@ -48,6 +59,7 @@ TEST(SavegameHeader, ReadsTitleAndSaveNumber) {
     EXPECT_EQ(header.readable, c.readable);
     EXPECT_EQ(header.title, c.title);
     EXPECT_EQ(header.save_number, c.number);
+    EXPECT_EQ(IsGameSavegame(c.bytes), c.game);
   }
 }
 

@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "foundation/pictures/bitmap.h"
+#include "foundation/platform/linux_platform.h"
 #include "foundation/ports/platform.h"
 
 namespace vardolin::testing {
@@ -69,6 +70,13 @@ class RecordingPlatform : public Platform {
     calls.push_back("open " + doc);
     shell_parameters.push_back(parameters);
     return true;
+  }
+  // The mail hand-over is the real one: the tests put a recording stand-in of the desktop's
+  // mailer first on PATH.
+  std::vector<MailMessage> mails;
+  bool SendMail(const MailMessage& message) override {
+    mails.push_back(message);
+    return LinuxPlatform().SendMail(message);
   }
   std::string ReadRegistry(const std::string& key, const std::string& value) override {
     auto it = registry.find({key, value});

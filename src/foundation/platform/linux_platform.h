@@ -18,11 +18,16 @@ namespace vardolin {
 // Cuts a command text into words at blanks; double quotes group blanks into a word.
 std::vector<std::string> SplitCommandWords(std::string_view text);
 
+// The arguments of xdg-email for the message.
+std::vector<std::string> MailCommandArguments(const MailMessage& message);
+
 class LinuxPlatform : public Platform {
  public:
   struct Options {
     // The command ShellOpen hands documents and addresses to.
     std::string opener = "xdg-open";
+    // The command SendMail hands messages to, as the words of its arguments.
+    std::string mailer = "xdg-email";
     // Where the mount table and the kernel's device attributes are read.
     std::filesystem::path mounts_file = "/proc/self/mounts";
     std::filesystem::path sys_root = "/sys";
@@ -72,6 +77,9 @@ class LinuxPlatform : public Platform {
 
   // A program file with parameters is started directly; anything else (a document, an
   // address, a folder) goes to the opener. True when it could be handed over.
+  // Runs the mailer with --utf8, --subject, --body, an --attach per file and the address, and
+  // waits for it to hand the message over: true when it ended with 0.
+  bool SendMail(const MailMessage& message) override;
   bool ShellOpen(const std::string& document, const std::string& parameters,
                  const std::filesystem::path& working_folder) override;
   // From the registry of $WINEPREFIX (else ~/.wine); empty without one.
@@ -88,6 +96,9 @@ class LinuxPlatform : public Platform {
   std::vector<std::string> CommandLine(const StartRequest& request) const;
 
  private:
+  // Starts a desktop helper and gives it `patience` to end: true when it ended with 0 or is
+  // still at work then.
+  bool HandOver(const StartRequest& request, std::chrono::milliseconds patience);
   struct Impl;
   std::optional<Process> Spawn(const StartRequest& request, int stdout_fd);
   Options options_;

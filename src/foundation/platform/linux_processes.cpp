@@ -292,17 +292,41 @@ bool LinuxPlatform::ShellOpen(const std::string& document, const std::string& pa
     return Start(program).has_value();
   }
   StartRequest open{options_.opener, {document}, folder, false};
-  std::optional<Process> opener = Start(open);
-  if (!opener) return false;
-  // The opener normally hands over and ends at once; one that stays is reaped in the
-  // background so that it leaves no zombie.
-  if (Wait(*opener, milliseconds{3000}) == WaitResult::Ended) return ExitCode(*opener) == 0;
-  int pid = opener->pid;
+  return HandOver(open, milliseconds{3000});
+}
+
+bool LinuxPlatform::HandOver(const StartRequest& request, milliseconds patience) {
+  std::optional<Process> child = Start(request);
+  if (!child) return false;
+  // A desktop helper normally hands over and ends soon; one that stays (it became the program
+  // it started) counts as handed over and is reaped in the background, leaving no zombie.
+  if (Wait(*child, patience) == WaitResult::Ended) return ExitCode(*child) == 0;
+  int pid = child->pid;
   std::thread([pid] {
     int status;
     ::waitpid(pid, &status, 0);
   }).detach();
   return true;
+}
+
+std::vector<std::string> MailCommandArguments(const MailMessage& message) {
+  std::vector<std::string> words = {"--utf8", "--subject", message.subject, "--body", message.body};
+  for (const fs::path& file : message.attachments) {
+    words.push_back("--attach");
+    words.push_back(fs::absolute(file).string());
+  }
+  if (!message.address.empty()) words.push_back(message.address);
+  return words;
+}
+
+bool LinuxPlatform::SendMail(const MailMessage& message) {
+  std::vector<std::string> words = SplitCommandWords(options_.mailer);
+  if (words.empty()) return false;
+  const std::string mailer = words.front();
+  words.erase(words.begin());
+  for (std::string& word : MailCommandArguments(message)) words.push_back(std::move(word));
+  // xdg-email ends once the mail program has the message; the user finishes it there.
+  return HandOver({mailer, words, {}, false}, milliseconds{10000});
 }
 
 std::string LinuxPlatform::ReadRegistry(const std::string& key, const std::string& value) {

@@ -70,6 +70,15 @@ struct TopWindow {
   bool visible = false;
 };
 
+// A message handed to the desktop's mail program, which shows it for the user to finish (the
+// recipient, when none is given) and send.
+struct MailMessage {
+  std::string subject;
+  std::string body;
+  std::string address;  // may be empty
+  std::vector<std::filesystem::path> attachments;
+};
+
 class Platform {
  public:
   virtual ~Platform() = default;
@@ -102,6 +111,8 @@ class Platform {
   // Desktop.
   virtual bool ShellOpen(const std::string& document, const std::string& parameters,
                          const std::filesystem::path& working_folder) = 0;
+  // False when there is no mail program or it refused the message.
+  virtual bool SendMail(const MailMessage& message) = 0;
   // Windows registry reads answer empty on Linux, but for the Wine prefix's own registry.
   virtual std::string ReadRegistry(const std::string& key, const std::string& value) = 0;
 

@@ -339,6 +339,37 @@ std::string ReadWholeFile(const fs::path& path) {
   return in.bad() ? std::string() : bytes.str();
 }
 
+namespace {
+
+bool ReadOpenFile(int fd, std::string& bytes) {
+  struct stat info {};
+  if (::fstat(fd, &info) != 0 || !S_ISREG(info.st_mode)) return false;
+  bytes.clear();
+  char buffer[16384];
+  for (;;) {
+    const ssize_t got = ::read(fd, buffer, sizeof buffer);
+    if (got < 0 && errno == EINTR) continue;
+    if (got < 0) return false;
+    if (got == 0) return true;
+    bytes.append(buffer, static_cast<std::size_t>(got));
+  }
+}
+
+}  // namespace
+
+bool ReadFileIfThere(const fs::path& path, std::string& bytes) {
+  if (path.empty()) return false;
+  int fd = ::open(path.c_str(), O_RDONLY | O_CLOEXEC);
+  if (fd < 0 && errno == ENOENT) {
+    const fs::path real = ResolveCase(path);
+    if (real != path) fd = ::open(real.c_str(), O_RDONLY | O_CLOEXEC);
+  }
+  if (fd < 0) return false;
+  const bool read = ReadOpenFile(fd, bytes);
+  ::close(fd);
+  return read;
+}
+
 bool WriteTextFile(const fs::path& path, std::string_view text) {
   if (path.empty()) return false;
   std::ofstream out(ResolveCase(path), std::ios::binary | std::ios::trunc);

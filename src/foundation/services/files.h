@@ -87,6 +87,10 @@ double FolderSizeBytes(const std::filesystem::path& folder, std::string_view pat
 
 // The whole file as bytes; empty on any error.
 std::string ReadWholeFile(const std::filesystem::path& path);
+// Reads the file into `bytes` when it stands (in any case of its name); false when it doesn't
+// or can't be read. For loops over many small files: a file that stands as spelled costs one
+// open and one read, with no look at its name first.
+bool ReadFileIfThere(const std::filesystem::path& path, std::string& bytes);
 // Creates or replaces the file with the text.
 bool WriteTextFile(const std::filesystem::path& path, std::string_view text);
 // Sets the access and modification times (Linux keeps no settable creation time). False when

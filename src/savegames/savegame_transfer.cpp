@@ -1,0 +1,199 @@
+#include "savegames/savegame_transfer.h"
+
+#include <system_error>
+
+#include "foundation/dialogs/ask.h"
+#include "foundation/forms/controls.h"
+#include "foundation/ports/platform.h"
+#include "foundation/ports/ui.h"
+#include "foundation/program.h"
+#include "foundation/services/files.h"
+#include "foundation/services/paths.h"
+#include "foundation/services/strings.h"
+#include "foundation/services/wildcard.h"
+#include "intake/add_files.h"
+#include "savegames/savegame_files.h"
+#include "savegames/savegame_header.h"
+#include "savegames/savegame_sets.h"
+#include "savegames/savegame_store.h"
+#include "savegames/text_ids.h"
+#include "web/zip_layer.h"
+
+namespace vardolin {
+
+namespace fs = std::filesystem;
+using namespace savegame_files;
+
+namespace {
+
+constexpr const char* kLineEnd = "\r\n";
+// The slots hold at most this many savegames before an import must archive.
+constexpr std::size_t kImportRoom = 16;
+
+// Empties or makes a work folder of the program's home.
+fs::path FreshWorkFolder(const Program& p, std::int32_t fragment) {
+  const fs::path folder = JoinFragment(p.Home(), p.GetText(fragment));
+  std::error_code ec;
+  fs::remove_all(folder, ec);
+  fs::create_directories(folder, ec);
+  return folder;
+}
+
+bool IsSavegameFile(const fs::path& file) {
+  return IsGameSavegame(ReadWholeFile(ResolveCase(file)));
+}
+
+// The slot savegame that the file would replace: same save number and title.
+fs::path SameSavegameInSlots(const Program& p, const fs::path& slots, const fs::path& file) {
+  std::string title;
+  const std::int32_t number = ReadSavegameHeader(p, file, title);
+  for (const fs::path& standing : ListSavegames(p, slots)) {
+    std::string other;
+    if (ReadSavegameHeader(p, standing, other) == number && other == title) return standing;
+  }
+  return {};
+}
+
+// Keeps the savegames among the files and names the others to the user.
+std::vector<fs::path> TakeSavegamesOnly(Program& p, const std::vector<fs::path>& files) {
+  std::vector<fs::path> taken;
+  std::string refused;
+  for (const fs::path& f : files) {
+    if (IsSavegameFile(f))
+      taken.push_back(f);
+    else
+      refused += kLineEnd + f.filename().string();
+  }
+  if (!refused.empty()) AskUser(p, p.GetText(text::ImportNotSavegames) + refused, msg::kError);
+  return taken;
+}
+
+// The savegames of the list that aren't in the slots already, or that the user lets replace
+// the one that is; a replaced one is copied over its twin at once.
+std::vector<fs::path> WithoutTwins(Program& p, const fs::path& slots,
+                                   const std::vector<fs::path>& files, int& replaced) {
+  std::vector<fs::path> rest;
+  for (const fs::path& f : files) {
+    const fs::path twin = SameSavegameInSlots(p, slots, f);
+    if (twin.empty())
+      rest.push_back(f);
+    else if (AskReplaceFile(p, f, twin) && CopyIntoPlace(f, twin))
+      ++replaced;
+  }
+  return rest;
+}
+
+}  // namespace
+
+bool ZipSavegames(Program& p, const fs::path& zip, const std::vector<fs::path>& files, Label* label,
+                  ProgressBar* bar) {
+  DeleteFileForced(zip);
+  const fs::path work = FreshWorkFolder(p, text::ZipSavegamesFolder);
+  for (const fs::path& f : files) CopyFileOver(f, work / f.filename());
+  if (label) label->SetCaption(p.GetText(text::ZipSavegamesZipping) + zip.filename().string());
+  const bool zipped = ZipFolderToFile(p, work, zip, bar, false);
+  if (label) label->SetCaption("");
+  std::error_code ec;
+  fs::remove_all(work, ec);
+  if (!zipped) {
+    AskUser(p, p.GetText(text::ZipSavegamesFailed) + kLineEnd + zip.string(), msg::kError);
+    return false;
+  }
+  p.ui().SetClipboardText(zip.string());
+  AskUser(p, p.GetText(text::ZipSavegamesDone, {kLineEnd + zip.string() + kLineEnd}),
+          msg::kInformation);
+  return true;
+}
+
+void ExportSavegamesToFolder(const std::vector<fs::path>& files, const fs::path& folder,
+                             bool delete_sources) {
+  for (const fs::path& f : files)
+    if (CopyFileOver(f, folder / f.filename()) && delete_sources) DeleteFileForced(f);
+}
+
+bool MakeRoomForImport(Program& p, std::int32_t code, std::size_t count) {
+  const fs::path slots = SlotFolder(p, code);
+  if (ListWithMask(p, slots, text::ImportSlotMask).size() + count < kImportRoom) return true;
+  std::int32_t oldest = kSavegameSlots;
+  ArchiveSlotSavegames(p, code, oldest);
+  if (ListWithMask(p, slots, text::ImportSlotMaskAgain).size() + count < kImportRoom) return true;
+  AskUser(p, p.GetText(text::ImportTooMany) + std::to_string(kImportRoom - 2), msg::kError);
+  return false;
+}
+
+std::optional<int> ImportSavegamesIntoSlots(Program& p, std::int32_t code,
+                                            const std::vector<fs::path>& files) {
+  const fs::path slots = SlotFolder(p, code);
+  // A level never played has no slot folder yet.
+  std::error_code ec;
+  fs::create_directories(slots, ec);
+  const std::vector<fs::path> savegames = TakeSavegamesOnly(p, files);
+  if (!MakeRoomForImport(p, code, savegames.size())) return std::nullopt;
+  int taken = 0;
+  const std::vector<fs::path> fresh = WithoutTwins(p, slots, savegames, taken);
+  std::int32_t slot = 0;
+  for (const fs::path& f : fresh) {
+    while (FileExists(SlotName(p, slots, text::ImportSlotName, slot))) ++slot;
+    if (CopyIntoPlace(f, SlotName(p, slots, text::ImportSlotName, slot))) ++taken;
+  }
+  return taken;
+}
+
+int ReceiveSavegameFile(Program& p, std::int32_t code, const fs::path& file) {
+  std::error_code ec;
+  fs::create_directories(SlotFolder(p, code), ec);
+  const fs::path work = FreshWorkFolder(p, text::ReceiveWorkFolder);
+  if (IsZipPackage(p, file.string())) {
+    std::string refused;
+    ExtractZip(p, file, work, nullptr, true, false, &refused);
+    if (!refused.empty()) AskUser(p, refused, msg::kError);
+  } else if (IsArchiveToUnpack(p, file.string())) {
+    ExtractWithTool(p, file, work, false);
+  } else {
+    CopyFileOver(file, work / file.filename());
+  }
+  // A friend's zip may keep its savegames in a folder of their own.
+  FolderTreeWalker walker(&p.ui());
+  walker.WalkFolderTree(work);
+  std::vector<fs::path> found;
+  const std::string mask = Mask(p, text::ReceiveMask);
+  for (const fs::path& f : walker.Files())
+    if (WildcardMatch(f.filename().string(), mask)) found.push_back(f);
+  int taken = 0;
+  for (const fs::path& f : WithoutTwins(p, SlotFolder(p, code), TakeSavegamesOnly(p, found), taken))
+    if (RestoreSavegameToSlot(p, code, f)) ++taken;
+  fs::remove_all(work, ec);
+  return taken;
+}
+
+std::string SavegameMailLine(const Program& p, const fs::path& savegame) {
+  std::string title;
+  std::string number = std::to_string(ReadSavegameHeader(p, savegame, title));
+  if (number.size() < 4) number.insert(0, 4 - number.size(), ' ');
+  return number + " - " + title + "  (" +
+         FormatFileDate(savegame, p.GetText(text::MailDateFormat)) + ")" + " -> " +
+         savegame.filename().string();
+}
+
+std::string SavegameMailSubject(const Program& p, const std::vector<fs::path>& savegames,
+                                const std::string& level_title) {
+  const std::string level = " \"" + Trim(level_title) + "\"";
+  if (savegames.size() != 1)
+    return std::to_string(savegames.size()) + p.GetText(text::MailSubjectSeveral) + level;
+  std::string title;
+  const std::int32_t number = ReadSavegameHeader(p, savegames.front(), title);
+  return p.GetText(text::MailSubjectOne, {title}) + " - \"" + std::to_string(number) + "\"" + level;
+}
+
+bool SendFilesByMail(Program& p, const std::string& subject, const std::string& body,
+                     const std::vector<fs::path>& files) {
+  MailMessage message;
+  message.subject = subject;
+  message.body = body;
+  message.attachments = files;
+  if (p.platform().SendMail(message)) return true;
+  AskUser(p, p.GetText(text::MailFailed), msg::kError);
+  return false;
+}
+
+}  // namespace vardolin

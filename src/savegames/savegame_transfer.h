@@ -1,0 +1,56 @@
+#pragma once
+// Savegames leaving the program and coming in: into a zip or a folder, into the game's slots of
+// a level from a folder, a zip or a single file, and handed to the mail program. The transfers
+// are plain file copies: notes stay behind.
+
+#include <cstdint>
+#include <filesystem>
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace vardolin {
+
+class Program;
+class Label;
+class ProgressBar;
+
+// Zips the files under their own names (a later file of a name replaces an earlier one). On
+// success the zip's path goes to the clipboard and the user is told; on failure the user is told
+// why. The work folder is gone afterwards either way.
+bool ZipSavegames(Program& program, const std::filesystem::path& zip,
+                  const std::vector<std::filesystem::path>& files, Label* label, ProgressBar* bar);
+
+// Copies each file into `folder` under its own name, deleting the source right behind its copy
+// when `delete_sources`. A failed copy is passed over and keeps its source.
+void ExportSavegamesToFolder(const std::vector<std::filesystem::path>& files,
+                             const std::filesystem::path& folder, bool delete_sources);
+
+// Whether the import of `count` savegames finds room in the level's slots, archiving the oldest
+// 15 first when it would not. False, after telling the user, when the slots stay too full.
+bool MakeRoomForImport(Program& program, std::int32_t code, std::size_t count);
+
+// Copies savegames into free slots of the level (savegame.N with the lowest free N). A file that
+// isn't a game savegame is left out and named to the user. A file whose save number and title
+// stand in the slots already would replace that savegame: the user is asked first. The number
+// of savegames taken in; none, with nothing copied, when the slots stay too full.
+std::optional<int> ImportSavegamesIntoSlots(Program& program, std::int32_t code,
+                                            const std::vector<std::filesystem::path>& files);
+
+// A friend's file: a zip or another archive is unpacked (names leading out of the work folder
+// refused and told), a lone file taken as it is; each savegame found goes into a free slot,
+// asking before the slots are archived when they are full. The number taken in; the work folder
+// is gone afterwards.
+int ReceiveSavegameFile(Program& program, std::int32_t code, const std::filesystem::path& file);
+
+// The texts of a mail: the body line of one savegame, and the subject for the savegames of a
+// level with that title.
+std::string SavegameMailLine(const Program& program, const std::filesystem::path& savegame);
+std::string SavegameMailSubject(const Program& program,
+                                const std::vector<std::filesystem::path>& savegames,
+                                const std::string& level_title);
+// Hands the message to the desktop's mail program; on failure tells the user (no mail program).
+bool SendFilesByMail(Program& program, const std::string& subject, const std::string& body,
+                     const std::vector<std::filesystem::path>& files);
+
+}  // namespace vardolin
