@@ -1,5 +1,6 @@
 #include "savegames/savegame_transfer.h"
 
+#include <set>
 #include <system_error>
 
 #include "foundation/dialogs/ask.h"
@@ -83,13 +84,27 @@ std::vector<fs::path> WithoutTwins(Program& p, const fs::path& slots,
   return rest;
 }
 
+// Where a savegame goes in an export: its own name, unless a savegame of this export took that
+// name already (the slots and each archive set number their files alike); then the first free
+// number behind the same stem.
+fs::path ExportTarget(const fs::path& folder, const fs::path& file, std::set<std::string>& used) {
+  std::string name = file.filename().string();
+  for (int n = 0; used.count(ToLower(name)); ++n) {
+    name = file.stem().string() + "." + std::to_string(n);
+    if (FileExists(folder / name)) name = file.filename().string();
+  }
+  used.insert(ToLower(name));
+  return folder / name;
+}
+
 }  // namespace
 
 bool ZipSavegames(Program& p, const fs::path& zip, const std::vector<fs::path>& files, Label* label,
                   ProgressBar* bar) {
   DeleteFileForced(zip);
   const fs::path work = FreshWorkFolder(p, text::ZipSavegamesFolder);
-  for (const fs::path& f : files) CopyFileOver(f, work / f.filename());
+  std::set<std::string> used;
+  for (const fs::path& f : files) CopyFileOver(f, ExportTarget(work, f, used));
   if (label) label->SetCaption(p.GetText(text::ZipSavegamesZipping) + zip.filename().string());
   const bool zipped = ZipFolderToFile(p, work, zip, bar, false);
   if (label) label->SetCaption("");
@@ -107,8 +122,9 @@ bool ZipSavegames(Program& p, const fs::path& zip, const std::vector<fs::path>& 
 
 void ExportSavegamesToFolder(const std::vector<fs::path>& files, const fs::path& folder,
                              bool delete_sources) {
+  std::set<std::string> used;
   for (const fs::path& f : files)
-    if (CopyFileOver(f, folder / f.filename()) && delete_sources) DeleteFileForced(f);
+    if (CopyFileOver(f, ExportTarget(folder, f, used)) && delete_sources) DeleteFileForced(f);
 }
 
 bool MakeRoomForImport(Program& p, std::int32_t code, std::size_t count) {

@@ -15,14 +15,16 @@ class Program;
 class Label;
 class ProgressBar;
 
-// Zips the files under their own names (a later file of a name replaces an earlier one). On
+// Zips the files under their own names; a file whose name another took already gets the next
+// free number behind its stem, so that none is lost. On
 // success the zip's path goes to the clipboard and the user is told; on failure the user is told
 // why. The work folder is gone afterwards either way.
 bool ZipSavegames(Program& program, const std::filesystem::path& zip,
                   const std::vector<std::filesystem::path>& files, Label* label, ProgressBar* bar);
 
-// Copies each file into `folder` under its own name, deleting the source right behind its copy
-// when `delete_sources`. A failed copy is passed over and keeps its source.
+// Copies each file into `folder` under its own name (renumbered as in the zip when another took
+// it), deleting the source right behind its copy when `delete_sources`. A failed copy is passed
+// over and keeps its source.
 void ExportSavegamesToFolder(const std::vector<std::filesystem::path>& files,
                              const std::filesystem::path& folder, bool delete_sources);
 

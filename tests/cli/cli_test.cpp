@@ -108,8 +108,8 @@ TEST(Cli, SavegamesAndShotsOfALevel) {
       {{"restore", "0"}, 1, "nothing restored"},
       {{"archive", "0"}, 0, "archived 4 savegames"},
       {{"archive", "0"}, 1, "nothing archived"},
-      // The zip keeps one file of a name, the archived one behind the slot's; taking it back in,
-      // the newest, still in the slots, is a twin that an unattended run keeps.
+      // Taken back in, the newest savegame, still in the slots, is a twin that an unattended run
+      // keeps.
       {{"savegames", "0", "--export", zip}, 0, "5 savegames into"},
       {{"savegames", "0", "--import", zip}, 0, "3 savegames into"},
       {{"savegames", "0", "--import", zip + ".none"}, 1, "there is no"},

@@ -81,10 +81,12 @@ TEST(SavegameTransfer, ImportFromAFolderMakesRoomAndAsksBeforeReplacing) {
   }
 }
 
-TEST(SavegameTransfer, ExportWritesAZipOrAFolderAndLeavesNotesBehind) {
+TEST(SavegameTransfer, ExportWritesEverySavegameIntoAZipOrAFolderAndLeavesNotesBehind) {
   SavegamePanelFixture f;
   const auto saves = f.FillSlots(1, {3, 4});
   f.WriteNote(saves[0], "my note");
+  // The archive set numbers its files as the slots do: none may replace another on the way out.
+  f.FillSet(1, 1, {1, 2});
   f.ChooseLevel(1);
   const fs::path zip = f.Path("out/savegames.zip");
   fs::create_directories(zip.parent_path());
@@ -94,7 +96,7 @@ TEST(SavegameTransfer, ExportWritesAZipOrAFolderAndLeavesNotesBehind) {
   f.main->mnu_ExportSavegame.Click();
   std::int32_t count = 0;
   EXPECT_EQ(ListZipEntries(zip, count, false),
-            (std::vector<std::string>{"savegame.0", "savegame.1"}));
+            (std::vector<std::string>{"savegame.0", "savegame.1", "savegame.2", "savegame.3"}));
   EXPECT_EQ(f.ui.ClipboardText(), zip.string());
   EXPECT_FALSE(fs::exists(f.program.Home() / "zip_savegames"));
 
@@ -102,7 +104,7 @@ TEST(SavegameTransfer, ExportWritesAZipOrAFolderAndLeavesNotesBehind) {
   fs::create_directories(folder);
   f.ui.OnForm("Dialog_ListSaveGame", ChooseAll(false, true)).Folder(folder.string());
   f.main->mnu_ExportSavegame.Click();
-  EXPECT_EQ(f.SlotNumbers(folder), (std::vector<int>{3, 4}));
+  EXPECT_EQ(f.SlotNumbers(folder), (std::vector<int>{3, 4, 1, 2}));
   EXPECT_FALSE(fs::exists(saves[0]));
   EXPECT_TRUE(fs::exists(SavegameNoteFile(f.program, saves[0])));
   EXPECT_EQ(f.main->List_SaveGameTomb.ListCount(), 0);
