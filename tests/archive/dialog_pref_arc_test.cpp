@@ -35,25 +35,23 @@ struct PrefArcTest : ::testing::Test {
     return archive / ("LEVEL_000" + std::to_string(code)) / "files";
   }
 
-  // Opens the dialog, sets the flags as the user would and presses OK.
-  bool ChangeFlags(bool compress, bool wav, int answer) {
+  // Sets the compression flag in the dialog as the user would and converts the whole store.
+  StoreConversion Convert(bool compress) {
     Dialog_PrefArc dialog(f.program);
     dialog.Load();
     dialog.ImpostaValori(f.program.catalogue.header);
     dialog.Check_Compresso.SetValue(compress);
-    dialog.Check_WavInMp3.SetValue(wav);
-    saved_ = dialog.SavedHeader();
+    const CatalogueHeader saved = dialog.SavedHeader();
+    f.ui.Answer(msg::kYes);
     dialog.Pul_Ok.Click();
-    return dialog.ConvertStore;
+    EXPECT_TRUE(dialog.ConvertStore);
+    return ConvertWholeStore(f.program, saved, nullptr, nullptr);
   }
-  CatalogueHeader saved_;
 };
 
 TEST_F(PrefArcTest, AFailurePartWayLeavesEveryLevelWholeAndPutsTheFlagBack) {
-  f.ui.Answer(msg::kYes);
-  ASSERT_TRUE(ChangeFlags(true, false, msg::kYes));
   f.ui.AllowAnyMessage();
-  StoreConversion on = ConvertWholeStore(f.program, saved_, nullptr, nullptr);
+  const StoreConversion on = Convert(true);
   ASSERT_TRUE(on.ok);
   EXPECT_EQ(on.levels_converted, 2);
   // Level 2's packed script is damaged: expanding it must fail.
@@ -62,9 +60,7 @@ TEST_F(PrefArcTest, AFailurePartWayLeavesEveryLevelWholeAndPutsTheFlagBack) {
   testing::WriteBytes(Files(2) / "script.dat.zl", packed);
   auto level2 = testing::Snapshot(Files(2));
 
-  f.ui.Answer(msg::kYes);
-  ASSERT_TRUE(ChangeFlags(false, false, msg::kYes));
-  StoreConversion off = ConvertWholeStore(f.program, saved_, nullptr, nullptr);
+  const StoreConversion off = Convert(false);
   EXPECT_FALSE(off.ok);
   EXPECT_EQ(off.failed_level, "Second");
   EXPECT_EQ(testing::Snapshot(Files(2)), level2);  // nothing written for it remains, nothing lost

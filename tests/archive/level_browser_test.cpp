@@ -31,8 +31,7 @@ TEST(LevelSearch, FindNextAndPreviousFollowTheTextOrTheList) {
       {2, "nothing", FromTop, 2, true}, {2, "(*)", Up, 1, false},
   };
   for (const Case& c : cases) {
-    SCOPED_TRACE(std::to_string(c.start) + " '" + c.text + "' " +
-                 std::to_string(static_cast<int>(c.way)));
+    SCOPED_TRACE(&c - cases);
     BrowserFixture f(kNames);
     RefreshLevelList(*f.main);
     f.main->Combo_Livelli.SetListIndex(c.start);

@@ -38,7 +38,6 @@ TEST_F(PrepareTest, EachStoredFormEndsInTheGameForm) {
        {{"level.tr4", true}, {"english.dat", true}, {"readme.txt", false}},
        nullptr,
        true},
-      {"jpeg only", {{"level.tr4", false}}, "load.jpg", true},
       {"jpeg in capitals", {{"level.tr4", false}}, "LOAD.JPG", true},
       {"media store", {{"level.tr4", true}, {"store/inner.dat", false}}, nullptr, true},
   };

@@ -58,10 +58,8 @@ TEST(RemoveLevel, TheLastRecordFillsTheGapAndTheFilesGoOnlyOnYes) {
     EXPECT_EQ(f.main->Combo_Livelli.ListCount(), 3);
     EXPECT_EQ(f.main->Combo_Livelli.FindData(code), -1);
     EXPECT_EQ(fs::exists(folder), c.folder_stays);
-    const double files_after = c.folder_stays ? 6000 : 6000 - record.FilesSize;
-    const double user_after = c.folder_stays ? 60 : 60 - record.UserSize;
-    EXPECT_EQ(header.TotalFilesSize, files_after);
-    EXPECT_EQ(header.TotalUserSize, user_after);
+    EXPECT_EQ(header.TotalFilesSize, c.folder_stays ? 6000 : 6000 - record.FilesSize);
+    EXPECT_EQ(header.TotalUserSize, c.folder_stays ? 60 : 60 - record.UserSize);
     // Every other level's folder is untouched.
     for (std::int32_t other : c.codes_after) EXPECT_TRUE(fs::exists(f.Folder(other))) << other;
   }

@@ -42,11 +42,9 @@ TEST(MountsTest, ClassifiesMountsAsDrives) {
 
 TEST(LinuxDrivesTest, ListsTheMountsOfACannedTable) {
   TempDir dir;
-  std::filesystem::create_directories(dir / "mnt/usb stick");
-  std::filesystem::create_directories(dir / "sys/block/sdb");
+  for (const char* folder : {"mnt/usb stick", "sys/block/sr0", "sys/block/sr1"})
+    std::filesystem::create_directories(dir / folder);
   dir.Write("sys/block/sdb/removable", "1");
-  std::filesystem::create_directories(dir / "sys/block/sr0");
-  std::filesystem::create_directories(dir / "sys/block/sr1");
   dir.Write("mounted-file", "");
   const std::string root = dir.path().string();
   std::string table;

@@ -1,14 +1,7 @@
 #include <gtest/gtest.h>
-#include <unistd.h>
 #include <algorithm>
 
-#include "foundation/dialogs/ask.h"
-#include "foundation/program.h"
 #include "foundation/services/files.h"
-#include "foundation/text_ids.h"
-#include "recording_platform.h"
-#include "scripted_ui.h"
-#include "temp_dir.h"
 #include "test_program.h"
 
 namespace vardolin {

@@ -90,32 +90,19 @@ TEST_F(SafeJoinTest, AcceptsRelativeNamesWithEitherSeparator) {
 }
 
 TEST_F(SafeJoinTest, RefusesNamesThatLeadOutOrAreNotNames) {
-  const char* refused[] = {
-      "",
-      "/etc/passwd",
-      "\\windows\\system32",
-      "C:\\autoexec.bat",
-      "c:relative",
-      "file:stream",
-      "..",
-      "../x",
-      "a/../../x",
-      "a\\..\\b",
-      "data/..",
-      "./",
-      "\\",
-      "escape/file",
-      "ESCAPE\\sub\\file",
-      "escape",
-      "data/dangling",
-      "inner/dangling/y",
-      "loop1/x",
+  // Not relative, climbing out, and through links that lead out or nowhere.
+  const std::vector<std::vector<const char*>> refused = {
+      {"", "/etc/passwd", "\\windows\\system32", "C:\\autoexec.bat", "c:relative", "file:stream"},
+      {"..", "../x", "a/../../x", "a\\..\\b", "data/..", "./", "\\"},
+      {"escape/file", "ESCAPE\\sub\\file", "escape", "data/dangling", "inner/dangling/y",
+       "loop1/x"},
   };
-  for (const char* name : refused) {
-    auto r = SafeJoin(target, name);
-    EXPECT_FALSE(r) << name << " gave " << r.path;
-    EXPECT_FALSE(r.error.empty()) << name;
-  }
+  for (const auto& group : refused)
+    for (const char* name : group) {
+      auto r = SafeJoin(target, name);
+      EXPECT_FALSE(r) << name << " gave " << r.path;
+      EXPECT_FALSE(r.error.empty()) << name;
+    }
   EXPECT_FALSE(SafeJoin(target, std::string("a\0b", 3)));
   EXPECT_FALSE(SafeJoin("", "a"));
   // Longer than the file system takes: one part, or the whole path. The longest part is fine.

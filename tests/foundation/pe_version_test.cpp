@@ -27,9 +27,7 @@ void Pad4(std::string& s) {
 
 std::string Block(const std::u16string& key, const std::string& value, int type,
                   std::uint16_t value_length, const std::vector<std::string>& children = {}) {
-  std::string body = Utf16(key);
-  std::string out(6, '\0');
-  out += body;
+  std::string out = std::string(6, '\0') + Utf16(key);
   Pad4(out);
   out += value;
   for (const auto& child : children) {
@@ -37,9 +35,8 @@ std::string Block(const std::u16string& key, const std::string& value, int type,
     out += child;
   }
   ByteWriter head;
-  head.U16(static_cast<std::uint16_t>(out.size()));
-  head.U16(value_length);
-  head.U16(static_cast<std::uint16_t>(type));
+  for (auto v : {static_cast<std::uint16_t>(out.size()), value_length, std::uint16_t(type)})
+    head.U16(v);
   out.replace(0, 6, head.Bytes());
   return out;
 }
@@ -78,31 +75,25 @@ std::string PeImage(const std::string& version, bool pe32_plus = false, int reso
   rsrc.Zeros(8);
   rsrc.Raw(version);
 
+  const auto rsrc_size = static_cast<std::uint32_t>(rsrc.Size());
   std::uint16_t optional_size = pe32_plus ? 240 : 224;
   ByteWriter w;
   w.Raw("MZ");
   w.Zeros(0x3A);
   w.U32(0x40);
   w.Raw(std::string("PE\0\0", 4));
-  w.U16(0x14C);
-  w.U16(1);
+  for (std::uint16_t v : {0x14C, 1}) w.U16(v);  // machine, one section
   w.Zeros(12);
-  w.U16(optional_size);
-  w.U16(0x102);
+  for (std::uint16_t v : {optional_size, std::uint16_t(0x102)}) w.U16(v);
   std::size_t optional = w.Size();
   w.U16(pe32_plus ? 0x20B : 0x10B);
-  std::size_t dirs = pe32_plus ? 112 : 96;
-  w.Zeros(dirs - 6);
-  w.U32(16);
+  w.Zeros((pe32_plus ? 112 : 96) - 6);
+  w.U32(16);  // data directories: two empty, then the resources'
   w.Zeros(16);
-  w.U32(kRva);
-  w.U32(static_cast<std::uint32_t>(rsrc.Size()));
+  for (std::uint32_t v : {kRva, rsrc_size}) w.U32(v);
   w.Zeros(optional + optional_size - w.Size());
   w.Raw(std::string(".rsrc\0\0\0", 8));
-  w.U32(static_cast<std::uint32_t>(rsrc.Size()));
-  w.U32(kRva);
-  w.U32(static_cast<std::uint32_t>(rsrc.Size()));
-  w.U32(kRaw);
+  for (std::uint32_t v : {rsrc_size, kRva, rsrc_size, kRaw}) w.U32(v);
   w.Zeros(16);
   w.Zeros(kRaw - w.Size());
   w.Raw(rsrc.Bytes());

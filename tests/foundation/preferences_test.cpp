@@ -8,38 +8,36 @@
 namespace vardolin {
 namespace {
 
-// A full image whose every field differs from its default.
+// A full image whose every field differs from its default; é survives code page 1252.
 Preferences Unusual() {
-  Preferences p;
-  p.ShowScreenshotPanel = false;
-  p.PromptCapture = true;
-  p.NoAutoCompile = true;
-  p.CheckEqualLevels = false;
-  p.Reserved = true;
-  p.LastArchive = "C:\\archives\\mine.vdc";
-  p.EditorFolder = "/games/trle";
-  p.CompilerName = "other.exe";
-  p.GameName = "tomb5.exe";
-  p.DefaultLoadDir = "/downloads/caf\xC3\xA9";  // é survives code page 1252
-  p.NoDecompress = false;
-  p.FullBackupDone = true;
-  p.AutoSave = false;
-  p.ArchiveSavegames = false;
-  p.SavegamesToArchive = 12;
-  p.AutoUpdateUrls = false;
-  p.AssociationMinutes = -7;
-  p.GraphicsProgram = "/usr/bin/gimp";
-  p.CheckTenths = 9;
-  p.VerifyImage = false;
-  p.EnableJoystick = false;
-  p.JoyCaptureButtons = 0x30;
-  p.JoyCaptureAlone = true;
-  p.JoyCloseButtons = 0x0C;
-  p.JoyCloseAlone = true;
-  p.JoystickNumber = 1;
-  p.Flags = 0x41;
-  p.Language = "Italian";
-  return p;
+  return {.ShowScreenshotPanel = false,
+          .PromptCapture = true,
+          .NoAutoCompile = true,
+          .CheckEqualLevels = false,
+          .Reserved = true,
+          .LastArchive = "C:\\archives\\mine.vdc",
+          .EditorFolder = "/games/trle",
+          .CompilerName = "other.exe",
+          .GameName = "tomb5.exe",
+          .DefaultLoadDir = "/downloads/caf\xC3\xA9",
+          .NoDecompress = false,
+          .FullBackupDone = true,
+          .AutoSave = false,
+          .ArchiveSavegames = false,
+          .SavegamesToArchive = 12,
+          .AutoUpdateUrls = false,
+          .AssociationMinutes = -7,
+          .GraphicsProgram = "/usr/bin/gimp",
+          .CheckTenths = 9,
+          .VerifyImage = false,
+          .EnableJoystick = false,
+          .JoyCaptureButtons = 0x30,
+          .JoyCaptureAlone = true,
+          .JoyCloseButtons = 0x0C,
+          .JoyCloseAlone = true,
+          .JoystickNumber = 1,
+          .Flags = 0x41,
+          .Language = "Italian"};
 }
 
 TEST(PreferencesImage, FieldsLieAtTheirOffsets) {

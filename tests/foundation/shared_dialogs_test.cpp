@@ -1,16 +1,8 @@
 #include <gtest/gtest.h>
-#include <filesystem>
 
-#include "foundation/dialogs/ask.h"
-#include "foundation/dialogs/shared_dialogs.h"
 #include "foundation/platform/wine_registry.h"
-#include "foundation/program.h"
 #include "foundation/settings/dialog_settings.h"
-#include "foundation/text_ids.h"
 #include "language_file.h"
-#include "recording_platform.h"
-#include "scripted_ui.h"
-#include "temp_dir.h"
 #include "test_program.h"
 
 namespace vardolin {

@@ -4,13 +4,10 @@
 
 #include <gtest/gtest.h>
 
-#include "archive/text_ids.h"
 #include "archive_fixture.h"
 #include "editor_folder_fixture.h"
 #include "environment.h"
 #include "foundation/program_home.h"
-#include "foundation/services/paths.h"
-#include "foundation/text_ids.h"
 #include "startup/command_line.h"
 #include "startup/main_window.h"
 #include "temp_dir.h"
@@ -19,7 +16,6 @@ namespace vardolin {
 namespace {
 
 namespace fs = std::filesystem;
-using testing::ArchiveFixture;
 using testing::ReadFile;
 using testing::ScopedEnv;
 using testing::ScriptedUi;
@@ -53,19 +49,16 @@ struct StartUpTest : ::testing::Test {
   }
 
   fs::path SettingsFile() const { return home / "Vardolin.prf"; }
-  void WriteSettings(Preferences p, std::size_t length = Preferences::kFileSize) {
+  void WriteSettings(Preferences p) {
     if (p.EditorFolder.empty()) p.EditorFolder = editor.string();
-    std::string bytes = SerializePreferences(p);
-    bytes.resize(length);
-    WriteBytes(SettingsFile(), bytes);
+    WriteBytes(SettingsFile(), SerializePreferences(p));
   }
   Preferences SavedSettings() const { return ParsePreferences(ReadFile(SettingsFile())).prefs; }
 };
 
 void ChooseNew(ScriptedUi& ui, const fs::path& folder) {
-  ui.OnForm("Dialog_NewArc", [](Form& f) {
-      f.Find<Button>("Pul_New")->Click();
-    }).Folder(folder.string());
+  ui.OnForm("Dialog_NewArc", [](Form& f) { f.Find<Button>("Pul_New")->Click(); });
+  ui.Folder(folder.string());
 }
 
 TEST_F(StartUpTest, FirstRunMakesANewArchiveAndTheSecondStartOpensItWithoutQuestions) {

@@ -26,9 +26,11 @@ struct AuthorFixture : testing::TestProgram {
 };
 
 TEST(DialogAutore, FieldsAreStoredUpToTheirWidthAndRefusedBeyondIt) {
-  const std::string e_acute = "\xC3\xA9";
-  std::string wide_name;
-  for (int i = 0; i < 79; ++i) wide_name += e_acute;
+  auto n = [](int count, const std::string& text) {
+    std::string out;
+    while (count-- > 0) out += text;
+    return out;
+  };
   struct Case {
     const char* what;
     std::vector<std::string> emails, sites;
@@ -36,32 +38,11 @@ TEST(DialogAutore, FieldsAreStoredUpToTheirWidthAndRefusedBeyondIt) {
     const char* refused;  // part of the message, empty when accepted
     bool emails_stored, sites_stored, name_stored;
   } cases[] = {
-      {"255 joined characters and 79 of a name",
-       {std::string(10, 'a'), std::string(244, 'b')},
-       {},
-       std::string(79, 'n'),
-       "",
-       true,
-       true,
-       true},
-      {"79 characters of two bytes each", {}, {}, wide_name, "", true, true, true},
-      {"256 joined addresses",
-       {std::string(10, 'a'), std::string(245, 'b')},
-       {},
-       "x",
-       "e-mail addresses",
-       false,
-       false,
-       false},
-      {"256 joined sites keep the addresses",
-       {"a@b"},
-       {std::string(10, 's'), std::string(245, 's')},
-       "x",
-       "web sites",
-       true,
-       false,
-       false},
-      {"an 80 character name", {}, {}, std::string(80, 'n'), "name is longer", true, true, false},
+      {"255 joined, 79 of a name", {n(10, "a"), n(244, "b")}, {}, n(79, "n"), "", 1, 1, 1},
+      {"79 characters of two bytes each", {}, {}, n(79, "\xC3\xA9"), "", 1, 1, 1},
+      {"256 joined addresses", {n(10, "a"), n(245, "b")}, {}, "x", "e-mail addresses", 0, 0, 0},
+      {"256 joined sites", {"a@b"}, {n(10, "s"), n(245, "s")}, "x", "web sites", 1, 0, 0},
+      {"an 80 character name", {}, {}, n(80, "n"), "name is longer", 1, 1, 0},
   };
   for (const Case& c : cases) {
     SCOPED_TRACE(c.what);

@@ -60,7 +60,6 @@ struct ActivationTest : ::testing::Test, testing::StoreFixture {
     fs::create_directories(play);
     fs::rename(editor / "savegame.3", play / "savegame.3");
   }
-  std::string Marker() { return ReadFile(ActiveLevelFilePath(program)); }
   void WriteMarker(const std::string& text) { WriteBytes(ActiveLevelFilePath(program), text); }
 };
 
@@ -77,12 +76,6 @@ TEST_F(ActivationTest, LevelsComeAndGoAndTheEditorFolderComesBackWhole) {
   EXPECT_EQ(ReadFile(editor / "load.bmp"), "a's picture");
   EXPECT_FALSE(fs::exists(editor / "english.dat"));  // the level's french.dat stands for it
   EXPECT_FALSE(fs::exists(editor / "savegame.3"));   // the base level's, kept aside
-  const std::string marker = Marker();
-  const auto replaced = SplitMarkerList(ReadMarkerField(marker, "Replaced files:"));
-  for (const char* entry :
-       {"\\data\\title.tr4", "\\load.bmp", "\\script.dat", "\\audio\\044.wav", "\\english.dat"})
-    EXPECT_NE(std::find(replaced.begin(), replaced.end(), entry), replaced.end()) << entry;
-  EXPECT_EQ(SplitMarkerList(ReadMarkerField(marker, "Level files:")).size(), 7u);
 
   // The game saved while level 1 was in: the savegame goes with level 1.
   WriteBytes(editor / "savegame.0", "a's slot 0");
@@ -118,22 +111,15 @@ TEST_F(ActivationTest, WithoutAFullBackupTheLevelsAudioStays) {
 }
 
 TEST_F(ActivationTest, BrokenMarkersAreToldAndLeaveTheBaseLevel) {
-  struct Case {
-    std::string marker;
-    std::string message;  // empty: no message
-  };
-  const std::vector<Case> cases = {
-      {"", ""},
-      {"garbage without any key", "names no level"},
-      {"Level code:#\r\nLevel files:\\data\\title.tr4#", "names no level"},
-      {"Level code:12x#", "names no level"},
-  };
   const auto base = Snapshot(editor);
-  for (const Case& c : cases) {
-    SCOPED_TRACE(c.marker);
+  // An empty marker is told nothing; every other one that names no level is.
+  for (const std::string marker :
+       {"", "garbage without any key", "Level code:#\r\nLevel files:\\data\\title.tr4#",
+        "Level code:12x#"}) {
+    SCOPED_TRACE(marker);
     BaseSavegameAside();
-    WriteMarker(c.marker);
-    if (!c.message.empty()) ui.Answer(msg::kOk, c.message);
+    WriteMarker(marker);
+    if (!marker.empty()) ui.Answer(msg::kOk, "names no level");
     EXPECT_TRUE(SetLevelInTrle(program, 0));
     EXPECT_FALSE(fs::exists(ActiveLevelFilePath(program)));
     EXPECT_EQ(Snapshot(editor), base);
@@ -158,19 +144,7 @@ TEST_F(ActivationTest, HostileMarkerNamesNeverReachOutOfTheEditorFolder) {
   }
 }
 
-TEST_F(ActivationTest, AnIncompleteLevelAsksAndTheRepairIsNotOffered) {
-  fs::remove(Files(2) / "script.dat");
-  const auto base = Snapshot(editor);
-  ui.Answer(msg::kYes, "incomplete").Answer(msg::kOk, "isn't available");
-  EXPECT_FALSE(SetLevelInTrle(program, 2));
-  ui.Answer(msg::kNo, "incomplete");
-  EXPECT_FALSE(SetLevelInTrle(program, 2));
-  EXPECT_FALSE(fs::exists(ActiveLevelFilePath(program)));
-  ASSERT_TRUE(ResetToBaseLevel(program));
-  EXPECT_EQ(Snapshot(editor), base);
-}
-
-TEST_F(ActivationTest, SavegamesBeyondTheGamesSlotsArePruned) {
+TEST_F(ActivationTest, HousekeepingPrunesSlotsBeyondTheGamesAndRestoresScriptFiles) {
   const std::vector<std::pair<std::string, bool>> cases = {{"savegame.14", true},
                                                            {"savegame.15", false},
                                                            {"savegame.abc", false},
@@ -178,58 +152,57 @@ TEST_F(ActivationTest, SavegamesBeyondTheGamesSlotsArePruned) {
   for (const auto& [name, stays] : cases) WriteBytes(editor / name, "x");
   PruneSavegames(program);
   for (const auto& [name, stays] : cases) EXPECT_EQ(fs::exists(editor / name), stays) << name;
-}
-
-TEST_F(ActivationTest, AMissingScriptOrLanguageFileComesFromTheBackup) {
   fs::remove(editor / "english.dat");
   fs::remove(editor / "script.dat");
   FixScriptFiles(program);
-  EXPECT_EQ(ReadFile(editor / "english.dat"), testing::EditorFileContent("english.dat"));
-  EXPECT_EQ(ReadFile(editor / "script.dat"), testing::EditorFileContent("script.dat"));
+  for (const char* name : {"english.dat", "script.dat"})
+    EXPECT_EQ(ReadFile(editor / name), testing::EditorFileContent(name)) << name;
 }
 
-TEST_F(ActivationTest, FilesNamedInCapitalsLeaveTheEditorsNamesAsTheyWere) {
-  const auto base = Snapshot(editor);
-  WriteLevel(3, {{"c.tr4", "level c"}, {"SCRIPT.DAT", "c's script"}, {"ENGLISH.DAT", "c's text"}});
+// Whatever shape a level's store has, it comes in as the game wants it and leaves the editor
+// folder, and its store, as they were.
+TEST_F(ActivationTest, EveryShapeOfLevelLeavesTheEditorFolderAsItWas) {
+  struct Case {
+    const char* what;
+    std::map<std::string, std::string> files;
+    bool packed;  // c.tr4 stored as .zl
+    std::map<std::string, std::string> in_editor;
+  };
+  const Case cases[] = {
+      {"names in capitals",
+       {{"c.tr4", "level c"}, {"SCRIPT.DAT", "c's script"}, {"ENGLISH.DAT", "c's text"}},
+       false,
+       {{"script.dat", "c's script"}, {"english.dat", "c's text"}}},
+      {"a store folder",
+       {{"c.tr4", "level c"}, {"script.dat", "c's script"}, {"store/track.mcf", "stored media"}},
+       false,
+       {{"store/track.mcf", "stored media"}}},
+      {"only its script",
+       {{"script.dat", "c's script"}},
+       false,
+       {{"script.dat", "c's script"}, {"english.dat", testing::EditorFileContent("english.dat")}}},
+      {"packed",
+       {{"c.tr4", "level c"}, {"script.dat", "c's script"}},
+       true,
+       {{"data/c.tr4", "level c"}}},
+  };
   program.catalogue.levels[3].CdNumber = 0;
-  ASSERT_TRUE(SetLevelInTrle(program, 3));
-  EXPECT_EQ(ReadFile(editor / "script.dat"), "c's script");
-  EXPECT_EQ(ReadFile(editor / "english.dat"), "c's text");
-  ASSERT_TRUE(ResetToBaseLevel(program));
-  EXPECT_EQ(Names(Snapshot(editor)), Names(base));
-}
-
-TEST_F(ActivationTest, AStoreFolderComesWithTheLevelAndGoesWithIt) {
-  WriteBytes(Files(2) / "store" / "track.mcf", "stored media");
-  const auto store = Snapshot(Files(2));
-  ASSERT_TRUE(SetLevelInTrle(program, 2));
-  EXPECT_EQ(ReadFile(editor / "store/track.mcf"), "stored media");
-  ASSERT_TRUE(ResetToBaseLevel(program));
-  EXPECT_FALSE(fs::exists(editor / "store"));
-  EXPECT_EQ(Snapshot(Files(2)), store);
-}
-
-TEST_F(ActivationTest, ALevelWithOnlyItsScriptKeepsTheEditorsLanguageFile) {
-  WriteLevel(3, {{"script.dat", "c's script"}});
-  fs::create_directories(GetLevelFolder(program, 3, false));
-  program.catalogue.levels[3].CdNumber = 0;
-  ASSERT_TRUE(SetLevelInTrle(program, 3));
-  EXPECT_EQ(ReadFile(editor / "script.dat"), "c's script");
-  EXPECT_EQ(ReadFile(editor / "english.dat"), testing::EditorFileContent("english.dat"));
-}
-
-TEST_F(ActivationTest, APackedLevelIsExpandedOnTheWayAndItsStoreStaysPacked) {
-  testing::Pack(Files(1) / "a.tr4", Files(1) / "a.tr4.zl");
-  fs::remove(Files(1) / "a.tr4");
-  const auto store = Snapshot(Files(1));
   const auto base = Snapshot(editor);
-  ASSERT_TRUE(SetLevelInTrle(program, 1));
-  EXPECT_EQ(ReadFile(editor / "data/a.tr4"), "level a");
-  EXPECT_FALSE(fs::exists(editor / "a.tr4.zl"));
-  EXPECT_FALSE(fs::exists(TemporaryFilesFolder(program)));
-  ASSERT_TRUE(ResetToBaseLevel(program));
-  EXPECT_EQ(Snapshot(editor), base);
-  EXPECT_EQ(Snapshot(Files(1)), store);
+  for (const Case& c : cases) {
+    SCOPED_TRACE(c.what);
+    fs::remove_all(Files(3));
+    WriteLevel(3, c.files);
+    if (c.packed) testing::Pack(Files(3) / "c.tr4", Files(3) / "c.tr4.zl");
+    if (c.packed) fs::remove(Files(3) / "c.tr4");
+    const auto store = Snapshot(Files(3));
+    ASSERT_TRUE(SetLevelInTrle(program, 3));
+    for (const auto& [rel, bytes] : c.in_editor) EXPECT_EQ(ReadFile(editor / rel), bytes) << rel;
+    for (const auto& [rel, bytes] : Snapshot(editor)) EXPECT_FALSE(rel.ends_with(".zl")) << rel;
+    EXPECT_FALSE(fs::exists(TemporaryFilesFolder(program)));
+    ASSERT_TRUE(ResetToBaseLevel(program));
+    EXPECT_EQ(Snapshot(editor), base);
+    EXPECT_EQ(Snapshot(Files(3)), store);
+  }
 }
 
 }  // namespace

@@ -28,12 +28,6 @@ using testing::WriteBytes;
 
 const std::vector<std::string> kNames = {"Base level", "Beta", "Gamma", "Delta"};
 
-int Count(const std::string& text, const std::string& part) {
-  int n = 0;
-  for (auto at = text.find(part); at != std::string::npos; at = text.find(part, at + 1)) ++n;
-  return n;
-}
-
 TEST(Play, AChosenLevelIsPlayedWatchedToItsEndAndReplacedByTheNext) {
   PlayFixture f(kNames);
   f.program.prefs.CheckTenths = 3;
@@ -91,7 +85,8 @@ TEST(Play, AChosenLevelIsPlayedWatchedToItsEndAndReplacedByTheNext) {
   EXPECT_FALSE(fs::exists(f.editor / "data/Beta.tr4"));
   EXPECT_FALSE(fs::exists(f.editor / "savegame.2"));
   EXPECT_TRUE(fs::exists(GetLevelFolder(f.program, 1, false) / "play/savegame.2"));
-  EXPECT_EQ(Count(ReadFile(LogPath(f.program)), "SetLevelInTrle()"), 1) << "the log starts anew";
+  const std::string new_log = ReadFile(LogPath(f.program));
+  EXPECT_EQ(new_log.rfind("SetLevelInTrle()"), 0u) << "the log starts anew";
   ASSERT_TRUE(testing::WaitFor([&] { return fs::exists(f.editor / "standin_started.txt"); }));
   f.EndGame();
   ASSERT_TRUE(f.TickUntilEnded());
@@ -140,9 +135,8 @@ TEST(Play, FailedLaunchesAreToldAndLeaveNoGameWatched) {
     EXPECT_FALSE(f.program.GameRunning);
     EXPECT_EQ(f.program.MediaPlay, c.media);
     EXPECT_EQ(GetActiveLevelCode(f.program), c.active_after);
-    if (c.name == "game won't start") {
-      EXPECT_TRUE(ReadFile(LogPath(f.program)).ends_with("Error code: 13\n"));
-    }
+    EXPECT_TRUE(c.name != "game won't start" ||
+                ReadFile(LogPath(f.program)).ends_with("Error code: 13\n"));
     f.main->Timer1.Tick();
     EXPECT_FALSE(f.program.GameRunning);
   }
@@ -190,15 +184,6 @@ TEST(Play, AMediaLevelIsPlayedThroughPlayTheGameAndItsEndCollectsThePictures) {
   ASSERT_TRUE(testing::WaitFor([&] { return fs::exists(f.editor / "standin_started.txt"); }));
   f.main->Timer1.Tick();
   EXPECT_EQ(collected, 0);
-  f.EndGame();
-  ASSERT_TRUE(f.TickUntilEnded());
-  EXPECT_EQ(collected, 1);
-
-  // A common launch afterwards brings the interval back to the settings.
-  f.main->Watcher.joystick = {};
-  f.Choose("Beta");
-  f.main->Pul_Play.Click();
-  EXPECT_EQ(f.main->Timer1.Interval(), f.program.prefs.CheckTenths * 100);
   f.EndGame();
   ASSERT_TRUE(f.TickUntilEnded());
   EXPECT_EQ(collected, 1);

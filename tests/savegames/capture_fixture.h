@@ -15,27 +15,14 @@
 
 namespace vardolin::testing {
 
-inline void Paint(Bitmap& bitmap, int x, int y, std::uint8_t r, std::uint8_t g, std::uint8_t b) {
-  std::uint8_t* px = bitmap.Pixel(x, y);
-  px[0] = r;
-  px[1] = g;
-  px[2] = b;
-}
-
 // A picture of one colour.
-inline Bitmap Plain(int w, int h, std::uint8_t r, std::uint8_t g, std::uint8_t b,
-                    int channels = 3) {
-  Bitmap bitmap = Bitmap::Make(w, h, channels);
+inline Bitmap Plain(int w, int h, std::uint8_t r, std::uint8_t g, std::uint8_t b) {
+  Bitmap bitmap = Bitmap::Make(w, h, 3);
   for (int y = 0; y < h; ++y)
-    for (int x = 0; x < w; ++x) Paint(bitmap, x, y, r, g, b);
-  return bitmap;
-}
-
-// Black on the middle row and column, coloured in the four quarters between them.
-inline Bitmap BlackCross(int w, int h) {
-  Bitmap bitmap = Plain(w, h, 200, 40, 40);
-  for (int x = 0; x < w; ++x) Paint(bitmap, x, h / 2, 0, 0, 0);
-  for (int y = 0; y < h; ++y) Paint(bitmap, w / 2, y, 0, 0, 0);
+    for (int x = 0; x < w; ++x) {
+      std::uint8_t* px = bitmap.Pixel(x, y);
+      px[0] = r, px[1] = g, px[2] = b;
+    }
   return bitmap;
 }
 
@@ -53,14 +40,10 @@ struct CaptureFixture : StoreFixture {
     std::filesystem::create_directories(GetLevelFolder(program, kPlayed, false));
     MarkActive(program, kPlayed);
   }
-  int Index(std::int32_t code) const { return FindLevelIndex(program.catalogue, code); }
-  std::filesystem::path Shots(std::int32_t code = kPlayed) {
-    return ShotFolder(program, Index(code), text::ShotFolderCapture);
+  std::filesystem::path Shots() {
+    return ShotFolder(program, FindLevelIndex(program.catalogue, kPlayed), text::ShotFolderCapture);
   }
-  // The shot files of a level, by name.
-  std::vector<std::string> ShotNames(std::int32_t code = kPlayed) {
-    return Names(Snapshot(Shots(code)));
-  }
+  std::vector<std::string> ShotNames() { return Names(Snapshot(Shots())); }
 };
 
 }  // namespace vardolin::testing

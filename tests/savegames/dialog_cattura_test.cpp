@@ -19,40 +19,26 @@ using testing::Plain;
 constexpr int kGamePid = 4242;
 constexpr WindowHandle kGameWindow = 0x3a00007;
 
-struct PromptTest : ::testing::Test, testing::CaptureFixture {
-  PromptTest() {
-    program.prefs.PromptCapture = true;
-    platform.windows = {{0x100, "Some editor", 77, true},
-                        {kGameWindow, "Tomb Raider", kGamePid, true}};
-    ui.SetClipboardImage(Plain(64, 48, 30, 160, 90));
-  }
-  ClipboardShot Tick() { return TakeClipboardShot(program, Process{kGamePid}); }
-  bool GameCameBack() const {
-    return std::count(platform.calls.begin(), platform.calls.end(),
-                      "activate " + std::to_string(kGameWindow)) == 1;
-  }
-};
+struct PromptTest : ::testing::Test, testing::CaptureFixture {};
 
 TEST_F(PromptTest, AnswersAndWhatTheyLeave) {
+  const ClipboardShot kept = ClipboardShot::Stored, not_kept = ClipboardShot::NotSaved;
+  const std::string activate = "activate " + std::to_string(kGameWindow);
+  platform.windows = {{0x100, "Some editor", 77, true},
+                      {kGameWindow, "Tomb Raider", kGamePid, true}};
   struct Case {
     const char* what;
     std::vector<std::string> save_answers;  // one per press of Pul_Save; "" cancels the save box
     bool tick_auto_save;
     bool close_box;  // closed by the window's box instead of a button
     ClipboardShot result;
-    bool prompt_after;
   };
   const Case cases[] = {
-      {"Cancel", {}, false, false, ClipboardShot::NotSaved, true},
-      {"auto-save ticked, then Cancel", {}, true, false, ClipboardShot::NotSaved, false},
-      {"the close box", {}, false, true, ClipboardShot::NotSaved, true},
-      {"saved under a name", {"mine.jpg"}, false, false, ClipboardShot::Stored, true},
-      {"the save box cancelled, then a name",
-       {"", "mine.jpg"},
-       true,
-       false,
-       ClipboardShot::Stored,
-       false},
+      {"Cancel", {}, false, false, not_kept},
+      {"auto-save ticked, then Cancel", {}, true, false, not_kept},
+      {"the close box", {}, false, true, not_kept},
+      {"saved under a name", {"mine.jpg"}, false, false, kept},
+      {"the save box cancelled, then a name", {"", "mine.jpg"}, true, false, kept},
   };
   for (const Case& c : cases) {
     SCOPED_TRACE(c.what);
@@ -72,20 +58,20 @@ TEST_F(PromptTest, AnswersAndWhatTheyLeave) {
         still_up.push_back(d.IsLoaded());
       }
       if (!d.IsLoaded()) return;
-      if (c.close_box) {
-        if (d.QueryUnload()) d.Unload();
-      } else {
+      if (!c.close_box)
         d.Pul_Cancel.Click();
-      }
+      else if (d.QueryUnload())
+        d.Unload();
     });
-    EXPECT_EQ(Tick(), c.result);
+    EXPECT_EQ(TakeClipboardShot(program, Process{kGamePid}), c.result);
     for (std::size_t i = 0; i < still_up.size(); ++i)
       EXPECT_EQ(still_up[i], c.save_answers[i].empty()) << "after save answer " << i;
-    EXPECT_TRUE(GameCameBack());
+    EXPECT_EQ(std::count(platform.calls.begin(), platform.calls.end(), activate), 1)
+        << "the game gets the screen back";
     EXPECT_FALSE(ui.ClipboardHasImage());
-    EXPECT_EQ(program.prefs.PromptCapture, c.prompt_after);
+    EXPECT_EQ(program.prefs.PromptCapture, !c.tick_auto_save);
     EXPECT_TRUE(ShotNames().empty()) << "no progressive name with the prompt on";
-    EXPECT_EQ(fs::exists(Path("mine.jpg")), c.result == ClipboardShot::Stored);
+    EXPECT_EQ(fs::exists(Path("mine.jpg")), c.result == kept);
     EXPECT_TRUE(ui.Done());
   }
 }

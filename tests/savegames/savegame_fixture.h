@@ -5,7 +5,6 @@
 
 #include <algorithm>
 #include <filesystem>
-#include <map>
 #include <set>
 #include <string>
 #include <vector>
@@ -18,14 +17,10 @@
 
 namespace vardolin::testing {
 
-// One savegame as the tests know it: its save number, its bytes and its note ("" for none).
+// One savegame as the tests know it: its bytes and its note ("" for none).
 struct SavedGame {
-  std::string bytes;
-  std::string note;
-  bool operator<(const SavedGame& o) const {
-    return std::tie(bytes, note) < std::tie(o.bytes, o.note);
-  }
-  bool operator==(const SavedGame& o) const { return bytes == o.bytes && note == o.note; }
+  std::string bytes, note;
+  auto operator<=>(const SavedGame&) const = default;
 };
 
 struct SavegameFixture : ArchiveFixture {
@@ -48,21 +43,15 @@ struct SavegameFixture : ArchiveFixture {
     for (std::size_t i = 0; i < numbers.size(); ++i)
       Put(folder, static_cast<int>(i), numbers[i], "n" + std::to_string(numbers[i]));
   }
-  // "savegame.<slot>" -> save number, for the savegames of a folder.
-  std::map<std::string, int> Slots(const std::filesystem::path& folder) {
-    std::map<std::string, int> out;
-    for (const auto& file : ListSavegames(program, folder)) {
-      std::string title;
-      out[file.filename().string()] = ReadSavegameHeader(program, file, title);
-    }
-    return out;
+  int Number(const std::filesystem::path& savegame) {
+    std::string title;
+    return ReadSavegameHeader(program, savegame, title);
   }
   // Save numbers by slot number, checking on the way that each note names its savegame's number.
   std::vector<int> Numbers(const std::filesystem::path& folder) {
     std::vector<std::pair<int, int>> bySlot;
     for (const auto& file : ListSavegames(program, folder)) {
-      std::string title;
-      const int number = ReadSavegameHeader(program, file, title);
+      const int number = Number(file);
       const std::string note = ReadFile(SavegameNoteFile(program, file));
       if (!note.empty()) {
         EXPECT_EQ(note, "n" + std::to_string(number)) << file;
@@ -82,12 +71,11 @@ struct SavegameFixture : ArchiveFixture {
 
   // Every savegame under the folders with its note, as a sorted list.
   std::vector<SavedGame> Everything(std::int32_t code) {
+    auto files = ListSavegames(program, SlotsOf(code));
+    for (const auto& file : ListArchivedSavegames(program, code)) files.push_back(file);
     std::vector<SavedGame> out;
-    auto take = [&](const std::filesystem::path& file) {
+    for (const auto& file : files)
       out.push_back({ReadFile(file), ReadFile(SavegameNoteFile(program, file))});
-    };
-    for (const auto& file : ListSavegames(program, SlotsOf(code))) take(file);
-    for (const auto& file : ListArchivedSavegames(program, code)) take(file);
     std::sort(out.begin(), out.end());
     return out;
   }

@@ -5,21 +5,7 @@
 namespace vardolin {
 namespace {
 
-using testing::SavegamePanelFixture;
-
 constexpr int kCtrl = 2;
-
-// Rows of the archived list and their notes: 0 "key found", 1 "nothing", 2 "the KEY here",
-// 3 without a note.
-struct SearchFixture : SavegamePanelFixture {
-  SearchFixture() {
-    const auto set = FillSet(1, 1, {1, 2, 3, 4});
-    WriteNote(set[0], "key found");
-    WriteNote(set[1], "nothing");
-    WriteNote(set[2], "the KEY here");
-    ChooseLevel(1);
-  }
-};
 
 TEST(SavegameNotes, SearchKeysWalkRoundTheArchivedNotes) {
   struct Case {
@@ -40,7 +26,12 @@ TEST(SavegameNotes, SearchKeysWalkRoundTheArchivedNotes) {
   };
   for (const Case& c : cases) {
     SCOPED_TRACE(std::string(1, static_cast<char>(c.key)) + " " + c.search_text);
-    SearchFixture f;
+    testing::SavegamePanelFixture f;
+    // Archived rows 0 to 3; the last has no note.
+    const auto set = f.FillSet(1, 1, {1, 2, 3, 4});
+    const char* notes[] = {"key found", "nothing", "the KEY here"};
+    for (int i : {0, 1, 2}) f.WriteNote(set[i], notes[i]);
+    f.ChooseLevel(1);
     f.main->Savegames.search_text = c.search_text;
     f.main->List_SaveGameArchiviati.SetListIndex(c.start_row);
     if (!c.typed.empty()) f.ui.Input(c.typed, f.program.GetText(text::FindNotePrompt));

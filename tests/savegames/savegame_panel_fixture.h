@@ -20,29 +20,22 @@ namespace vardolin::testing {
 struct SavegamePanelFixture : BrowserFixture {
   SavegamePanelFixture() : BrowserFixture({"Base level", "Alpha", "Beta"}) {}
 
-  // Writes savegame.<slot> with the save number into the folder.
-  static std::filesystem::path WriteSavegame(const std::filesystem::path& folder, int slot,
-                                             std::int16_t number) {
-    std::filesystem::create_directories(folder);
-    const std::filesystem::path file = folder / ("savegame." + std::to_string(slot));
-    WriteBytes(file, GameSavegameBytes(number, "Save " + std::to_string(number), 0, 200));
-    return file;
-  }
-  // Slot savegames of the level, one per save number, in slots 0, 1, 2 ...
-  std::vector<std::filesystem::path> FillSlots(std::int32_t code,
-                                               const std::vector<std::int16_t>& numbers) {
+  // Savegames of the folder, one per save number, in slots 0, 1, 2 ...
+  static std::vector<std::filesystem::path> Fill(const std::filesystem::path& folder,
+                                                 const std::vector<std::int16_t>& numbers) {
     std::vector<std::filesystem::path> out;
-    for (std::size_t i = 0; i < numbers.size(); ++i)
-      out.push_back(WriteSavegame(SlotFolder(program, code), static_cast<int>(i), numbers[i]));
+    for (std::size_t i = 0; i < numbers.size(); ++i) {
+      out.push_back(folder / ("savegame." + std::to_string(i)));
+      const std::string title = "Save " + std::to_string(numbers[i]);
+      WriteBytes(out.back(), GameSavegameBytes(numbers[i], title, 0, 200));
+    }
     return out;
   }
-  std::vector<std::filesystem::path> FillSet(std::int32_t code, std::int32_t set,
-                                             const std::vector<std::int16_t>& numbers) {
-    std::vector<std::filesystem::path> out;
-    for (std::size_t i = 0; i < numbers.size(); ++i)
-      out.push_back(
-          WriteSavegame(ArchiveSetFolder(program, code, set), static_cast<int>(i), numbers[i]));
-    return out;
+  auto FillSlots(std::int32_t code, const std::vector<std::int16_t>& numbers) {
+    return Fill(SlotFolder(program, code), numbers);
+  }
+  auto FillSet(std::int32_t code, std::int32_t set, const std::vector<std::int16_t>& numbers) {
+    return Fill(ArchiveSetFolder(program, code, set), numbers);
   }
   void WriteNote(const std::filesystem::path& savegame, const std::string& text) {
     WriteBytes(SavegameNoteFile(program, savegame), text);

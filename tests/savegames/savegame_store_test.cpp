@@ -25,14 +25,11 @@ TEST_F(SavegameStore, CopyAndMoveTakeTheNoteAlong) {
       {"move with note over a savegame with one", true, true, true},
       {"move without note", false, false, true},
   };
-  int round = 0;
   for (const Case& c : cases) {
     SCOPED_TRACE(c.what);
-    const fs::path from = Path("from" + std::to_string(round)),
-                   to = Path("to" + std::to_string(round));
-    ++round;
-    const auto source = Put(from, 4, 40, c.source_note ? "source note" : "");
-    const auto destination = Put(to, 9, 90, c.destination_note ? "old note" : "");
+    const std::string round = std::to_string(&c - cases);
+    const auto source = Put(Path("from" + round), 4, 40, c.source_note ? "source note" : "");
+    const auto destination = Put(Path("to" + round), 9, 90, c.destination_note ? "old note" : "");
     const std::string bytes = ReadFile(source);
     ASSERT_TRUE(CopySavegame(program, source, destination, c.remove));
     EXPECT_EQ(ReadFile(destination), bytes);

@@ -74,9 +74,10 @@ TEST(SavegameTransfer, ImportFromAFolderMakesRoomAndAsksBeforeReplacing) {
     if (c.replace_answer) f.ui.Answer(c.replace_answer, "Replace file");
     f.main->mnu_ImportSaveGame.Click();
     EXPECT_EQ(f.SlotNumbers(slots), c.after);
-    if (c.replace_answer)
+    if (c.replace_answer) {
       EXPECT_EQ(ReadWholeFile(slots / "savegame.0") == ReadWholeFile(source / "savegame.0"),
                 c.replace_answer == msg::kYes);
+    }
     EXPECT_EQ(f.main->List_SaveGameTomb.ListCount(), static_cast<int>(c.after.size()));
   }
 }

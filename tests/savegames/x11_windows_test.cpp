@@ -1,6 +1,5 @@
 // The desktop on a real X server (Xvfb, private to the test): finding the game's window by its
-// process or title, grabbing what the screen shows of it, and the hot keys
-// pressed meanwhile.
+// process or title, grabbing what the screen shows of it, and the hot keys pressed meanwhile.
 #include <gtest/gtest.h>
 #include <unistd.h>
 
@@ -81,12 +80,10 @@ struct X11Test : ::testing::Test {
   }
 };
 
-bool AllOf(const Bitmap& b, std::uint8_t r, std::uint8_t g, std::uint8_t bl) {
+bool AllRed(const Bitmap& b) {
   for (int y = 0; y < b.height; ++y)
-    for (int x = 0; x < b.width; ++x) {
-      const std::uint8_t* px = b.Pixel(x, y);
-      if (px[0] != r || px[1] != g || px[2] != bl) return false;
-    }
+    for (int x = 0; x < b.width; ++x)
+      if (b.Pixel(x, y)[0] != 255 || b.Pixel(x, y)[1] != 0 || b.Pixel(x, y)[2] != 0) return false;
   return true;
 }
 
@@ -96,40 +93,31 @@ TEST_F(X11Test, TheGamesWindowIsFoundByItsProcessOrTitleAndGrabbed) {
   testing::ScopedEnv env("DISPLAY", server.Name());
   LinuxPlatform platform;
 
-  std::vector<TopWindow> windows = platform.ListTopWindows();
+  const std::vector<TopWindow> windows = platform.ListTopWindows();  // the topmost first
   ASSERT_EQ(windows.size(), 2u);
-  EXPECT_EQ(windows[0].handle, hidden) << "the topmost first";
-  EXPECT_FALSE(windows[0].visible);
-  EXPECT_EQ(windows[1].handle, game);
-  EXPECT_EQ(windows[1].title, "Tomb Raider - test");
-  EXPECT_EQ(windows[1].pid, ::getpid());
-  EXPECT_TRUE(windows[1].visible);
+  EXPECT_EQ(std::tie(windows[0].handle, windows[0].visible), std::tuple(hidden, false));
+  EXPECT_EQ(std::tie(windows[1].handle, windows[1].title, windows[1].pid, windows[1].visible),
+            std::tuple(game, std::string("Tomb Raider - test"), ::getpid(), true));
 
   // The window belongs to us, and so to whoever started us, as Wine's windows belong to the
   // process we started.
   EXPECT_EQ(platform.FindProcessWindow(Process{::getpid()}), game);
   EXPECT_EQ(platform.FindProcessWindow(Process{::getppid()}), game);
 
-  struct TitleCase {
-    const char* asked;
-    bool partial;
-    WindowHandle found;
-  };
-  for (const TitleCase& c :
-       {TitleCase{"tomb raider", true, game}, TitleCase{"tomb raider", false, 0},
-        TitleCase{"TOMB RAIDER - TEST", false, game}, TitleCase{"hidden", true, hidden}}) {
-    std::string title = c.asked;
-    EXPECT_EQ(FindWindowByTitle(platform, title, c.partial), c.found) << c.asked;
-    if (c.found == game) {
-      EXPECT_EQ(title, "Tomb Raider - test");
-    }
+  const std::tuple<const char*, bool, WindowHandle> titles[] = {{"tomb raider", true, game},
+                                                                {"tomb raider", false, 0},
+                                                                {"TOMB RAIDER - TEST", false, game},
+                                                                {"hidden", true, hidden}};
+  for (const auto& [asked, partial, found] : titles) {
+    std::string title = asked;
+    EXPECT_EQ(FindWindowByTitle(platform, title, partial), found) << asked;
+    EXPECT_TRUE(found != game || title == "Tomb Raider - test") << title;
   }
 
   Bitmap picture;
   ASSERT_TRUE(platform.GrabWindow(game, picture));
-  EXPECT_EQ(picture.width, 100);
-  EXPECT_EQ(picture.height, 80);
-  EXPECT_TRUE(AllOf(picture, 255, 0, 0));
+  EXPECT_EQ(std::pair(picture.width, picture.height), std::pair(100, 80));
+  EXPECT_TRUE(AllRed(picture));
   EXPECT_FALSE(platform.GrabWindow(hidden, picture));
   ASSERT_TRUE(platform.GrabWindow(0, picture));
   EXPECT_EQ(picture.width, 320);

@@ -47,13 +47,11 @@ TEST(UrlListTest, TheFileIsReadAndWrittenExactlyAndDamageGivesAnEmptyList) {
   ASSERT_TRUE(ParseUrlList(Header(0, 44000), list));
   EXPECT_EQ(list.LastUpdate, 44000);
 
-  ByteWriter negative;
-  negative.I16(-1);
   const std::string damaged[] = {
       "",
       Header(2) + one,                                         // count beyond the file
       Header(2000000000) + one,                                // a count no file holds
-      Header(1) + negative.Bytes() + one,                      // negative length
+      Header(1) + std::string("\xFF\xFF", 2) + one,            // negative length
       Header(1) + one.substr(0, 8),                            // length past the end
       Header(1) + EntryBytes("http://a.org/", "x", 9, false),  // type out of range
   };
@@ -108,8 +106,6 @@ TEST(UrlListTest, TheWindowListsEditsAndSavesTheShownCategory) {
   Dialog_Siti d(t.program);
   d.ImpostaValori(url_type::kLevels, false);
   EXPECT_EQ(Rows(d), (std::vector<std::string>{"A", "B", "C", "(yours) E"}));
-  EXPECT_EQ(d.Label_TotUrl.Caption(), "4");
-  EXPECT_EQ(d.Combo_TipoUrl.ListCount(), 6);  // versions and messages have no category
 
   d.List_Url.SetListIndex(2);
   t.ui.Answer(msg::kYes, "C");
@@ -169,8 +165,7 @@ TEST(UrlListTest, AnOldListIsUpdatedFromTheSecondSourceWithTheUsersEntriesFirst)
   UrlList now;
   ASSERT_TRUE(ReadUrlList(UrlListPath(t.program), now));
   ASSERT_EQ(now.Count(), 5);
-  EXPECT_EQ(now.entries[0].Name, "E");
-  EXPECT_EQ(now.entries[1].Name, "New site");
+  EXPECT_EQ(now.entries[0].Name + ", " + now.entries[1].Name, "E, New site");
   EXPECT_GT(now.LastUpdate, OleDateNow() - 0.01);
   OfferUrlListUpdate(t.program);  // a fresh list is not offered again
 }
