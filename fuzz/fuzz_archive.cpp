@@ -19,16 +19,14 @@ namespace fs = std::filesystem;
 using namespace vardolin;
 
 struct Scratch {
-  fs::path root;
-  bench::SilentUi ui;
-  bench::NoPlatform platform;
-  Program program;
-  Scratch() : root(MakeRoot()), program(root / "home", ui, platform) {}
-  static fs::path MakeRoot() {
+  fs::path root = [] {
     std::string tmpl = (fs::temp_directory_path() / "vardolin-fuzz-archive-XXXXXX").string();
     if (!mkdtemp(tmpl.data())) std::abort();
-    return tmpl;
-  }
+    return fs::path(tmpl);
+  }();
+  bench::SilentUi ui;
+  bench::NoPlatform platform;
+  Program program{root / "home", ui, platform};
 };
 
 // Only the archive and the destination's own folder may stand beside the destination.

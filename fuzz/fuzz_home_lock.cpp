@@ -9,8 +9,7 @@
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   const std::string_view text(reinterpret_cast<const char*>(data), size);
   const vardolin::HomeLockOwner owner = vardolin::ParseHomeLockText(text);
-  if (owner.pid < 0) std::abort();
-  if (owner.pid == 0 && !owner.program.empty()) std::abort();
+  if (owner.pid < 0 || (owner.pid == 0 && !owner.program.empty())) std::abort();
   if (owner.program.find('\n') != std::string::npos) std::abort();
   return 0;
 }

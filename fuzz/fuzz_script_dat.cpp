@@ -11,7 +11,7 @@
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
   const std::string_view bytes(reinterpret_cast<const char*>(data), size);
   const auto names = vardolin::ParseScriptLevelPaths(bytes, "\\");
-  if (names.size() > (size < 12 ? 0 : data[10] | data[11] << 8)) std::abort();
+  if (names.size() > (size < 12 ? 0u : data[10] | data[11] << 8)) std::abort();
   for (const std::string& name : names)
     if (name.empty() || name.find_first_of("/\\:") != std::string::npos) std::abort();
   return 0;

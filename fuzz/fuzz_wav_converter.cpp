@@ -18,9 +18,8 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
     return 0;
   }
   const vardolin::WaveHeader h = vardolin::ParseWaveHeader(out);
-  const int rate = mode == 4 ? 22050 : 44100;
-  const int channels = mode == 4 ? 1 : 2;
-  const int bits = mode == 2 ? 4 : 16;
-  if (h.SampleRate != rate || h.Channels != channels || h.BitsPerSample != bits) __builtin_trap();
+  if (h.SampleRate != (mode == 4 ? 22050 : 44100) || h.Channels != (mode == 4 ? 1 : 2) ||
+      h.BitsPerSample != (mode == 2 ? 4 : 16))
+    __builtin_trap();
   return 0;
 }

@@ -2,21 +2,20 @@
 // found again by key and name.
 #include <cstdint>
 #include <cstdlib>
+#include <optional>
 #include <string_view>
 
 #include "foundation/platform/wine_registry.h"
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   std::string_view text(reinterpret_cast<const char*>(data), size);
-  vardolin::RegistryValue first;
-  bool any = false;
+  std::optional<vardolin::RegistryValue> first;
   vardolin::ParseWineRegistry(text, [&](const vardolin::RegistryValue& v) {
-    if (!any) first = v;
-    any = true;
+    if (!first) first = v;
     return true;
   });
-  if (any && first.name != "@" && first.key.find_first_not_of('\\') != std::string::npos &&
-      !vardolin::FindWineRegistryValue(text, first.key, first.name))
+  if (first && first->name != "@" && first->key.find_first_not_of('\\') != std::string::npos &&
+      !vardolin::FindWineRegistryValue(text, first->key, first->name))
     std::abort();
   return 0;
 }

@@ -50,6 +50,7 @@ TEST(Cli, KeepsTheConventionsOfACommandLine) {
       {at.At({"shots", "0", "--json"}), 0, "[\n]\n"},
       {at.At({"info", "42"}), 1, "no level with code 42 in the catalogue " + catalogue.string()},
       {at.At({"open", (at.dir / "missing.vdc").string()}), 1, "missing.vdc: no such file"},
+      {at.At({"add", (at.dir / "missing.zip").string()}), 1, "there is no file or folder"},
       {at.At({"open", garbage.string()}), 1, "garbage.vdc: the file is shorter than"},
       {at.At({"open", catalogue.string()}), 0, "1 levels"},
       {{"--home", missing_home, "list"}, 1, "there is no program home " + missing_home},
@@ -100,20 +101,16 @@ TEST(Cli, SavegamesAndShotsOfALevel) {
   const Case cases[] = {
       {{"savegames", "0"}, 0, "0\t  10 Tomb 0  ("},
       {{"savegames", "0", "--json"}, 0, "{\"slot\": 3, \"caption\": \"  13 Tomb 3  ("},
-      {{"savegames", "7"}, 1, "no level with code 7"},
       {{"archive", "0", "2"}, 0, "archived 2 savegames"},
       {{"savegames", "0"}, 0, "savegame.1\t  11 Tomb 1  ("},
       {{"savegames", "0"}, 0, "1\t  13 Tomb 3  ("},
       {{"restore", "0"}, 0, "4 savegames in the slots (2 before)"},
       {{"restore", "0"}, 1, "nothing restored"},
       {{"archive", "0"}, 0, "archived 4 savegames"},
-      {{"archive", "0"}, 1, "nothing archived"},
       // Taken back in, the newest savegame, still in the slots, is a twin that an unattended run
       // keeps.
       {{"savegames", "0", "--export", zip}, 0, "5 savegames into"},
       {{"savegames", "0", "--import", zip}, 0, "3 savegames into"},
-      {{"savegames", "0", "--import", zip + ".none"}, 1, "there is no"},
-      {{"shots", "42"}, 1, "no level with code 42"},
   };
   for (const Case& c : cases) {
     const CliResult r = at.RunAt(c.args);

@@ -1,9 +1,7 @@
 #include <gtest/gtest.h>
 
-#include "editor/dialog_tipo_exe.h"
 #include "editor/dialog_trova_trle.h"
 #include "editor/find_editor.h"
-#include "editor/text_ids.h"
 #include "editor_test_fixture.h"
 #include "web/dialog_siti.h"
 
@@ -78,14 +76,19 @@ TEST(RestoreGameExeTest, BringsTheGameBackFromTheBackupFirst) {
   }
 }
 
-TEST(FindEditorFolderTest, AValidKnownFolderAsksNothingAndABrowsedOneIsSet) {
+TEST(FindEditorFolderTest, AValidKnownFolderAsksNothingAndTheRegistrysIsProposed) {
   EditorTest t;
   EXPECT_TRUE(FindEditorFolder(t.program));
   EXPECT_TRUE(t.ui.Questions().empty());
   t.program.prefs.EditorFolder.clear();
+  ScopedWinePrefix prefix(t.Path("wine"));
+  const fs::path registered = t.Path("wine/drive_c/program files/core design/trle");
+  BuildEditorFolder(registered);
+  t.platform.registry[{kRoomEditorAppPathKey, ""}] =
+      "C:\\Program Files\\Core Design\\TRLE\\WinRoomEdit.exe";
   t.ui.OnForm("Dialog_TrovaTrle", [&](Form& f) {
     auto& d = static_cast<Dialog_TrovaTrle&>(f);
-    EXPECT_EQ(d.Label_Path.Caption(), "");
+    EXPECT_EQ(d.Label_Path.Caption(), registered.string());
     d.Pul_Sfoglia.Click();
     EXPECT_EQ(d.Label_Path.Caption(), t.editor.string());
     d.Pul_Ok.Click();
@@ -119,44 +122,6 @@ TEST(FindEditorFolderTest, AWrongFolderKeepsTheDialogUpUntilTheUserGivesUp) {
   t.ui.Answer(msg::kOk, "Without the Tomb Raider Level Editor");
   EXPECT_FALSE(FindEditorFolder(t.program));
   EXPECT_EQ(t.program.prefs.EditorFolder, t.Path("old").string());
-}
-
-TEST(FindEditorFolderTest, TheRegistryProposesTheFolderOfItsPrefix) {
-  EditorTest t;
-  ScopedWinePrefix prefix(t.Path("wine"));
-  BuildEditorFolder(t.Path("wine/drive_c/program files/core design/trle"));
-  t.program.prefs.EditorFolder.clear();
-  t.platform.registry[{kRoomEditorAppPathKey, ""}] =
-      "C:\\Program Files\\Core Design\\TRLE\\WinRoomEdit.exe";
-  std::string proposed;
-  t.ui.OnForm("Dialog_TrovaTrle", [&](Form& f) {
-    auto& d = static_cast<Dialog_TrovaTrle&>(f);
-    proposed = d.Label_Path.Caption();
-    d.Pul_Ok.Click();
-  });
-  EXPECT_TRUE(FindEditorFolder(t.program));
-  EXPECT_EQ(proposed, t.Path("wine/drive_c/program files/core design/trle").string());
-  EXPECT_EQ(t.program.prefs.EditorFolder, proposed);
-}
-
-TEST(DialogTipoExeTest, TellsWhereTheSetupCopiedItsFiles) {
-  EditorTest t;
-  Dialog_TipoExe d(t.program);
-  d.ImpostaValori();
-  d.Load();
-  d.Pul_Trle.Click();
-  EXPECT_TRUE(d.ExitValue);
-  EXPECT_EQ(d.Folder, t.editor.string());
-  EXPECT_EQ(d.Mask, t.program.GetText(text::SetupDestinationTrle));
-
-  d.ImpostaValori();
-  d.Load();
-  t.ui.Folder(t.Path("elsewhere").string());
-  d.Pul_Sfoglia.Click();
-  EXPECT_FALSE(d.IsLoaded());
-  EXPECT_TRUE(d.ExitValue);
-  EXPECT_EQ(d.Folder, t.Path("elsewhere").string());
-  EXPECT_EQ(d.Mask, t.program.GetText(text::SetupDestinationOther));
 }
 
 }  // namespace

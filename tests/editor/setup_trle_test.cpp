@@ -4,6 +4,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <filesystem>
 #include <string>
 
@@ -20,14 +21,6 @@ namespace {
 namespace fs = std::filesystem;
 using testing::PlayFixture;
 using testing::ReadFile;
-
-// The arguments the process was started with, as the system holds them.
-std::string CommandLineOf(int pid) {
-  std::string line = ReadFile("/proc/" + std::to_string(pid) + "/cmdline");
-  for (char& c : line)
-    if (c == '\0') c = ' ';
-  return line;
-}
 
 TEST(SetupTrle, TheGameStartsInItsSetupModeOnlyAfterOkAndIsWatchedAsAGame) {
   struct Case {
@@ -61,8 +54,10 @@ TEST(SetupTrle, TheGameStartsInItsSetupModeOnlyAfterOkAndIsWatchedAsAGame) {
       EXPECT_EQ(testing::Snapshot(f.editor), before);
       continue;
     }
-    EXPECT_NE(CommandLineOf(f.program.GameProcess.pid)
-                  .find(" " + f.program.GetText(text::SetupTrleParameter)),
+    std::string command_line =
+        ReadFile("/proc/" + std::to_string(f.program.GameProcess.pid) + "/cmdline");
+    std::replace(command_line.begin(), command_line.end(), '\0', ' ');
+    EXPECT_NE(command_line.find(" " + f.program.GetText(text::SetupTrleParameter)),
               std::string::npos);
     // The watcher ends the run as it ends a game's.
     f.EndGame();

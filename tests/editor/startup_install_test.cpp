@@ -45,40 +45,5 @@ TEST(StartUpInstallTest, TheEditorSetupFolderOfTheCommandLineIsInstalledFirst) {
   }
 }
 
-// A home without an editor: the first dialog installs the compressed setup and start-up goes on.
-TEST(StartUpInstallTest, TheFirstDialogInstallsTheCompressedSetup) {
-  TempDir dir;
-  ScopedWinePrefix prefix(dir / "wine");
-  ScopedEnv data("XDG_DATA_HOME", (dir / "xdg").string());
-  ScopedEnv config("XDG_CONFIG_HOME", (dir / "config").string());
-  ASSERT_TRUE(PrepareHome(dir / "home"));
-  ScriptedUi ui;
-  RecordingPlatform platform;
-  Program program(dir / "home", ui, platform);
-  auto zips = BuildEditorPackage(program, dir / "package", {.parts = 2});
-  MainWindow window(program);
-  const fs::path target = dir / "wine/drive_c/Program Files/Core Design/trle";
-  ui.OnForm("Dialog_TrovaTrle", [](Form& f) { f.Find<Button>("Pul_InstallCompresso")->Click(); })
-      .OnForm("Dialog_InstallaTrle",
-              [](Form& f) {
-                f.Find<Button>("Pul_Add")->Click();
-                f.Find<Button>("Pul_Install")->Click();
-              })
-      .OpenFile(zips[1].string())
-      .Answer(msg::kOk, "from the zip files")
-      // The demo project can't be compiled by a platform that starts nothing: go on.
-      .Answer(msg::kYes, "demo.tom")
-      .Answer(msg::kOk, "Errors: 1")
-      .Answer(msg::kYes, target.string())
-      .Answer(msg::kNo)
-      .OnForm("Dialog_NewArc", [](Form& f) { f.Find<Button>("Pul_New")->Click(); })
-      .Folder((dir / "archive").string());
-  window.Load();
-  EXPECT_TRUE(window.IsLoaded());
-  EXPECT_EQ(program.prefs.EditorFolder, target.string());
-  EXPECT_EQ(program.catalogue.levels.size(), 1u);
-  window.Unload();
-}
-
 }  // namespace
 }  // namespace vardolin::testing

@@ -11,7 +11,6 @@
 #include "bare_main_window.h"
 #include "form_binder.h"
 #include "foundation/dialogs/dialog_input_box.h"
-#include "foundation/dialogs/dialog_msg_box.h"
 #include "qt_test_support.h"
 #include "savegames/dialog_screen_shot.h"
 #include "window/all_forms.h"
@@ -33,18 +32,6 @@ class BinderTest : public ::testing::Test {
  protected:
   testing::QtProgram p;
 };
-
-TEST_F(BinderTest, TheCloseBoxCantEndAMessageBox) {
-  Dialog_MsgBox box(p.program);
-  box.ImpostaValori("Really?", msg::kYesNo, "");
-  box.Load();
-  FormBinder binder(box);
-  binder.window()->show();
-  EXPECT_FALSE(binder.window()->close());
-  EXPECT_TRUE(box.IsLoaded());
-  Widget<QPushButton>(binder, "Pul_Button2")->click();
-  EXPECT_EQ(box.ExitValue, msg::kNo);
-}
 
 // A key pressed where the keyboard focus is, travelling up to the window as a real one does.
 void Key(QWidget* where, int key) {

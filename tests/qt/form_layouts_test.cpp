@@ -74,14 +74,12 @@ std::vector<std::string> Clipped(QWidget* window) {
     if (QLayout* layout = w->layout(); layout && layout->isEnabled()) {
       const QSize need = layout->minimumSize();
       if (w->width() < need.width() || w->height() < need.height())
-        out.push_back(name + " is " + std::to_string(w->width()) + "x" +
-                      std::to_string(w->height()) + ", its layout needs " +
-                      std::to_string(need.width()) + "x" + std::to_string(need.height()));
+        out.push_back(name + "'s layout needs " + std::to_string(need.width()) + "x" +
+                      std::to_string(need.height()));
     }
     if (auto* button = qobject_cast<QPushButton*>(w);
         button && button->width() < button->sizeHint().width())
-      out.push_back(name + "'s caption is cut: " + std::to_string(button->width()) + " of " +
-                    std::to_string(button->sizeHint().width()));
+      out.push_back(name + "'s caption is cut");
   }
   return out;
 }

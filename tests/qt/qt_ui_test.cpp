@@ -64,6 +64,7 @@ TEST_F(QtUiTest, AskUserShowsTheProgramsMessageBoxWithTheIconOfItsStyle) {
       auto* icon = box->findChild<QLabel*>("icon_style");
       ASSERT_NE(icon, nullptr);
       if (icon->isVisible()) shown = icon->pixmap().toImage();
+      EXPECT_FALSE(box->close()) << "the close box can't end a message box";
       Press("Dialog_MsgBox", c.button);
     });
     EXPECT_EQ(p.ui.AskUser("Question", c.style, "Title"), c.result) << c.style;
@@ -120,7 +121,6 @@ TEST_F(QtUiTest, PicturesOnTheClipboardComeBackPixelForPixelAndClear) {
   p.ui.ClearClipboard();
   EXPECT_FALSE(p.ui.ClipboardHasImage());
   EXPECT_FALSE(p.ui.ClipboardImage(back));
-  EXPECT_FALSE(p.ui.SetClipboardImage(Bitmap{}));
 }
 
 TEST(WindowGeometry, TheWindowComesBackWhereItWasLeft) {

@@ -88,16 +88,10 @@ inline std::vector<std::filesystem::path> StoreNamedLevels(Program& program,
 
 inline Catalogue SampleCatalogue(int levels, const std::string& folder = "/archive") {
   Catalogue c;
-  c.header.MainDir = folder;
-  c.header.SecondaryDir = folder;
+  c.header.MainDir = c.header.SecondaryDir = folder;
   for (int i = 0; i < levels; ++i) c.levels.push_back(SampleLevel(i));
   c.header.LevelCount = levels;
   return c;
-}
-
-inline void WriteBytes(const std::filesystem::path& path, const std::string& bytes) {
-  std::filesystem::create_directories(path.parent_path());
-  std::ofstream(path, std::ios::binary | std::ios::trunc) << bytes;
 }
 
 // Writes the editor folder's marker naming `code`, as far as activation's reader goes.

@@ -15,12 +15,10 @@ namespace vardolin::testing {
 
 struct Member {
   enum Kind { File, Folder, Link, HardLink };
-  Member(std::string n, std::string d, Kind k = File, std::string l = {})
-      : name(std::move(n)), data(std::move(d)), kind(k), link(std::move(l)) {}
   std::string name;  // bytes as stored
-  std::string data;
-  Kind kind;
-  std::string link;
+  std::string data = {};
+  Kind kind = File;
+  std::string link = {};
 };
 
 // Writes an archive with libarchive: "zip", "7zip" or "pax" (with "gzip" as `filter`). Names go

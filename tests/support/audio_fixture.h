@@ -54,18 +54,17 @@ struct AudioFixture {
 
 // What sox reads of a file: "channels rate encoding", empty when it can't read it.
 inline std::string SoxForm(const std::filesystem::path& file) {
-  const std::string command = "soxi -c '" + file.string() + "' 2>/dev/null; soxi -r '" +
-                              file.string() + "' 2>/dev/null; soxi -e '" + file.string() +
-                              "' 2>/dev/null";
+  // echo joins the three answers by blanks.
+  const std::string f = " '" + file.string() + "'";
+  const std::string command =
+      "echo $( (soxi -c" + f + "; soxi -r" + f + "; soxi -e" + f + ") 2>/dev/null)";
   std::string text;
   if (FILE* pipe = ::popen(command.c_str(), "r")) {
     char buf[256];
     while (std::fgets(buf, sizeof buf, pipe)) text += buf;
     ::pclose(pipe);
   }
-  for (char& c : text)
-    if (c == '\n') c = ' ';
-  while (!text.empty() && text.back() == ' ') text.pop_back();
+  if (!text.empty()) text.pop_back();
   return text;
 }
 

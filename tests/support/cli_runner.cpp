@@ -11,21 +11,23 @@ namespace vardolin::testing {
 
 namespace {
 
-const char* CliPath() {
-  return VARDOLIN_BUILD_DIR "/app/cli/vardolin-cli";
-}
-
-std::vector<char*> Argv(const std::vector<std::string>& args) {
-  std::vector<char*> argv{const_cast<char*>(CliPath())};
+// Forks vardolin-cli with `args`, its standard output and error on `out` and `err`, its input
+// empty. A command given no --home must never reach the real user's program home.
+pid_t Spawn(const std::vector<std::string>& args, int out, int err) {
+  std::vector<char*> argv{const_cast<char*>(VARDOLIN_BUILD_DIR "/app/cli/vardolin-cli")};
   for (const std::string& a : args) argv.push_back(const_cast<char*>(a.c_str()));
   argv.push_back(nullptr);
-  return argv;
-}
-
-// In the child: a command given no --home must never reach the real user's program home.
-void KeepAwayFromTheUsersHome() {
-  ::unsetenv("VARDOLIN_HOME");
-  ::setenv("XDG_DATA_HOME", "/tmp/vardolin-cli-tests-data-home", 1);
+  const pid_t pid = fork();
+  if (pid == 0) {
+    dup2(out, STDOUT_FILENO);
+    dup2(err, STDERR_FILENO);
+    dup2(open("/dev/null", O_RDONLY), STDIN_FILENO);
+    ::unsetenv("VARDOLIN_HOME");
+    ::setenv("XDG_DATA_HOME", "/tmp/vardolin-cli-tests-data-home", 1);
+    execv(argv[0], argv.data());
+    _exit(127);
+  }
+  return pid;
 }
 
 }  // namespace
@@ -33,23 +35,8 @@ void KeepAwayFromTheUsersHome() {
 CliResult RunCli(const std::vector<std::string>& args) {
   CliResult result;
   int out_pipe[2], err_pipe[2];
-  if (pipe2(out_pipe, O_CLOEXEC) != 0) return result;
-  if (pipe2(err_pipe, O_CLOEXEC) != 0) {
-    close(out_pipe[0]);
-    close(out_pipe[1]);
-    return result;
-  }
-  std::vector<char*> argv = Argv(args);
-  const pid_t pid = fork();
-  if (pid == 0) {
-    dup2(out_pipe[1], STDOUT_FILENO);
-    dup2(err_pipe[1], STDERR_FILENO);
-    const int none = open("/dev/null", O_RDONLY);
-    dup2(none, STDIN_FILENO);
-    KeepAwayFromTheUsersHome();
-    execv(argv[0], argv.data());
-    _exit(127);
-  }
+  if (pipe2(out_pipe, O_CLOEXEC) != 0 || pipe2(err_pipe, O_CLOEXEC) != 0) return result;
+  const pid_t pid = Spawn(args, out_pipe[1], err_pipe[1]);
   close(out_pipe[1]);
   close(err_pipe[1]);
   // Both pipes are drained together: a child that fills one while we wait on the other would
@@ -78,24 +65,11 @@ CliResult RunCli(const std::vector<std::string>& args) {
 }
 
 pid_t StartCli(const std::vector<std::string>& args, const std::filesystem::path& output) {
-  std::vector<char*> argv = Argv(args);
-  const pid_t pid = fork();
-  if (pid == 0) {
-    const int fd = open(output.c_str(), O_WRONLY | O_CREAT | O_TRUNC, 0644);
-    dup2(fd, STDOUT_FILENO);
-    dup2(fd, STDERR_FILENO);
-    const int none = open("/dev/null", O_RDONLY);
-    dup2(none, STDIN_FILENO);
-    KeepAwayFromTheUsersHome();
-    execv(argv[0], argv.data());
-    _exit(127);
-  }
+  const int fd = open(output.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC, 0644);
+  const pid_t pid = Spawn(args, fd, fd);
+  close(fd);
   return pid;
 }
-
-}  // namespace vardolin::testing
-
-namespace vardolin::testing {
 
 std::vector<std::string> CliHome::At(std::vector<std::string> args) const {
   args.insert(args.begin(), {"--home", home.string()});

@@ -5,7 +5,6 @@
 
 #include <filesystem>
 #include <string>
-#include <vector>
 
 namespace vardolin::testing {
 
@@ -19,10 +18,6 @@ struct EditorFolderOptions {
   bool with_room_editor = true;
 };
 
-// Relative paths ('/'-separated) of every file a full stand-in folder holds.
-const std::vector<std::string>& EditorFolderFiles();
-// Relative paths of the sub-folders it holds (some of them empty, as in a fresh install).
-const std::vector<std::string>& EditorFolderSubfolders();
 // The bytes the stand-in file of that relative path holds.
 std::string EditorFileContent(const std::string& relative);
 

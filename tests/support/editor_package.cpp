@@ -1,32 +1,17 @@
 #include "editor_package.h"
 
-#include <fstream>
-#include <random>
+#include <algorithm>
 #include <system_error>
 
 #include "editor_folder_fixture.h"
 #include "environment.h"
 #include "foundation/pictures/bitmap.h"
 #include "foundation/pictures/jpeg_codec.h"
+#include "temp_dir.h"
 #include "web/zip_layer.h"
 
 namespace vardolin::testing {
 namespace fs = std::filesystem;
-
-namespace {
-
-void Put(const fs::path& file, const std::string& bytes) {
-  fs::create_directories(file.parent_path());
-  std::ofstream(file, std::ios::binary | std::ios::trunc) << bytes;
-}
-
-std::string Jpeg() {
-  std::string bytes;
-  WriteJpeg(Bitmap::Make(8, 8), 80, bytes);
-  return bytes;
-}
-
-}  // namespace
 
 std::vector<std::string> StageEditorPackage(const fs::path& core,
                                             const EditorPackageOptions& options) {
@@ -34,7 +19,8 @@ std::vector<std::string> StageEditorPackage(const fs::path& core,
   std::error_code ec;
   fs::copy_file(Standin("standin_echo"), core / "trle/tom2pc.exe",
                 fs::copy_options::overwrite_existing, ec);
-  const std::string jpeg = Jpeg();
+  std::string jpeg;
+  WriteJpeg(Bitmap::Make(8, 8), 80, jpeg);
   const std::pair<const char*, std::string> extra[] = {
       {"trle/lang/english.dat", "english texts"},
       {"trle/lang/italian.dat", "testi"},
@@ -49,14 +35,7 @@ std::vector<std::string> StageEditorPackage(const fs::path& core,
       {"trle/maps/demo.tom", "demo project"},
       {"Core Design on the web.url", "[InternetShortcut]\r\nURL=https://example.org/core\r\n"},
       {"Tomb Raider on the web.url", "[InternetShortcut]\r\nURL=https://example.org/tr\r\n"}};
-  for (const auto& [rel, bytes] : extra) Put(core / rel, bytes);
-  std::mt19937 random(7);
-  for (std::size_t done = 0, n = 0; done < options.filler_bytes; ++n) {
-    std::string bytes(std::min<std::size_t>(options.filler_bytes - done, 1 << 20), '\0');
-    for (char& c : bytes) c = static_cast<char>(random());
-    Put(core / ("trle/data/filler" + std::to_string(n) + ".tr4"), bytes);
-    done += bytes.size();
-  }
+  for (const auto& [rel, bytes] : extra) WriteBytes(core / rel, bytes);
   std::vector<std::string> files;
   std::string list;
   for (const auto& entry : fs::recursive_directory_iterator(core)) {
@@ -66,12 +45,10 @@ std::vector<std::string> StageEditorPackage(const fs::path& core,
     for (char& c : rel) c = c == '/' ? '\\' : c;
     list += rel + "\r\n";
   }
-  if (!options.left_out.empty()) {
-    std::string generic = options.left_out;
-    for (char& c : generic) c = c == '\\' ? '/' : c;
-    fs::remove(core / generic, ec);
-  }
-  Put(core / "trle_files.txt", list);
+  std::string generic = options.left_out;
+  std::replace(generic.begin(), generic.end(), '\\', '/');
+  if (!generic.empty()) fs::remove(core / generic, ec);
+  WriteBytes(core / "trle_files.txt", list);
   return files;
 }
 

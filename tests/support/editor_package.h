@@ -4,7 +4,6 @@
 // audio sets, a demo project, web links and the list of the setup's files, spread over zip files
 // named as the setup's parts. Nothing of the real editor is in it.
 
-#include <cstddef>
 #include <filesystem>
 #include <string>
 #include <vector>
@@ -17,10 +16,8 @@ namespace vardolin::testing {
 
 struct EditorPackageOptions {
   int parts = 2;
-  // Bytes of extra level data spread over the package, for the benchmark.
-  std::size_t filler_bytes = 0;
   // A file (below the Core Design folder, '\' separated) that the list names but no zip holds.
-  std::string left_out;
+  std::string left_out = {};
 };
 
 // Writes the zips into `dir` and gives their paths, part 1 first.

@@ -4,7 +4,6 @@
 // variable; the child's test reads it and does the work.
 
 #include <signal.h>
-#include <stdlib.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -44,8 +43,7 @@ struct FaultJob {
 };
 inline std::optional<FaultJob> ReadFaultJob(const char* job_variable) {
   const char* job = std::getenv(job_variable);
-  if (!job || !*job) return std::nullopt;
-  const std::string text = job;
+  const std::string text = job ? job : "";
   const std::size_t bar = text.find('|');
   if (bar == std::string::npos) return std::nullopt;
   return FaultJob{text.substr(0, bar), text.substr(bar + 1)};

@@ -1,8 +1,7 @@
 #pragma once
-// A small HTTP/1.1 server on 127.0.0.1 for the download tests and benchmark: each path answers
-// with a file, an error, a redirect, a body cut short, a stall, or a length it never sends. One
-// request per connection, each on its own thread; the destructor ends stalled ones too. It binds
-// to the loopback address only, so nothing leaves the machine.
+// A small HTTP/1.1 server on the loopback address only, for the download tests and benchmark: each
+// path answers with a file, an error, a redirect, a body cut short, a stall, or a length it never
+// sends. One request per connection, each on its own thread; the destructor ends stalled ones.
 
 #include <arpa/inet.h>
 #include <fcntl.h>
@@ -30,11 +29,11 @@ class LocalHttpServer {
     int status = 200;
     std::shared_ptr<const std::string> body = std::make_shared<std::string>();
     // The Content-Length told; none: the body's own size. With `no_length` none is told at all.
-    std::optional<std::uint64_t> length;
+    std::optional<std::uint64_t> length = {};
     bool no_length = false;
     std::size_t send_only = SIZE_MAX;  // bytes of the body sent before the end below
     bool stall = false;                // after them, hold the connection open without a word
-    std::string location;              // Location of a redirect
+    std::string location = {};         // Location of a redirect
   };
 
   LocalHttpServer() {
@@ -44,10 +43,10 @@ class LocalHttpServer {
     a.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
     socklen_t len = sizeof a;
     if (listen_ < 0 || ::bind(listen_, reinterpret_cast<sockaddr*>(&a), sizeof a) != 0 ||
-        ::listen(listen_, 16) != 0 || ::getsockname(listen_, reinterpret_cast<sockaddr*>(&a), &len))
+        ::listen(listen_, 16) != 0 ||
+        ::getsockname(listen_, reinterpret_cast<sockaddr*>(&a), &len) || ::pipe2(wake_, O_CLOEXEC))
       std::abort();
     port_ = ntohs(a.sin_port);
-    if (::pipe2(wake_, O_CLOEXEC) != 0) std::abort();
     acceptor_ = std::thread([this] { AcceptLoop(); });
   }
   ~LocalHttpServer() {
@@ -63,9 +62,7 @@ class LocalHttpServer {
     replies_[path] = std::move(reply);
   }
   void ServeFile(const std::string& path, std::string body) {
-    Reply r;
-    r.body = std::make_shared<std::string>(std::move(body));
-    Serve(path, std::move(r));
+    Serve(path, {.body = std::make_shared<std::string>(std::move(body))});
   }
   std::string Url(const std::string& path) const {
     return "http://127.0.0.1:" + std::to_string(port_) + path;
@@ -99,14 +96,10 @@ class LocalHttpServer {
     }
     const std::size_t start = request.find(' ') + 1;
     const std::string path = request.substr(start, request.find(' ', start) - start);
-    Reply r;
+    Reply r{.status = 404};
     {
       std::lock_guard<std::mutex> lock(mutex_);
-      auto it = replies_.find(path);
-      if (it != replies_.end())
-        r = it->second;
-      else
-        r.status = 404;
+      if (auto it = replies_.find(path); it != replies_.end()) r = it->second;
     }
     std::string head = "HTTP/1.1 " + std::to_string(r.status) + " X\r\nConnection: close\r\n";
     if (!r.no_length)

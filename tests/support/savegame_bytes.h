@@ -10,11 +10,9 @@
 
 namespace vardolin::testing {
 
-inline constexpr std::size_t kStandInSavegameSize = 0x3A00;  // about what the game writes
-
 // `salt` changes the filler only, so two savegames can share a save number and differ.
 inline std::string GameSavegameBytes(int number, std::string_view title, unsigned salt = 0,
-                                     std::size_t size = kStandInSavegameSize) {
+                                     std::size_t size = 0x3A00) {  // about what the game writes
   constexpr std::size_t kTitleWidth = 75;
   std::string bytes(size < kTitleWidth + 2 ? kTitleWidth + 2 : size, '\0');
   std::string field = std::string(title.substr(0, kTitleWidth - 1)) + ",";

@@ -10,21 +10,9 @@ namespace vardolin::testing {
 namespace {
 
 const char* KindName(AskKind kind) {
-  switch (kind) {
-    case AskKind::Message:
-      return "message box";
-    case AskKind::Input:
-      return "input box";
-    case AskKind::Folder:
-      return "folder dialog";
-    case AskKind::OpenFile:
-      return "open-file dialog";
-    case AskKind::SaveFile:
-      return "save-file dialog";
-    case AskKind::Modal:
-      return "modal form";
-  }
-  return "?";
+  static const char* const kNames[] = {"message box",      "input box",        "folder dialog",
+                                       "open-file dialog", "save-file dialog", "modal form"};
+  return kNames[static_cast<int>(kind)];
 }
 
 }  // namespace
@@ -89,9 +77,7 @@ void ScriptedUi::ShowModal(Form& form) {
   Step* s = Next(AskKind::Modal, form.Name());
   if (s && s->value != form.Name()) {
     ADD_FAILURE() << "modal form " << form.Name() << " shown, script expects " << s->value;
-    s = nullptr;
-  }
-  if (s) {
+  } else if (s) {
     auto act = std::move(s->act);
     script_.pop_front();
     if (act) act(form);

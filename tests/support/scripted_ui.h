@@ -27,9 +27,9 @@ class ScriptedUi : public Ui {
   struct Step {
     AskKind kind;
     int result = 0;
-    std::string value;
-    std::string contains;
-    std::function<void(Form&)> act;
+    std::string value = {};
+    std::string contains = {};
+    std::function<void(Form&)> act = {};
   };
 
  public:
@@ -38,20 +38,14 @@ class ScriptedUi : public Ui {
   // Expect a message box and press the given button. `contains`, when not empty, must be part
   // of the message.
   ScriptedUi& Answer(int result, std::string contains = {}) {
-    return Push({AskKind::Message, result, {}, std::move(contains), {}});
+    return Push({AskKind::Message, result, {}, std::move(contains)});
   }
   ScriptedUi& Input(std::string typed, std::string contains = {}) {
-    return Push({AskKind::Input, 0, std::move(typed), std::move(contains), {}});
+    return Push({AskKind::Input, 0, std::move(typed), std::move(contains)});
   }
-  ScriptedUi& Folder(std::string path) {
-    return Push({AskKind::Folder, 0, std::move(path), {}, {}});
-  }
-  ScriptedUi& OpenFile(std::string path) {
-    return Push({AskKind::OpenFile, 0, std::move(path), {}, {}});
-  }
-  ScriptedUi& SaveFile(std::string path) {
-    return Push({AskKind::SaveFile, 0, std::move(path), {}, {}});
-  }
+  ScriptedUi& Folder(std::string path) { return Push({AskKind::Folder, 0, std::move(path)}); }
+  ScriptedUi& OpenFile(std::string path) { return Push({AskKind::OpenFile, 0, std::move(path)}); }
+  ScriptedUi& SaveFile(std::string path) { return Push({AskKind::SaveFile, 0, std::move(path)}); }
   // When the named form is shown modally, `act` runs on it (fill fields, press a button). The
   // form is unloaded afterwards if `act` left it up.
   ScriptedUi& OnForm(std::string form_name, std::function<void(Form&)> act) {

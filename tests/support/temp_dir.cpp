@@ -3,7 +3,6 @@
 #include <stdlib.h>
 
 #include <fstream>
-#include <sstream>
 #include <stdexcept>
 
 namespace vardolin::testing {
@@ -25,18 +24,18 @@ TempDir::~TempDir() {
 }
 
 std::filesystem::path TempDir::Write(std::string_view rel, std::string_view bytes) const {
-  std::filesystem::path p = path_ / rel;
-  std::filesystem::create_directories(p.parent_path());
-  std::ofstream out(p, std::ios::binary | std::ios::trunc);
-  out.write(bytes.data(), static_cast<std::streamsize>(bytes.size()));
-  return p;
+  WriteBytes(path_ / rel, std::string(bytes));
+  return path_ / rel;
 }
 
 std::string ReadFile(const std::filesystem::path& path) {
   std::ifstream in(path, std::ios::binary);
-  std::ostringstream s;
-  s << in.rdbuf();
-  return s.str();
+  return std::string(std::istreambuf_iterator<char>(in), {});
+}
+
+void WriteBytes(const std::filesystem::path& path, const std::string& bytes) {
+  std::filesystem::create_directories(path.parent_path());
+  std::ofstream(path, std::ios::binary | std::ios::trunc) << bytes;
 }
 
 }  // namespace vardolin::testing

@@ -24,5 +24,7 @@ class TempDir {
 };
 
 std::string ReadFile(const std::filesystem::path& path);
+// Writes a file, making its folders.
+void WriteBytes(const std::filesystem::path& path, const std::string& bytes);
 
 }  // namespace vardolin::testing

@@ -1,10 +1,7 @@
 // The stand-in game: a program that behaves toward Vardolin as tomb4.exe does, for the tests and
 // the demo. It is built twice from this one source: natively, and as a Windows program that runs
-// under Wine. It is started in the editor folder (its working folder) and
-//   - writes savegame files there in the game's format: "savegame.N", the level title in the
-//     first 75 bytes (blank-padded, ended by a comma as the game writes it), the save number as
-//     a signed 16-bit little-endian number at offset 75, then filler up to the game's size;
-//   - exits when told.
+// under Wine. Started in the editor folder (its working folder), it writes savegame files
+// "savegame.N" there in the game's format (savegame_bytes.h) and exits when told.
 //
 // Commands: the file "standin_commands.txt" in the working folder is looked for every 20 ms;
 // each complete line (ended by LF) is done once, in order. Lines:
@@ -33,18 +30,6 @@ namespace fs = std::filesystem;
 const char kCommandFile[] = "standin_commands.txt";
 const char kTakenFile[] = "standin_commands.taken";
 
-bool WriteSavegame(int number, const std::string& title) {
-  const std::string bytes = vardolin::testing::GameSavegameBytes(number, title);
-  std::ofstream out("savegame." + std::to_string(number), std::ios::binary | std::ios::trunc);
-  out.write(bytes.data(), static_cast<std::streamsize>(bytes.size()));
-  return static_cast<bool>(out);
-}
-
-// Binary, so that the Windows build writes the same bytes as the native one.
-void NoteDone(const std::string& line) {
-  std::ofstream("standin_done.txt", std::ios::binary | std::ios::app) << line << "\n";
-}
-
 std::string ReadAll(const char* name) {
   std::ifstream in(name, std::ios::binary);
   return std::string((std::istreambuf_iterator<char>(in)), std::istreambuf_iterator<char>());
@@ -61,38 +46,28 @@ bool RunCommand(const std::string& line, int& exit_code) {
     std::string title;
     std::getline(in, title);
     if (!title.empty() && title.front() == ' ') title.erase(0, 1);
-    WriteSavegame(number, title);
+    std::ofstream("savegame." + std::to_string(number), std::ios::binary | std::ios::trunc)
+        << vardolin::testing::GameSavegameBytes(number, title);
   } else if (word == "exit") {
-    exit_code = 0;
     in >> exit_code;
-    NoteDone(line);
-    return true;
   }
-  NoteDone(line);
-  return false;
+  // Binary, so that the Windows build writes the same bytes as the native one.
+  std::ofstream("standin_done.txt", std::ios::binary | std::ios::app) << line << "\n";
+  return word == "exit";
 }
 
 }  // namespace
 
 int main() {
-  {
-    std::error_code error;
-    const fs::path folder = fs::current_path(error);
-    std::ofstream("standin_started.txt", std::ios::binary) << folder.string() << "\n";
-    // Whatever a game before this one took and left behind was its own.
-    fs::remove(kTakenFile, error);
-  }
-
+  std::error_code error;
+  std::ofstream("standin_started.txt", std::ios::binary)
+      << fs::current_path(error).string() << "\n";
+  // Whatever a game before this one took and left behind was its own.
+  fs::remove(kTakenFile, error);
   bool taken = false;
   std::size_t consumed = 0;   // bytes of the taken file already done
   std::size_t last_size = 0;  // its size at the look before; none for a file just taken
-  const auto finish = [](int code) {
-    std::error_code error;
-    fs::remove(kTakenFile, error);
-    return code;
-  };
   for (;;) {
-    std::error_code error;
     if (!taken) {
       fs::rename(kCommandFile, kTakenFile, error);
       taken = !error;
@@ -108,7 +83,10 @@ int main() {
         consumed = end + 1;
         if (!line.empty() && line.back() == '\r') line.pop_back();
         int code = 0;
-        if (RunCommand(line, code)) return finish(code);
+        if (RunCommand(line, code)) {
+          fs::remove(kTakenFile, error);
+          return code;
+        }
       }
       if (consumed == all.size() && all.size() == last_size) {
         fs::remove(kTakenFile, error);
