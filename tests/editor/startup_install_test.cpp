@@ -18,6 +18,8 @@ TEST(StartUpInstallTest, TheEditorSetupFolderOfTheCommandLineIsInstalledFirst) {
     ScopedWinePrefix prefix(dir / "wine");
     ScopedEnv data("XDG_DATA_HOME", (dir / "xdg").string());
     ScopedEnv config("XDG_CONFIG_HOME", (dir / "config").string());
+    // Start-up puts the program's shortcut on the desktop: the test's own, not the user's.
+    ScopedEnv user_home("HOME", (dir / "user").string());
     StageEditorPackage(dir / "cd");
     fs::rename(dir / "cd/trle", dir / "cd/trle_setup");
     if (!whole) fs::remove(dir / "cd/trle_setup/winroomedit.exe");
