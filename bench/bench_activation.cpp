@@ -59,14 +59,15 @@ constexpr std::int32_t kPackedLevel = 2;
 // level 1, packed into `.zl` files as level 2. The level's title.tr4, script.dat and english.dat
 // replace the editor's files of those names, as most levels do.
 struct Bench {
-  fs::path root;
+  bench::ScratchFolder scratch;
+  fs::path root = scratch.path();
   bench::SilentUi ui;
   bench::NoPlatform platform;
   Program program;
   fs::path editor, backup, plain_files, packed_files, gz_files;
   std::vector<std::string> names;
 
-  Bench() : root(MakeRoot()), program(root / "home", ui, platform) {
+  Bench() : program(root / "home", ui, platform) {
     editor = root / "trle";
     backup = root / "home/backup_trle";
     for (const char* sub : {"data", "audio", "graphics/wads", "script"})
@@ -109,15 +110,6 @@ struct Bench {
         std::abort();
       fs::rename(plain_files / (name + ".gz"), gz_files / (name + ".gz"));
     }
-  }
-  ~Bench() {
-    std::error_code ec;
-    fs::remove_all(root, ec);
-  }
-  static fs::path MakeRoot() {
-    std::string tmpl = (fs::temp_directory_path() / "vardolin-bench-activation-XXXXXX").string();
-    if (!mkdtemp(tmpl.data())) std::abort();
-    return tmpl;
   }
   // Where the reference tools write: an empty folder each time.
   fs::path FreshTarget() {

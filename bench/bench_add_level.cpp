@@ -32,18 +32,17 @@ namespace fs = std::filesystem;
 using bench::kFilesPerKind;
 
 struct Bench {
-  fs::path root;
+  bench::ScratchFolder scratch;
+  fs::path root = scratch.path();
   bench::SilentUi ui;
   bench::NoPlatform platform;
   Program program;
   fs::path zip;
 
-  Bench() : root(MakeRoot()), program(root / "home", ui, platform) {
+  Bench() : program(root / "home", ui, platform) {
     const fs::path level = root / "level";
     for (int i = 0; i < 2 * kFilesPerKind; ++i)
-      bench::Write(level / (i == 0 ? std::string("script.dat")
-                                   : "room" + std::to_string(i) + (i % 2 ? ".tr4" : ".wad")),
-                   bench::ReferenceFileBytes(i));
+      bench::Write(level / bench::ReferenceFileName(i), bench::ReferenceFileBytes(i));
     zip = root / "level.zip";
     if (!bench::Run({"zip", "-r", "-q", zip.string(), "."}, level)) std::abort();
     if (!PrepareHome(program.Home()) || !LoadLanguage(program)) std::abort();
@@ -54,15 +53,6 @@ struct Bench {
     c.header.CompressFiles = true;
     c.levels.push_back(LevelRecord{});
     fs::create_directories(root / "archive");
-  }
-  ~Bench() {
-    std::error_code ec;
-    fs::remove_all(root, ec);
-  }
-  static fs::path MakeRoot() {
-    std::string tmpl = (fs::temp_directory_path() / "vardolin-bench-add-XXXXXX").string();
-    if (!mkdtemp(tmpl.data())) std::abort();
-    return tmpl;
   }
   bool AddOurs() {
     bool done = false;

@@ -76,4 +76,10 @@ inline std::string ReferenceFileBytes(int i) {
                            : CompressibleBytes(kFileSize, 200 + i);
 }
 
+// The reference level's file names: its script, then rooms and wads in turn.
+inline std::string ReferenceFileName(int i) {
+  return i == 0 ? std::string("script.dat")
+                : "room" + std::to_string(i) + (i % 2 ? ".tr4" : ".wad");
+}
+
 }  // namespace vardolin::bench

@@ -14,6 +14,7 @@
 #include <string>
 
 #include "../tests/support/local_http_server.h"
+#include "bench_data.h"
 #include "bench_ports.h"
 #include "bench_tools.h"
 #include "foundation/forms/form.h"
@@ -40,28 +41,20 @@ class TickingUi : public bench::SilentUi {
 };
 
 struct Bench {
-  fs::path root;
+  bench::ScratchFolder scratch;
+  fs::path root = scratch.path();
   TickingUi ui;
   bench::NoPlatform platform;
   Program program;
   testing::LocalHttpServer server;
   std::string url;
 
-  Bench() : root(MakeRoot()), program(root / "home", ui, platform) {
+  Bench() : program(root / "home", ui, platform) {
     std::string body(kBytes, '\0');
     for (std::size_t i = 0; i < body.size(); ++i)
       body[i] = static_cast<char>(i * 2654435761u >> 24);
     server.ServeFile("/level.zip", std::move(body));
     url = server.Url("/level.zip");
-  }
-  ~Bench() {
-    std::error_code ec;
-    fs::remove_all(root, ec);
-  }
-  static fs::path MakeRoot() {
-    std::string tmpl = (fs::temp_directory_path() / "vardolin-bench-download-XXXXXX").string();
-    if (!mkdtemp(tmpl.data())) std::abort();
-    return tmpl;
   }
   bool Fetched(const fs::path& file) {
     std::error_code ec;

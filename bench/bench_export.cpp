@@ -31,13 +31,14 @@ namespace fs = std::filesystem;
 using bench::kFilesPerKind;
 
 struct Bench {
-  fs::path root;
+  bench::ScratchFolder scratch;
+  fs::path root = scratch.path();
   bench::SilentUi ui;
   bench::NoPlatform platform;
   Program program;
   fs::path gz = root / "gz";
 
-  Bench() : root(MakeRoot()), program(root / "home", ui, platform) {
+  Bench() : program(root / "home", ui, platform) {
     if (!PrepareHome(program.Home()) || !LoadLanguage(program)) std::abort();
     Catalogue& c = program.catalogue;
     c.header.MainDir = c.header.SecondaryDir = (root / "archive").string();
@@ -51,8 +52,7 @@ struct Bench {
     fs::create_directories(files);
     fs::create_directories(gz);
     for (int i = 0; i < 2 * kFilesPerKind; ++i) {
-      const std::string name = i == 0 ? std::string("script.dat")
-                                      : "room" + std::to_string(i) + (i % 2 ? ".tr4" : ".wad");
+      const std::string name = bench::ReferenceFileName(i);
       bench::Write(root / "plain" / name, bench::ReferenceFileBytes(i));
       if (PackFile(root / "plain" / name, files / (name + ".zl")) != ZlResult::Ok) std::abort();
       fs::rename(root / "plain" / name, gz / name);
@@ -60,15 +60,6 @@ struct Bench {
     std::vector<std::string> args = {"pigz", "-9", "-p", "2"};
     for (auto& e : fs::directory_iterator(gz)) args.push_back(e.path().string());
     if (!bench::Run(args)) std::abort();
-  }
-  ~Bench() {
-    std::error_code ec;
-    fs::remove_all(root, ec);
-  }
-  static fs::path MakeRoot() {
-    std::string tmpl = (fs::temp_directory_path() / "vardolin-bench-export-XXXXXX").string();
-    if (!mkdtemp(tmpl.data())) std::abort();
-    return tmpl;
   }
   bool ExportOurs() {
     const fs::path zip = root / "ours.zip";

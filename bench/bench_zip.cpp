@@ -40,13 +40,14 @@ using bench::kFilesPerKind;
 constexpr int kSmallEntries = 10000;
 
 struct Bench {
-  fs::path root;
+  bench::ScratchFolder scratch;
+  fs::path root = scratch.path();
   bench::SilentUi ui;
   bench::NoPlatform platform;
   Program program;
   fs::path level, level_zip, small_zip;
 
-  Bench() : root(MakeRoot()), program(root / "home", ui, platform) {
+  Bench() : program(root / "home", ui, platform) {
     level = root / "level";
     for (int i = 0; i < 2 * kFilesPerKind; ++i) {
       const bool random = i < kFilesPerKind;
@@ -63,15 +64,6 @@ struct Bench {
           "entry " + std::to_string(i));
     small_zip = root / "small.zip";
     if (!bench::Run({"zip", "-r", "-q", small_zip.string(), "."}, small)) std::abort();
-  }
-  ~Bench() {
-    std::error_code ec;
-    fs::remove_all(root, ec);
-  }
-  static fs::path MakeRoot() {
-    std::string tmpl = (fs::temp_directory_path() / "vardolin-bench-zip-XXXXXX").string();
-    if (!mkdtemp(tmpl.data())) std::abort();
-    return tmpl;
   }
   fs::path Fresh(const char* name) {
     fs::path p = root / name;

@@ -150,9 +150,7 @@ bool AddFileToFolder(Program& program, const fs::path& file, const fs::path& tar
   }
 
   const fs::path unpack = JoinFragment(program.Home(), program.GetText(text::UnpackFolder));
-  std::error_code ec;
-  fs::remove_all(unpack, ec);
-  fs::create_directories(unpack, ec);
+  MakeEmptyFolder(unpack);
   ShowStatus(label, program.GetText(zip ? text::UnpackingZipTemp : text::UnpackingArchiveTemp));
   std::string why;
   bool ok = zip ? ExtractZip(program, file, unpack, bar, false, false, &why)
@@ -163,6 +161,7 @@ bool AddFileToFolder(Program& program, const fs::path& file, const fs::path& tar
   } else if (!why.empty()) {
     WriteLog(program, why);
   }
+  std::error_code ec;
   fs::remove_all(unpack, ec);
   return ok;
 }

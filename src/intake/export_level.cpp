@@ -88,9 +88,8 @@ fs::path ExportLevel(Program& p, std::optional<std::int32_t> code, const ExportC
   }
   const LevelRecord record = p.catalogue.levels[index];
   const fs::path out = JoinFragment(p.Home(), p.GetText(text::ExportFolder));
+  MakeEmptyFolder(out);
   std::error_code ec;
-  fs::remove_all(out, ec);
-  MakeFolder(out);
   ShowProgressDialog(p, p.GetText(text::ExportCaption));
   if (ProgressBar* bar = Bar(p)) bar->SetValue(0);
 

@@ -12,17 +12,21 @@ namespace vardolin {
 
 namespace {
 constexpr std::size_t kHeaderSize = kSavegameNumberOffset + 2;
+
+// The game writes the title as a text field: it ends at a comma or a line end. NUL ends it as
+// well, since no title holds one and a padded field would otherwise carry it along. npos when
+// nothing ends it within its width.
+std::size_t TitleEnd(std::string_view bytes) {
+  return bytes.substr(0, kSavegameTitleWidth).find_first_of(std::string_view(",\r\n\0", 4));
+}
 }  // namespace
 
 SavegameHeader ParseSavegameHeader(std::string_view bytes) {
   SavegameHeader header;
   // A file too short to hold the save number is a slot the game never finished writing.
   if (bytes.size() < kHeaderSize) return header;
-  // The game writes the title as a text field: it ends at a comma or a line end. NUL ends it as
-  // well, since no title holds one and a padded field would otherwise carry it along.
   const std::string_view field = bytes.substr(0, kSavegameTitleWidth);
-  const std::size_t end = field.find_first_of(std::string_view(",\r\n\0", 4));
-  header.title = Trim(ToUtf8Lossy(field.substr(0, end), 1252));
+  header.title = Trim(ToUtf8Lossy(field.substr(0, TitleEnd(bytes)), 1252));
   ByteReader reader(bytes.substr(kSavegameNumberOffset, 2));
   header.save_number = reader.I16();
   header.readable = true;
@@ -32,10 +36,9 @@ SavegameHeader ParseSavegameHeader(std::string_view bytes) {
 bool IsGameSavegame(std::string_view bytes) {
   const SavegameHeader header = ParseSavegameHeader(bytes);
   if (!header.readable || header.title.empty() || header.save_number < 0) return false;
-  const std::string_view field = bytes.substr(0, kSavegameTitleWidth);
-  const std::size_t end = field.find_first_of(std::string_view(",\r\n\0", 4));
+  const std::size_t end = TitleEnd(bytes);
   if (end == std::string_view::npos) return false;
-  for (char c : field.substr(0, end))
+  for (char c : bytes.substr(0, end))
     if (static_cast<unsigned char>(c) < 0x20) return false;
   return true;
 }

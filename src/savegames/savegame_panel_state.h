@@ -17,8 +17,6 @@ struct SavegamePanelState {
   std::vector<std::filesystem::path> archived;
   // The text of the last search through the notes, kept for the whole run.
   std::string search_text;
-  // Where the search reads each note, kept so that a walk over thousands reuses one buffer.
-  std::string note_buffer;
 };
 
 }  // namespace vardolin

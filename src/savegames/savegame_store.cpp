@@ -82,10 +82,15 @@ fs::path SavegameNoteFile(const Program& program, const fs::path& savegame) {
                   SlotNumberOf(savegame.string()));
 }
 
+std::string SaveNumberField(std::int32_t number) {
+  std::string field = std::to_string(number);
+  if (field.size() < 4) field.insert(0, 4 - field.size(), ' ');
+  return field;
+}
+
 std::string SavegameListCaption(const Program& program, const fs::path& savegame) {
   std::string title;
-  std::string number = std::to_string(ReadSavegameHeader(program, savegame, title));
-  if (number.size() < 4) number.insert(0, 4 - number.size(), ' ');
+  const std::string number = SaveNumberField(ReadSavegameHeader(program, savegame, title));
   return number + " " + title + "  (" +
          FormatFileDate(savegame, program.GetText(text::SavegameDateFormat)) + ") ";
 }

@@ -24,6 +24,8 @@ std::filesystem::path SavegameNoteFile(const Program& program,
 // The file's modification time in local time, by a format of the language file: dd, mm, yyyy,
 // yy for the date, hh, nn, ss for the time; "mm" right behind an hour means minutes.
 std::string FormatFileDate(const std::filesystem::path& file, const std::string& format);
+// A save number right-aligned in 4 places, as rows and mails show it.
+std::string SaveNumberField(std::int32_t number);
 // The row text of both savegame lists: save number right-aligned in 4 places, the title, and
 // the file's date in brackets.
 std::string SavegameListCaption(const Program& program, const std::filesystem::path& savegame);

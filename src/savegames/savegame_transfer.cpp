@@ -34,9 +34,7 @@ constexpr std::size_t kImportRoom = 16;
 // Empties or makes a work folder of the program's home.
 fs::path FreshWorkFolder(const Program& p, std::int32_t fragment) {
   const fs::path folder = JoinFragment(p.Home(), p.GetText(fragment));
-  std::error_code ec;
-  fs::remove_all(folder, ec);
-  fs::create_directories(folder, ec);
+  MakeEmptyFolder(folder);
   return folder;
 }
 
@@ -184,8 +182,7 @@ int ReceiveSavegameFile(Program& p, std::int32_t code, const fs::path& file) {
 
 std::string SavegameMailLine(const Program& p, const fs::path& savegame) {
   std::string title;
-  std::string number = std::to_string(ReadSavegameHeader(p, savegame, title));
-  if (number.size() < 4) number.insert(0, 4 - number.size(), ' ');
+  const std::string number = SaveNumberField(ReadSavegameHeader(p, savegame, title));
   return number + " - " + title + "  (" +
          FormatFileDate(savegame, p.GetText(text::MailDateFormat)) + ")" + " -> " +
          savegame.filename().string();

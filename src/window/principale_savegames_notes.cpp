@@ -28,11 +28,11 @@ constexpr int kFromSelection = -1;
 // A stop mark that no row has: the walk stops only where it began.
 constexpr int kNoStopMark = -2;
 
-bool NoteHolds(Principale& main, int row, const std::string& needle) {
+// `note` is the caller's, so that a walk over thousands of notes reuses one buffer.
+bool NoteHolds(Principale& main, int row, const std::string& needle, std::string& note) {
   const std::int64_t at = main.List_SaveGameArchiviati.ItemData(row);
   const auto& archived = main.Savegames.archived;
   if (at < 0 || at >= static_cast<std::int64_t>(archived.size())) return false;
-  std::string& note = main.Savegames.note_buffer;
   return ReadFileIfThere(SavegameNoteFile(main.program(), archived[static_cast<std::size_t>(at)]),
                          note) &&
          ContainsNoCase(note, needle);
@@ -73,8 +73,9 @@ void FindSavegameNote(Principale& main, int step, int start) {
   at = wrap(at);
   const int first = at;
   const std::string& needle = main.Savegames.search_text;
+  std::string note;
   while (true) {
-    if (NoteHolds(main, at, needle)) {
+    if (NoteHolds(main, at, needle, note)) {
       list.SetListIndex(at);
       return;
     }

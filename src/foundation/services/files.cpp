@@ -134,6 +134,14 @@ bool FolderExists(const fs::path& path) {
   return !path.empty() && IsFolder(ResolveCase(path));
 }
 
+bool MakeEmptyFolder(const fs::path& path) {
+  if (path.empty()) return false;
+  std::error_code ec;
+  fs::remove_all(path, ec);
+  fs::create_directories(path, ec);
+  return fs::is_directory(path, ec) && fs::is_empty(path, ec);
+}
+
 bool MakeFolder(const fs::path& path) {
   if (path.empty()) return false;
   fs::path real = ResolveCase(path);

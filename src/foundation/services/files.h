@@ -24,6 +24,9 @@ bool FileExists(const std::filesystem::path& path);
 bool FolderExists(const std::filesystem::path& path);
 // Creates one level; true when the folder stands afterwards.
 bool MakeFolder(const std::filesystem::path& path);
+// A work folder as an operation wants it at its start: whatever stood there (a run that was
+// broken off) removed, and the folder made anew with its parents. True when it stands empty.
+bool MakeEmptyFolder(const std::filesystem::path& path);
 // True when the file is gone; a missing file counts as deleted. A read-only file (or a
 // read-only folder holding it) is made writable first.
 bool DeleteFileForced(const std::filesystem::path& path);
