@@ -60,8 +60,10 @@ bool RunCommand(const std::string& line, int& exit_code) {
 
 int main() {
   std::error_code error;
-  std::ofstream("standin_started.txt", std::ios::binary)
+  // Written whole under another name first: a test sees the file appear and reads it at once.
+  std::ofstream("standin_started.part", std::ios::binary)
       << fs::current_path(error).string() << "\n";
+  fs::rename("standin_started.part", "standin_started.txt", error);
   // Whatever a game before this one took and left behind was its own.
   fs::remove(kTakenFile, error);
   bool taken = false;
