@@ -33,13 +33,12 @@
 
 #include "archive/level_store.h"
 #include "bench_data.h"
-#include "bench_ports.h"
+#include "bench_program.h"
 #include "bench_tools.h"
 #include "foundation/catalogue_records.h"
 #include "foundation/ports/platform.h"
 #include "foundation/ports/ui.h"
 #include "foundation/program.h"
-#include "foundation/program_home.h"
 #include "foundation/texts/text_catalogue.h"
 #include "play/activation.h"
 #include "web/zlib_tool.h"
@@ -58,16 +57,11 @@ constexpr std::int32_t kPackedLevel = 2;
 // An editor folder with its backup and an archive holding the reference level twice: plain as
 // level 1, packed into `.zl` files as level 2. The level's title.tr4, script.dat and english.dat
 // replace the editor's files of those names, as most levels do.
-struct Bench {
-  bench::ScratchFolder scratch;
-  fs::path root = scratch.path();
-  bench::SilentUi ui;
-  bench::NoPlatform platform;
-  Program program;
+struct Bench : bench::ProgramBench<> {
   fs::path editor, backup, plain_files, packed_files, gz_files;
   std::vector<std::string> names;
 
-  Bench() : program(root / "home", ui, platform) {
+  Bench() {
     editor = root / "trle";
     backup = root / "home/backup_trle";
     for (const char* sub : {"data", "audio", "graphics/wads", "script"})
@@ -80,7 +74,7 @@ struct Bench {
     fs::copy(editor, backup, fs::copy_options::recursive);
 
     // The program's own texts name the folders and files the activation works with.
-    if (!PrepareHome(program.Home()) || !LoadLanguage(program)) std::abort();
+    PrepareHomeAndTexts();
     program.prefs.EditorFolder = editor.string();
     program.prefs.FullBackupDone = true;
     program.BackupFolder = backup.string();

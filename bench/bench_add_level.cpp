@@ -17,10 +17,9 @@
 
 #include "archive/level_store.h"
 #include "bench_data.h"
-#include "bench_ports.h"
+#include "bench_program.h"
 #include "bench_tools.h"
 #include "foundation/program.h"
-#include "foundation/program_home.h"
 #include "foundation/texts/text_catalogue.h"
 #include "intake/add_level.h"
 #include "intake/dialog_new_level.h"
@@ -31,21 +30,16 @@ namespace {
 namespace fs = std::filesystem;
 using bench::kFilesPerKind;
 
-struct Bench {
-  bench::ScratchFolder scratch;
-  fs::path root = scratch.path();
-  bench::SilentUi ui;
-  bench::NoPlatform platform;
-  Program program;
+struct Bench : bench::ProgramBench<> {
   fs::path zip;
 
-  Bench() : program(root / "home", ui, platform) {
+  Bench() {
     const fs::path level = root / "level";
     for (int i = 0; i < 2 * kFilesPerKind; ++i)
       bench::Write(level / bench::ReferenceFileName(i), bench::ReferenceFileBytes(i));
     zip = root / "level.zip";
     if (!bench::Run({"zip", "-r", "-q", zip.string(), "."}, level)) std::abort();
-    if (!PrepareHome(program.Home()) || !LoadLanguage(program)) std::abort();
+    PrepareHomeAndTexts();
     program.prefs.LastArchive = (root / "archive/levels.vdc").string();
     program.prefs.CheckEqualLevels = false;
     Catalogue& c = program.catalogue;

@@ -12,7 +12,7 @@
 
 #include "archive/catalogue_file.h"
 #include "bench_data.h"
-#include "bench_ports.h"
+#include "bench_program.h"
 #include "foundation/catalogue_records.h"
 #include "foundation/ports/platform.h"
 #include "foundation/ports/ui.h"
@@ -22,19 +22,13 @@ namespace vardolin {
 namespace {
 namespace fs = std::filesystem;
 
-struct Bench {
-  bench::ScratchFolder scratch;
-  fs::path folder;
-  bench::SilentUi ui;
-  bench::NoPlatform platform;
-  Program program;
-  fs::path file;
+struct Bench : bench::ProgramBench<> {
+  fs::path file = root / "bench.vdc";
 
-  explicit Bench(int levels)
-      : folder(scratch.path()), program(folder, ui, platform), file(folder / "bench.vdc") {
+  explicit Bench(int levels) {
     program.prefs.AutoSave = false;
-    program.catalogue.header.MainDir = folder.string();
-    program.catalogue.header.SecondaryDir = folder.string();
+    program.catalogue.header.MainDir = root.string();
+    program.catalogue.header.SecondaryDir = root.string();
     for (int i = 0; i < levels; ++i) {
       LevelRecord r;
       r.Code = i;
@@ -91,7 +85,7 @@ void BM_ReadFile(benchmark::State& state) {
 void BM_WriteFileFsync(benchmark::State& state) {
   Bench b(static_cast<int>(state.range(0)));
   std::string bytes(546 + 1634 * static_cast<std::size_t>(state.range(0)), 'x');
-  fs::path target = b.folder / "plain.bin";
+  fs::path target = b.root / "plain.bin";
   for (auto _ : state) {
     int fd = ::open(target.c_str(), O_WRONLY | O_CREAT | O_TRUNC, 0644);
     if (fd < 0 || ::write(fd, bytes.data(), bytes.size()) != static_cast<ssize_t>(bytes.size()))

@@ -15,7 +15,7 @@
 
 #include "../tests/support/local_http_server.h"
 #include "bench_data.h"
-#include "bench_ports.h"
+#include "bench_program.h"
 #include "bench_tools.h"
 #include "foundation/forms/form.h"
 #include "foundation/program.h"
@@ -40,16 +40,11 @@ class TickingUi : public bench::SilentUi {
   }
 };
 
-struct Bench {
-  bench::ScratchFolder scratch;
-  fs::path root = scratch.path();
-  TickingUi ui;
-  bench::NoPlatform platform;
-  Program program;
+struct Bench : bench::ProgramBench<TickingUi> {
   testing::LocalHttpServer server;
   std::string url;
 
-  Bench() : program(root / "home", ui, platform) {
+  Bench() {
     std::string body(kBytes, '\0');
     for (std::size_t i = 0; i < body.size(); ++i)
       body[i] = static_cast<char>(i * 2654435761u >> 24);

@@ -16,7 +16,7 @@
 #include <vector>
 
 #include "bench_data.h"
-#include "bench_ports.h"
+#include "bench_program.h"
 #include "bench_tools.h"
 #include "editor/dialog_compare_trle.h"
 #include "editor/dialog_installa_trle.h"
@@ -24,7 +24,6 @@
 #include "foundation/pictures/bitmap.h"
 #include "foundation/pictures/jpeg_codec.h"
 #include "foundation/program.h"
-#include "foundation/program_home.h"
 #include "foundation/texts/text_catalogue.h"
 
 namespace vardolin {
@@ -36,12 +35,7 @@ constexpr int kParts = 5;
 constexpr int kPackageFilesPerKind = 10;  // 2 x 10 files of 5 MB
 constexpr int kCompareFiles = 5000;
 
-struct Bench {
-  bench::ScratchFolder scratch;
-  fs::path root = scratch.path();
-  bench::SilentUi ui;
-  bench::NoPlatform platform;
-  Program program{root / "home", ui, platform};
+struct Bench : bench::ProgramBench<> {
   std::vector<std::string> zips;
   fs::path editor = root / "compare/trle", copy = root / "compare/copy";
 
@@ -50,7 +44,7 @@ struct Bench {
     setenv("WINEPREFIX", (root / "wine").c_str(), 1);
     setenv("XDG_DATA_HOME", (root / "xdg").c_str(), 1);
     setenv("XDG_CONFIG_HOME", (root / "config").c_str(), 1);
-    if (!PrepareHome(program.Home()) || !LoadLanguage(program)) std::abort();
+    PrepareHomeAndTexts();
     MakePackage();
     MakeCompareFolders();
   }

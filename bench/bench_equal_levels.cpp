@@ -15,10 +15,9 @@
 
 #include "archive/level_store.h"
 #include "bench_data.h"
-#include "bench_ports.h"
+#include "bench_program.h"
 #include "bench_tools.h"
 #include "foundation/program.h"
-#include "foundation/program_home.h"
 #include "foundation/texts/text_catalogue.h"
 #include "intake/equal_levels.h"
 #include "intake/level_file_list.h"
@@ -33,19 +32,15 @@ class QuietUi : public bench::SilentUi {
   int AskUser(const std::string&, int, const std::string&) override { return msg::kYes; }
 };
 
-struct Archive {
-  bench::ScratchFolder scratch;
-  QuietUi ui;
-  bench::NoPlatform platform;
-  Program program{scratch.path() / "home", ui, platform};
+struct Archive : bench::ProgramBench<QuietUi> {
   std::vector<fs::path> lists;
-  fs::path incoming = scratch.path() / "incoming";
+  fs::path incoming = root / "incoming";
 
   // Each level holds three level files; two levels in a hundred share one with each other.
   explicit Archive(int levels) {
-    if (!PrepareHome(program.Home()) || !LoadLanguage(program)) std::abort();
+    PrepareHomeAndTexts();
     program.catalogue.header.MainDir = program.catalogue.header.SecondaryDir =
-        (scratch.path() / "archive").string();
+        (root / "archive").string();
     for (int i = 0; i < levels; ++i) {
       LevelRecord r;
       r.Code = i;

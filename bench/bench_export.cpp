@@ -16,10 +16,9 @@
 
 #include "archive/level_store.h"
 #include "bench_data.h"
-#include "bench_ports.h"
+#include "bench_program.h"
 #include "bench_tools.h"
 #include "foundation/program.h"
-#include "foundation/program_home.h"
 #include "foundation/texts/text_catalogue.h"
 #include "intake/export_level.h"
 #include "web/zlib_tool.h"
@@ -30,16 +29,11 @@ namespace {
 namespace fs = std::filesystem;
 using bench::kFilesPerKind;
 
-struct Bench {
-  bench::ScratchFolder scratch;
-  fs::path root = scratch.path();
-  bench::SilentUi ui;
-  bench::NoPlatform platform;
-  Program program;
+struct Bench : bench::ProgramBench<> {
   fs::path gz = root / "gz";
 
-  Bench() : program(root / "home", ui, platform) {
-    if (!PrepareHome(program.Home()) || !LoadLanguage(program)) std::abort();
+  Bench() {
+    PrepareHomeAndTexts();
     Catalogue& c = program.catalogue;
     c.header.MainDir = c.header.SecondaryDir = (root / "archive").string();
     c.header.CompressFiles = true;

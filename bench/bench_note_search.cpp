@@ -12,7 +12,7 @@
 #include "archive/level_store.h"
 #include "bench_archive.h"
 #include "bench_data.h"
-#include "bench_ports.h"
+#include "bench_program.h"
 #include "bench_tools.h"
 #include "foundation/program.h"
 #include "foundation/texts/text_catalogue.h"
@@ -29,16 +29,11 @@ constexpr int kSavegames = 5000;
 constexpr int kSavegamesPerSet = 15;
 constexpr const char* kNeedle = "Golden Mask";
 
-struct Bench {
-  bench::ScratchFolder scratch;
-  fs::path folder = scratch.path();
-  bench::SilentUi ui;
-  bench::NoPlatform platform;
-  Program program{folder / "home", ui, platform};
+struct Bench : bench::ProgramBench<> {
   std::vector<std::string> grep = {"grep", "-ril", "--", kNeedle};
 
   Bench() {
-    bench::PrepareOneLevelProgram(program, folder);
+    bench::PrepareOneLevelProgram(program, root);
     const fs::path level = GetLevelFolder(program, 1, false);
     for (int i = 0; i < kSavegames; ++i) {
       const fs::path set = level / "savegames" / std::to_string(i / kSavegamesPerSet + 1);

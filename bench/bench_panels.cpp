@@ -13,7 +13,7 @@
 #include "archive/level_store.h"
 #include "bench_archive.h"
 #include "bench_data.h"
-#include "bench_ports.h"
+#include "bench_program.h"
 #include "foundation/pictures/picture_file.h"
 #include "foundation/ports/platform.h"
 #include "foundation/ports/ui.h"
@@ -32,28 +32,23 @@ constexpr int kSavegamesPerSet = 15;
 
 // A home, an archive with the base level and one level holding `shots` screenshots (dated a
 // second apart, JPEG and BMP mixed) and the archived savegames in sets of 15.
-struct Bench {
-  bench::ScratchFolder scratch;
-  fs::path folder;
-  bench::SilentUi ui;
-  bench::NoPlatform platform;
-  Program program;
+struct Bench : bench::ProgramBench<> {
   fs::path level;
 
-  explicit Bench(int shots) : folder(scratch.path()), program(folder / "home", ui, platform) {
-    bench::PrepareOneLevelProgram(program, folder);
+  explicit Bench(int shots) {
+    bench::PrepareOneLevelProgram(program, root);
     level = GetLevelFolder(program, 1, false);
     const fs::path shot_folder = level / "screenshots";
     fs::create_directories(shot_folder);
     Bitmap picture = Bitmap::Make(32, 24);
-    WritePictureFile(folder / "one.jpg", picture, 60);
-    WritePictureFile(folder / "one.bmp", picture);
+    WritePictureFile(root / "one.jpg", picture, 60);
+    WritePictureFile(root / "one.bmp", picture);
     const auto start = std::chrono::system_clock::now() - std::chrono::hours(24 * 30);
     for (int i = 0; i < shots; ++i) {
       const bool bmp = i % 5 == 0;
       const fs::path shot =
           shot_folder / (std::to_string(i + 1) + ") My level" + (bmp ? ".bmp" : ".jpg"));
-      fs::copy_file(folder / (bmp ? "one.bmp" : "one.jpg"), shot);
+      fs::copy_file(root / (bmp ? "one.bmp" : "one.jpg"), shot);
       // Dates out of the listing's order, so that the sorted insertion does real work.
       SetFileDateTime(shot, start + std::chrono::seconds((i * 7919) % (shots * 3)));
     }

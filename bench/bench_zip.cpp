@@ -24,7 +24,7 @@
 #include <vector>
 
 #include "bench_data.h"
-#include "bench_ports.h"
+#include "bench_program.h"
 #include "bench_tools.h"
 #include "foundation/program.h"
 #include "web/zip_layer.h"
@@ -39,15 +39,10 @@ using bench::kFileSize;
 using bench::kFilesPerKind;
 constexpr int kSmallEntries = 10000;
 
-struct Bench {
-  bench::ScratchFolder scratch;
-  fs::path root = scratch.path();
-  bench::SilentUi ui;
-  bench::NoPlatform platform;
-  Program program;
+struct Bench : bench::ProgramBench<> {
   fs::path level, level_zip, small_zip;
 
-  Bench() : program(root / "home", ui, platform) {
+  Bench() {
     level = root / "level";
     for (int i = 0; i < 2 * kFilesPerKind; ++i) {
       const bool random = i < kFilesPerKind;
