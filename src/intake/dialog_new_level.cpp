@@ -1,6 +1,5 @@
 #include "intake/dialog_new_level.h"
 
-#include <chrono>
 #include <system_error>
 
 #include "archive/catalogue_ops.h"
@@ -13,6 +12,7 @@
 #include "foundation/ports/ui.h"
 #include "foundation/program.h"
 #include "foundation/services/files.h"
+#include "foundation/services/ole_date.h"
 #include "foundation/services/paths.h"
 #include "foundation/services/strings.h"
 #include "foundation/services/wildcard.h"
@@ -45,12 +45,6 @@ std::string PackageName(const std::string& path) {
   std::string name = ExtractBaseName(path);
   if (EndsWithNoCase(name, ".tar")) name.resize(name.size() - 4);
   return name;
-}
-
-double FileDate(const fs::path& file) {
-  std::error_code ec;
-  const auto t = fs::last_write_time(file, ec);
-  return std::chrono::duration<double>(t.time_since_epoch()).count();
 }
 
 std::int64_t FileSize(const fs::path& file) {
@@ -116,7 +110,7 @@ void Dialog_NewLevel::ImpostaValori(std::int32_t IndiceLivello, const std::strin
 
   Snapshot.clear();
   for (const fs::path& f : ListFiles(WorkFolder, "*"))
-    Snapshot.push_back({f.filename().string(), FileDate(f), FileSize(f)});
+    Snapshot.push_back({f.filename().string(), FileOleDate(f), FileSize(f)});
   FilesChangedFlag = IsNewLevel;
   RefreshFiles();
 
@@ -395,7 +389,7 @@ bool Dialog_NewLevel::FolderChanged() const {
     bool same = false;
     for (const SnapshotEntry& s : Snapshot)
       if (EqualsNoCase(s.name, name)) {
-        same = s.size == FileSize(f) && s.date == FileDate(f);
+        same = s.size == FileSize(f) && s.date == FileOleDate(f);
         break;
       }
     if (!same) return true;

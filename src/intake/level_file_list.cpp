@@ -14,6 +14,7 @@
 #include "foundation/services/atomic_file.h"
 #include "foundation/services/binary_io.h"
 #include "foundation/services/files.h"
+#include "foundation/services/ole_date.h"
 #include "foundation/services/paths.h"
 #include "foundation/services/strings.h"
 #include "intake/text_ids.h"
@@ -26,16 +27,6 @@ namespace {
 
 constexpr std::size_t kCountSize = 4;
 constexpr std::size_t kSizeOffset = LevelFileEntry::kNameWidth + 8;
-
-double OleDateOf(const fs::path& file) {
-  std::error_code ec;
-  const auto written = fs::last_write_time(file, ec);
-  if (ec) return 0;
-  const auto since_epoch =
-      std::chrono::duration<double>(std::chrono::file_clock::to_sys(written).time_since_epoch());
-  // Day 0 of an OLE date is 30 December 1899, 25569 days before the Unix epoch.
-  return since_epoch.count() / 86400.0 + 25569.0;
-}
 
 // A list file is read for every level of the archive at each check: one open, one read, and
 // the case-blind path search only when the plain path isn't there.
@@ -131,7 +122,7 @@ LevelFileList BuildLevelFileList(Program& program, const fs::path& folder) {
     std::error_code ec;
     const auto size = fs::file_size(file, ec);
     list.push_back(
-        {file.filename().string(), OleDateOf(file), ec ? 0 : static_cast<std::int32_t>(size)});
+        {file.filename().string(), FileOleDate(file), ec ? 0 : static_cast<std::int32_t>(size)});
   }
   return list;
 }

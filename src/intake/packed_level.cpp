@@ -8,6 +8,7 @@
 #include "foundation/services/atomic_file.h"
 #include "foundation/services/files.h"
 #include "foundation/services/log.h"
+#include "foundation/services/ole_date.h"
 #include "foundation/services/paths.h"
 #include "foundation/services/safe_join.h"
 #include "foundation/services/strings.h"
@@ -21,37 +22,14 @@ namespace fs = std::filesystem;
 
 namespace {
 
-// OLE dates count days from 30 December 1899; the Unix epoch is day 25569.
-constexpr double kUnixEpochOleDay = 25569.0;
-constexpr double kSecondsPerDay = 86400.0;
 // File systems keep times more coarsely than a double of days tells them.
-constexpr double kDateTolerance = 2.0 / kSecondsPerDay;
+constexpr double kDateTolerance = 2.0 / 86400.0;
 
 std::string Separated(const fs::path& path) {
   return ReplaceAll(path.string(), "/", "\\");
 }
 
-double FileDateOf(const fs::path& file) {
-  std::error_code ec;
-  const auto written = fs::last_write_time(file, ec);
-  if (ec) return 0;
-  return OleDateOf(std::chrono::time_point_cast<std::chrono::system_clock::duration>(
-      std::chrono::file_clock::to_sys(written)));
-}
-
 }  // namespace
-
-double OleDateOf(std::chrono::system_clock::time_point when) {
-  const double seconds = std::chrono::duration<double>(when.time_since_epoch()).count();
-  return kUnixEpochOleDay + seconds / kSecondsPerDay;
-}
-
-std::chrono::system_clock::time_point TimeOfOleDate(double date) {
-  if (!std::isfinite(date) || std::fabs(date) > 3.0e6) date = kUnixEpochOleDay;
-  const auto seconds = std::chrono::duration<double>((date - kUnixEpochOleDay) * kSecondsPerDay);
-  return std::chrono::system_clock::time_point(
-      std::chrono::duration_cast<std::chrono::system_clock::duration>(seconds));
-}
 
 bool FileArchive::Fail(std::int32_t id, const std::string& tail,
                        const std::vector<std::string>& values) {
@@ -201,8 +179,8 @@ bool FileArchive::Add(const fs::path& archive, const std::string& source,
   ArchiveDirectory changed = directory;
   changed.Names.push_back(name);
   changed.Sizes.push_back(static_cast<std::int32_t>(size));
-  changed.FileDates.push_back(FileDateOf(file));
-  changed.AddedDates.push_back(OleDateOf(std::chrono::system_clock::now()));
+  changed.FileDates.push_back(FileOleDate(file));
+  changed.AddedDates.push_back(OleDateNow());
   ++changed.FileCount;
   if (changed.External) {
     const SafeJoinResult stored = SafeJoin(changed.StoreFolder, name);
@@ -340,8 +318,8 @@ bool FileArchive::Replace(const fs::path& archive, const std::string& source,
   if (!SafeJoin(archive.parent_path(), changed.Names[index]))
     return Fail(text::ArchiveUnsafeName, {}, {changed.Names[index]});
   changed.Sizes[index] = static_cast<std::int32_t>(size);
-  changed.FileDates[index] = FileDateOf(file);
-  changed.AddedDates[index] = OleDateOf(std::chrono::system_clock::now());
+  changed.FileDates[index] = FileOleDate(file);
+  changed.AddedDates[index] = OleDateNow();
   if (changed.External) {
     const SafeJoinResult old_file = SafeJoin(changed.StoreFolder, old_name);
     const SafeJoinResult new_file = SafeJoin(changed.StoreFolder, changed.Names[index]);
@@ -381,7 +359,7 @@ bool FileArchive::Check(const fs::path& archive, const ArchiveDirectory& directo
     std::error_code ec;
     if (!FileExists(file)) {
       WriteLog(program_, program_.GetText(text::ArchiveCheckMissingFile) + directory.Names[i]);
-    } else if (std::fabs(FileDateOf(file) - directory.FileDates[i]) > kDateTolerance) {
+    } else if (std::fabs(FileOleDate(file) - directory.FileDates[i]) > kDateTolerance) {
       WriteLog(program_, program_.GetText(text::ArchiveCheckDate) +
                              std::to_string(directory.FileDates[i]) + " " + file.string());
     } else if (fs::file_size(file, ec) != static_cast<std::uint32_t>(directory.Sizes[i])) {

@@ -35,9 +35,6 @@ enum ArchiveOp : int {
   kArchiveWriteDirectory = 14,
 };
 
-double OleDateOf(std::chrono::system_clock::time_point when);
-std::chrono::system_clock::time_point TimeOfOleDate(double date);
-
 class FileArchive {
  public:
   explicit FileArchive(Program& program) : program_(program) {}

@@ -1,8 +1,5 @@
 #include "web/url_list.h"
 
-#include <chrono>
-#include <cmath>
-#include <ctime>
 #include <system_error>
 
 #include "foundation/program.h"
@@ -25,8 +22,6 @@ constexpr std::int32_t kFirstType = 1;
 constexpr std::int32_t kLastType = 8;
 // The smallest entry: two empty texts with their lengths, the type and the flag.
 constexpr std::size_t kSmallestEntry = 2 + 2 + 4 + 2;
-// Days from 30 December 1899 to 1 January 1970.
-constexpr double kUnixEpochDays = 25569.0;
 
 bool ReadText(ByteReader& in, std::string& out) {
   const std::int16_t length = in.I16();
@@ -171,33 +166,6 @@ std::vector<UrlEntry> MatchingKnownPatches(const UrlList& list,
     if (all) found.push_back(e);
   }
   return found;
-}
-
-double OleDateOf(std::int64_t unix_seconds) {
-  return kUnixEpochDays + static_cast<double>(unix_seconds) / 86400.0;
-}
-
-double OleDateNow() {
-  return OleDateOf(std::chrono::duration_cast<std::chrono::seconds>(
-                       std::chrono::system_clock::now().time_since_epoch())
-                       .count());
-}
-
-std::int64_t UnixSecondsOf(double ole_date) {
-  if (!std::isfinite(ole_date)) return 0;
-  const double seconds = std::round((ole_date - kUnixEpochDays) * 86400.0);
-  // Far outside any date a list can carry: clamp, so a damaged file formats as some date.
-  if (seconds > 1e15 || seconds < -1e15) return 0;
-  return static_cast<std::int64_t>(seconds);
-}
-
-std::string FormatOleDate(double ole_date, const std::string& layout) {
-  const std::time_t t = static_cast<std::time_t>(UnixSecondsOf(ole_date));
-  std::tm local{};
-  if (!localtime_r(&t, &local)) return {};
-  char out[128];
-  const std::size_t n = std::strftime(out, sizeof out, layout.c_str(), &local);
-  return std::string(out, n);
 }
 
 }  // namespace vardolin

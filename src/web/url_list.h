@@ -9,6 +9,8 @@
 #include <string_view>
 #include <vector>
 
+#include "foundation/services/ole_date.h"
+
 namespace vardolin {
 
 class Program;
@@ -61,12 +63,5 @@ std::string TranslateUrlName(const Program& program, std::string_view name);
 // "-", then "file;size;file;size..."; every file must stand there with exactly that size.
 std::vector<UrlEntry> MatchingKnownPatches(const UrlList& list,
                                            const std::filesystem::path& folder);
-
-// Dates as the list keeps them.
-double OleDateNow();
-double OleDateOf(std::int64_t unix_seconds);
-std::int64_t UnixSecondsOf(double ole_date);
-// The date in a strftime layout, in local time.
-std::string FormatOleDate(double ole_date, const std::string& layout);
 
 }  // namespace vardolin
