@@ -112,7 +112,8 @@ bool CreateLevelFolders(Program& program, const fs::path& level_folder) {
   return true;
 }
 
-bool DeleteLevelTree(Program& program, const fs::path& folder, Label* label, ProgressBar* bar) {
+bool DeleteLevelTree(Program& program, const fs::path& folder, Label* label, ProgressBar* bar,
+                     std::int32_t deleting_text) {
   if (folder.empty()) return false;
   fs::path real = ResolveCase(folder);
   std::error_code ec;
@@ -125,7 +126,8 @@ bool DeleteLevelTree(Program& program, const fs::path& folder, Label* label, Pro
   FolderTreeWalker walker(&program.ui());
   walker.WalkFolderTree(real);
 
-  if (label) label->SetCaption(program.GetText(text::DeleteTreeDeleting));
+  if (label)
+    label->SetCaption(program.GetText(deleting_text ? deleting_text : text::DeleteTreeDeleting));
   if (bar) bar->SetValue(0);
   program.ui().DoEvents();
   MakeWritable(real);

@@ -36,8 +36,9 @@ bool CreateLevelFolders(Program& program, const std::filesystem::path& level_fol
 // Removes a whole folder tree, read-only files and folders included: first every file, then the
 // folders from the deepest up. The label tells the two phases and the bar follows the folders.
 // Links are removed, never followed. True when the folder is gone (a missing one counts).
+// `deleting_text` is the label's text once the listing is done; 0 for the level store's own.
 bool DeleteLevelTree(Program& program, const std::filesystem::path& folder, Label* label,
-                     ProgressBar* bar);
+                     ProgressBar* bar, std::int32_t deleting_text = 0);
 
 // The folder just below the drive's root that holds sub-folders named LEVEL_... (case ignored);
 // empty when none does. Level CDs keep their levels one folder deep.

@@ -1,15 +1,13 @@
 #include "audio/audio_tools.h"
 
-#include <unistd.h>
-
 #include <cstdlib>
-#include <sstream>
 
 #include "audio/mp3_duration.h"
 #include "audio/text_ids.h"
 #include "audio/wave_header.h"
 #include "foundation/dialogs/progress.h"
 #include "foundation/forms/controls.h"
+#include "foundation/platform/linux_platform.h"
 #include "foundation/ports/platform.h"
 #include "foundation/ports/ui.h"
 #include "foundation/program.h"
@@ -22,20 +20,7 @@ namespace fs = std::filesystem;
 
 namespace {
 
-std::vector<std::string> Words(const std::string& text) {
-  std::vector<std::string> words;
-  std::istringstream in(text);
-  for (std::string w; in >> w;) words.push_back(w);
-  return words;
-}
-
-void SetUp(AudioToolState& state) {
-  if (!state.quiet && state.label) state.label->SetCaption({});
-  if (state.bar) state.bar->SetValue(0);
-}
-
-void Finish(AudioToolState& state) {
-  if (!state.quiet && state.label) state.label->SetCaption({});
+void ResetBar(AudioToolState& state) {
   if (state.bar) state.bar->SetValue(0);
 }
 
@@ -45,34 +30,13 @@ int TimeLimit(double audio_seconds) {
   return 30 + static_cast<int>(2 * audio_seconds);
 }
 
-void ShowLine(Program& program, AudioToolState& state, const std::string& line) {
-  if (!state.quiet && state.label) state.label->SetCaption(line);
-  program.ui().DoEvents();
-}
-
-fs::path FindOnPath(const std::string& name) {
-  const char* path = std::getenv("PATH");
-  std::istringstream dirs(path ? path : "/usr/bin:/bin");
-  for (std::string dir; std::getline(dirs, dir, ':');) {
-    const fs::path candidate = fs::path(dir.empty() ? "." : dir) / name;
-    if (::access(candidate.c_str(), X_OK) == 0 && !FolderExists(candidate)) return candidate;
-  }
-  return {};
-}
-
-}  // namespace
-
-fs::path FindAudioTool(const Program& program, std::int32_t id) {
-  const std::string fragment = program.GetText(id);
-  const fs::path own = ResolveCase(JoinFragment(program.Home(), fragment));
-  if (FileExists(own)) return own;
-  return FindOnPath(ExtractFileName(WithoutLeadingSeparators(fragment)));
-}
-
+// Line handlers; true goes on. The decoder's lines carry its running time at fixed places
+// (" mm:ss" behind an hour field), the encoder's a percentage as "(nn%)". Each is first called
+// with an empty line and -1 to set up.
 bool GestioneMadPlay(Program& program, AudioToolState& state, const std::string& BufLinea,
                      double Valore) {
   if (Valore == -1) {
-    SetUp(state);
+    ResetBar(state);
     state.minutes = state.seconds = -1;
     return true;
   }
@@ -87,14 +51,14 @@ bool GestioneMadPlay(Program& program, AudioToolState& state, const std::string&
       if (state.bar) SetProgressPercent(*state.bar, Valore, minutes * 60.0 + seconds);
     }
   }
-  ShowLine(program, state, BufLinea);
+  program.ui().DoEvents();
   return true;
 }
 
 bool GestioneLame(Program& program, AudioToolState& state, const std::string& BufLinea,
                   double Valore) {
   if (Valore == -1) {
-    SetUp(state);
+    ResetBar(state);
     return true;
   }
   const std::size_t open = BufLinea.find('(');
@@ -104,46 +68,46 @@ bool GestioneLame(Program& program, AudioToolState& state, const std::string& Bu
     if (state.bar && !percent.empty())
       SetProgressPercent(*state.bar, 100, std::atoi(percent.c_str()));
   }
-  ShowLine(program, state, BufLinea);
+  program.ui().DoEvents();
   return true;
 }
 
+using LineHandler = bool (*)(Program&, AudioToolState&, const std::string&, double);
+
+// False, with text 2266 as the error, when the tool couldn't be started, and with text 8463 when
+// it ran past `time_limit` seconds and was ended.
 bool RunAudioTool(Program& program, AudioToolState& state, const fs::path& tool,
-                  const std::vector<std::string>& arguments, const std::string& handler,
-                  double value, int time_limit) {
+                  const std::vector<std::string>& arguments, LineHandler handler, double value,
+                  int time_limit) {
   state.last_line.clear();
-  auto handle = [&](const std::string& line, double v) {
-    if (handler == program.GetText(text::DecoderHandler))
-      return GestioneMadPlay(program, state, line, v);
-    if (handler == program.GetText(text::EncoderHandler))
-      return GestioneLame(program, state, line, v);
-    return true;
-  };
-  handle({}, -1);
+  handler(program, state, {}, -1);
   StartRequest request{tool, arguments, program.Home(), true};
   request.capture_errors = true;
-  // A tool that hangs would hold the whole program: coreutils' timeout ends it.
-  constexpr int kTimedOut = 124, kKilled = 137;
-  const fs::path timeout = FindOnPath("timeout");
-  if (!timeout.empty()) {
-    request.program = timeout;
-    request.arguments = {"-k", "5", std::to_string(time_limit), tool.string()};
-    request.arguments.insert(request.arguments.end(), arguments.begin(), arguments.end());
-  }
+  // A tool that hangs would hold the whole program.
+  request.time_limit_seconds = time_limit;
   state.exit_code = program.platform().RunCapturing(request, [&](const std::string& line) {
     if (!line.empty()) state.last_line = line;
-    return handle(line, value);
+    return handler(program, state, line, value);
   });
-  if (state.exit_code == -1 && state.last_line.empty()) {
-    state.error = program.GetText(text::ToolNotStarted) + tool.string();
-    return false;
-  }
-  if (!timeout.empty() && (state.exit_code == kTimedOut || state.exit_code == kKilled)) {
+  if (state.exit_code == kRunTimedOut) {
     state.error =
         program.GetText(text::ToolTimedOut, {tool.filename().string(), std::to_string(time_limit)});
     return false;
   }
+  if (state.exit_code == -1 && state.last_line.empty()) {
+    state.error = program.GetText(text::ToolNotStarted) + tool.string();
+    return false;
+  }
   return true;
+}
+
+}  // namespace
+
+fs::path FindAudioTool(const Program& program, std::int32_t id) {
+  const std::string fragment = program.GetText(id);
+  const fs::path own = ResolveCase(JoinFragment(program.Home(), fragment));
+  if (FileExists(own)) return own;
+  return FindExecutable(ExtractFileName(WithoutLeadingSeparators(fragment)));
 }
 
 bool DecodeMp3ToWave(Program& program, AudioToolState& state, const fs::path& source,
@@ -163,20 +127,20 @@ bool DecodeMp3ToWave(Program& program, AudioToolState& state, const fs::path& so
   const fs::path output = JoinFragment(program.Home(), program.GetText(text::DecoderOutput));
   DeleteFileForced(output);
   std::vector<std::string> arguments{ResolveCase(source).string()};
-  for (const std::string& w : Words(program.GetText(text::DecoderOptions))) arguments.push_back(w);
+  for (std::string& w : SplitCommandWords(program.GetText(text::DecoderOptions)))
+    arguments.push_back(std::move(w));
   if (arguments.size() > 1) arguments.back() += output.string();
-  if (!RunAudioTool(program, state, decoder, arguments, program.GetText(text::DecoderHandler),
-                    seconds, state.time_limit ? state.time_limit : TimeLimit(seconds)))
+  if (!RunAudioTool(program, state, decoder, arguments, GestioneMadPlay, seconds,
+                    state.time_limit ? state.time_limit : TimeLimit(seconds)))
     return false;
-  Finish(state);
+  ResetBar(state);
   if (state.exit_code != 0 || !FileExists(output)) {
     DeleteFileForced(output);
     state.error = state.last_line;
     return false;
   }
-  const bool copied = CopyFileOver(output, target);
-  DeleteFileForced(output);
-  if (!copied) {
+  if (!MoveFileOver(output, target)) {
+    DeleteFileForced(output);
     state.error = program.GetText(text::DecoderCopyFailed, {target.string()});
     return false;
   }
@@ -201,16 +165,16 @@ bool EncodeWaveToMp3(Program& program, AudioToolState& state, const fs::path& so
   options += e.Mp3Channels == 1 ? program.GetText(text::EncoderMonoOption) : " ";
   if (e.Mp3Frequency != 0)
     options += program.GetText(text::EncoderRateOption) + std::to_string(e.Mp3Frequency) + " ";
-  std::vector<std::string> arguments = Words(options);
+  std::vector<std::string> arguments = SplitCommandWords(options);
   arguments.push_back(ResolveCase(source).string());
   arguments.push_back(target.string());
   DeleteFileForced(target);
   std::error_code ec;
   const double seconds = static_cast<double>(fs::file_size(ResolveCase(source), ec)) / 176400;
-  if (!RunAudioTool(program, state, encoder, arguments, program.GetText(text::EncoderHandler), 100,
+  if (!RunAudioTool(program, state, encoder, arguments, GestioneLame, 100,
                     state.time_limit ? state.time_limit : TimeLimit(seconds)))
     return false;
-  Finish(state);
+  ResetBar(state);
   if (state.exit_code != 0 || !FileExists(target)) {
     DeleteFileForced(target);
     state.error = state.last_line;

@@ -61,8 +61,7 @@ void Dialog_ConvertAudio::ImpostaValori(bool TestSorgentiInMp3, bool TestDestInM
   source_mp3_ = TestSorgentiInMp3;
   target_mp3_ = TestDestInMp3;
   work_ = JoinFragment(p.Home(), p.GetText(text::AudioWorkFolder));
-  DeleteFolderTree(work_);
-  MakeFolder(work_);
+  MakeEmptyFolder(work_);
   Pul_Converti.SetCaption(p.GetText(text::AudioConvertButton));
   Opt_Wav4bit.SetValue(true);
   Label_DirOut.SetCaption({});

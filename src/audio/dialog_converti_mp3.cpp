@@ -144,9 +144,7 @@ bool Dialog_ConvertiMp3::ConvertOne(std::size_t index) {
   ConversionMessage.clear();
   bool temporary = false;
   AudioToolState tool;
-  tool.label = &Label_Info;
   tool.bar = &ProgressBar_Singolo;
-  tool.quiet = true;
   // A failed step asks whether to skip the file; the caller's own file is never lost to it.
   auto failed = [&](const std::string& why, int step) {
     if (temporary) DeleteFileForced(current);
@@ -187,9 +185,8 @@ bool Dialog_ConvertiMp3::ConvertOne(std::size_t index) {
   if (step > 0) {
     const std::string shown = Quoted(listed) + " " + description + " --> ";
     fs::path work;
-    if (step == 5 && !IsStandardWave(current)) {
-      WaveHeader header;
-      ReadWaveHeader(current, header);
+    WaveHeader header;
+    if (step == 5 && !IsStandardWave(current, &header)) {
       const int mode = header.BitsPerSample == 4 ? 1 : 3;
       Label_Info.SetCaption(p.GetText(text::ConvertiPreparingMp3, {counter}) + shown +
                             p.GetText(text::ConvertiStandardTarget));
@@ -211,10 +208,7 @@ bool Dialog_ConvertiMp3::ConvertOne(std::size_t index) {
       DeleteFileForced(work);
       std::string message;
       if (!WavConverter(current, work, step, message)) return failed(Trim(message), kWave);
-      DeleteFileForced(final_path);
-      std::error_code ec;
-      fs::rename(work, final_path, ec);
-      if (ec && !MoveFileOver(work, final_path)) return failed(ec.message(), kWave);
+      if (!MoveFileOver(work, final_path)) return failed("move failed", kWave);
       if (!SameFolder(current, final_path) && current != final_path) DeleteFileForced(current);
     } else if (step == 5) {
       work = folder_ / (ExtractBaseName(name) + p.GetText(text::ConvertiMp3Out));
@@ -242,10 +236,7 @@ bool Dialog_ConvertiMp3::ConvertOne(std::size_t index) {
     if (temporary) DeleteFileForced(current);
   }
   if (placed.filename().string() != out_name) {
-    DeleteFileForced(final_path);
-    std::error_code ec;
-    fs::rename(placed, final_path, ec);
-    if (ec) return AskOnConversionError(name, ec.message(), kCheck);
+    if (!MoveFileOver(placed, final_path)) return AskOnConversionError(name, "move failed", kCheck);
   }
   return true;
 }
@@ -274,9 +265,8 @@ bool RunAudioConversion(Program& program, const std::vector<fs::path>& files,
 bool RunAudioConversionOnCopies(Program& program, const std::vector<fs::path>& files,
                                 const fs::path& folder, int target, const fs::path& work,
                                 std::string& message) {
-  DeleteFolderTree(work);
   std::vector<fs::path> copies;
-  bool ok = MakeFolder(work);
+  bool ok = MakeEmptyFolder(work);
   for (const fs::path& file : files) {
     if (!ok) break;
     copies.push_back(work / file.filename());

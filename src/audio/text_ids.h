@@ -82,12 +82,11 @@ inline constexpr std::int32_t EncoderMono = 1666;
 inline constexpr std::int32_t EncoderStereo = 1667;
 
 // The two tools.
-inline constexpr std::int32_t DecoderNoSource = 1732;  // ~1 = the path
-inline constexpr std::int32_t DecoderProgram = 1733;   // "\..." below the program's folder
-inline constexpr std::int32_t DecoderMissing = 1734;   // ~1 = the program's folder
-inline constexpr std::int32_t DecoderOutput = 1735;    // "\..." below the program's folder
-inline constexpr std::int32_t DecoderOptions = 1736;   // the output's name is put behind
-inline constexpr std::int32_t DecoderHandler = 1737;
+inline constexpr std::int32_t DecoderNoSource = 1732;     // ~1 = the path
+inline constexpr std::int32_t DecoderProgram = 1733;      // "\..." below the program's folder
+inline constexpr std::int32_t DecoderMissing = 1734;      // ~1 = the program's folder
+inline constexpr std::int32_t DecoderOutput = 1735;       // "\..." below the program's folder
+inline constexpr std::int32_t DecoderOptions = 1736;      // the output's name is put behind
 inline constexpr std::int32_t DecoderCopyFailed = 1738;   // ~1 = the target
 inline constexpr std::int32_t EncoderProgram = 1739;      // "\..." below the program's folder
 inline constexpr std::int32_t EncoderMissing = 1740;      // ~1 program's folder, ~2 CR LF
@@ -95,9 +94,8 @@ inline constexpr std::int32_t EncoderNotStandard = 1741;  // ~1 = the file's nam
 inline constexpr std::int32_t EncoderBitRate = 1742;      // followed by the bit rate
 inline constexpr std::int32_t EncoderMonoOption = 1743;
 inline constexpr std::int32_t EncoderRateOption = 1744;  // followed by the rate in Hz
-inline constexpr std::int32_t EncoderHandler = 1745;
-inline constexpr std::int32_t ToolNotStarted = 2266;  // followed by the program's path
-inline constexpr std::int32_t ToolTimedOut = 8463;    // ~1 the tool, ~2 seconds
+inline constexpr std::int32_t ToolNotStarted = 2266;     // followed by the program's path
+inline constexpr std::int32_t ToolTimedOut = 8463;       // ~1 the tool, ~2 seconds
 
 // The Audio Converter window's own captions.
 inline constexpr std::int32_t ConvertAudioCaption = 8452;  // " Audio Converter"

@@ -179,64 +179,59 @@ bool CheckSource(SNDFILE* in, const SF_INFO& info, std::string& message) {
   return true;
 }
 
+// The conversion whatever the source and target are: `open_in` and `open_out` open them from
+// the SF_INFO they are given; `out_fault` leads the message when the target can't be opened.
+template <class OpenIn, class OpenOut>
+bool Convert(int mode, OpenIn open_in, OpenOut open_out, const std::string& out_fault,
+             std::string& message) {
+  message.clear();
+  OutForm form;
+  if (!FormOfMode(mode, form)) {
+    message = "unknown mode " + std::to_string(mode);
+    return false;
+  }
+  SF_INFO info{};
+  SndFile in(open_in(info));
+  if (!CheckSource(in.get(), info, message)) return false;
+  SF_INFO out_info{};
+  out_info.samplerate = form.rate;
+  out_info.channels = form.channels;
+  out_info.format = form.format;
+  SndFile out(open_out(out_info));
+  if (!out) {
+    message = out_fault + LibraryError(nullptr);
+    return false;
+  }
+  sf_command(out.get(), SFC_SET_CLIPPING, nullptr, SF_TRUE);
+  return Pump(in.get(), info, out.get(), form, message);
+}
+
 }  // namespace
 
 bool WavConverter(const std::filesystem::path& source, const std::filesystem::path& target,
                   int mode, std::string& message) {
-  message.clear();
-  OutForm form;
-  if (!FormOfMode(mode, form)) {
-    message = "unknown mode " + std::to_string(mode);
-    return false;
-  }
-  SF_INFO info{};
-  SndFile in(sf_open(ResolveCase(source).c_str(), SFM_READ, &info));
-  if (!CheckSource(in.get(), info, message)) return false;
-  SF_INFO out_info{};
-  out_info.samplerate = form.rate;
-  out_info.channels = form.channels;
-  out_info.format = form.format;
-  bool ok;
-  {
-    SndFile out(sf_open(target.c_str(), SFM_WRITE, &out_info));
-    if (!out) {
-      message = target.filename().string() + " can't be written: " + LibraryError(nullptr);
-      return false;
-    }
-    sf_command(out.get(), SFC_SET_CLIPPING, nullptr, SF_TRUE);
-    ok = Pump(in.get(), info, out.get(), form, message);
-  }
-  if (!ok) DeleteFileForced(target);
+  // Only a target this call began to write is removed on a failure; any other is left alone.
+  bool begun = false;
+  const bool ok = Convert(
+      mode, [&](SF_INFO& info) { return sf_open(ResolveCase(source).c_str(), SFM_READ, &info); },
+      [&](SF_INFO& info) {
+        SNDFILE* out = sf_open(target.c_str(), SFM_WRITE, &info);
+        begun = out != nullptr;
+        return out;
+      },
+      target.filename().string() + " can't be written: ", message);
+  if (!ok && begun) DeleteFileForced(target);
   return ok;
 }
 
 bool WavConverter(std::string_view source, std::string& target, int mode, std::string& message) {
-  message.clear();
   target.clear();
-  OutForm form;
-  if (!FormOfMode(mode, form)) {
-    message = "unknown mode " + std::to_string(mode);
-    return false;
-  }
   MemoryFile in_bytes{std::string(source), 0};
-  SF_INFO info{};
-  SndFile in(sf_open_virtual(&kMemoryIo, SFM_READ, &info, &in_bytes));
-  if (!CheckSource(in.get(), info, message)) return false;
   MemoryFile out_bytes;
-  SF_INFO out_info{};
-  out_info.samplerate = form.rate;
-  out_info.channels = form.channels;
-  out_info.format = form.format;
-  bool ok;
-  {
-    SndFile out(sf_open_virtual(&kMemoryIo, SFM_WRITE, &out_info, &out_bytes));
-    if (!out) {
-      message = LibraryError(nullptr);
-      return false;
-    }
-    sf_command(out.get(), SFC_SET_CLIPPING, nullptr, SF_TRUE);
-    ok = Pump(in.get(), info, out.get(), form, message);
-  }
+  const bool ok = Convert(
+      mode, [&](SF_INFO& info) { return sf_open_virtual(&kMemoryIo, SFM_READ, &info, &in_bytes); },
+      [&](SF_INFO& info) { return sf_open_virtual(&kMemoryIo, SFM_WRITE, &info, &out_bytes); }, "",
+      message);
   if (ok) target = std::move(out_bytes.bytes);
   return ok;
 }

@@ -8,20 +8,13 @@
 #include "foundation/dialogs/ask.h"
 #include "foundation/ports/ui.h"
 #include "foundation/program.h"
+#include "foundation/services/binary_io.h"
 #include "foundation/services/files.h"
 #include "foundation/services/paths.h"
 #include "foundation/services/strings.h"
 
 namespace vardolin {
 namespace {
-
-std::int32_t Le(std::string_view b, std::size_t at, std::size_t width) {
-  std::uint32_t v = 0;
-  for (std::size_t i = 0; i < width; ++i)
-    if (at + i < b.size())
-      v |= static_cast<std::uint32_t>(static_cast<unsigned char>(b[at + i])) << (8 * i);
-  return width == 2 ? static_cast<std::int16_t>(v) : static_cast<std::int32_t>(v);
-}
 
 bool AllDigits(std::string_view text) {
   return std::all_of(text.begin(), text.end(),
@@ -32,12 +25,13 @@ bool AllDigits(std::string_view text) {
 
 WaveHeader ParseWaveHeader(std::string_view b) {
   WaveHeader h;
-  h.FormatTag = static_cast<std::int16_t>(Le(b, 20, 2));
-  h.Channels = static_cast<std::int16_t>(Le(b, 22, 2));
-  h.SampleRate = Le(b, 24, 4);
-  h.ByteRate = Le(b, 28, 4);
-  h.BlockAlign = static_cast<std::int16_t>(Le(b, 32, 2));
-  h.BitsPerSample = static_cast<std::int16_t>(Le(b, 34, 2));
+  ByteReader in(b, 20);
+  h.FormatTag = in.I16();
+  h.Channels = in.I16();
+  h.SampleRate = in.I32();
+  h.ByteRate = in.I32();
+  h.BlockAlign = in.I16();
+  h.BitsPerSample = in.I16();
   return h;
 }
 

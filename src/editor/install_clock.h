@@ -26,7 +26,6 @@ class InstallClock {
   bool Ask(const std::string& message);
   // What Timer1 does: the bar by elapsed time against the expected total.
   void ShowProgress();
-  double ExpectedMs() const { return expected_ms_; }
 
  private:
   using Clock = std::chrono::steady_clock;

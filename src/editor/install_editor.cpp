@@ -1,7 +1,6 @@
 #include "editor/install_editor.h"
 
 #include <chrono>
-#include <sstream>
 
 #include "archive/editor_backup.h"
 #include "editor/editor_languages.h"
@@ -13,6 +12,7 @@
 #include "foundation/dialogs/ask.h"
 #include "foundation/forms/controls.h"
 #include "foundation/pictures/picture_file.h"
+#include "foundation/platform/linux_platform.h"
 #include "foundation/platform/wine_registry.h"
 #include "foundation/ports/platform.h"
 #include "foundation/ports/ui.h"
@@ -113,13 +113,13 @@ bool EditorInstall::FillFromFolder(const std::string& source) {
   }
   // A copy from a CD keeps the read-only marks of its files.
   Show(T(text::InstallAttributes));
-  std::istringstream words(T(text::InstallAttributesCommand));
-  std::string tool, word;
-  words >> tool;
-  std::vector<std::string> arguments;
-  while (words >> word) arguments.push_back(word);
-  arguments.push_back(JoinFragment(target_, T(text::InstallAttributesTail)).string());
-  RunAndWait(p_.platform(), tool, arguments, true);
+  std::vector<std::string> arguments = SplitCommandWords(T(text::InstallAttributesCommand));
+  if (!arguments.empty()) {
+    const std::string tool = arguments.front();
+    arguments.erase(arguments.begin());
+    arguments.push_back(JoinFragment(target_, T(text::InstallAttributesTail)).string());
+    RunAndWait(p_.platform(), tool, arguments, true);
+  }
   clock_.Tick(0);
   return true;
 }

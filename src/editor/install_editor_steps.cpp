@@ -2,6 +2,7 @@
 
 #include <system_error>
 
+#include "archive/level_store.h"
 #include "archive/text_ids.h"
 #include "editor/dialog_installa_trle.h"
 #include "editor/editor_languages.h"
@@ -108,20 +109,9 @@ bool RemoveInstalledEditor(Program& program) {
   SetLevelInTrle(program, 0);
   ShowProgressDialog(program);
   Dialog_Progress* dialog = ProgressDialog(program);
-  if (dialog) dialog->Label_Info.SetCaption(program.GetText(text::DeleteTreeListing));
-  FolderTreeWalker walker(&program.ui());
-  walker.WalkFolderTree(ResolveCase(editor));
-  const auto& files = walker.Files();
-  for (std::size_t i = 0; i < files.size(); ++i) {
-    DeleteFileForced(files[i]);
-    StepProgressDialog(program, static_cast<int>(i + 1), static_cast<int>(files.size()));
-  }
-  if (dialog) dialog->Label_Info.SetCaption(program.GetText(text::RemovingFolders));
-  std::error_code ec;
-  // Deepest first: the walk lists a folder before its sub-folders.
-  for (auto it = walker.Folders().rbegin(); it != walker.Folders().rend(); ++it)
-    fs::remove(*it, ec);
-  fs::remove(ResolveCase(editor), ec);
+  // A tree copied from a CD is read-only; the level store's removal handles that.
+  DeleteLevelTree(program, editor, dialog ? &dialog->Label_Info : nullptr,
+                  dialog ? &dialog->ProgressBar1 : nullptr, text::RemovingFolders);
   HideProgressDialog(program);
   return true;
 }

@@ -1,7 +1,6 @@
 // The main window's entries that install the level editor.
 
-#include <string>
-
+#include "editor/find_editor.h"
 #include "editor/install_editor.h"
 #include "editor/text_ids.h"
 #include "foundation/dialogs/ask.h"
@@ -28,14 +27,7 @@ void InstallFromFolder(Program& p) {
   if (AskUser(p, p.GetText(text::InstallFolderInfo), msg::kOkCancel) != msg::kOk) return;
   ShowProgressDialog(p, p.GetText(text::InstallFolderProgress));
   Dialog_Progress& dialog = *ProgressDialog(p);
-  std::string folder =
-      p.ui().AskFolder(p.GetText(text::InstallFolderStart), p.GetText(text::InstallFolderTitle));
-  bool done =
-      !folder.empty() && InstallEditorFromFolder(p, folder, dialog.Label_Info, dialog.ProgressBar1);
-  if (done)
-    AskUser(p, p.GetText(text::InstallFolderDone), msg::kInformation);
-  else if (!folder.empty())
-    AskUser(p, p.GetText(text::InstallFolderFailed), msg::kError);
+  const bool done = AskInstallFolder(p, dialog.Label_Info, dialog.ProgressBar1);
   HideProgressDialog(p);
   if (done) ReloadLanguage(p);
 }

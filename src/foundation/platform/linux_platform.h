@@ -17,6 +17,9 @@ namespace vardolin {
 
 // Cuts a command text into words at blanks; double quotes group blanks into a word.
 std::vector<std::string> SplitCommandWords(std::string_view text);
+// The file a command word names: a word with a '/' as it stands, else the first executable of
+// that name on PATH. Empty when there is none.
+std::filesystem::path FindExecutable(const std::string& word);
 
 // The arguments of xdg-email for the message.
 std::vector<std::string> MailCommandArguments(const MailMessage& message);

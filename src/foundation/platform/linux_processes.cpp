@@ -10,6 +10,7 @@
 #include <unistd.h>
 
 #include <cerrno>
+#include <chrono>
 #include <cstdlib>
 #include <fstream>
 #include <map>
@@ -45,8 +46,8 @@ bool IsWindowsProgram(const fs::path& program) {
   return in.read(head, 2) && head[0] == 'M' && head[1] == 'Z';
 }
 
-// The file a command word names: a word with a '/' as it stands, else the first executable of
-// that name on PATH. Empty when there is none.
+}  // namespace
+
 fs::path FindExecutable(const std::string& word) {
   if (word.empty()) return {};
   if (word.find('/') != std::string::npos) {
@@ -67,8 +68,6 @@ fs::path FindExecutable(const std::string& word) {
   }
   return {};
 }
-
-}  // namespace
 
 std::vector<std::string> SplitCommandWords(std::string_view text) {
   std::vector<std::string> words;
@@ -247,10 +246,24 @@ int LinuxPlatform::RunCapturing(const StartRequest& request,
     ::close(fds[0]);
     return -1;
   }
+  const auto deadline =
+      std::chrono::steady_clock::now() + std::chrono::seconds{request.time_limit_seconds};
   std::string line;
   bool after_cr = false, broken = false;
   char buf[4096];
   while (!broken) {
+    if (request.time_limit_seconds > 0) {
+      const auto left =
+          std::chrono::duration_cast<milliseconds>(deadline - std::chrono::steady_clock::now());
+      pollfd readable{fds[0], POLLIN, 0};
+      const int r = left.count() > 0 ? ::poll(&readable, 1, static_cast<int>(left.count())) : 0;
+      if (r < 0 && errno == EINTR) continue;
+      if (r == 0) {
+        End(*process);
+        ::close(fds[0]);
+        return kRunTimedOut;
+      }
+    }
     ssize_t n = ::read(fds[0], buf, sizeof buf);
     if (n < 0 && errno == EINTR) continue;
     if (n <= 0) break;

@@ -23,7 +23,12 @@ struct StartRequest {
   bool hidden = false;
   // RunCapturing reads standard error on the same pipe: console tools report progress there.
   bool capture_errors = false;
+  // RunCapturing ends a program that runs longer than this; 0 lets it run as long as it likes.
+  int time_limit_seconds = 0;
 };
+
+// RunCapturing's answer for a program it ended at its time limit.
+inline constexpr int kRunTimedOut = -2;
 
 // A started child. `pid` is the process that is watched; for a Windows program that is the
 // Wine loader we started, whatever else Wine leaves behind.
@@ -94,7 +99,8 @@ class Platform {
   // Exit code of an ended process, -1 when unknown.
   virtual int ExitCode(const Process& process) = 0;
   // Runs a program with its standard output on a pipe and hands each line to `on_line`; a false
-  // answer from the handler ends the program. Gives the exit code, or -1 when it couldn't start.
+  // answer from the handler ends the program. Gives the exit code, -1 when it couldn't start, or
+  // kRunTimedOut.
   virtual int RunCapturing(const StartRequest& request,
                            const std::function<bool(const std::string& line)>& on_line) = 0;
 
