@@ -42,16 +42,8 @@ bool Open(Program& program, const std::string& path, std::ostream& err) {
 
 // Texts that hold several values keep them apart with the character 0.
 std::vector<std::string> Values(const std::string& values) {
-  std::vector<std::string> list;
-  std::string one;
-  for (char c : values + '\0') {
-    if (c != '\0') {
-      one += c;
-      continue;
-    }
-    if (!Trim(one).empty()) list.push_back(Trim(one));
-    one.clear();
-  }
+  std::vector<std::string> list = SplitNulList(values);
+  std::erase(list, std::string());
   return list;
 }
 

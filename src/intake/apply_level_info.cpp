@@ -30,19 +30,6 @@ namespace fs = std::filesystem;
 
 namespace {
 
-std::vector<std::string> SplitAtNul(std::string_view list) {
-  std::vector<std::string> parts;
-  if (Trim(list).empty()) return parts;
-  std::size_t start = 0;
-  while (start <= list.size()) {
-    std::size_t end = list.find('\0', start);
-    if (end == std::string_view::npos) end = list.size();
-    parts.emplace_back(Trim(list.substr(start, end - start)));
-    start = end + 1;
-  }
-  return parts;
-}
-
 // A name that an info file gives is joined onto the level's folder like any name from a package.
 fs::path InFolder(const fs::path& folder, const std::string& name) {
   const SafeJoinResult joined = SafeJoin(folder, name);
@@ -68,7 +55,6 @@ void ApplyLevelInfo(Dialog_NewLevel& form) {
         form.Info, from_script);
 
   if (has_info || from_script) {
-    form.InfoFileApplied = true;
     LevelRecord& r = form.Record();
     form.Text_NameLevel.SetText(form.Info.LevelName);
     form.Text_Note.SetText(form.Info.Note);
@@ -91,12 +77,12 @@ void ApplyLevelInfo(Dialog_NewLevel& form) {
     p.InfoFileFlag = true;
     ShowStatus(&form.Label_Info, {});
   }
-  if (!p.InfoFileFlag && !form.InfoFileApplied) OfferKnownPatch(form);
+  if (!p.InfoFileFlag) OfferKnownPatch(form);
 }
 
 bool RequireListedWads(Dialog_NewLevel& form) {
   Program& p = form.program();
-  const std::vector<std::string> pairs = SplitAtNul(form.Info.WadFiles);
+  const std::vector<std::string> pairs = SplitNulList(form.Info.WadFiles);
   std::string url;
   for (std::size_t i = 0; i + 1 < pairs.size(); i += 2) {
     if (pairs[i].empty()) continue;
@@ -121,7 +107,7 @@ bool RequireListedWads(Dialog_NewLevel& form) {
 
 bool ApplyCopies(Dialog_NewLevel& form) {
   Program& p = form.program();
-  const std::vector<std::string> pairs = SplitAtNul(form.Info.FileCopies);
+  const std::vector<std::string> pairs = SplitNulList(form.Info.FileCopies);
   if (pairs.size() < 2) return true;
   ShowStatus(&form.Label_Info, p.GetText(text::ApplyingCopies));
   for (std::size_t i = 0; i + 1 < pairs.size(); i += 2) {
@@ -138,7 +124,7 @@ bool ApplyCopies(Dialog_NewLevel& form) {
 
 bool FetchMediaFiles(Dialog_NewLevel& form) {
   Program& p = form.program();
-  const std::vector<std::string> groups = SplitAtNul(form.Info.MediaFiles);
+  const std::vector<std::string> groups = SplitNulList(form.Info.MediaFiles);
   for (std::size_t i = 0; i + 2 < groups.size(); i += 4) {
     const std::string& file = groups[i + 1];
     ShowStatus(&form.Label_Info, p.GetText(text::FetchingMedia, {file}));
@@ -154,7 +140,7 @@ bool FetchMediaFiles(Dialog_NewLevel& form) {
 
 void ApplyTomLinks(Dialog_NewLevel& form) {
   Program& p = form.program();
-  const std::vector<std::string> links = SplitAtNul(form.Info.TomLinks);
+  const std::vector<std::string> links = SplitNulList(form.Info.TomLinks);
   const fs::path wads = JoinFragment(p.prefs.EditorFolder, p.GetText(text::TomLinkWadsFolder));
   for (std::size_t i = 0; i + 1 < links.size(); i += 2) {
     std::vector<fs::path> found = ListFiles(wads, links[i + 1]);

@@ -2,6 +2,7 @@
 
 #include "archive/catalogue_file.h"
 #include "archive/catalogue_ops.h"
+#include "foundation/catalogue_records.h"
 #include "foundation/dialogs/ask.h"
 #include "foundation/ports/platform.h"
 #include "foundation/ports/ui.h"
@@ -13,7 +14,9 @@ namespace vardolin {
 
 namespace {
 // The widths of the record's fields, one byte of each kept free as the catalogue always has.
-constexpr std::size_t kListLimit = 255, kNameLimit = 79, kNoteLimit = 255;
+constexpr std::size_t kListLimit = LevelRecord::kTextWidth - 1,
+                      kNameLimit = LevelRecord::kAuthorNameWidth - 1,
+                      kNoteLimit = LevelRecord::kTextWidth - 1;
 
 // Characters, not bytes: the field holds one byte per character of the language's code page.
 std::size_t Characters(const std::string& text) {
@@ -34,15 +37,10 @@ std::string JoinAuthorList(const ComboBox& combo) {
 
 void SplitAuthorList(const std::string& joined, ComboBox& combo) {
   combo.Clear();
-  const std::string all = Trim(joined);
-  if (all.empty()) return;
-  std::size_t start = 0;
-  for (;;) {
-    const std::size_t end = all.find('\0', start);
-    combo.AddItem(Trim(all.substr(start, end - start)));
-    if (end == std::string::npos) break;
-    start = end + 1;
-  }
+  // Blanks and empty values at either end are not names.
+  const std::vector<std::string> names = SplitNulList(Trim(joined));
+  if (names.empty()) return;
+  for (const std::string& name : names) combo.AddItem(name);
   combo.SetListIndex(0);
 }
 

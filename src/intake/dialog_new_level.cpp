@@ -25,8 +25,8 @@
 #include "intake/store_level.h"
 #include "intake/text_ids.h"
 #include "play/active_level.h"
+#include "web/dialog_siti.h"
 #include "web/text_ids.h"
-#include "web/url_list_offers.h"
 #include "web/zip_layer.h"
 
 namespace vardolin {
@@ -80,7 +80,7 @@ void Dialog_NewLevel::ImpostaValori(std::int32_t IndiceLivello, const std::strin
   Program& p = program();
   p.LastPackagePath.clear();
   p.InfoFileFlag = false;
-  FilesChangedFlag = InstallerFound = InfoFileApplied = PatchApplied = false;
+  FilesChangedFlag = InstallerFound = PatchApplied = false;
   Failed = ExitValue = false;
   LevelIndex = IndiceLivello;
   IsNewLevel = static_cast<std::size_t>(LevelIndex) == p.catalogue.levels.size();
@@ -361,7 +361,7 @@ void Dialog_NewLevel::Pul_Cancel_Click() {
   // A user with no level of their own yet is shown where levels are found.
   if (p.catalogue.levels.size() == 1 &&
       AskUser(p, p.GetText(text::OnlyOneLevelOfferSites), msg::kYesNo) == msg::kYes)
-    ShowUrlList(p);
+    ShowUrlListWindow(p, url_type::kLevels, false);
   Close(false);
 }
 

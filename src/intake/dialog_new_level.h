@@ -48,7 +48,6 @@ class Dialog_NewLevel : public Form {
   bool FilesChangedFlag = false;
   bool IsNewLevel = false;
   bool InstallerFound = false;
-  bool InfoFileApplied = false;
   bool PatchApplied = false;
   // What the package's level info file or install script said of the level.
   LevelInfo Info;

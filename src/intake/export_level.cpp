@@ -9,6 +9,7 @@
 #include "archive/level_store.h"
 #include "foundation/dialogs/ask.h"
 #include "foundation/dialogs/dialog_progress.h"
+#include "foundation/dialogs/progress.h"
 #include "foundation/dialogs/shared_dialogs.h"
 #include "foundation/ports/ui.h"
 #include "foundation/program.h"
@@ -34,10 +35,6 @@ Label* InfoLabel(Program& p) {
 ProgressBar* Bar(Program& p) {
   Dialog_Progress* d = ProgressDialog(p);
   return d ? &d->ProgressBar1 : nullptr;
-}
-void Say(Program& p, const std::string& text) {
-  if (Label* label = InfoLabel(p)) label->SetCaption(text);
-  if (Dialog_Progress* d = ProgressDialog(p)) d->Refresh();
 }
 
 // The expanded copy is thrown away afterwards, so its files are moved rather than copied: on
@@ -97,7 +94,7 @@ fs::path ExportLevel(Program& p, std::optional<std::int32_t> code, const ExportC
   fs::path temporary;
   auto drop_temporary = [&](std::int32_t say) {
     if (temporary.empty()) return;
-    Say(p, p.GetText(say));
+    ShowStatus(InfoLabel(p), p.GetText(say));
     fs::remove_all(temporary, ec);
   };
   auto give_up = [&](std::int32_t why, int style) {
@@ -123,7 +120,7 @@ fs::path ExportLevel(Program& p, std::optional<std::int32_t> code, const ExportC
   if (HasShots(p, shots) && (choices.shots ? *choices.shots
                                            : AskUser(p, p.GetText(text::ExportShotsQuestion),
                                                      msg::kYesNo) == msg::kYes)) {
-    Say(p, p.GetText(text::ExportCopyingShots));
+    ShowStatus(InfoLabel(p), p.GetText(text::ExportCopyingShots));
     CopyFilesWithProgress(p, shots, out, Bar(p), true, "*");
   }
 
@@ -142,11 +139,11 @@ fs::path ExportLevel(Program& p, std::optional<std::int32_t> code, const ExportC
   }
   if (zip.empty()) return give_up(text::ExportCancelled, msg::kOkOnly);
 
-  Say(p, p.GetText(text::ExportZipping) + zip.string());
+  ShowStatus(InfoLabel(p), p.GetText(text::ExportZipping) + zip.string());
   const bool zipped = ZipFolderToFile(p, out, zip, Bar(p), false);
   if (!zipped) AskUser(p, p.GetText(text::ExportZipFailed), msg::kError);
   drop_temporary(text::ExportDeleteTemporary);
-  Say(p, p.GetText(text::ExportDeleteFolder));
+  ShowStatus(InfoLabel(p), p.GetText(text::ExportDeleteFolder));
   fs::remove_all(out, ec);
   HideProgressDialog(p);
   AskUser(p, p.GetText(text::ExportDone) + zip.string(), msg::kOkOnly);

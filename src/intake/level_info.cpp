@@ -104,11 +104,8 @@ bool ReadLevelInfoFile(Program& program, const std::filesystem::path& path, Leve
     AskUser(program, program.GetText(text::InfoFileMissing, {path.string()}), msg::kError);
     return false;
   }
-  std::error_code ec;
-  const std::filesystem::path real = ResolveCase(path);
-  const auto size = std::filesystem::file_size(real, ec);
-  const std::string bytes = ReadWholeFile(real);
-  if (ec || bytes.size() != size) {
+  std::string bytes;
+  if (!ReadFileIfThere(path, bytes)) {
     ShowError(program, text::InfoFileOpenFailed, path);
     return false;
   }

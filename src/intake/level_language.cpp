@@ -6,6 +6,7 @@
 #include "archive/editor_backup.h"
 #include "archive/level_store.h"
 #include "foundation/dialogs/ask.h"
+#include "foundation/dialogs/progress.h"
 #include "foundation/forms/controls.h"
 #include "foundation/ports/ui.h"
 #include "foundation/program.h"
@@ -216,8 +217,7 @@ bool RestoreLanguageOfLevel(Program& p, std::int32_t code, bool silent) {
 }
 
 int ChangeLanguageOfAllLevels(Program& p, bool restore, Label* label, ProgressBar* bar) {
-  if (label)
-    label->SetCaption(p.GetText(restore ? text::LanguageRestoreAllBusy : text::LanguageSetAllBusy));
+  ShowStatus(label, p.GetText(restore ? text::LanguageRestoreAllBusy : text::LanguageSetAllBusy));
   const std::size_t count = p.catalogue.levels.size();
   if (bar) bar->SetMax(static_cast<int>(count));
   int changed = 0;
@@ -230,7 +230,7 @@ int ChangeLanguageOfAllLevels(Program& p, bool restore, Label* label, ProgressBa
       ++changed;
   }
   if (bar) bar->SetValue(0);
-  if (label) label->SetCaption("");
+  ShowStatus(label, {});
   return changed;
 }
 

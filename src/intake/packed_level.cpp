@@ -156,8 +156,7 @@ bool FileArchive::Create(const fs::path& archive, ArchiveDirectory& directory, b
   if (external) {
     const fs::path store =
         JoinFragment(archive.parent_path(), program_.GetText(text::StoreFolderName));
-    if (FolderExists(store) ? !DeleteMatchingFiles(store, "*") : !MakeFolder(store))
-      return Fail(text::ArchiveCreateFailed, archive.string());
+    if (!MakeEmptyFolder(store)) return Fail(text::ArchiveCreateFailed, archive.string());
     directory.StoreFolder = store.string();
   }
   const std::string image = DirectoryImage(directory);
@@ -376,8 +375,7 @@ bool FileArchive::MoveOut(const fs::path& archive, ArchiveDirectory& directory) 
   if (directory.External) return Fail(text::ArchiveAlreadyExternal);
   const fs::path store =
       JoinFragment(archive.parent_path(), program_.GetText(text::MoveOutFolderName));
-  if (FolderExists(store) ? !DeleteMatchingFiles(store, "*") : !MakeFolder(store))
-    return Fail(text::ArchiveTakeAllNoFolder, store.string());
+  if (!MakeEmptyFolder(store)) return Fail(text::ArchiveTakeAllNoFolder, store.string());
   ArchiveDirectory changed = directory;
   changed.External = true;
   changed.StoreFolder = store.string();

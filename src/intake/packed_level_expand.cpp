@@ -3,6 +3,7 @@
 #include <string>
 #include <vector>
 
+#include "foundation/dialogs/progress.h"
 #include "foundation/forms/controls.h"
 #include "foundation/program.h"
 #include "foundation/services/files.h"
@@ -55,7 +56,7 @@ void ExpandPackedLevel(Program& program, const fs::path& folder, Label* info, Pr
       if (target.ok)
         packed.ArchiveOperation(archive, kArchiveTakeOne, name, target.path.string(), directory);
     }
-    if (info) info->SetCaption(program.GetText(text::ExpandingPackedLevel));
+    ShowStatus(info, program.GetText(text::ExpandingPackedLevel));
     if (packed.ArchiveOperation(archive, kArchiveMoveOut, {}, {}, directory)) {
       if (bar) bar->SetMax(static_cast<int>(chosen.size()));
       for (std::size_t i = 0; i < chosen.size(); ++i) {
@@ -66,7 +67,7 @@ void ExpandPackedLevel(Program& program, const fs::path& folder, Label* info, Pr
     }
   }
   DeleteFileForced(JoinFragment(folder, program.GetText(text::PackedLevelLeftover)));
-  if (info) info->SetCaption({});
+  ShowStatus(info, {});
   if (bar) bar->SetValue(0);
 }
 

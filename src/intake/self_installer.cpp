@@ -126,8 +126,6 @@ void UnpackSelfInstallers(Program& program, const fs::path& folder, Label* info)
   walker.WalkFolderTree(temporary);
   for (const fs::path& file : walker.Files()) {
     const SafeJoinResult to = SafeJoin(folder, file.filename().string());
-    std::error_code ec;
-    if (to.ok) fs::create_directories(to.path.parent_path(), ec);
     copied = to.ok && CopyFileOver(file, to.path) && copied;
   }
   if (!copied)

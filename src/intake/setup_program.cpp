@@ -9,6 +9,7 @@
 #include "editor/dialog_tipo_exe.h"
 #include "editor/text_ids.h"
 #include "foundation/dialogs/ask.h"
+#include "foundation/dialogs/progress.h"
 #include "foundation/forms/controls.h"
 #include "foundation/ports/platform.h"
 #include "foundation/ports/ui.h"
@@ -30,10 +31,6 @@ constexpr std::streamoff kMarkPlace = 30272;  // the 30273rd byte
 constexpr std::size_t kMarkBytes = 208;
 constexpr std::size_t kTrailerBytes = 8;
 constexpr std::size_t kHeadBytes = 624;
-
-void SetLabel(const SetupRun& run, const std::string& text) {
-  if (run.label) run.label->SetCaption(text);
-}
 
 std::string ReadAt(const fs::path& file, std::streamoff at, std::size_t count) {
   std::ifstream in(file, std::ios::binary);
@@ -147,9 +144,9 @@ bool RunSetupProgram(Program& program, const fs::path& program_folder, const fs:
   auto T = [&](std::int32_t id, const std::vector<std::string>& v = {}) {
     return program.GetText(id, v);
   };
-  SetLabel(run, T(text::SetupResetting));
+  ShowStatus(run.label, T(text::SetupResetting));
   SetLevelInTrle(program, 0);
-  SetLabel(run, {});
+  ShowStatus(run.label, {});
   fs::path setup = FindSetupProgram(program, program_folder);
   if (setup.empty()) {
     AskUser(program, T(text::SetupNotFound), msg::kError);
@@ -160,14 +157,14 @@ bool RunSetupProgram(Program& program, const fs::path& program_folder, const fs:
     destination = DetectSetupDestination(program, setup, kind);
     if (!destination.empty()) AskUser(program, T(text::SetupDetected, {kind}), msg::kInformation);
   }
-  SetLabel(run, T(text::SetupRunning) + setup.filename().string());
+  ShowStatus(run.label, T(text::SetupRunning) + setup.filename().string());
   RunEnd end = RunUntilEndOrStop(program, setup, run);
   if (end == RunEnd::NotStarted) {
     AskUser(program, setup.string() + T(text::SetupNotStarted), msg::kError);
     return false;
   }
   if (end == RunEnd::Stopped) {
-    SetLabel(run, {});
+    ShowStatus(run.label, {});
     AskUser(program, T(text::SetupStopped), msg::kInformation);
     return false;
   }
@@ -190,9 +187,9 @@ bool RunSetupProgram(Program& program, const fs::path& program_folder, const fs:
   }
   if (!into_editor) return AddFromFolder(program, target, run.bar, run.label, false, ".*", from);
 
-  SetLabel(run, T(text::SetupComparing));
+  ShowStatus(run.label, T(text::SetupComparing));
   std::vector<std::string> written = ChangedEditorFiles(program);
-  SetLabel(run, T(text::SetupCollecting));
+  ShowStatus(run.label, T(text::SetupCollecting));
   const bool full = program.prefs.FullBackupDone;
   const std::string kept = T(text::SetupKeptExtension);
   for (std::size_t i = 0; i < written.size(); ++i) {
@@ -205,7 +202,7 @@ bool RunSetupProgram(Program& program, const fs::path& program_folder, const fs:
     program.ui().DoEvents();
   }
   if (run.bar) run.bar->SetValue(0);
-  SetLabel(run, {});
+  ShowStatus(run.label, {});
   if (!full) AskUser(program, T(text::SetupPartialBackup), msg::kInformation);
   CleanSetupFiles(program, target);
   bool level = false;
@@ -236,10 +233,7 @@ SetupOutcome RunSetupIfAny(Program& program, const fs::path& work_folder, std::s
   AskUser(program, T(text::SetupStarting), msg::kInformation);
 
   fs::path collect = JoinFragment(program.Home(), T(text::SetupCollectFolder));
-  if (FolderExists(collect))
-    DeleteMatchingFiles(collect, "*");
-  else
-    MakeFolder(collect);
+  MakeEmptyFolder(collect);
   if (!RunSetupProgram(program, work, collect, destination, run)) {
     destination.clear();
     AskUser(program, T(text::SetupFailed), msg::kError);
@@ -249,16 +243,15 @@ SetupOutcome RunSetupIfAny(Program& program, const fs::path& work_folder, std::s
       BringEditorBack(program);
     return SetupOutcome::Failed;
   }
-  DeleteMatchingFiles(work, T(text::SetupDoneClean));
   destination.clear();
-  SetLabel(run, T(text::SetupEmptying));
+  ShowStatus(run.label, T(text::SetupEmptying));
   DeleteMatchingFiles(work, "*");
-  SetLabel(run, T(text::SetupCopying));
+  ShowStatus(run.label, T(text::SetupCopying));
   CopyFilesWithProgress(program, collect, work, run.bar, true, "*");
   DeleteFileForced(JoinFragment(work, T(text::SetupLeftover)));
-  SetLabel(run, T(text::SetupCleaning));
+  ShowStatus(run.label, T(text::SetupCleaning));
   DeleteFolderTree(collect);
-  SetLabel(run, {});
+  ShowStatus(run.label, {});
   return SetupOutcome::Collected;
 }
 

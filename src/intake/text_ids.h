@@ -337,7 +337,6 @@ inline constexpr std::int32_t SetupStarting = 699;
 inline constexpr std::int32_t SetupCollectFolder = 700;
 inline constexpr std::int32_t SetupFailed = 701;
 inline constexpr std::int32_t SetupFailedClean = 702;
-inline constexpr std::int32_t SetupDoneClean = 703;
 inline constexpr std::int32_t SetupEmptying = 704;
 inline constexpr std::int32_t SetupCopying = 705;
 inline constexpr std::int32_t SetupLeftover = 706;

@@ -39,10 +39,6 @@ void OfferUrlListUpdate(Program& program) {
   ShowUrlListWindow(program, url_type::kLevels, true);
 }
 
-bool ShowUrlList(Program& program) {
-  return ShowUrlListWindow(program, url_type::kLevels, false);
-}
-
 std::vector<UrlEntry> KnownPatchesFor(const Program& program, const std::filesystem::path& folder) {
   UrlList list;
   if (!ReadUrlList(UrlListPath(program), list)) return {};

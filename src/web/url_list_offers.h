@@ -15,10 +15,6 @@ class Program;
 // and runs it in the list's window.
 void OfferUrlListUpdate(Program& program);
 
-// The list's window in its normal mode, on the level sites (after text 611 of the add-level
-// form's Cancel).
-bool ShowUrlList(Program& program);
-
 // The known patches of the list in the program's folder that fit the files of `folder`; none
 // without a list.
 std::vector<UrlEntry> KnownPatchesFor(const Program& program, const std::filesystem::path& folder);

@@ -24,6 +24,19 @@ std::string Trim(std::string_view text) {
   return std::string(text.substr(b, e - b));
 }
 
+std::vector<std::string> SplitNulList(std::string_view list) {
+  std::vector<std::string> parts;
+  if (Trim(list).empty()) return parts;
+  std::size_t start = 0;
+  while (start <= list.size()) {
+    std::size_t end = list.find('\0', start);
+    if (end == std::string_view::npos) end = list.size();
+    parts.push_back(Trim(list.substr(start, end - start)));
+    start = end + 1;
+  }
+  return parts;
+}
+
 std::string TrimRight(std::string_view text) {
   size_t e = text.size();
   while (e > 0 && IsBlank(text[e - 1])) --e;

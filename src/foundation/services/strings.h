@@ -4,11 +4,15 @@
 
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace vardolin {
 
 std::string Trim(std::string_view text);
 std::string TrimRight(std::string_view text);
+// The parts of a text whose values are kept apart by the character 0, each trimmed; empty parts
+// stay in their places. A blank text has none.
+std::vector<std::string> SplitNulList(std::string_view list);
 std::string ToLower(std::string_view text);
 std::string ToUpper(std::string_view text);
 bool EqualsNoCase(std::string_view a, std::string_view b);
