@@ -39,6 +39,7 @@
 #include "foundation/ports/platform.h"
 #include "foundation/ports/ui.h"
 #include "foundation/program.h"
+#include "foundation/services/files.h"
 #include "foundation/texts/text_catalogue.h"
 #include "play/activation.h"
 #include "web/zlib_tool.h"
@@ -107,11 +108,8 @@ struct Bench : bench::ProgramBench<> {
   }
   // Where the reference tools write: an empty folder each time.
   fs::path FreshTarget() {
-    fs::path target = root / "target";
-    std::error_code ec;
-    fs::remove_all(target, ec);
-    fs::create_directories(target);
-    return target;
+    MakeEmptyFolder(root / "target");
+    return root / "target";
   }
 };
 

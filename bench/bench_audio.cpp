@@ -5,7 +5,6 @@
 // - the MP3 length estimate over 1,000 files, as time per file.
 
 #include <benchmark/benchmark.h>
-#include <unistd.h>
 
 #include <filesystem>
 #include <string>
@@ -14,20 +13,22 @@
 #include "audio/dialog_converti_mp3.h"
 #include "audio/mp3_duration.h"
 #include "audio/wave_header.h"
+#include "bench_data.h"
 #include "bench_ports.h"
 #include "bench_tools.h"
 #include "foundation/platform/linux_platform.h"
 #include "foundation/program.h"
+#include "foundation/services/files.h"
 #include "foundation/texts/text_catalogue.h"
 
 namespace {
 
 namespace fs = std::filesystem;
 using vardolin::bench::Run;
-using vardolin::bench::Seconds;
 
 struct Setup {
-  fs::path root = fs::temp_directory_path() / ("vardolin-bench-audio-" + std::to_string(getpid()));
+  vardolin::bench::ScratchFolder scratch;
+  fs::path root = scratch.path();
   vardolin::bench::SilentUi ui;
   vardolin::LinuxPlatform platform;
   vardolin::Program program{root / "home", ui, platform};
@@ -46,22 +47,12 @@ struct Setup {
               "330-660", "pinknoise",   "remix", "1,3",   "2,3",  "vol",     "0.3"}) &&
          Run({"lame", "--quiet", "-b", "128", wave.string(), mp3.string()});
     fs::create_directories(root / "many");
-    const std::string head = [&] {
-      std::string all(65536, '\0');
-      std::FILE* f = std::fopen(mp3.c_str(), "rb");
-      all.resize(f ? std::fread(all.data(), 1, all.size(), f) : 0);
-      if (f) std::fclose(f);
-      return all;
-    }();
+    const std::string head = vardolin::ReadWholeFile(mp3).substr(0, 65536);
     for (int i = 0; i < 1000; ++i) {
       // Tags of growing length before the frames, as tagged files have.
       many.push_back(root / "many" / (std::to_string(i) + ".mp3"));
       vardolin::bench::Write(many.back(), "ID3" + std::string(i * 16, '\x01') + head);
     }
-  }
-  ~Setup() {
-    std::error_code ec;
-    fs::remove_all(root, ec);
   }
 };
 
@@ -70,31 +61,11 @@ Setup& TheSetup() {
   return setup;
 }
 
+// Both sides run only on a set-up that made its files.
 void MeasurePair(benchmark::State& state, const char* tool, const std::function<bool()>& ours,
                  const std::function<bool()>& reference) {
-  double total_ours = 0, total_ref = 0;
-  bool ok = TheSetup().ok;
-  int turn = 0;
-  for (auto _ : state) {
-    double t_ours, t_ref;
-    if (turn++ % 2 == 0) {
-      t_ours = Seconds(ours, ok);
-      t_ref = Seconds(reference, ok);
-    } else {
-      t_ref = Seconds(reference, ok);
-      t_ours = Seconds(ours, ok);
-    }
-    if (!ok) {
-      state.SkipWithError("a conversion failed");
-      return;
-    }
-    state.SetIterationTime(t_ours);
-    total_ours += t_ours;
-    total_ref += t_ref;
-  }
-  state.SetLabel(std::string("vs:") + tool);
-  state.counters["reference_ms"] = 1000 * total_ref / state.iterations();
-  state.counters["ratio"] = total_ours / total_ref;
+  const auto ready = [] { return TheSetup().ok; };
+  vardolin::bench::MeasurePair(state, tool, {ready, ours}, {ready, reference});
 }
 
 void Mp3ToGameWave(benchmark::State& state) {

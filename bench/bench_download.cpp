@@ -17,6 +17,7 @@
 #include "bench_data.h"
 #include "bench_program.h"
 #include "bench_tools.h"
+#include "foundation/forms/controls.h"
 #include "foundation/forms/form.h"
 #include "foundation/program.h"
 #include "web/dialog_download.h"
@@ -32,12 +33,7 @@ constexpr std::size_t kBytes = 200u << 20;
 // first tick does.
 class TickingUi : public bench::SilentUi {
  public:
-  void ShowModal(Form& form) override {
-    form.Load();
-    for (Control* c : form.Controls())
-      if (c->Kind() == ControlKind::Timer && static_cast<Timer*>(c)->Running())
-        static_cast<Timer*>(c)->Tick();
-  }
+  void ShowModal(Form& form) override { LoadAndTickTimers(form); }
 };
 
 struct Bench : bench::ProgramBench<TickingUi> {

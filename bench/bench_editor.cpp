@@ -24,6 +24,7 @@
 #include "foundation/pictures/bitmap.h"
 #include "foundation/pictures/jpeg_codec.h"
 #include "foundation/program.h"
+#include "foundation/services/files.h"
 #include "foundation/texts/text_catalogue.h"
 
 namespace vardolin {
@@ -92,11 +93,8 @@ struct Bench : bench::ProgramBench<> {
   }
 
   fs::path Fresh(const char* name) {
-    fs::path p = root / name;
-    std::error_code ec;
-    fs::remove_all(p, ec);
-    fs::create_directories(p, ec);
-    return p;
+    MakeEmptyFolder(root / name);
+    return root / name;
   }
 };
 

@@ -3,9 +3,11 @@
 #include <ostream>
 #include <system_error>
 
+#include "demo_files.h"
 #include "foundation/pictures/bitmap.h"
 #include "foundation/pictures/jpeg_codec.h"
 #include "foundation/services/files.h"
+#include "foundation/services/strings.h"
 #include "web/zip_layer.h"
 
 namespace vardolin {
@@ -25,16 +27,12 @@ bool WriteDemoEditorPackage(Program& program, const fs::path& editor, const fs::
       {"trle/lang/english.dat", "english"}, {"trle/lang/italian.dat", "italiano"},
       {"trle/lang/script.dat", "script"},   {"trle/docs/manual_eng.pdf", "%PDF-1.4"},
       {"trle/load_eng.jpg", splash},        {"trle/load_fr.jpg", splash}};
-  for (const auto& [rel, bytes] : extra) {
-    fs::create_directories((staging / rel).parent_path(), ec);
-    WriteTextFile(staging / rel, bytes);
-  }
+  for (const auto& [rel, bytes] : extra) WriteBytes(staging / rel, bytes);
   std::string list;
   for (const auto& entry : fs::recursive_directory_iterator(staging, ec)) {
     if (!entry.is_regular_file()) continue;
-    std::string rel = entry.path().lexically_relative(staging).generic_string();
-    for (char& c : rel) c = c == '/' ? '\\' : c;
-    list += rel + "\r\n";
+    list +=
+        ReplaceAll(entry.path().lexically_relative(staging).generic_string(), "/", "\\") + "\r\n";
   }
   WriteTextFile(staging / "trle_files.txt", list);
   const fs::path zip = folder / "trle_setup_1.zip";

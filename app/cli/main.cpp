@@ -66,18 +66,16 @@ int main(int argc, char** argv) {
   app.require_subcommand(0, 1);
 
   std::vector<Command> commands;
-  auto add = [&](const char* name, const char* what, bool changes_home,
-                 std::function<int(vardolin::Program&)> run) {
-    CLI::App* sub = app.add_subcommand(name, what);
-    commands.push_back({sub, changes_home, std::move(run)});
-    return sub;
-  };
-  // A command under another one ("urls add"): the innermost command given runs.
+  // A command may stand under another one ("urls add"): the innermost command given runs.
   auto add_under = [&](CLI::App* parent, const char* name, const char* what, bool changes_home,
                        std::function<int(vardolin::Program&)> run) {
     CLI::App* sub = parent->add_subcommand(name, what);
     commands.push_back({sub, changes_home, std::move(run)});
     return sub;
+  };
+  auto add = [&](const char* name, const char* what, bool changes_home,
+                 std::function<int(vardolin::Program&)> run) {
+    return add_under(&app, name, what, changes_home, std::move(run));
   };
   auto& out = std::cout;
   auto& err = std::cerr;
@@ -273,19 +271,17 @@ int main(int argc, char** argv) {
   std::filesystem::path audio_out;
   int audio_target = 2;
   vardolin::EncoderSettings encoder;
-  CLI::App* convert = nullptr;
-  CLI::App* audio =
-      add("audio", "tell what audio files are, or convert them", false, [&](vardolin::Program& p) {
-        if (convert->parsed())
-          return vardolin::CmdAudioConvert(p, audio_target, encoder, audio_files, audio_out, out,
-                                           err);
-        return vardolin::CmdAudioInfo(p, audio_files, out, err);
-      });
+  CLI::App* audio = app.add_subcommand("audio", "tell what audio files are, or convert them");
   audio->require_subcommand(1);
-  audio->add_subcommand("info", "kind and form of each file, and an MP3's seconds")
+  add_under(audio, "info", "kind and form of each file, and an MP3's seconds", false,
+            [&](vardolin::Program& p) { return vardolin::CmdAudioInfo(p, audio_files, out, err); })
       ->add_option("FILE", audio_files, "audio files")
       ->required();
-  convert = audio->add_subcommand("convert", "convert copies of the files into a folder");
+  CLI::App* convert = add_under(audio, "convert", "convert copies of the files into a folder",
+                                false, [&](vardolin::Program& p) {
+                                  return vardolin::CmdAudioConvert(
+                                      p, audio_target, encoder, audio_files, audio_out, out, err);
+                                });
   convert
       ->add_option("--to", audio_target,
                    "1 wave 44100 Hz 16 bit stereo, 2 the game's music, "
@@ -317,15 +313,8 @@ int main(int argc, char** argv) {
     err << app.help();
     return 2;
   }
-  // The innermost command given that is one of ours runs: "urls add" runs its own work, while
-  // "audio info" is one command whose words the audio command reads itself.
-  auto registered = [&](const CLI::App* a) {
-    return std::any_of(commands.begin(), commands.end(),
-                       [&](const Command& c) { return c.app == a; });
-  };
   CLI::App* chosen = app.get_subcommands().front();
-  while (!chosen->get_subcommands().empty() && registered(chosen->get_subcommands().front()))
-    chosen = chosen->get_subcommands().front();
+  while (!chosen->get_subcommands().empty()) chosen = chosen->get_subcommands().front();
   const Command& command = *std::find_if(commands.begin(), commands.end(),
                                          [&](const Command& c) { return c.app == chosen; });
 

@@ -4,6 +4,7 @@
 #include <iostream>
 
 #include "foundation/dialogs/message_styles.h"
+#include "foundation/forms/controls.h"
 #include "foundation/forms/form.h"
 #include "foundation/services/strings.h"
 
@@ -97,12 +98,8 @@ std::string TerminalUi::AskSaveFile(const FileRequest& request) {
 }
 
 void TerminalUi::ShowModal(Form& form) {
-  form.Load();
-  // A window whose work starts on its timer's first tick (a download) does that work here too,
-  // and closes itself when it is done.
-  for (Control* c : form.Controls())
-    if (c->Kind() == ControlKind::Timer && form.IsLoaded() && static_cast<Timer*>(c)->Running())
-      static_cast<Timer*>(c)->Tick();
+  // A window whose work starts on its timer's first tick closes itself when it is done.
+  LoadAndTickTimers(form);
   if (!form.IsLoaded()) return;
   // Any other window can't be shown here: the form closes as if cancelled.
   out_ << "(" << form.Name() << " needs the window front end; cancelled)\n";

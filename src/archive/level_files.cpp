@@ -155,13 +155,15 @@ bool PrepareLevelFiles(Program& program, const fs::path& files_folder, fs::path&
     zip.Hide();
   }
 
+  // The steps below change files, so they work on the temporary copy, made once when needed.
+  auto need_temporary = [&] {
+    if (temporary.empty()) temporary = MakeTempFiles(program, source);
+    return !temporary.empty();
+  };
   fs::path in_use = temporary.empty() ? source : temporary;
   if (expand_audio && !ListFiles(in_use, PatternText(program, text::StoredMp3Pattern)).empty()) {
-    if (temporary.empty()) {
-      temporary = MakeTempFiles(program, source);
-      if (temporary.empty()) return false;
-      in_use = temporary;
-    }
+    if (!need_temporary()) return false;
+    in_use = temporary;
     std::string why;
     if (!RunAudioConversion(program,
                             SortedFiles(temporary, PatternText(program, text::TemporaryMp3Pattern)),
@@ -173,10 +175,7 @@ bool PrepareLevelFiles(Program& program, const fs::path& files_folder, fs::path&
     DeleteMatchingFiles(temporary, PatternText(program, text::TemporaryMp3Copies));
   }
   if (FileExists(JoinFragment(in_use, program.GetText(text::StoredLoadPicture)))) {
-    if (temporary.empty()) {
-      temporary = MakeTempFiles(program, source);
-      if (temporary.empty()) return false;
-    }
+    if (!need_temporary()) return false;
     const fs::path jpeg =
         ResolveCase(JoinFragment(temporary, program.GetText(text::LoadPictureSource)));
     const fs::path bitmap = JoinFragment(temporary, program.GetText(text::LoadPictureBitmap));

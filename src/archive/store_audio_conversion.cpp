@@ -26,12 +26,10 @@ bool ConvertLevelAudio(Program& program, std::int32_t code, bool to_mp3, std::st
 
   const fs::path work = JoinFragment(program.Home(), program.GetText(text::StoreAudioFolder));
   const fs::path results = work / "out";
-  DeleteLevelTree(program, work, nullptr, nullptr);
-  std::error_code ec;
-  fs::create_directories(results, ec);
-  bool ok = !ec && RunAudioConversionOnCopies(program, sources, results,
-                                              to_mp3 ? wave_kind::kMp3 : wave_kind::kMusic,
-                                              work / "in", why);
+  bool ok =
+      MakeEmptyFolder(results) &&
+      RunAudioConversionOnCopies(program, sources, results,
+                                 to_mp3 ? wave_kind::kMp3 : wave_kind::kMusic, work / "in", why);
 
   // Each result in first, then its source out: a file the user chose to skip keeps its source.
   const std::string extension =

@@ -6,6 +6,7 @@
 #include "archive/store_conversion.h"
 #include "archive/text_ids.h"
 #include "foundation/dialogs/ask.h"
+#include "foundation/dialogs/progress.h"
 #include "foundation/forms/controls.h"
 #include "foundation/ports/ui.h"
 #include "foundation/program.h"
@@ -29,7 +30,7 @@ StoreConversion ConvertWholeStore(Program& program, const CatalogueHeader& old_h
   }
   if (to_mp3 != old_header.WavInMp3) {
     for (const auto& [code, name] : levels) {
-      if (label) label->SetCaption(program.GetText(text::ConvertingLevel, {name}));
+      ShowStatus(label, program.GetText(text::ConvertingLevel, {name}));
       program.ui().DoEvents();
       std::string why;
       if (ConvertLevelAudio(program, code, to_mp3, why)) continue;
@@ -62,7 +63,7 @@ StoreConversion ConvertWholeStore(Program& program, const CatalogueHeader& old_h
   }
   RecomputeAllSizes(program, true);
   result.bytes_after = header.TotalFilesSize;
-  if (label) label->SetCaption({});
+  ShowStatus(label, {});
   if (bar) bar->SetValue(0);
   AskUser(program,
           program.GetText(text::ConversionSizes, {FormatFileSize(result.bytes_before),

@@ -4,6 +4,7 @@
 #include <system_error>
 
 #include "foundation/dialogs/ask.h"
+#include "foundation/dialogs/progress.h"
 #include "foundation/forms/controls.h"
 #include "foundation/ports/platform.h"
 #include "foundation/ports/ui.h"
@@ -103,9 +104,9 @@ bool ZipSavegames(Program& p, const fs::path& zip, const std::vector<fs::path>& 
   const fs::path work = FreshWorkFolder(p, text::ZipSavegamesFolder);
   std::set<std::string> used;
   for (const fs::path& f : files) CopyFileOver(f, ExportTarget(work, f, used));
-  if (label) label->SetCaption(p.GetText(text::ZipSavegamesZipping) + zip.filename().string());
+  ShowStatus(label, p.GetText(text::ZipSavegamesZipping) + zip.filename().string());
   const bool zipped = ZipFolderToFile(p, work, zip, bar, false);
-  if (label) label->SetCaption("");
+  ShowStatus(label, {});
   std::error_code ec;
   fs::remove_all(work, ec);
   if (!zipped) {

@@ -14,10 +14,10 @@
 #include "foundation/program.h"
 #include "foundation/settings/dialog_settings.h"
 #include "foundation/text_ids.h"
+#include "intake/remove_level.h"
 #include "play/active_level.h"
 #include "savegames/text_ids.h"
 #include "window/principale_levels.h"
-#include "window/principale_remove_level.h"
 #include "window/principale_savegames.h"
 #include "window/principale_shots.h"
 
@@ -118,7 +118,9 @@ void Principale::WireLevelBrowser() {
   Pul_ScreenShots.SetHandler([this] { ChoosePanel(true); });
   mnu_ShowSavegames.SetHandler([this] { ChoosePanel(false); });
   mnu_ShowScreenShot.SetHandler([this] { ChoosePanel(true); });
-  mnu_RemoveLevel.SetHandler([this] { RemoveChosenLevel(*this); });
+  // The last record of the table fills the removed one's place; the files can stay behind.
+  mnu_RemoveLevel.SetHandler(
+      [this] { RemoveLevel(program(), ChosenLevelCode(), &Label_Info, &ProgressBar1); });
 }
 
 void Principale::DisableMissingWork() {

@@ -1,7 +1,6 @@
 #include <gtest/gtest.h>
 
 #include "browser_fixture.h"
-#include "window/principale_remove_level.h"
 
 namespace vardolin {
 namespace {

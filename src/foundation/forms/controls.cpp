@@ -146,4 +146,11 @@ void Menu::Click() {
   if (Enabled() && on_click_) on_click_();
 }
 
+void LoadAndTickTimers(Form& form) {
+  form.Load();
+  for (Control* c : form.Controls())
+    if (c->Kind() == ControlKind::Timer && form.IsLoaded() && static_cast<Timer*>(c)->Running())
+      static_cast<Timer*>(c)->Tick();
+}
+
 }  // namespace vardolin

@@ -161,4 +161,11 @@ class Menu : public Control {
   bool checked_ = false;
 };
 
+class Form;
+
+// For a front end without windows: loads the form and ticks each of its running timers once, so
+// that a window whose work starts on its first tick (a download) does that work. Stops once the
+// form has closed itself.
+void LoadAndTickTimers(Form& form);
+
 }  // namespace vardolin

@@ -21,9 +21,6 @@ std::vector<std::string> SplitCommandWords(std::string_view text);
 // that name on PATH. Empty when there is none.
 std::filesystem::path FindExecutable(const std::string& word);
 
-// The arguments of xdg-email for the message.
-std::vector<std::string> MailCommandArguments(const MailMessage& message);
-
 class LinuxPlatform : public Platform {
  public:
   struct Options {

@@ -322,6 +322,9 @@ bool LinuxPlatform::HandOver(const StartRequest& request, milliseconds patience)
   return true;
 }
 
+namespace {
+
+// The arguments of xdg-email for the message.
 std::vector<std::string> MailCommandArguments(const MailMessage& message) {
   std::vector<std::string> words = {"--utf8", "--subject", message.subject, "--body", message.body};
   for (const fs::path& file : message.attachments) {
@@ -332,14 +335,11 @@ std::vector<std::string> MailCommandArguments(const MailMessage& message) {
   return words;
 }
 
+}  // namespace
+
 bool LinuxPlatform::SendMail(const MailMessage& message) {
-  std::vector<std::string> words = SplitCommandWords(options_.mailer);
-  if (words.empty()) return false;
-  const std::string mailer = words.front();
-  words.erase(words.begin());
-  for (std::string& word : MailCommandArguments(message)) words.push_back(std::move(word));
   // xdg-email ends once the mail program has the message; the user finishes it there.
-  return HandOver({mailer, words, {}, false}, milliseconds{10000});
+  return HandOver({options_.mailer, MailCommandArguments(message), {}, false}, milliseconds{10000});
 }
 
 std::string LinuxPlatform::ReadRegistry(const std::string& key, const std::string& value) {

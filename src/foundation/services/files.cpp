@@ -338,15 +338,6 @@ double FolderSizeBytes(const fs::path& folder, std::string_view pattern, Ui* ui)
   return total;
 }
 
-std::string ReadWholeFile(const fs::path& path) {
-  if (path.empty()) return {};
-  std::ifstream in(ResolveCase(path), std::ios::binary);
-  if (!in) return {};
-  std::ostringstream bytes;
-  bytes << in.rdbuf();
-  return in.bad() ? std::string() : bytes.str();
-}
-
 namespace {
 
 bool ReadOpenFile(int fd, std::string& bytes) {
@@ -376,6 +367,11 @@ bool ReadFileIfThere(const fs::path& path, std::string& bytes) {
   const bool read = ReadOpenFile(fd, bytes);
   ::close(fd);
   return read;
+}
+
+std::string ReadWholeFile(const fs::path& path) {
+  std::string bytes;
+  return ReadFileIfThere(path, bytes) ? bytes : std::string();
 }
 
 bool WriteTextFile(const fs::path& path, std::string_view text) {
