@@ -13,25 +13,23 @@ namespace {
 
 struct DemoHomeTest : ::testing::Test, testing::CliHome {};
 
-TEST_F(DemoHomeTest, TheWindowOpensOnTheDemoWithoutAQuestion) {
+// The window opens on the demo asking nothing, and each kind of package the demo keeps for
+// Levels > Add becomes a level of the name it says.
+TEST_F(DemoHomeTest, TheWindowOpensOnTheDemoAndEveryPackageBecomesALevel) {
   const testing::CliResult made = RunAt({"demo"});
   ASSERT_EQ(made.code, 0) << made.out << made.err;
   EXPECT_EQ(made.err, "") << "the demo answers its questions itself and prints none";
-
-  testing::ScriptedUi ui;
-  testing::RecordingPlatform platform;
-  Program program(home, ui, platform);
-  MainWindow window(program);
-  window.Load();
-  ASSERT_TRUE(window.IsLoaded());
-  EXPECT_TRUE(ui.Questions().empty());
-  EXPECT_EQ(window.Combo_Livelli.ListCount(), 4);
-  window.Unload();
-}
-
-// Each kind of package the demo keeps for Levels > Add becomes a level of the name it says.
-TEST_F(DemoHomeTest, EveryPackageOfTheDemoBecomesALevel) {
-  ASSERT_EQ(RunAt({"demo"}).code, 0);
+  {
+    testing::ScriptedUi ui;
+    testing::RecordingPlatform platform;
+    Program program(home, ui, platform);
+    MainWindow window(program);
+    window.Load();
+    ASSERT_TRUE(window.IsLoaded());
+    EXPECT_TRUE(ui.Questions().empty());
+    EXPECT_EQ(window.Combo_Livelli.ListCount(), 4);
+    window.Unload();
+  }
   const std::pair<const char*, const char*> packages[] = {
       {"Sunken Tomb.zip", "name: Sunken Tomb\n"},
       {"Desert Gate.tar.gz", "name: Desert Gate\n"},

@@ -1,5 +1,5 @@
 // Adding a level end to end: a package as authors make it goes through the level properties
-// into a packed archive and plays; what the user gives up, or what the package can't give, leaves
+// into a packed archive; what the user gives up, or what the package can't give, leaves
 // the catalogue and the store as they were.
 
 #include <gtest/gtest.h>
@@ -19,7 +19,6 @@
 #include "intake/dialog_new_level.h"
 #include "intake/export_level.h"
 #include "intake/level_file_list.h"
-#include "play/active_level.h"
 #include "play_fixture.h"
 #include "store_fixture.h"
 #include "web/zip_layer.h"
@@ -54,7 +53,7 @@ struct AddFixture : PlayFixture {
   }
 };
 
-TEST(AddLevel, APackageAsAuthorsMakeItIsStoredPackedAndPlays) {
+TEST(AddLevel, APackageAsAuthorsMakeItIsStoredPacked) {
   AddFixture f;
   f.program.catalogue.header.CompressFiles = true;
   testing::AudioFixture made;
@@ -91,19 +90,13 @@ TEST(AddLevel, APackageAsAuthorsMakeItIsStoredPackedAndPlays) {
             (std::vector<std::string>{"105.wav.zl", "Readme.txt", "coastal.tr4.zl",
                                       "english.dat.zl", "load.jpg", "script.dat.zl"}));
   EXPECT_EQ(ReadFile(f.Store(*code) / "play/savegame.0"), "the author's save");
+  std::string unpacked;
+  ASSERT_EQ(ExpandBytes(ReadFile(f.Store(*code) / "files/coastal.tr4.zl"), unpacked), ZlResult::Ok);
+  EXPECT_EQ(unpacked, level);
   LevelFileList list;
   ASSERT_TRUE(ReadLevelFileList(f.program, *code, list));
   ASSERT_EQ(list.size(), 1u);
   EXPECT_EQ(list[0].Name, "coastal.tr4");
-
-  RefreshLevelList(*f.main);
-  f.Choose("Coastal Ruins");
-  f.main->Pul_Play.Click();
-  ASSERT_TRUE(f.program.GameRunning);
-  EXPECT_EQ(GetActiveLevelCode(f.program), *code);
-  EXPECT_EQ(ReadFile(f.editor / "data/coastal.tr4"), level);
-  f.EndGame();
-  EXPECT_TRUE(f.TickUntilEnded());
 }
 
 TEST(AddLevel, GivingUpLeavesCatalogueAndStoreAsTheyWere) {
@@ -219,7 +212,7 @@ TEST(AddLevel, ALevelFileTheArchiveHoldsAlreadyIsAskedAbout) {
   EXPECT_EQ(f.Count(), count);
 }
 
-TEST(AddLevel, AnArchiveThatKeepsWavesAsMp3StoresThemSoAndPlayGetsTheGamesWaves) {
+TEST(AddLevel, AnArchiveThatKeepsWavesAsMp3StoresThemSoAndExportsBoth) {
   AddFixture f;
   f.program.catalogue.header.WavInMp3 = true;
   testing::AudioFixture made;
@@ -236,16 +229,8 @@ TEST(AddLevel, AnArchiveThatKeepsWavesAsMp3StoresThemSoAndPlayGetsTheGamesWaves)
   EXPECT_TRUE(fs::exists(files / "106.mp3"));
   EXPECT_FALSE(fs::exists(files / "106.wav"));
 
-  RefreshLevelList(*f.main);
-  f.Choose("Echo");
-  f.main->Pul_Play.Click();
-  ASSERT_TRUE(f.program.GameRunning);
-  for (const char* track : {"105.wav", "106.wav"})
-    EXPECT_EQ(testing::SoxForm(f.editor / "audio" / track), "2 44100 MS ADPCM") << track;
-  f.EndGame();
-  EXPECT_TRUE(f.TickUntilEnded());
-
-  // It leaves again with both tracks.
+  // Play's preparation of a store that keeps MP3 is checked by the level audio test; the export
+  // leaves with both tracks.
   f.ui.Answer(msg::kOk, "exported to the zip file");
   const fs::path out = ExportLevel(f.program, *code, {f.dir / "echo-out.zip", false});
   ASSERT_FALSE(out.empty());

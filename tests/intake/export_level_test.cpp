@@ -1,6 +1,5 @@
 // A level that leaves one archive as a zip and is added into another comes back whole: its
 // description, its files in their game form, its savegames and, when asked, its screenshots.
-// Removal takes the record always and the files only when the user says so.
 
 #include <gtest/gtest.h>
 
@@ -12,9 +11,6 @@
 #include "intake/add_level.h"
 #include "intake/dialog_new_level.h"
 #include "intake/export_level.h"
-#include "intake/remove_level.h"
-#include "play/activation.h"
-#include "play/active_level.h"
 #include "play_fixture.h"
 #include "store_fixture.h"
 
@@ -99,28 +95,6 @@ TEST(ExportLevel, AnExportedLevelAddedIntoAnotherArchiveComesBackWhole) {
     EXPECT_EQ(Snapshot(to.Store(*code, "play")),
               (std::map<std::string, std::string>{{"savegame.0", "saved"}}));
     EXPECT_EQ(fs::exists(to.Store(*code, "screenshots/shot1.jpg")), c.shots == msg::kYes);
-  }
-}
-
-TEST(RemoveLevel, TheRecordGoesAndTheFilesOnlyWhenTheUserSaysSo) {
-  struct Case {
-    const char* what;
-    bool active;
-    int delete_files;
-  } cases[] = {{"files kept", false, msg::kNo}, {"active level, files deleted", true, msg::kYes}};
-  for (const Case& c : cases) {
-    SCOPED_TRACE(c.what);
-    Archive a({"Base", "First", "Middle", "Last"});
-    if (c.active) ASSERT_TRUE(SetLevelInTrle(a.program, 2));
-    const fs::path folder = GetLevelFolder(a.program, 2, false);
-    a.ui.Answer(msg::kYes, "\"Middle\" ?").Answer(c.delete_files, "\"" + folder.string() + "\"");
-    ASSERT_TRUE(RemoveLevel(a.program, 2, nullptr, nullptr));
-    const auto& levels = a.program.catalogue.levels;
-    ASSERT_EQ(levels.size(), 3u);
-    EXPECT_EQ(levels[2].Name, "Last");
-    EXPECT_EQ(fs::exists(folder), c.delete_files == msg::kNo);
-    EXPECT_NE(GetActiveLevelCode(a.program), 2);
-    EXPECT_FALSE(fs::exists(a.editor / "Middle.tr4"));
   }
 }
 

@@ -4,9 +4,8 @@
 
 #include <gtest/gtest.h>
 
-#include <cstdlib>
-
 #include "archive_writer.h"
+#include "environment.h"
 #include "savegame_panel_fixture.h"
 #include "savegames/dialog_list_save_game.h"
 #include "savegames/savegame_transfer.h"
@@ -111,13 +110,6 @@ TEST(SavegameTransfer, ExportWritesEverySavegameIntoAZipOrAFolderAndLeavesNotesB
   EXPECT_EQ(f.main->List_SaveGameTomb.ListCount(), 0);
 }
 
-// PATH holds only a folder with the stand-in, for the time of a test.
-struct MailerOnPath {
-  std::string before = std::getenv("PATH");
-  explicit MailerOnPath(const fs::path& bin) { setenv("PATH", bin.c_str(), 1); }
-  ~MailerOnPath() { setenv("PATH", before.c_str(), 1); }
-};
-
 TEST(SavegameTransfer, MailGoesToTheDesktopsMailerOrSaysThereIsNone) {
   struct Case {
     const char* what;
@@ -138,7 +130,8 @@ TEST(SavegameTransfer, MailGoesToTheDesktopsMailerOrSaysThereIsNone) {
       testing::WriteBytes(bin / "xdg-email", std::string("#!/bin/sh\n") + c.mailer + "\n");
       fs::permissions(bin / "xdg-email", fs::perms::owner_all);
     }
-    MailerOnPath path(bin);
+    // PATH holds only the folder with the stand-in.
+    testing::ScopedEnv path("PATH", bin.string());
     f.ChooseLevel(1);
     f.main->List_SaveGameTomb.SetListIndex(0);
     if (!c.handed) f.ui.Answer(msg::kOk, "No mail program");
