@@ -4,6 +4,10 @@
 //             compress about 2:1), made by zip -r        vs unzip -o -q into an empty folder
 //                                                          (goal <= 1)
 //   list      ListZipEntries of a zip of 10,000 small files  vs unzip -Z1 (goal <= 1)
+//   small     ExtractZip of a zip of 10,000 small files in one folder, as a level's files folder
+//             holds them                                  vs unzip -o -q into an empty folder
+//                                                          (goal <= 1: the time grows with the
+//                                                          entries, not with their square)
 //   pack      ZipFolderToFile of the 40 files               vs zip -r -q (goal <= 1, and the
 //                                                          counter size_vs_zip <= 1.01)
 //
@@ -40,7 +44,7 @@ using bench::kFilesPerKind;
 constexpr int kSmallEntries = 10000;
 
 struct Bench : bench::ProgramBench<> {
-  fs::path level, level_zip, small_zip;
+  fs::path level, level_zip, small_zip, flat_zip;
 
   Bench() {
     level = root / "level";
@@ -59,6 +63,13 @@ struct Bench : bench::ProgramBench<> {
           "entry " + std::to_string(i));
     small_zip = root / "small.zip";
     if (!bench::Run({"zip", "-r", "-q", small_zip.string(), "."}, small)) std::abort();
+
+    const fs::path flat = root / "flat";
+    for (int i = 0; i < kSmallEntries; ++i)
+      bench::Write(flat / ("file" + std::to_string(i) + ".txt"), "entry " + std::to_string(i));
+    flat_zip = root / "flat.zip";
+    if (!bench::Run({"zip", "-r", "-q", flat_zip.string(), "."}, flat)) std::abort();
+    fs::remove_all(flat);
   }
   fs::path Fresh(const char* name) {
     fs::path p = root / name;
@@ -100,6 +111,29 @@ void BM_UnzipO(benchmark::State& state) {
     state.SetIterationTime(Seconds(
         [&] {
           return bench::Run({"unzip", "-o", "-q", b.level_zip.string(), "-d", target.string()});
+        },
+        state));
+  }
+  Label(state, nullptr);
+}
+
+void BM_ExtractSmallZip(benchmark::State& state) {
+  Bench& b = TheBench();
+  for (auto _ : state) {
+    fs::path target = b.Fresh("extract");
+    state.SetIterationTime(Seconds(
+        [&] { return ExtractZip(b.program, b.flat_zip, target, nullptr, true, false); }, state));
+  }
+  Label(state, "BM_UnzipSmall");
+}
+
+void BM_UnzipSmall(benchmark::State& state) {
+  Bench& b = TheBench();
+  for (auto _ : state) {
+    fs::path target = b.Fresh("extract");
+    state.SetIterationTime(Seconds(
+        [&] {
+          return bench::Run({"unzip", "-o", "-q", b.flat_zip.string(), "-d", target.string()});
         },
         state));
   }
@@ -161,6 +195,8 @@ void BM_ZipRQ(benchmark::State& state) {
 #define FIGURE ->UseManualTime()->Unit(benchmark::kMillisecond)
 BENCHMARK(BM_UnzipO) FIGURE->Iterations(5);
 BENCHMARK(BM_ExtractZip) FIGURE->Iterations(5);
+BENCHMARK(BM_UnzipSmall) FIGURE->Iterations(5);
+BENCHMARK(BM_ExtractSmallZip) FIGURE->Iterations(5);
 BENCHMARK(BM_UnzipZ1) FIGURE->Iterations(20);
 BENCHMARK(BM_ListZipEntries) FIGURE->Iterations(20);
 BENCHMARK(BM_ZipRQ) FIGURE->Iterations(3);

@@ -27,7 +27,13 @@ int CmdAdd(Program& program, const std::vector<std::string>& sources, const std:
       return 1;
     }
   const auto code = AddLevel(program, {}, [&](Dialog_NewLevel& form) {
-    for (const std::string& s : sources) form.AddSource(s);
+    // A package that couldn't be added, or a level that gave itself up on the way (a wad it
+    // can't do without), is not added with what is left: the message said why, once.
+    for (const std::string& s : sources)
+      if (!form.AddSource(s) || !form.IsLoaded()) {
+        if (form.IsLoaded()) form.Pul_Cancel.Click();
+        return;
+      }
     if (!name.empty()) form.Text_NameLevel.SetText(name);
     if (!note.empty()) form.Text_Note.SetText(note);
     form.Pul_Ok.Click();

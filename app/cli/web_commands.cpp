@@ -23,9 +23,11 @@ bool Listed(const UrlEntry& e) {
   return !IsHiddenEntry(e) && e.Type != url_type::kNewVersion && e.Type != url_type::kMessage;
 }
 
-bool WriteList(Program& program, const UrlList& list, std::ostream& err) {
-  if (WriteUrlList(UrlListPath(program), list)) return true;
-  err << "vardolin-cli: the list " << UrlListPath(program).string() << " could not be written\n";
+// Through the window, so that a list file that couldn't be read is replaced only when the user
+// agrees.
+bool WriteList(Program& program, Dialog_Siti& window, std::ostream& err) {
+  if (window.SaveList()) return true;
+  err << "vardolin-cli: the list " << UrlListPath(program).string() << " was not written\n";
   return false;
 }
 
@@ -97,7 +99,7 @@ int CmdUrlsAdd(Program& program, const std::string& name, const std::string& url
     return 1;
   }
   window.List.entries.push_back({url, name, type, true});
-  if (!WriteList(program, window.List, err)) return 1;
+  if (!WriteList(program, window, err)) return 1;
   out << "added: " << name << "\n";
   return 0;
 }
@@ -110,7 +112,7 @@ int CmdUrlsUpdate(Program& program, const std::string& from, std::ostream& out, 
     err << "vardolin-cli: the list was not updated; it stays as it was\n";
     return 1;
   }
-  if (!WriteList(program, window.List, err)) return 1;
+  if (!WriteList(program, window, err)) return 1;
   out << "updated: " << window.List.Count() << " entries\n";
   return 0;
 }
@@ -121,12 +123,12 @@ int CmdUrlsMerge(Program& program, const std::string& file, std::ostream& out, s
     err << "vardolin-cli: " << file << " is no list of web addresses\n";
     return 1;
   }
-  UrlList current;
-  ReadUrlList(UrlListPath(program), current);
-  const UrlList merged = MergeUrlLists(current, fresh, OleDateNow());
-  ProcessNotices(program, merged);
-  if (!WriteList(program, merged, err)) return 1;
-  out << "merged: " << merged.Count() << " entries\n";
+  Dialog_Siti window(program);
+  window.ImpostaValori(url_type::kLevels, false);
+  window.List = MergeUrlLists(window.List, fresh, OleDateNow());
+  ProcessNotices(program, window.List);
+  if (!WriteList(program, window, err)) return 1;
+  out << "merged: " << window.List.Count() << " entries\n";
   return 0;
 }
 

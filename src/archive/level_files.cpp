@@ -13,6 +13,7 @@
 #include "foundation/pictures/picture_file.h"
 #include "foundation/ports/ui.h"
 #include "foundation/program.h"
+#include "foundation/services/drives.h"
 #include "foundation/services/files.h"
 #include "foundation/services/log.h"
 #include "foundation/services/paths.h"
@@ -144,8 +145,16 @@ bool PrepareLevelFiles(Program& program, const fs::path& files_folder, fs::path&
         });
     if (failed < jobs.size()) {
       WriteLog(program, jobs[failed].first.string() + ": " + ZlResultName(why));
+      const std::string name = jobs[failed].first.filename().string();
+      // A file too big for the disk is not damaged: the user is told what it needs instead.
       program.ui().AskUser(
-          program.GetText(text::CannotExpandFile, {jobs[failed].first.filename().string()}),
+          why == ZlResult::NoSpace
+              ? program.GetText(text::ZlNeedsMoreRoom,
+                                {name,
+                                 FormatFileSize(static_cast<double>(
+                                     ZlDeclaredLength(jobs[failed].first).value_or(0))),
+                                 FormatFileSize(DiskFreeBytes(program.platform(), temporary))})
+              : program.GetText(text::CannotExpandFile, {name}),
           msg::kError, {});
       zip.Hide();
       Abandon(program, temporary);

@@ -1,5 +1,6 @@
 #include "intake/add_files.h"
 
+#include <cstring>
 #include <system_error>
 #include <vector>
 
@@ -13,6 +14,7 @@
 #include "foundation/services/paths.h"
 #include "foundation/services/strings.h"
 #include "intake/text_ids.h"
+#include "web/text_ids.h"
 #include "web/zip_layer.h"
 
 namespace vardolin {
@@ -75,9 +77,11 @@ bool AddFromFile(Program& program, const fs::path& target, ProgressBar* bar, Lab
   else
     ShowStatus(label, program.GetText(text::CopyingFileLabel));
   program.LastPackagePath = chosen;
-  const bool ok = AddFileToFolder(program, chosen, target, false, label, bar);
+  std::string why;
+  const bool ok = AddFileToFolder(program, chosen, target, false, label, bar, &why);
   if (!ok)
-    AskUser(program, ExtractFileName(chosen) + program.GetText(text::FileNotAdded), msg::kError);
+    AskUser(program, WithReason(ExtractFileName(chosen) + program.GetText(text::FileNotAdded), why),
+            msg::kError);
   ShowStatus(label, {});
   return ok;
 }
@@ -112,8 +116,11 @@ bool AddFromFolder(Program& program, const fs::path& target, ProgressBar* bar, L
   }
 
   for (std::size_t i = 0; i < files.size(); ++i) {
-    if (!AddFileToFolder(program, files[i], target, false, label, nullptr))
-      AskUser(program, program.GetText(text::FileNotAddedFromFolder, {FileNameOf(files[i])}) + "]",
+    std::string why;
+    if (!AddFileToFolder(program, files[i], target, false, label, nullptr, &why))
+      AskUser(program,
+              WithReason(
+                  program.GetText(text::FileNotAddedFromFolder, {FileNameOf(files[i])}) + "]", why),
               msg::kError);
     if (bar) {
       bar->SetMax(static_cast<int>(files.size()));
@@ -126,8 +133,18 @@ bool AddFromFolder(Program& program, const fs::path& target, ProgressBar* bar, L
   return true;
 }
 
+std::string WithReason(const std::string& message, const std::string& why) {
+  return why.empty() ? message : message + "\r\n\r\n" + why;
+}
+
 bool AddFileToFolder(Program& program, const fs::path& file, const fs::path& target, bool direct,
-                     Label* label, ProgressBar* bar) {
+                     Label* label, ProgressBar* bar, std::string* why) {
+  std::string reason;
+  auto failed = [&](std::string told) {
+    WriteLog(program, FileNameOf(file) + ": " + told);
+    if (why) *why = std::move(told);
+    return false;
+  };
   const std::string name = FileNameOf(file);
   if (!IsArchiveToUnpack(program, name)) {
     ShowStatus(label, program.GetText(text::CopyingNamedFile, {name}));
@@ -137,29 +154,35 @@ bool AddFileToFolder(Program& program, const fs::path& file, const fs::path& tar
     if (FileExists(to) && !EqualsNoCase(fs::absolute(file).string(), fs::absolute(to).string()) &&
         !AskReplaceFile(program, file, ResolveCase(to)))
       return true;
-    return CopyFileOver(file, to);
+    return CopyFileOver(file, to) || failed(std::strerror(errno));
   }
   const bool zip = IsZipPackage(program, name);
+  auto unpack_into = [&](const fs::path& folder) {
+    const bool ok = zip ? ExtractZip(program, file, folder, bar, false, false, &reason)
+                        : ExtractWithTool(program, file, folder, false, bar, false, &reason);
+    if (!ok) return failed(reason);
+    // The files that came in are the level's; those that couldn't are named, once.
+    if (!reason.empty())
+      AskUser(program, program.GetText(text::EntriesLeftOut, {name, "\r\n\r\n" + reason}),
+              msg::kWarning);
+    return true;
+  };
   // Into a folder that holds no file nothing can be replaced, so there is nothing to ask and no
   // need for the detour through a folder of the program's.
   if (direct || ListFiles(target, "*").empty()) {
     ShowStatus(label,
                program.GetText(zip ? text::UnpackingZipDirect : text::UnpackingArchiveDirect));
-    return zip ? ExtractZip(program, file, target, bar, false, false)
-               : ExtractWithTool(program, file, target, false, bar, false);
+    return unpack_into(target);
   }
 
   const fs::path unpack = JoinFragment(program.Home(), program.GetText(text::UnpackFolder));
   MakeEmptyFolder(unpack);
   ShowStatus(label, program.GetText(zip ? text::UnpackingZipTemp : text::UnpackingArchiveTemp));
-  std::string why;
-  bool ok = zip ? ExtractZip(program, file, unpack, bar, false, false, &why)
-                : ExtractWithTool(program, file, unpack, false, bar, false);
+  bool ok = unpack_into(unpack);
   if (ok) {
     ShowStatus(label, program.GetText(text::CopyingUnpacked));
-    ok = CopyFilesWithProgress(program, unpack, target, bar, false, "*");
-  } else if (!why.empty()) {
-    WriteLog(program, why);
+    ok = CopyFilesWithProgress(program, unpack, target, bar, false, "*") ||
+         failed(std::strerror(errno));
   }
   std::error_code ec;
   fs::remove_all(unpack, ec);

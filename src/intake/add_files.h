@@ -32,10 +32,15 @@ bool AddFromFolder(Program& program, const std::filesystem::path& target, Progre
 
 // Copies a plain file into `target`, or unpacks an archive: straight into `target` with
 // `direct`, else into a fresh folder of the program's from which the files are copied, so that
-// a file already in the level is replaced only when the user agrees.
+// a file already in the level is replaced only when the user agrees. On failure `why`, when
+// given, gets the reason for the caller's one message; entries of an archive that were left
+// out while the rest came in are told here (text 9105).
 bool AddFileToFolder(Program& program, const std::filesystem::path& file,
                      const std::filesystem::path& target, bool direct, Label* label,
-                     ProgressBar* bar);
+                     ProgressBar* bar, std::string* why = nullptr);
+
+// A failure message with its reason, when there is one, on a line of its own.
+std::string WithReason(const std::string& message, const std::string& why);
 
 // Copies the files of `source` that match `pattern` into `target`; the bar follows the bytes.
 // With `overwrite` clear a file that stands already is replaced only when the user agrees.

@@ -41,12 +41,13 @@ fs::path InFolder(const fs::path& folder, const std::string& name) {
 void ApplyLevelInfo(Dialog_NewLevel& form) {
   Program& p = form.program();
   const fs::path info = ResolveCase(JoinFragment(form.WorkFolder, p.GetText(text::LevelInfoFile)));
-  const bool has_info = FileExists(info);
+  bool has_info = FileExists(info);
   if (has_info && (p.InfoFileFlag || !ReadLevelInfoFile(p, info, form.Info))) {
-    // A level takes one info file only, and a bad one is as if it had never come.
+    // A level takes one info file only, and a bad one is as if it had never come: the install
+    // script and the known patch still get their turn.
     DeleteFileForced(info);
     form.RefreshFiles();
-    return;
+    has_info = false;
   }
   bool from_script = false;
   if (!has_info)
@@ -179,32 +180,44 @@ bool CheckListedFiles(Dialog_NewLevel& form, bool ask) {
 
 void OfferKnownPatch(Dialog_NewLevel& form) {
   Program& p = form.program();
+  // The files a patch matched still match once it is in: it is not offered a second time.
+  if (form.PatchApplied) return;
   for (const UrlEntry& entry : KnownPatchesFor(p, form.WorkFolder)) {
     const std::string title = Trim(entry.Name.substr(0, entry.Name.find('-')));
     const std::string name = ExtractUrlFileName(entry.Url);
     if (AskUser(p, p.GetText(text::KnownPatchQuestion, {title, name}) + " ?", msg::kYesNo) ==
         msg::kNo)
       continue;
-    const SafeJoinResult download = SafeJoin(p.Home(), name);
-    if (!download || !DownloadToFile(p, entry.Url, download.path)) {
+    // Never onto a file of the program's own: the name comes from a list off the web.
+    const fs::path download = DownloadTarget(p, entry.Url);
+    if (download.empty() || !DownloadToFile(p, entry.Url, download)) {
       AskUser(p, p.GetText(text::PatchNotDownloaded) + name, msg::kError);
       return;
     }
-    if (EndsWithNoCase(name, p.GetText(text::PatchZipExtension))) {
-      ShowStatus(&form.Label_Info, p.GetText(text::UnpackingArchiveNamed, {name}));
-      if (!ExtractZip(p, download.path, form.WorkFolder, &form.ProgressBar1, false, false)) {
-        AskUser(p, p.GetText(text::PatchNotUnpacked) + name, msg::kError);
+    const std::string file = download.filename().string();
+    if (EndsWithNoCase(file, p.GetText(text::PatchZipExtension))) {
+      ShowStatus(&form.Label_Info, p.GetText(text::UnpackingArchiveNamed, {file}));
+      std::string why;
+      const bool unpacked =
+          ExtractZip(p, download, form.WorkFolder, &form.ProgressBar1, false, false, &why);
+      DeleteFileForced(download);
+      if (!unpacked) {
+        AskUser(p, p.GetText(text::PatchNotUnpacked) + file + (why.empty() ? "" : "\r\n" + why),
+                msg::kError);
         return;
       }
     } else {
-      CopyFileOver(download.path,
-                   JoinFragment(form.WorkFolder, p.GetText(text::PatchFolder)) / name);
+      const fs::path folder = JoinFragment(form.WorkFolder, p.GetText(text::PatchFolder));
+      MakeFolder(folder);
+      CopyFileOver(download, folder / file);
+      DeleteFileForced(download);
     }
-    DeleteFileForced(download.path);
     form.PatchApplied = true;
     form.FilesChangedFlag = true;
     form.RefreshFiles();
     ApplyLevelInfo(form);
+    // A patch may be a setup program of its own, run like the one a package brings.
+    if (form.IsLoaded()) form.RunSetup({});
     return;
   }
 }
@@ -226,9 +239,9 @@ std::string AskForZipFile(Program& program, const std::string& description,
   if (AskUser(program, program.GetText(text::AskDownloadFile) + name + "?", msg::kYesNo) ==
       msg::kNo)
     return {};
-  const SafeJoinResult target = SafeJoin(program.Home(), name);
-  if (target && EndsWithNoCase(url, program.GetText(text::DirectDownloadExtension))) {
-    if (DownloadToFile(program, url, target.path)) return target.path.string();
+  const fs::path target = DownloadTarget(program, url);
+  if (!target.empty() && EndsWithNoCase(url, program.GetText(text::DirectDownloadExtension))) {
+    if (DownloadToFile(program, url, target)) return target.string();
     if (AskUser(program, program.GetText(text::DownloadFailedOpenPage), msg::kYesNo) == msg::kNo)
       return {};
   }

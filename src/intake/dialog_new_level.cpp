@@ -216,8 +216,9 @@ void Dialog_NewLevel::AddPackage(const std::string& path, bool showProgressDialo
     }
   }
   p.LastPackagePath = path;
-  if (!AddFileToFolder(p, path, WorkFolder, false, label, bar))
-    AskUser(p, path + p.GetText(text::CannotUnpackArchive), msg::kError);
+  std::string why;
+  if (!AddFileToFolder(p, path, WorkFolder, false, label, bar, &why))
+    AskUser(p, WithReason(path + p.GetText(text::CannotUnpackArchive), why), msg::kError);
   Text_NameLevel.SetText(PackageName(path));
   if (showProgressDialog) HideProgressDialog(p);
   FilesChangedFlag = true;
@@ -261,18 +262,21 @@ void Dialog_NewLevel::Pul_AddFolder_Click() {
   AfterAdd(AddFromFolder(program(), WorkFolder, &ProgressBar1, &Label_Info, false, ".*"));
 }
 
-void Dialog_NewLevel::AddSource(const fs::path& source) {
+bool Dialog_NewLevel::AddSource(const fs::path& source) {
   if (FolderExists(source)) {
     AfterAdd(AddFromFolder(program(), WorkFolder, &ProgressBar1, &Label_Info, false, ".*", source));
-    return;
+    return true;
   }
   program().LastPackagePath = source.string();
+  std::string why;
   const bool added =
-      AddFileToFolder(program(), source, WorkFolder, false, &Label_Info, &ProgressBar1);
+      AddFileToFolder(program(), source, WorkFolder, false, &Label_Info, &ProgressBar1, &why);
   if (!added)
-    AskUser(program(), source.filename().string() + program().GetText(text::FileNotAdded),
+    AskUser(program(),
+            WithReason(source.filename().string() + program().GetText(text::FileNotAdded), why),
             msg::kError);
   AfterAdd(added);
+  return added;
 }
 
 void Dialog_NewLevel::Pul_SetMyLanguage_Click() {

@@ -88,8 +88,9 @@ class Dialog_NewLevel : public Form {
   // Brings a package into the work folder, names the level after it and looks at what came.
   void AddPackage(const std::string& path, bool showProgressDialog);
   // Adds a package file or, for a folder, all its files (and those of its sub-folders when the
-  // user agrees), as the two add buttons do without their choosers.
-  void AddSource(const std::filesystem::path& source);
+  // user agrees), as the two add buttons do without their choosers. False when a package file
+  // could not be added (told with its reason).
+  bool AddSource(const std::filesystem::path& source);
   // Brings the level's waves to the game's forms (music by track number, samples otherwise),
   // unless the archive keeps waves as MP3 and `force` is clear. False, after telling why, when
   // the conversion failed; with `keepSources` converted copies are made and the waves stay.

@@ -11,6 +11,7 @@
 #include "foundation/services/codepage.h"
 #include "foundation/services/files.h"
 #include "foundation/services/paths.h"
+#include "foundation/services/strings.h"
 #include "intake/text_ids.h"
 
 namespace vardolin {
@@ -19,21 +20,38 @@ namespace {
 
 namespace L = level_info_layout;
 
-// Each fixed field with its width, in file order.
+constexpr bool kList = true;
+
+// Each fixed field with its width, in file order, and whether it is a list of NUL-separated
+// strings.
 template <typename Info, typename F>
 void ForEachFixedField(Info& info, F&& f) {
-  f(info.LevelName, L::kNote - L::kLevelName);
-  f(info.Note, L::kAuthorName - L::kNote);
-  f(info.AuthorName, L::kAuthorNote - L::kAuthorName);
-  f(info.AuthorNote, L::kAuthorEmails - L::kAuthorNote);
-  f(info.AuthorEmails, L::kAuthorSites - L::kAuthorEmails);
-  f(info.AuthorSites, L::kMediaFiles - L::kAuthorSites);
-  f(info.MediaFiles, L::kWadFiles - L::kMediaFiles);
-  f(info.WadFiles, L::kWadsDescription - L::kWadFiles);
-  f(info.WadsDescription, L::kFileCopies - L::kWadsDescription);
-  f(info.FileCopies, L::kMoreInfoFile - L::kFileCopies);
-  f(info.MoreInfoFile, L::kSetupDestination - L::kMoreInfoFile);
-  f(info.SetupDestination, L::kListedFileCount - L::kSetupDestination);
+  f(info.LevelName, L::kNote - L::kLevelName, !kList);
+  f(info.Note, L::kAuthorName - L::kNote, !kList);
+  f(info.AuthorName, L::kAuthorNote - L::kAuthorName, !kList);
+  f(info.AuthorNote, L::kAuthorEmails - L::kAuthorNote, !kList);
+  f(info.AuthorEmails, L::kAuthorSites - L::kAuthorEmails, !kList);
+  f(info.AuthorSites, L::kMediaFiles - L::kAuthorSites, !kList);
+  f(info.MediaFiles, L::kWadFiles - L::kMediaFiles, kList);
+  f(info.WadFiles, L::kWadsDescription - L::kWadFiles, kList);
+  f(info.WadsDescription, L::kFileCopies - L::kWadsDescription, !kList);
+  f(info.FileCopies, L::kMoreInfoFile - L::kFileCopies, kList);
+  f(info.MoreInfoFile, L::kSetupDestination - L::kMoreInfoFile, !kList);
+  f(info.SetupDestination, L::kListedFileCount - L::kSetupDestination, !kList);
+}
+
+// A list's padding is blanks; a NUL at its start is an empty first string (a media group
+// without a CD label), which trimming it away would shift every group behind it.
+std::string TrimListField(std::string_view raw, int codepage) {
+  const std::size_t first = raw.find_first_not_of(' ');
+  if (first == std::string_view::npos) return {};
+  raw = raw.substr(first, raw.find_last_not_of(' ') - first + 1);
+  return ToUtf8Lossy(raw, codepage);
+}
+
+// A one-line text ends at its first NUL: what stands behind is what the writer's buffer held.
+std::string TrimTextField(std::string_view raw, int codepage) {
+  return Trim(ToUtf8Lossy(raw.substr(0, raw.find('\0')), codepage));
 }
 
 // A 16-bit length and that many bytes; false on a negative length or one past the end.
@@ -62,8 +80,10 @@ LevelInfoParse ParseLevelInfo(std::string_view bytes, LevelInfo& info, int codep
   if (bytes.size() < L::kFirstEntry) return LevelInfoParse::ShortFixedPart;
   LevelInfo read;
   ByteReader in(bytes);
-  ForEachFixedField(
-      read, [&](std::string& field, size_t width) { field = in.FixedString(width, codepage); });
+  ForEachFixedField(read, [&](std::string& field, size_t width, bool list) {
+    const std::string_view raw = in.Raw(width);
+    field = list ? TrimListField(raw, codepage) : TrimTextField(raw, codepage);
+  });
   const std::int32_t count = in.I32();
   // Each entry takes at least six bytes, so a count the bytes can't hold is refused before
   // anything is read or sized for it.
@@ -86,7 +106,7 @@ LevelInfoParse ParseLevelInfo(std::string_view bytes, LevelInfo& info, int codep
 
 std::string LevelInfoImage(const LevelInfo& info, int codepage) {
   ByteWriter out;
-  ForEachFixedField(info, [&](const std::string& field, size_t width) {
+  ForEachFixedField(info, [&](const std::string& field, size_t width, bool) {
     out.FixedString(field, width, codepage);
   });
   const size_t count = std::min(info.ListedNames.size(), info.ListedSizes.size());

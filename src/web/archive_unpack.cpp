@@ -9,6 +9,7 @@
 
 #include <cerrno>
 #include <chrono>
+#include <cstdlib>
 #include <cstring>
 #include <memory>
 #include <optional>
@@ -25,6 +26,7 @@
 #include "foundation/services/paths.h"
 #include "foundation/services/safe_join.h"
 #include "foundation/services/strings.h"
+#include "web/text_ids.h"
 #include "web/utf8_locale.h"
 
 namespace vardolin {
@@ -178,6 +180,18 @@ class Breather {
   std::chrono::steady_clock::time_point last_{};
 };
 
+bool ListZipDirectory(const MappedFile& file, const std::function<void(const ListedEntry&)>& each,
+                      std::string& why);
+
+// Past these a package is asked about before it is unpacked: a zip bomb is small and expands
+// to fill the disk, while a level's files compress a few times at most.
+constexpr double kAskAboveRatio = 100;
+constexpr double kAskAboveBytes = 4.0 * 1024 * 1024 * 1024;
+// What a file takes on disk beyond its bytes: its last block, and the folder's entry.
+constexpr double kBytesPerFile = 4096;
+// The share of the disk's free space an unpacking leaves for everything else.
+constexpr double kFreeMargin = 0.02;
+
 struct Pending {
   fs::path temp;
   fs::path final;
@@ -206,15 +220,40 @@ class Unpacker {
     password_.program = &program_;
     archive_read_set_passphrase_callback(a.get(), &password_, &PasswordQuestion::Callback);
     if (!Start(a.get(), file, archive_path_, error)) return Fail(UnpackFailure::Unreadable, error);
+    archive_size_ = static_cast<double>(file.size());
+    if (options_.kinds == ArchiveKinds::Zip) {
+      // The whole of what the zip declares, told before a byte is written.
+      double total = 0, files = 0;
+      std::string why;
+      if (ListZipDirectory(
+              file,
+              [&](const ListedEntry& e) {
+                total += static_cast<double>(e.size);
+                files += e.folder ? 0 : 1;
+              },
+              why) &&
+          !RoomFor(total, files))
+        return Fail(failure_, error_);
+    }
 
     archive_entry* e = nullptr;
+    int failed_headers = 0;
     for (;;) {
       int r = archive_read_next_header(a.get(), &e);
       if (r == ARCHIVE_EOF) break;
-      if (r < ARCHIVE_WARN)
-        return Fail(UnpackFailure::Damaged,
-                    Quoted(archive_name_) + " is damaged: " + ErrorOf(a.get()));
+      if (r < ARCHIVE_WARN) {
+        // One bad header of a zip leaves the others readable; a broken stream ends the reading,
+        // and what came before it stays.
+        const std::string why = ErrorOf(a.get());
+        const bool more = r == ARCHIVE_FAILED && ++failed_headers < kMaxFailedHeaders;
+        result_.damaged.push_back(
+            (more && e && archive_entry_pathname(e) ? Quoted(EntryName(e)) : "the rest") + ": " +
+            why);
+        if (more) continue;
+        break;
+      }
       if (!Entry(a.get(), e)) return Fail(failure_, error_);
+      if (stop_reading_) break;
       if (options_.progress) {
         double fraction = static_cast<double>(archive_filter_bytes(a.get(), -1)) /
                           static_cast<double>(file.size());
@@ -222,6 +261,9 @@ class Unpacker {
       }
       breathe_();
     }
+    if (pending_.empty() && !result_.damaged.empty())
+      return Fail(UnpackFailure::Damaged,
+                  Quoted(archive_name_) + " is damaged: " + result_.damaged.front());
     if (!PutInPlace()) return Fail(UnpackFailure::CannotWrite, error_);
     result_.ok = true;
     return std::move(result_);
@@ -254,6 +296,34 @@ class Unpacker {
       if (::mkdir(it->c_str(), 0755) != 0 && errno != EEXIST) return false;
       created_folders_.push_back(*it);
     }
+    return true;
+  }
+
+  // Whether `bytes` in `files` files fit on the destination's disk, and whether the user wants
+  // a package that expands that far; false (failure_ and error_ tell why) when not.
+  bool RoomFor(double bytes, double files) {
+    const double free = DiskFreeBytes(program_.platform(), destination_);
+    const double needed = bytes + files * kBytesPerFile;
+    if (needed > free * (1 - kFreeMargin))
+      return Stop(UnpackFailure::NoSpace, Quoted(archive_name_) + " needs " +
+                                              FormatFileSize(needed) + " and the disk has " +
+                                              FormatFileSize(free) + " free");
+    return AskIfFar(bytes);
+  }
+
+  // A package that expands far beyond its own size is the user's to allow, asked once.
+  bool AskIfFar(double bytes) {
+    if (asked_size_ || (bytes <= kAskAboveRatio * archive_size_ && bytes <= kAskAboveBytes))
+      return true;
+    asked_size_ = true;
+    const std::string ratio =
+        std::to_string(static_cast<long long>(bytes / std::max(archive_size_, 1.0)));
+    if (AskUser(program_,
+                program_.GetText(text::PackageExpandsFar,
+                                 {Quoted(archive_name_), FormatFileSize(bytes), ratio}),
+                msg::kYesNo) == msg::kNo)
+      return Stop(UnpackFailure::Declined, Quoted(archive_name_) + " expands to " +
+                                               FormatFileSize(bytes) + ": not unpacked");
     return true;
   }
 
@@ -314,39 +384,67 @@ class Unpacker {
     return WriteFile(a, e, stored, joined.path);
   }
 
-  // Opens the temporary file that will become `place` once the archive has been read, after
-  // checking that `size` bytes fit on the disk. -1 when the unpacking must stop.
-  int Claim(const std::string& stored, const fs::path& place, double size, bool exec) {
-    // Names that differ only in case are one file, as on Windows: the later entry wins.
-    std::string key = ToLower(place.string());
-    auto seen = by_name_.find(key);
-    fs::path final = seen == by_name_.end() ? place : pending_[seen->second].final;
+  struct Claimed {
+    int fd = -1;
+    fs::path temp;
+    fs::path final;
+    std::string key;
+  };
 
-    double free = DiskFreeBytes(program_.platform(), final.parent_path());
+  // Opens the temporary file that will become `place` once the archive has been read, after
+  // checking that `size` bytes fit on the disk. False when the unpacking must stop.
+  bool Claim(const std::string& stored, const fs::path& place, double size, bool exec, Claimed& c) {
+    // Names that differ only in case are one file, as on Windows: the later entry wins.
+    c.key = ToLower(place.string());
+    auto seen = by_name_.find(c.key);
+    c.final = seen == by_name_.end() ? place : pending_[seen->second].final;
+
+    declared_ += size;
+    const double free = DiskFreeBytes(program_.platform(), c.final.parent_path());
     if (size > free)
       return Stop(UnpackFailure::NoSpace,
                   Quoted(stored) + " of " + Quoted(archive_name_) + " needs " +
-                      FormatFileSize(size) + " and the disk has " + FormatFileSize(free) + " free"),
-             -1;
+                      FormatFileSize(size) + " and the disk has " + FormatFileSize(free) + " free");
+    // Kinds that declare no total are asked about once what they have brought passes the mark.
+    if (!AskIfFar(declared_)) return false;
 
-    fs::path temp = final.parent_path() / (".vardolin-unzip-" + std::to_string(getpid()) + "-" +
-                                           std::to_string(temps_made_++) + ".part");
-    int fd = ::open(temp.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, exec ? 0755 : 0644);
-    if (fd < 0) {
-      Stop(UnpackFailure::CannotWrite,
-           Quoted(stored) + " can't be written: " + std::strerror(errno));
-      return -1;
+    // The files wait in a folder of their own until the end, so the folders they go to hold
+    // only what stood there before while each further name is looked up in them: a look-up
+    // then costs what the destination held, not what the archive has brought so far.
+    if (staging_.empty()) {
+      std::string pattern = (destination_ / ".vardolin-unzip-XXXXXX").string();
+      if (!::mkdtemp(pattern.data()))
+        return Stop(UnpackFailure::CannotWrite,
+                    Quoted(destination_.string()) + " can't be written: " + std::strerror(errno));
+      staging_ = pattern;
     }
-    std::error_code ec;
-    Pending p{temp, final, stored, fs::exists(fs::symlink_status(final, ec))};
-    if (seen == by_name_.end()) {
-      by_name_.emplace(key, pending_.size());
-      pending_.push_back(p);
-    } else {
+    c.temp = staging_ / std::to_string(temps_made_++);
+    c.fd = ::open(c.temp.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, exec ? 0755 : 0644);
+    if (c.fd < 0)
+      return Stop(UnpackFailure::CannotWrite,
+                  Quoted(stored) + " can't be written: " + std::strerror(errno));
+    return true;
+  }
+
+  // The whole file is in its temporary: it goes in place with the others at the end.
+  void Keep(const Claimed& c, const std::string& stored) {
+    auto seen = by_name_.find(c.key);
+    if (seen != by_name_.end()) {
       ::unlink(pending_[seen->second].temp.c_str());
-      pending_[seen->second].temp = temp;
+      pending_[seen->second].temp = c.temp;
+      pending_[seen->second].name = stored;
+    } else {
+      std::error_code ec;
+      by_name_.emplace(c.key, pending_.size());
+      pending_.push_back({c.temp, c.final, stored, fs::exists(fs::symlink_status(c.final, ec))});
     }
-    return fd;
+    ++result_.files_done;
+  }
+
+  static void Drop(Claimed& c) {
+    if (c.fd >= 0) ::close(c.fd);
+    c.fd = -1;
+    ::unlink(c.temp.c_str());
   }
 
   bool CopyEarlier(const std::string& stored, const std::string& target, const fs::path& place) {
@@ -360,28 +458,33 @@ class Unpacker {
     const fs::path source_temp = pending_[source->second].temp;
     std::error_code ec;
     const auto size = fs::file_size(source_temp, ec);
-    int fd = Claim(stored, place, static_cast<double>(size), false);
-    if (fd < 0) return false;
+    Claimed c;
+    if (!Claim(stored, place, static_cast<double>(size), false, c)) return false;
     int in = ::open(source_temp.c_str(), O_RDONLY | O_CLOEXEC);
     off_t at = 0;
     bool ok = in >= 0;
     while (ok && static_cast<std::uintmax_t>(at) < size) {
-      ssize_t n = ::copy_file_range(in, &at, fd, nullptr, size - at, 0);
+      ssize_t n = ::copy_file_range(in, &at, c.fd, nullptr, size - at, 0);
       ok = n > 0;
     }
     if (in >= 0) ::close(in);
-    if (::close(fd) != 0 || !ok)
+    ok = ::close(c.fd) == 0 && ok;
+    c.fd = -1;
+    if (!ok) {
+      Drop(c);
       return Stop(UnpackFailure::CannotWrite, Quoted(stored) + " can't be written");
-    ++result_.files_done;
+    }
+    Keep(c, stored);
     return true;
   }
 
   bool WriteFile(archive* a, archive_entry* e, const std::string& stored, const fs::path& place) {
     const bool exec = (archive_entry_perm(e) & 0111) != 0;
-    int fd =
-        Claim(stored, place,
-              archive_entry_size_is_set(e) ? static_cast<double>(archive_entry_size(e)) : 0, exec);
-    if (fd < 0) return false;
+    Claimed c;
+    if (!Claim(stored, place,
+               archive_entry_size_is_set(e) ? static_cast<double>(archive_entry_size(e)) : 0, exec,
+               c))
+      return false;
 
     std::int64_t end = 0;
     for (;;) {
@@ -392,7 +495,7 @@ class Unpacker {
       if (r == ARCHIVE_EOF) break;
       // A warning here is a checksum that doesn't match: the bytes are not the author's.
       if (r < ARCHIVE_OK) {
-        ::close(fd);
+        Drop(c);
         std::string why = ErrorOf(a);
         // A wrong password may also pass the zip's one-byte check and show as bad data.
         if (why.find("assphrase") != std::string::npos ||
@@ -402,17 +505,19 @@ class Unpacker {
               Quoted(archive_name_) + ": " +
                   (password_.answer.empty() ? "no password given for " : "wrong password for ") +
                   Quoted(stored));
-        return Stop(UnpackFailure::Damaged,
-                    Quoted(archive_name_) + " is damaged at " + Quoted(stored) + ": " + why);
+        // This entry stays out; the others still come.
+        result_.damaged.push_back(Quoted(stored) + ": " + why);
+        stop_reading_ = r == ARCHIVE_FATAL;
+        return true;
       }
       const char* bytes = static_cast<const char*>(block);
       std::size_t written = 0;
       while (written < size) {
-        ssize_t w = ::pwrite(fd, bytes + written, size - written, offset + written);
+        ssize_t w = ::pwrite(c.fd, bytes + written, size - written, offset + written);
         if (w < 0 && errno == EINTR) continue;
         if (w <= 0) {
           int err = errno;
-          ::close(fd);
+          Drop(c);
           return Stop(err == ENOSPC ? UnpackFailure::NoSpace : UnpackFailure::CannotWrite,
                       Quoted(stored) + " of " + Quoted(archive_name_) +
                           " can't be written: " + std::strerror(err));
@@ -424,19 +529,23 @@ class Unpacker {
     }
     // A sparse entry may end in a hole.
     if (archive_entry_size_is_set(e) && archive_entry_size(e) > end)
-      if (::ftruncate(fd, archive_entry_size(e)) != 0) {
-        ::close(fd);
+      if (::ftruncate(c.fd, archive_entry_size(e)) != 0) {
+        Drop(c);
         return Stop(UnpackFailure::NoSpace, Quoted(stored) + " can't be written");
       }
     if (archive_entry_mtime_is_set(e)) {
       timespec times[2];
       times[0].tv_sec = times[1].tv_sec = archive_entry_mtime(e);
       times[0].tv_nsec = times[1].tv_nsec = archive_entry_mtime_nsec(e);
-      ::futimens(fd, times);
+      ::futimens(c.fd, times);
     }
-    if (::close(fd) != 0)
+    const bool closed = ::close(c.fd) == 0;
+    c.fd = -1;
+    if (!closed) {
+      Drop(c);
       return Stop(UnpackFailure::CannotWrite, Quoted(stored) + " can't be written");
-    ++result_.files_done;
+    }
+    Keep(c, stored);
     return true;
   }
 
@@ -450,11 +559,19 @@ class Unpacker {
           if (!pending_[j].existed) ::unlink(pending_[j].final.c_str());
         for (std::size_t j = i; j < pending_.size(); ++j) ::unlink(pending_[j].temp.c_str());
         pending_.clear();
+        RemoveStaging();
         return false;
       }
     }
     pending_.clear();
+    RemoveStaging();
     return true;
+  }
+
+  void RemoveStaging() {
+    std::error_code ec;
+    if (!staging_.empty()) fs::remove_all(staging_, ec);
+    staging_.clear();
   }
 
   bool Stop(UnpackFailure failure, std::string why) {
@@ -465,12 +582,14 @@ class Unpacker {
 
   UnpackResult Fail(UnpackFailure failure, const std::string& why) {
     for (const Pending& p : pending_) ::unlink(p.temp.c_str());
+    RemoveStaging();
     for (auto it = created_folders_.rbegin(); it != created_folders_.rend(); ++it)
       ::rmdir(it->c_str());
     UnpackResult r;
     r.failure = failure;
     r.message = why;
     r.refused = std::move(result_.refused);
+    r.damaged = std::move(result_.damaged);
     return r;
   }
 
@@ -489,6 +608,13 @@ class Unpacker {
   std::unordered_map<std::string, std::size_t> by_name_;
   std::unordered_set<std::string> links_;
   std::vector<fs::path> created_folders_;
+  fs::path staging_;  // where the files wait, inside the destination
+  double archive_size_ = 0;
+  double declared_ = 0;  // the sizes of the files met so far
+  bool asked_size_ = false;
+  bool stop_reading_ = false;  // the archive can't be read past the entry that failed
+  // Headers that fail one by one; past this many the archive is read no further.
+  static constexpr int kMaxFailedHeaders = 64;
 };
 
 }  // namespace
@@ -546,6 +672,7 @@ bool ListZipDirectory(const MappedFile& file, const std::function<void(const Lis
     if (at + 46 > end_of_cd || Le(data + at, 4) != 0x02014b50)
       return why = "central directory cut short", false;
     const std::uint64_t flags = Le(data + at + 8, 2);
+    std::uint64_t uncompressed = Le(data + at + 24, 4);
     const std::uint64_t name_len = Le(data + at + 28, 2);
     const std::uint64_t extra_len = Le(data + at + 30, 2);
     const std::uint64_t comment_len = Le(data + at + 32, 2);
@@ -558,6 +685,8 @@ bool ListZipDirectory(const MappedFile& file, const std::function<void(const Lis
     for (std::uint64_t k = 0; k + 4 <= extra_len;) {
       std::uint64_t id = Le(x + k, 2), len = Le(x + k + 2, 2);
       if (k + 4 + len > extra_len) break;
+      // Zip64: the true size stands first in its field when the plain one is all ones.
+      if (id == 0x0001 && uncompressed == 0xFFFFFFFF && len >= 8) uncompressed = Le(x + k + 4, 8);
       if (id == 0x7075 && len >= 5 && x[k + 4] == 1 &&
           Le(x + k + 5, 4) ==
               crc32(0, reinterpret_cast<const Bytef*>(raw.data()), static_cast<uInt>(raw.size())))
@@ -572,6 +701,7 @@ bool ListZipDirectory(const MappedFile& file, const std::function<void(const Lis
     }
     entry.name = std::move(name);
     entry.folder = EndsWithSeparator(entry.name);
+    entry.size = entry.folder ? 0 : uncompressed;
     each(entry);
     at = next;
   }

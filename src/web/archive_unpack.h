@@ -10,7 +10,8 @@
 //
 // An unpacking either completes or leaves the destination as it found it: every file is written
 // under a temporary name beside its place and renamed into place only once the whole archive
-// has been read, so a damaged archive, a wrong password or a full disk takes back all it wrote.
+// has been read, so a wrong password or a full disk takes back all it wrote. Damage costs only
+// the entries it touches.
 
 #include <cstdint>
 #include <filesystem>
@@ -29,11 +30,12 @@ enum class ArchiveKinds {
   Any,  // every format and compression libarchive reads: 7z, rar, tar, tar.gz, cab, iso ...
 };
 
-enum class UnpackFailure { None, Unreadable, Damaged, Password, NoSpace, CannotWrite };
+enum class UnpackFailure { None, Unreadable, Damaged, Password, NoSpace, CannotWrite, Declined };
 
 struct ListedEntry {
   std::string name;  // UTF-8, separators as stored
   bool folder = false;
+  std::uint64_t size = 0;  // the size the archive declares, where the listing knows it
 };
 
 // Calls `each` for every entry in archive order. False, with `error` naming the archive, when
@@ -56,11 +58,16 @@ struct UnpackResult {
   std::int64_t files_done = 0;
   std::string message;               // why it failed, naming the archive and the entry
   std::vector<std::string> refused;  // one line per name that was skipped, with the reason
+  std::vector<std::string> damaged;  // one line per entry that couldn't be read, with the reason
 };
 
 // Unpacks `archive` into `destination` (made when missing). A password is asked through the
 // program's Ui ("Please Enter The Password!") at most once per archive; an empty answer gives
-// up. Before each file is written its size is checked against the free space of the disk.
+// up. The total a zip declares is checked against the free space of the disk before anything
+// is written (for other kinds each file's size as it comes), with room for each file's blocks;
+// a package that expands past 100 times its own size or past 4 GB is asked about first
+// (text 9104). An entry whose bytes can't be read is left out and named in `damaged`; the
+// entries that could be read come in, unless none could.
 UnpackResult UnpackArchive(Program& program, const std::filesystem::path& archive,
                            const std::filesystem::path& destination, const UnpackOptions& options);
 

@@ -9,6 +9,8 @@
 #include "foundation/program.h"
 #include "foundation/services/files.h"
 #include "foundation/services/paths.h"
+#include "foundation/services/safe_join.h"
+#include "foundation/services/strings.h"
 #include "web/http_transfer.h"
 #include "web/text_ids.h"
 
@@ -95,6 +97,18 @@ bool Dialog_Download::Transfer() {
   if (r.outcome == TransferOutcome::Failed)
     AskUser(p, p.GetText(text::DownloadError) + r.error, msg::kError);
   return r.ok();
+}
+
+std::filesystem::path DownloadTarget(Program& program, const std::string& url) {
+  std::string name = ExtractUrlFileName(url.substr(0, url.find_first_of("?#")));
+  name = Trim(CleanFileName(RemoveNulls(name)));
+  if (name.empty() || name == "." || name == "..") name = "download";
+  const std::filesystem::path folder =
+      JoinFragment(program.Home(), program.GetText(text::DownloadFolder));
+  std::error_code ec;
+  std::filesystem::create_directories(folder, ec);
+  const SafeJoinResult target = SafeJoin(folder, name);
+  return target && FolderExists(folder) ? target.path : std::filesystem::path();
 }
 
 bool DownloadToFile(Program& program, const std::string& url, const std::filesystem::path& target) {

@@ -46,6 +46,12 @@ class Dialog_Download : public Form {
 // or failed transfer leaves no target behind.
 bool DownloadToFile(Program& program, const std::string& url, const std::filesystem::path& target);
 
+// Where a file fetched from `url` lands: the program's download folder (text 9102 behind its
+// home, made when missing), under the URL's last name without its query, made fit for a file
+// name. So no download ever replaces a file of the program's own. Empty when the folder can't
+// be made.
+std::filesystem::path DownloadTarget(Program& program, const std::string& url);
+
 // "mm' ss\"", as the window tells times.
 std::string FormatTransferTime(std::int64_t seconds);
 

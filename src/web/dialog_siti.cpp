@@ -4,6 +4,7 @@
 #include "foundation/ports/platform.h"
 #include "foundation/ports/ui.h"
 #include "foundation/program.h"
+#include "foundation/services/files.h"
 #include "foundation/services/paths.h"
 #include "foundation/services/strings.h"
 #include "web/dialog_download.h"
@@ -55,9 +56,19 @@ void Dialog_Siti::ImpostaValori(std::int32_t TipoUrl, bool TestAggiorna) {
   Load();
   Changed = false;
   ExitValue = false;
-  if (!ReadUrlList(UrlListPath(program()), List)) {
+  SetAside.clear();
+  const std::filesystem::path path = UrlListPath(program());
+  if (!ReadUrlList(path, List)) {
     List = {};
     List.LastUpdate = OleDateNow();
+    // The user's own entries may be in there: the file is kept, and told of, not dropped.
+    if (FileExists(path)) {
+      SetAside = KeepUnreadableCopy(path);
+      if (SetAside.empty()) SetAside = path;
+      AskUser(program(),
+              program().GetText(text::UrlListSetAside, {path.string(), SetAside.string()}),
+              msg::kWarning);
+    }
   }
   Combo_TipoUrl.Clear();
   for (const Category& c : kCategories) Combo_TipoUrl.AddItem(program().GetText(c.name_id), c.type);
@@ -224,12 +235,23 @@ void Dialog_Siti::Pul_Aggiorna_Click() {
   ShowList();
 }
 
-void Dialog_Siti::Pul_Ok_Click() {
-  if (Changed) {
-    const std::filesystem::path path = UrlListPath(program());
-    if (!WriteUrlList(path, List))
-      AskUser(program(), program().GetText(text::UrlListNotWritten) + path.string(), msg::kError);
+bool Dialog_Siti::SaveList() {
+  Program& p = program();
+  const std::filesystem::path path = UrlListPath(p);
+  if (!SetAside.empty() && FileExists(path) &&
+      AskUser(p, p.GetText(text::UrlListReplaceUnreadable, {path.string(), SetAside.string()}),
+              msg::kYesNo) == msg::kNo)
+    return false;
+  if (!WriteUrlList(path, List)) {
+    AskUser(p, p.GetText(text::UrlListNotWritten) + path.string(), msg::kError);
+    return false;
   }
+  SetAside.clear();
+  return true;
+}
+
+void Dialog_Siti::Pul_Ok_Click() {
+  if (Changed) SaveList();
   ExitValue = true;
   closing_ = true;
   Unload();

@@ -3,6 +3,7 @@
 // and the update of the whole list from the program's web addresses.
 
 #include <cstdint>
+#include <filesystem>
 #include <string>
 #include <vector>
 
@@ -23,9 +24,15 @@ class Dialog_Siti : public Form {
   // The close box is Cancel.
   bool QueryUnload() override;
 
+  // Writes List to the program's folder; a file that couldn't be read at opening is replaced
+  // only when the user agrees. False, after saying why, when nothing was written.
+  bool SaveList();
+
   bool ExitValue = false;
   UrlList List;
   bool Changed = false;
+  // The copy of a list file that stood but couldn't be read; empty when the file was good.
+  std::filesystem::path SetAside;
 
   ComboBox Combo_TipoUrl{*this, "Combo_TipoUrl", false, [this] { ShowList(); }};
   ListBox List_Url{*this, "List_Url", false, [this] { List_Url_Click(); }};

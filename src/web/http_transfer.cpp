@@ -6,6 +6,8 @@
 
 #include <cerrno>
 #include <chrono>
+#include <cstdio>
+#include <cstdlib>
 #include <cstring>
 #include <memory>
 #include <system_error>
@@ -75,6 +77,17 @@ TransferOutcome OutcomeOf(CURLcode code) {
 
 }  // namespace
 
+SpeedFloor TransferSpeedFloor() {
+  SpeedFloor floor;
+  const char* given = std::getenv("VARDOLIN_SPEED_FLOOR");
+  long bytes = 0, seconds = 0;
+  char end = 0;
+  if (given && std::sscanf(given, "%ld/%ld%c", &bytes, &seconds, &end) == 2 && bytes > 0 &&
+      seconds > 0)
+    floor = {bytes, seconds};
+  return floor;
+}
+
 TransferResult HttpTransfer(const std::string& url, const std::filesystem::path& target,
                             const std::string& agent, const TransferProgress& progress) {
   static CurlGlobal global;
@@ -100,9 +113,10 @@ TransferResult HttpTransfer(const std::string& url, const std::filesystem::path&
   curl_easy_setopt(c, CURLOPT_REDIR_PROTOCOLS_STR, "http,https");
   curl_easy_setopt(c, CURLOPT_FAILONERROR, 1L);
   curl_easy_setopt(c, CURLOPT_CONNECTTIMEOUT, 30L);
-  // A server that sends nothing for a minute is given up, as a person would.
-  curl_easy_setopt(c, CURLOPT_LOW_SPEED_LIMIT, 1L);
-  curl_easy_setopt(c, CURLOPT_LOW_SPEED_TIME, 60L);
+  // A server that sends next to nothing for a minute is given up, as a person would.
+  const SpeedFloor floor = TransferSpeedFloor();
+  curl_easy_setopt(c, CURLOPT_LOW_SPEED_LIMIT, floor.bytes_per_second);
+  curl_easy_setopt(c, CURLOPT_LOW_SPEED_TIME, floor.seconds);
   curl_easy_setopt(c, CURLOPT_BUFFERSIZE, 256L * 1024L);
   curl_easy_setopt(c, CURLOPT_WRITEFUNCTION, WriteBody);
   curl_easy_setopt(c, CURLOPT_WRITEDATA, &sink);

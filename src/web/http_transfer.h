@@ -29,6 +29,16 @@ struct TransferResult {
 // answer stops the transfer.
 using TransferProgress = std::function<bool(std::int64_t received, std::int64_t total)>;
 
+// The slowest a transfer may go before it is given up: fewer than `bytes_per_second` on average
+// over `seconds`. A server that trickles would otherwise hold the window for ever.
+struct SpeedFloor {
+  long bytes_per_second = 512;
+  long seconds = 60;
+};
+// The floor above, or the one VARDOLIN_SPEED_FLOOR gives as "BYTES/SECONDS" (the tests' short
+// one; a network that needs another).
+SpeedFloor TransferSpeedFloor();
+
 // Fetches `url` into `target`. The bytes go to a file beside the target that is renamed over it
 // at the end; on any failure that file is removed and a target that stood is left alone.
 TransferResult HttpTransfer(const std::string& url, const std::filesystem::path& target,

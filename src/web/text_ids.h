@@ -9,10 +9,16 @@ namespace vardolin::text {
 // Single-file packing.
 inline constexpr std::int32_t ZipDialogCaption = 1078;  // " Zipping"
 inline constexpr std::int32_t CannotExpandFile = 1229;  // ~1 = the packed file's name
-inline constexpr std::int32_t PackedSuffix = 1253;      // ".zl", put behind a packed file's name
+// ~1 = the packed file's name, ~2 = what it expands to, ~3 = the disk's free space.
+inline constexpr std::int32_t ZlNeedsMoreRoom = 9106;
+inline constexpr std::int32_t PackedSuffix = 1253;  // ".zl", put behind a packed file's name
 
 // Archives.
 inline constexpr std::int32_t CannotUnpackArchive = 2255;  // shown behind the archive's name
+// ~1 = the quoted archive, ~2 = what it expands to, ~3 = how many times its own size.
+inline constexpr std::int32_t PackageExpandsFar = 9104;
+// ~1 = the archive's name, ~2 = the entries left out, one a line.
+inline constexpr std::int32_t EntriesLeftOut = 9105;
 
 // Dialog_InputTesto.
 inline constexpr std::int32_t InputTestoClear = 5920;  // caption of Pul_Svuota
@@ -27,6 +33,7 @@ inline constexpr std::int32_t DownloadProgress = 436;    // the file name and si
 inline constexpr std::int32_t DownloadTimeGone = 437;    // between the time left and time gone
 inline constexpr std::int32_t DownloadReceived = 438;    // the bytes so far follow
 inline constexpr std::int32_t DownloadError = 439;       // the cause follows
+inline constexpr std::int32_t DownloadFolder = 9102;     // fragment: where fetched files land
 
 // Dialog_Siti: captions in the order Set_Caption_Texts takes them.
 inline constexpr std::int32_t SitiCaption = 843;
@@ -94,5 +101,8 @@ inline constexpr std::int32_t UrlPhraseWalkthroughs = 2277;
 // The offer of an update when the list is old.
 inline constexpr std::int32_t UrlUpdateInterval = 2252;  // "d", "ww", "m" or "yyyy"
 inline constexpr std::int32_t UrlUpdateOffer = 2253;     // ~1 = two CR LF
+// A list file that stands but can't be read: ~1 = its path, ~2 = the copy set aside.
+inline constexpr std::int32_t UrlListSetAside = 9100;
+inline constexpr std::int32_t UrlListReplaceUnreadable = 9101;  // Yes replaces it
 
 }  // namespace vardolin::text

@@ -17,9 +17,6 @@ namespace vardolin {
 namespace {
 
 constexpr int kCodePage = 1252;
-// Types 1 to 8 are known; anything else is a damaged file, not a category to guess at.
-constexpr std::int32_t kFirstType = 1;
-constexpr std::int32_t kLastType = 8;
 // The smallest entry: two empty texts with their lengths, the type and the flag.
 constexpr std::size_t kSmallestEntry = 2 + 2 + 4 + 2;
 
@@ -56,7 +53,9 @@ bool ParseUrlList(std::string_view bytes, UrlList& list) {
     if (!ReadText(in, e.Url) || !ReadText(in, e.Name)) return false;
     e.Type = in.I32();
     e.UserAdded = in.Flag();
-    if (!in.Ok() || e.Type < kFirstType || e.Type > kLastType) return false;
+    // A type this program doesn't know (a newer list, a hand edit) is kept as it stands: the
+    // entry is listed in no category and written back unchanged.
+    if (!in.Ok()) return false;
     read.entries.push_back(std::move(e));
   }
   list = std::move(read);
@@ -84,6 +83,22 @@ bool ReadUrlList(const std::filesystem::path& path, UrlList& list) {
 bool WriteUrlList(const std::filesystem::path& path, const UrlList& list) {
   const std::string bytes = UrlListBytes(list);
   return !bytes.empty() && AtomicWriteFile(ResolveCase(path), bytes);
+}
+
+std::filesystem::path KeepUnreadableCopy(const std::filesystem::path& path) {
+  namespace fs = std::filesystem;
+  const fs::path real = ResolveCase(path);
+  const std::string bytes = ReadWholeFile(real);
+  for (int n = 0; n < 100; ++n) {
+    fs::path copy = real;
+    copy += ".unreadable" + (n ? std::to_string(n) : std::string());
+    std::error_code ec;
+    // The same bytes set aside before are not set aside twice.
+    const auto st = fs::symlink_status(copy, ec);
+    if (!fs::exists(st)) return fs::copy_file(real, copy, ec) && !ec ? copy : fs::path();
+    if (fs::is_regular_file(st) && ReadWholeFile(copy) == bytes) return copy;
+  }
+  return {};
 }
 
 std::filesystem::path UrlListPath(const Program& program) {

@@ -38,13 +38,19 @@ struct UrlList {
 };
 
 // The list from its bytes; false, with `list` emptied, unless every entry is there. No size is
-// taken on trust: a count beyond the bytes or a negative length is a damaged file.
+// taken on trust: a count beyond the bytes or a negative length is a damaged file. A type
+// outside the known categories is read as it stands.
 bool ParseUrlList(std::string_view bytes, UrlList& list);
 std::string UrlListBytes(const UrlList& list);
 // A missing or damaged file gives false.
 bool ReadUrlList(const std::filesystem::path& path, UrlList& list);
 // Replaces the file atomically: a crash leaves the old list or the new one.
 bool WriteUrlList(const std::filesystem::path& path, const UrlList& list);
+
+// Sets a copy of a list that can't be read beside it (".unreadable", numbered when that name is
+// taken by other bytes), so that whatever replaces the list, the user's file stays. The copy's
+// path, or empty when none could be made.
+std::filesystem::path KeepUnreadableCopy(const std::filesystem::path& path);
 
 // The list in the program's folder (text 861 behind it).
 std::filesystem::path UrlListPath(const Program& program);

@@ -258,8 +258,9 @@ long UnzipClass::UnZip(const std::string& sZipFileName, const std::string& sExtr
   };
   UnpackResult r = UnpackArchive(program_, ZipFileName, ExtractDir, options);
   last_message_ = r.message;
-  for (const std::string& line : r.refused)
-    last_message_ += (last_message_.empty() ? "" : "\n") + line;
+  for (const auto* lines : {&r.damaged, &r.refused})
+    for (const std::string& line : *lines)
+      last_message_ += (last_message_.empty() ? "" : "\n") + line;
   return r.ok ? 0 : static_cast<long>(r.failure) + 1;
 }
 

@@ -131,7 +131,8 @@ std::vector<std::string> ListZipEntries(const fs::path& zipFile, std::int32_t& c
 }
 
 bool ExtractWithTool(Program& program, const fs::path& archive, const fs::path& target,
-                     bool emptyTarget, ProgressBar* progressBar, bool honorDirectories) {
+                     bool emptyTarget, ProgressBar* progressBar, bool honorDirectories,
+                     std::string* why) {
   std::error_code ec;
   if (emptyTarget && fs::is_directory(target, ec))
     for (fs::directory_iterator it(target, ec), end; !ec && it != end; it.increment(ec))
@@ -149,9 +150,17 @@ bool ExtractWithTool(Program& program, const fs::path& archive, const fs::path& 
   };
   UnpackResult r = UnpackArchive(program, archive, target, options);
   run.Reset();
-  for (const std::string& line : r.refused) WriteLog(program, line);
+  for (const auto* lines : {&r.damaged, &r.refused})
+    for (const std::string& line : *lines) {
+      WriteLog(program, line);
+      if (why && r.ok) *why += (why->empty() ? "" : "\n") + line;
+    }
   if (r.ok) return true;
   WriteLog(program, r.message);
+  if (why) {
+    *why = r.message;
+    return false;
+  }
   AskUser(program,
           ExtractFileName(archive.string()) + program.GetText(text::CannotUnpackArchive) + "\n\n" +
               r.message,

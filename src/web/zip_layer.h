@@ -23,11 +23,12 @@ bool ZipFolderToFile(Program& program, const std::filesystem::path& folder,
 
 // Unpacks `zipFile` into `destFolder`. With `eraseFirst` the files directly in `destFolder` are
 // deleted before the zip is even opened. False when the zip can't be read or holds no file (a
-// zip of folder entries only), and when it turns out damaged, protected by a password that
-// isn't given, or too big for the disk: then `destFolder` is left as it was before the zip was
-// opened, and `why`, when given, names the zip and the entry. Names that would land outside
-// `destFolder` are skipped (told in `why`) and the rest comes in. With `honorDirectories` false
-// every file lands directly in `destFolder`.
+// zip of folder entries only) or no entry that can be read, when it is protected by a password
+// that isn't given, too big for the disk, or expands so far that the user refused it: then
+// `destFolder` is left as it was before the zip was opened, and `why`, when given, names the zip
+// and the entry. Entries whose bytes are damaged, and names that would land outside
+// `destFolder`, are left out (each told in `why`, one a line) and the rest comes in. With
+// `honorDirectories` false every file lands directly in `destFolder`.
 bool ExtractZip(Program& program, const std::filesystem::path& zipFile,
                 const std::filesystem::path& destFolder, ProgressBar* progressBar,
                 bool honorDirectories, bool eraseFirst, std::string* why = nullptr);
@@ -41,10 +42,12 @@ std::vector<std::string> ListZipEntries(const std::filesystem::path& zipFile, st
 // Unpacks an archive of any kind libarchive reads (7z, rar, tar, tar.gz, cab ...) into
 // `target`, made when missing and emptied first with `emptyTarget`; the bar follows the bytes
 // read. With `honorDirectories` false every file lands directly in `target`. An archive that
-// can't be unpacked is told by name as an error (text 2255) and leaves `target` as it was; false
-// then.
+// can't be unpacked leaves `target` as it was; false then. Without `why` that is told by name as
+// an error (text 2255); with it nothing is shown and `why` gets the reason, or on success the
+// entries left out, one a line.
 bool ExtractWithTool(Program& program, const std::filesystem::path& archive,
                      const std::filesystem::path& target, bool emptyTarget,
-                     ProgressBar* progressBar = nullptr, bool honorDirectories = true);
+                     ProgressBar* progressBar = nullptr, bool honorDirectories = true,
+                     std::string* why = nullptr);
 
 }  // namespace vardolin

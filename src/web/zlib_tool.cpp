@@ -2,6 +2,7 @@
 
 #include <fcntl.h>
 #include <sys/stat.h>
+#include <sys/statvfs.h>
 #include <unistd.h>
 
 #include <atomic>
@@ -145,6 +146,9 @@ class PendingOutput {
   bool committed_ = false;
 };
 
+// A head may promise no more than any disk could ever hold.
+constexpr std::uint64_t kMostExpanded = std::uint64_t(1) << 48;
+
 // Memory or threads running out are the only exceptions inside; they end the one file.
 template <class F>
 ZlResult Guarded(F body) {
@@ -171,6 +175,8 @@ const char* ZlResultName(ZlResult result) {
       return "truncated";
     case ZlResult::Corrupt:
       return "corrupt";
+    case ZlResult::NoSpace:
+      return "declares more than the disk has free";
   }
   return "unknown";
 }
@@ -187,9 +193,28 @@ ZlResult PackFile(const fs::path& input, const fs::path& output, const ZlOptions
   return out.Commit(options.sync) ? ZlResult::Ok : ZlResult::CannotWriteOutput;
 }
 
+std::optional<std::uint64_t> ZlDeclaredLength(const fs::path& input) {
+  InputFile in(input);
+  unsigned char head[kZlHeadSize];
+  if (!in.Ok() || ::pread(in.Fd(), head, sizeof head, 0) != static_cast<ssize_t>(sizeof head) ||
+      std::memcmp(head, "VZL\x01", 4) != 0)
+    return std::nullopt;
+  std::uint64_t length = 0;
+  for (int i = 0; i < 8; ++i) length |= std::uint64_t(head[4 + i]) << (8 * i);
+  return length;
+}
+
 ZlResult ExpandFile(const fs::path& input, const fs::path& output, const ZlOptions& options) {
   InputFile in(input);
   if (!in.Ok()) return ZlResult::CannotReadInput;
+  // Refused before a byte is written: a head that promises more than the disk holds would fill
+  // it and only then turn out wrong.
+  struct statvfs disk {};
+  const std::optional<std::uint64_t> declared = ZlDeclaredLength(input);
+  const fs::path folder = output.parent_path().empty() ? fs::path(".") : output.parent_path();
+  if (declared && *declared <= kMostExpanded && ::statvfs(folder.c_str(), &disk) == 0 &&
+      *declared > static_cast<std::uint64_t>(disk.f_bavail) * disk.f_frsize)
+    return ZlResult::NoSpace;
   PendingOutput out(output);
   if (!out.Ok()) return ZlResult::CannotWriteOutput;
   FdSource source(in.Fd());
@@ -197,7 +222,7 @@ ZlResult ExpandFile(const fs::path& input, const fs::path& output, const ZlOptio
   // A head may promise no more than the disk could ever hold; the stream's own checks catch
   // a smaller lie.
   ZlResult result =
-      Guarded([&] { return zl::Expand(source, in.Size(), sink, std::uint64_t(1) << 48, options); });
+      Guarded([&] { return zl::Expand(source, in.Size(), sink, kMostExpanded, options); });
   if (result != ZlResult::Ok) return result;
   return out.Commit(options.sync) ? ZlResult::Ok : ZlResult::CannotWriteOutput;
 }

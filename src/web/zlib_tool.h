@@ -19,6 +19,7 @@
 #include <cstdint>
 #include <filesystem>
 #include <functional>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -33,6 +34,7 @@ enum class ZlResult {
   NotPacked,          // no `.zl` head: some other kind of file
   Truncated,          // the file ends before its stream does
   Corrupt,            // bad data, wrong checksum, wrong length or bytes after the stream
+  NoSpace,            // the head declares more than the output's disk has free: nothing written
 };
 
 // A short English name of the result, for the log and test output.
@@ -57,7 +59,11 @@ inline constexpr std::size_t kZlHeadSize = 12;
 // into place only when complete, so a failure leaves no output file (and an older one intact).
 ZlResult PackFile(const std::filesystem::path& input, const std::filesystem::path& output,
                   const ZlOptions& options = {});
-// Expands a `.zl` file. Nothing is left at `output` unless every byte checked out.
+// The original length a `.zl` file's head declares; nothing when it has no `.zl` head.
+std::optional<std::uint64_t> ZlDeclaredLength(const std::filesystem::path& input);
+
+// Expands a `.zl` file. Nothing is left at `output` unless every byte checked out, and nothing
+// is written when the head declares more than the output's disk has free (NoSpace).
 ZlResult ExpandFile(const std::filesystem::path& input, const std::filesystem::path& output,
                     const ZlOptions& options = {});
 

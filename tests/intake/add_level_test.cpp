@@ -19,8 +19,11 @@
 #include "intake/dialog_new_level.h"
 #include "intake/export_level.h"
 #include "intake/level_file_list.h"
+#include "local_http_server.h"
 #include "play_fixture.h"
 #include "store_fixture.h"
+#include "web/dialog_download.h"
+#include "web/url_list.h"
 #include "web/zip_layer.h"
 
 namespace vardolin {
@@ -173,7 +176,9 @@ TEST(AddLevel, BadPackagesAreToldByNameAndLeaveNothingBehind) {
                          {"good/level.tr4", "good"},
                          {"good/script.dat", "s"}});
   testing::WriteBytes(f.dir / "outside.txt", "untouched");
-  const auto code = f.Add(hostile, [](Dialog_NewLevel& d) { d.Pul_Ok.Click(); });
+  const auto code = f.Add(
+      hostile, [](Dialog_NewLevel& d) { d.Pul_Ok.Click(); },
+      [&] { f.ui.Answer(msg::kOk, "\"lnk/through.txt\": passes through"); });
   ASSERT_TRUE(code);
   EXPECT_EQ(ReadFile(f.dir / "outside.txt"), "untouched");
   EXPECT_EQ(ReadFile(f.Store(*code) / "files/level.tr4"), "good");
@@ -187,13 +192,13 @@ TEST(AddLevel, BadPackagesAreToldByNameAndLeaveNothingBehind) {
   WriteArchive(cut, {{"a/level.tr4", testing::LevelBytes(1, 50000)}});
   fs::resize_file(cut, fs::file_size(cut) / 2);
   const std::int32_t next = NextLevelCode(f.program.catalogue);
-  f.ui.AllowAnyMessage();
+  // Told once, with the reason.
+  f.ui.Answer(msg::kOk, "cut.zip could not be unpacked.\r\n\r\n\"cut.zip\" can't be read");
   EXPECT_FALSE(f.Add(cut, [](Dialog_NewLevel& d) {
     EXPECT_TRUE(d.FileList.empty());
     d.Pul_Cancel.Click();
   }));
-  EXPECT_TRUE(std::ranges::any_of(
-      f.ui.Messages(), [](const std::string& m) { return m.find("cut.zip") != m.npos; }));
+  EXPECT_TRUE(f.ui.Done());
   EXPECT_FALSE(fs::exists(f.Store(next)));
   EXPECT_EQ(f.Count(), 3u);
 }
@@ -210,6 +215,64 @@ TEST(AddLevel, ALevelFileTheArchiveHoldsAlreadyIsAskedAbout) {
   EXPECT_FALSE(
       f.Add(zip, ok, [&] { f.ui.Answer(msg::kNo, "\"tower.tr4\" is also in the level"); }));
   EXPECT_EQ(f.Count(), count);
+}
+
+// A damaged info file is as if it had never come: the package's install script still names the
+// level.
+TEST(AddLevel, ADamagedInfoFileLeavesTheInstallScriptItsTurn) {
+  AddFixture f;
+  const fs::path package = f.dir / "tower pack.zip";
+  WriteArchive(package, {{"vardolin_level.inf", "too short for an info file"},
+                         {"vardolin_install.txt",
+                          "<INSTALL_SCRIPT>go</INSTALL_SCRIPT><SETTINGS>\r\n"
+                          "#LEVEL_NAME#=From the script\r\n</SETTINGS>"},
+                         {"tower.tr4", "tower"}});
+  f.ui.Answer(msg::kOk, "The level info file is damaged");
+  std::string name;
+  f.ui.OnForm("Dialog_NewLevel", [&](Form& form) {
+    auto& d = static_cast<Dialog_NewLevel&>(form);
+    name = d.Text_NameLevel.Text();
+    d.Pul_Cancel.Click();
+  });
+  EXPECT_FALSE(AddLevel(f.program, package.string()));
+  EXPECT_EQ(name, "From the script");
+}
+
+// A patch the URL list knows for the package's files: fetched into a folder of its own whatever
+// name its address ends in, put into the level, and a setup program it brings is offered.
+TEST(AddLevel, AKnownPatchNeverLandsOnTheProgramsFilesAndItsSetupIsOffered) {
+  testing::LocalHttpServer server;
+  server.ServeFile("/fix/urllist.bin", "patched list");
+  server.ServeFile("/fix/setup.exe", "MZ a setup");
+  struct Row {
+    const char* file;
+    bool setup_offered;
+  } rows[] = {{"urllist.bin", false}, {"setup.exe", true}};
+  for (const Row& row : rows) {
+    SCOPED_TRACE(row.file);
+    AddFixture f;
+    UrlList list;
+    list.entries.push_back({server.Url(std::string("/fix/") + row.file), "Fix - notes.txt;5",
+                            url_type::kPatch, false});
+    ASSERT_TRUE(WriteUrlList(UrlListPath(f.program), list));
+    const std::string own_list = ReadFile(UrlListPath(f.program));
+    const fs::path package = f.dir / "level.zip";
+    WriteArchive(package, {{"notes.txt", "hello"}});
+
+    f.ui.Answer(msg::kYes, "A patch is known for this level: Fix");
+    f.ui.OnForm("Dialog_Download", [](Form& d) { static_cast<Dialog_Download&>(d).Timer1.Tick(); });
+    if (row.setup_offered) f.ui.Answer(msg::kNo, "comes with a setup program");
+    std::string patched;
+    f.ui.OnForm("Dialog_NewLevel", [&](Form& form) {
+      auto& d = static_cast<Dialog_NewLevel&>(form);
+      patched = ReadFile(d.WorkFolder / row.file);
+      d.Pul_Cancel.Click();
+    });
+    EXPECT_FALSE(AddLevel(f.program, package.string()));
+    EXPECT_TRUE(f.ui.Done());
+    EXPECT_EQ(ReadFile(UrlListPath(f.program)), own_list);
+    EXPECT_EQ(patched, row.setup_offered ? "MZ a setup" : "patched list");
+  }
 }
 
 TEST(AddLevel, AnArchiveThatKeepsWavesAsMp3StoresThemSoAndExportsBoth) {

@@ -18,7 +18,8 @@ LevelInfo SampleInfo() {
   info.AuthorNote = "about";
   info.AuthorEmails = std::string("a@x.org") + '\0' + "b@x.org";
   info.AuthorSites = "https://x.org";
-  info.MediaFiles = std::string("CD1") + '\0' + "a.wav" + '\0' + "b.wav" + '\0' + "c.wav";
+  // A group without a CD label: the list begins with an empty string.
+  info.MediaFiles = std::string("") + '\0' + "a.wav" + '\0' + "b.wav" + '\0' + "c.wav";
   info.WadFiles = std::string("graphics\\wads\\x.was") + '\0' + "https://x.org/w.zip";
   info.WadsDescription = "wads";
   info.FileCopies = std::string("*.tr4") + '\0' + "level";
@@ -39,7 +40,7 @@ TEST(LevelInfoTest, FileHoldsEachFieldAtItsOffsetAndReadsBack) {
   const std::string image = ReadFile(f.Path("info.bin"));
   const std::vector<std::pair<std::size_t, std::string>> fields = {
       {L::kLevelName, "The Lost Caf\xE9"}, {L::kAuthorName, "Author"},
-      {L::kAuthorSites, "https://x.org"},  {L::kMediaFiles, "CD1"},
+      {L::kAuthorSites, "https://x.org"},  {L::kMediaFiles, std::string("\0a.wav", 6)},
       {L::kFileCopies, "*.tr4"},           {L::kMoreInfoFile, "readme.txt"},
       {L::kSetupDestination, "0 "},        {L::kListedFileCount, std::string("\2\0\0\0\x9\0", 6)}};
   for (const auto& [offset, start] : fields)
@@ -48,6 +49,12 @@ TEST(LevelInfoTest, FileHoldsEachFieldAtItsOffsetAndReadsBack) {
   ASSERT_TRUE(ReadLevelInfoFile(f.program, f.Path("info.bin"), back));
   info.ListedNames = {"level.tr4", "title.pak"};
   EXPECT_EQ(back, info);
+
+  // What a writer's buffer held behind a one-line text's end is not part of it.
+  info.LevelName = std::string("Lara") + '\0' + "#junk";
+  ASSERT_TRUE(WriteLevelInfoFile(f.program, f.Path("info.bin"), info));
+  ASSERT_TRUE(ReadLevelInfoFile(f.program, f.Path("info.bin"), back));
+  EXPECT_EQ(back.LevelName, "Lara");
 }
 
 TEST(LevelInfoTest, ListedFilesAreTakenFromTheBytesPresent) {

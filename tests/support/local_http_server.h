@@ -33,6 +33,7 @@ class LocalHttpServer {
     bool no_length = false;
     std::size_t send_only = SIZE_MAX;  // bytes of the body sent before the end below
     bool stall = false;                // after them, hold the connection open without a word
+    int trickle_ms = 0;                // or send the rest one byte at a time, this far apart
     std::string location = {};         // Location of a redirect
   };
 
@@ -111,6 +112,9 @@ class LocalHttpServer {
       pollfd p{wake_[0], POLLIN, 0};
       ::poll(&p, 1, -1);
     }
+    pollfd p{wake_[0], POLLIN, 0};
+    for (std::size_t i = body; r.trickle_ms > 0 && i < r.body->size(); ++i)
+      if (::poll(&p, 1, r.trickle_ms) != 0 || !SendAll(fd, r.body->data() + i, 1)) break;
     ::shutdown(fd, SHUT_RDWR);
     ::close(fd);
   }

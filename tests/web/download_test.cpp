@@ -4,6 +4,7 @@
 #include <functional>
 
 #include "archive_fixture.h"
+#include "environment.h"
 #include "foundation/services/files.h"
 #include "local_http_server.h"
 #include "web/dialog_download.h"
@@ -29,14 +30,19 @@ TEST(DownloadTest, EachAnswerOfTheServerGivesTheFileOrNothing) {
   const std::string body(300000, 'x');
   LocalHttpServer server;
   server.ServeFile("/level.zip", body);
-  LocalHttpServer::Reply moved, cut = Body(body), no_length = Body(body);
+  LocalHttpServer::Reply moved, cut = Body(body), no_length = Body(body), trickle = Body(body);
   moved.status = 302;
   moved.location = server.Url("/level.zip");
   cut.send_only = 1000;
   no_length.no_length = true;
+  trickle.send_only = 10;
+  trickle.trickle_ms = 100;
   server.Serve("/moved", moved);
   server.Serve("/cut", cut);
   server.Serve("/nolength", no_length);
+  server.Serve("/trickle", trickle);
+  // A floor of 100 bytes a second over one second instead of the minute a user waits.
+  testing::ScopedEnv floor("VARDOLIN_SPEED_FLOOR", "100/1");
   struct Row {
     std::string url;
     bool done;
@@ -47,6 +53,7 @@ TEST(DownloadTest, EachAnswerOfTheServerGivesTheFileOrNothing) {
       {server.Url("/nolength"), true, false},
       {server.Url("/missing"), false, false},
       {server.Url("/cut"), false, true},
+      {server.Url("/trickle"), false, true},
       // A port nobody listens on: the one the server had before it closed.
       {std::invoke([] { return LocalHttpServer().Url("/x"); }), false, false},
   };

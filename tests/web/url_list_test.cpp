@@ -49,11 +49,10 @@ TEST(UrlListTest, TheFileIsReadAndWrittenExactlyAndDamageGivesAnEmptyList) {
 
   const std::string damaged[] = {
       "",
-      Header(2) + one,                                         // count beyond the file
-      Header(2000000000) + one,                                // a count no file holds
-      Header(1) + std::string("\xFF\xFF", 2) + one,            // negative length
-      Header(1) + one.substr(0, 8),                            // length past the end
-      Header(1) + EntryBytes("http://a.org/", "x", 9, false),  // type out of range
+      Header(2) + one,                               // count beyond the file
+      Header(2000000000) + one,                      // a count no file holds
+      Header(1) + std::string("\xFF\xFF", 2) + one,  // negative length
+      Header(1) + one.substr(0, 8),                  // length past the end
   };
   for (const std::string& bytes : damaged) {
     SCOPED_TRACE(bytes.size());
@@ -61,6 +60,11 @@ TEST(UrlListTest, TheFileIsReadAndWrittenExactlyAndDamageGivesAnEmptyList) {
     EXPECT_FALSE(ParseUrlList(bytes, list));
     EXPECT_EQ(list.Count(), 0);
   }
+  // Types a newer list brings are kept and written back as they came.
+  const std::string newer = Header(2) + EntryBytes("http://n.org/", "x", 9, false) +
+                            EntryBytes("http://m.org/", "y", -3, true);
+  ASSERT_TRUE(ParseUrlList(newer, list));
+  EXPECT_EQ(UrlListBytes(list), newer);
 }
 
 TEST(UrlListTest, KnownPatchesMatchOnlyWhenEveryFileStandsWithItsSize) {
@@ -168,6 +172,39 @@ TEST(UrlListTest, AnOldListIsUpdatedFromTheSecondSourceWithTheUsersEntriesFirst)
   EXPECT_EQ(now.entries[0].Name + ", " + now.entries[1].Name, "E, New site");
   EXPECT_GT(now.LastUpdate, OleDateNow() - 0.01);
   OfferUrlListUpdate(t.program);  // a fresh list is not offered again
+}
+
+// The window opened on a list it can't read, or on one with entries of a type it doesn't know:
+// nothing of the user's file is lost either way.
+TEST(UrlListTest, AListTheWindowCantReadIsKeptAndReplacedOnlyWhenTheUserAgrees) {
+  testing::ArchiveFixture t;
+  const fs::path path = UrlListPath(t.program);
+  const std::string mine = Header(2) + EntryBytes("http://mine.org/", "Mine", 1, true) +
+                           EntryBytes("http://later.org/", "Later", 12, true);
+  t.dir.Write("home/" + path.filename().string(), mine);
+  Dialog_Siti known(t.program);
+  known.ImpostaValori(url_type::kLevels, false);
+  EXPECT_EQ(Rows(known), std::vector<std::string>{"(yours) Mine"});
+  t.ui.Input("Added").Input("http://added.org/");
+  known.Pul_Add.Click();
+  known.Pul_Ok.Click();
+  EXPECT_EQ(ReadWholeFile(path).substr(12, mine.size() - 12), mine.substr(12));
+
+  const std::string damaged = mine.substr(0, mine.size() - 3);
+  for (const int answer : {msg::kNo, msg::kYes}) {
+    SCOPED_TRACE(answer);
+    t.dir.Write("home/" + path.filename().string(), damaged);
+    t.ui.Answer(msg::kOk, "can't be read");
+    Dialog_Siti d(t.program);
+    d.ImpostaValori(url_type::kLevels, false);
+    EXPECT_EQ(ReadWholeFile(d.SetAside), damaged);
+    t.ui.Input("New").Input("http://new.org/");
+    d.Pul_Add.Click();
+    t.ui.Answer(answer, "could not be read when the window opened");
+    d.Pul_Ok.Click();
+    EXPECT_EQ(ReadWholeFile(path) == damaged, answer == msg::kNo);
+    EXPECT_TRUE(t.ui.Done());
+  }
 }
 
 }  // namespace

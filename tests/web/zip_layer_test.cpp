@@ -8,6 +8,7 @@
 #include <random>
 
 #include "../../bench/bench_data.h"
+#include "archive_fixture.h"
 #include "archive_writer.h"
 #include "test_program.h"
 #include "web/zip_classes.h"
@@ -122,22 +123,37 @@ TEST(ExtractZip, WhatComesOutOfAZipThatFailsOrHoldsNoFile) {
   WriteArchive(t.home / "big.zip", {{"small.txt", "s"}, {"big.tr4", std::string(4 << 20, '\0')}});
   WriteArchive(t.home / "locked.zip", {{"one.txt", "1"}, {"two.txt", CompressibleBytes(9000, 4)}},
                "zip", nullptr, "right");
+  WriteArchive(t.home / "bomb.zip", {{"one.txt", "1"}, {"zeros.tr4", std::string(600000, '\0')}});
 
-  // Each zip with part of the reason; the locked one is given a wrong password.
-  const std::pair<const char*, const char*> cases[] = {
-      {"damaged.zip", "two.txt"},       {"crc.zip", "two.txt"}, {"cut.zip", "cut.zip"},
-      {"folders.zip", "holds no file"}, {"big.zip", "big.tr4"}, {"locked.zip", "wrong password"}};
+  // Each zip with part of the reason, and whether its readable entry comes in; the locked one
+  // is given a wrong password, and the bomb is refused when asked.
+  struct Case {
+    const char* zip;
+    const char* told;
+    bool one_comes;
+  } cases[] = {{"damaged.zip", "two.txt\": ZIP bad", true},
+               {"crc.zip", "two.txt\": ZIP bad", true},
+               {"cut.zip", "cut.zip", false},
+               {"folders.zip", "holds no file", false},
+               {"big.zip", "needs 4.0 Mb", false},
+               {"locked.zip", "wrong password", false},
+               {"bomb.zip", "not unpacked", false}};
   t.platform.free_bytes = 1 << 20;
+  t.program.texts.EnglishTexts = vardolin::testing::ReadEnglishForTests();
   const std::map<std::string, std::string> before = {{"keep.txt", "k"}, {"sub/deep.txt", "d"}};
-  for (const auto& [zip, told] : cases) {
-    SCOPED_TRACE(zip);
+  for (const Case& c : cases) {
+    SCOPED_TRACE(c.zip);
     TempDir dest;
     for (const auto& [name, content] : before) dest.Write(name, content);
-    if (zip == std::string("locked.zip")) t.ui.Input("wrong", "Please Enter The Password!");
+    if (c.zip == std::string("locked.zip")) t.ui.Input("wrong", "Please Enter The Password!");
+    if (c.zip == std::string("bomb.zip")) t.ui.Answer(msg::kNo, "times its own size");
     std::string why;
-    EXPECT_FALSE(ExtractZip(t.program, t.home / zip, dest.path(), nullptr, true, false, &why));
-    EXPECT_NE(why.find(told), std::string::npos) << why;
-    EXPECT_EQ(Tree(dest.path()), before);
+    EXPECT_EQ(ExtractZip(t.program, t.home / c.zip, dest.path(), nullptr, true, false, &why),
+              c.one_comes);
+    EXPECT_NE(why.find(c.told), std::string::npos) << why;
+    auto expected = before;
+    if (c.one_comes) expected["one.txt"] = "1";
+    EXPECT_EQ(Tree(dest.path()), expected);
     EXPECT_TRUE(t.ui.Done());
   }
 }

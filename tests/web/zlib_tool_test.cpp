@@ -110,6 +110,11 @@ TEST(ZlExpansion, DamagedFilesAreRefusedAndLeaveAnOlderOutputAsItWas) {
     EXPECT_EQ(ExpandBytes(c.bytes, out), c.expected);
     EXPECT_TRUE(out.empty());
   }
+  // A length no disk here holds (64 TiB more) is told as such before a byte is written.
+  std::string far = good;
+  far[9] = static_cast<char>(far[9] | 0x40);
+  EXPECT_EQ(ExpandFile(dir.Write("work/far.tr4.zl", far), dir / "work/far.tr4"), ZlResult::NoSpace);
+  EXPECT_EQ(std::distance(fs::directory_iterator(dir / "work"), {}), 3);
 }
 
 struct DialogZipTest : ::testing::Test {
