@@ -144,15 +144,27 @@ void Dialog_NewLevel::UnpackArchivesInFolder() {
       std::error_code ec;
       fs::rename(archive, aside, ec);
       const fs::path from = ec ? archive : aside;
-      const bool ok = IsZipPackage(p, name)
-                          ? AddFileToFolder(p, from, WorkFolder, true, &Label_Info, &ProgressBar1)
-                          : ExtractWithTool(p, from, WorkFolder, false, &ProgressBar1, false);
-      if (!ok && IsZipPackage(p, name))
-        AskUser(p, name + p.GetText(text::CannotUnpackArchive), msg::kError);
+      std::string why;
+      const bool ok =
+          IsZipPackage(p, name)
+              ? AddFileToFolder(p, from, WorkFolder, true, &Label_Info, &ProgressBar1, &why)
+              : ExtractWithTool(p, from, WorkFolder, false, &ProgressBar1, false, &why);
+      if (!ok)
+        AskUser(p, WithReason(name + p.GetText(text::CannotUnpackArchive), why), msg::kError);
       DeleteFileForced(from);
     }
     Label_Info.SetCaption({});
   }
+  // Archives still inside archives this deep are left as they are, and the user is told why the
+  // level may lack its files.
+  for (const fs::path& f : ListFiles(WorkFolder, "*"))
+    if (IsArchiveToUnpack(p, f.filename().string())) {
+      AskUser(p,
+              p.GetText(text::ArchivesNestedTooDeep,
+                        {f.filename().string(), std::to_string(kMaxUnpackRounds)}),
+              msg::kWarning);
+      return;
+    }
 }
 
 void Dialog_NewLevel::TakeTravellingProgram() {

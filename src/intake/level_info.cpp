@@ -30,8 +30,8 @@ void ForEachFixedField(Info& info, F&& f) {
   f(info.Note, L::kAuthorName - L::kNote, !kList);
   f(info.AuthorName, L::kAuthorNote - L::kAuthorName, !kList);
   f(info.AuthorNote, L::kAuthorEmails - L::kAuthorNote, !kList);
-  f(info.AuthorEmails, L::kAuthorSites - L::kAuthorEmails, !kList);
-  f(info.AuthorSites, L::kMediaFiles - L::kAuthorSites, !kList);
+  f(info.AuthorEmails, L::kAuthorSites - L::kAuthorEmails, kList);
+  f(info.AuthorSites, L::kMediaFiles - L::kAuthorSites, kList);
   f(info.MediaFiles, L::kWadFiles - L::kMediaFiles, kList);
   f(info.WadFiles, L::kWadsDescription - L::kWadFiles, kList);
   f(info.WadsDescription, L::kFileCopies - L::kWadsDescription, !kList);

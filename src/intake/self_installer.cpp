@@ -9,6 +9,7 @@
 #include "foundation/ports/ui.h"
 #include "foundation/program.h"
 #include "foundation/services/files.h"
+#include "foundation/services/folder_names.h"
 #include "foundation/services/paths.h"
 #include "foundation/services/safe_join.h"
 #include "intake/byte_source.h"
@@ -84,10 +85,11 @@ bool UnpackSelfInstaller(Program& program, const fs::path& exe, const fs::path& 
   std::error_code ec;
   fs::create_directories(target, ec);
   if (emptyTarget) DeleteMatchingFiles(target, "*");
+  // Every name was checked above to be a plain name that stays inside the target.
+  FolderNames names(target);
   for (const InstallerEntry& entry : entries) {
-    const SafeJoinResult joined = SafeJoin(target, entry.name);
-    std::ofstream out(joined.path, std::ios::binary | std::ios::trunc);
-    if (!joined.ok || !out || !CopySourceBytes(source, entry.offset, entry.size, out)) {
+    std::ofstream out(names.Place(entry.name), std::ios::binary | std::ios::trunc);
+    if (!out || !CopySourceBytes(source, entry.offset, entry.size, out)) {
       AskUser(program, program.GetText(text::InstallerDamaged, {exe.string()}), msg::kError);
       return false;
     }
@@ -124,10 +126,9 @@ void UnpackSelfInstallers(Program& program, const fs::path& folder, Label* info)
   bool copied = true;
   FolderTreeWalker walker;
   walker.WalkFolderTree(temporary);
-  for (const fs::path& file : walker.Files()) {
-    const SafeJoinResult to = SafeJoin(folder, file.filename().string());
-    copied = to.ok && CopyFileOver(file, to.path) && copied;
-  }
+  FolderNames names(folder);
+  for (const fs::path& file : walker.Files())
+    copied = CopyFileOverPlaced(file, names.Place(file.filename().string())) && copied;
   if (!copied)
     AskUser(program, program.GetText(text::UnpackedCopyFailed, {folder.string()}), msg::kError);
   std::error_code ec;

@@ -19,6 +19,8 @@ inline constexpr std::int32_t CannotUnpackArchive = 2255;  // shown behind the a
 inline constexpr std::int32_t PackageExpandsFar = 9104;
 // ~1 = the archive's name, ~2 = the entries left out, one a line.
 inline constexpr std::int32_t EntriesLeftOut = 9105;
+// ~1 = an archive still left in the level's folder, ~2 = how many levels deep were unpacked.
+inline constexpr std::int32_t ArchivesNestedTooDeep = 9107;
 
 // Dialog_InputTesto.
 inline constexpr std::int32_t InputTestoClear = 5920;  // caption of Pul_Svuota

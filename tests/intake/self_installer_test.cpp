@@ -52,12 +52,14 @@ TEST_F(SelfInstallerTest, LevelComesOutOfTheInstallerAndTheZipInIt) {
                                {"readme.txt", "read me"},
                                {program.GetText(text::InstallerOwnFile1), "own"}}));
   WriteBytes(level / "tool.exe", "MZ a plain program");
+  // A file the level holds in another case is the one replaced, and keeps its name.
+  WriteBytes(level / "README.TXT", "an older one");
 
   UnpackSelfInstallers(program, level, nullptr);
 
   EXPECT_EQ(Snapshot(level),
             (std::map<std::string, std::string>{{"level.tr4", level_bytes},
-                                                {"readme.txt", "read me"},
+                                                {"README.TXT", "read me"},
                                                 {"tool.exe", "MZ a plain program"}}));
   EXPECT_FALSE(fs::exists(temporary));
   EXPECT_TRUE(ui.Messages().empty());

@@ -1,0 +1,50 @@
+#include "foundation/services/folder_names.h"
+
+#include <fcntl.h>
+#include <sys/stat.h>
+
+#include <system_error>
+
+#include "foundation/services/files.h"
+#include "foundation/services/strings.h"
+
+namespace vardolin {
+namespace fs = std::filesystem;
+
+FolderNames::FolderNames(const fs::path& folder) : folder_(folder) {
+  std::error_code ec;
+  for (fs::directory_iterator it(folder, ec), end; !ec && it != end; it.increment(ec)) {
+    std::string name = it->path().filename().string();
+    // Of names that differ only in case the file services take the first in byte order.
+    auto [at, added] = by_lower_.emplace(ToLower(name), name);
+    if (!added && name < at->second) at->second = name;
+  }
+}
+
+fs::path FolderNames::Place(const std::string& name) {
+  return folder_ / by_lower_.emplace(ToLower(name), name).first->second;
+}
+
+bool CopyFileOverPlaced(const fs::path& source, const fs::path& target) {
+  std::error_code ec;
+  const auto st = fs::symlink_status(target, ec);
+  if (fs::exists(st)) {
+    if (fs::is_directory(st)) return false;
+    if (!fs::is_symlink(st) && fs::equivalent(source, target, ec)) return true;
+    if (!DeleteFileForced(target)) return false;
+  }
+  if (!fs::copy_file(source, target, fs::copy_options::none, ec) || ec) {
+    const int error = errno;
+    fs::remove(target, ec);
+    errno = error;
+    return false;
+  }
+  struct stat from;
+  if (::stat(source.c_str(), &from) == 0) {
+    const struct timespec times[2] = {from.st_atim, from.st_mtim};
+    ::utimensat(AT_FDCWD, target.c_str(), times, 0);
+  }
+  return true;
+}
+
+}  // namespace vardolin
