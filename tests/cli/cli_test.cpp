@@ -28,6 +28,7 @@ TEST(Cli, KeepsTheConventionsOfACommandLine) {
   const fs::path catalogue = at.home / "Vardolin_archive.vdc";
   const fs::path garbage = at.dir.Write("garbage.vdc", "not a catalogue");
   const std::string missing_home = (at.dir / "mistyped").string();
+  const fs::path cut = at.dir.Write("cut.zip", std::string("PK\x03\x04 and then nothing", 24));
   CliHome bare;  // a home whose first new-catalogue got no folder
   struct Case {
     std::vector<std::string> args;
@@ -67,6 +68,12 @@ TEST(Cli, KeepsTheConventionsOfACommandLine) {
     }
   }
   EXPECT_FALSE(fs::exists(missing_home));
+
+  // A package that can't be added says why, once, and no more: no talk of a level file it lacks.
+  const CliResult added = testing::RunCli(at.At({"add", cut.string()}));
+  EXPECT_EQ(added.code, 1);
+  EXPECT_NE(added.err.find("\"cut.zip\" can't be read as a zip"), std::string::npos) << added.err;
+  EXPECT_EQ(added.err.find("level file"), std::string::npos) << added.err;
 }
 
 TEST(Cli, SavegamesAndShotsOfALevel) {
