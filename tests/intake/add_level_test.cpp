@@ -237,6 +237,22 @@ TEST(AddLevel, ADamagedInfoFileLeavesTheInstallScriptItsTurn) {
   EXPECT_EQ(name, "From the script");
 }
 
+// Archives inside archives are unpacked to a depth, and what lies deeper is told, not dropped
+// in silence.
+TEST(AddLevel, ArchivesNestedTooDeepAreTold) {
+  AddFixture f;
+  fs::path inner = f.dir / "level0.zip";
+  WriteArchive(inner, {{"room.tr4", "r"}});
+  for (int depth = 1; depth <= 10; ++depth) {
+    const fs::path outer = f.dir / ("level" + std::to_string(depth) + ".zip");
+    WriteArchive(outer, {{inner.filename().string(), ReadFile(inner)}});
+    inner = outer;
+  }
+  f.ui.Answer(msg::kOk, "more than 8 levels deep");
+  EXPECT_FALSE(f.Add(inner, [](Dialog_NewLevel& d) { d.Pul_Cancel.Click(); }));
+  EXPECT_TRUE(f.ui.Done());
+}
+
 // A patch the URL list knows for the package's files: fetched into a folder of its own whatever
 // name its address ends in, put into the level, and a setup program it brings is offered.
 TEST(AddLevel, AKnownPatchNeverLandsOnTheProgramsFilesAndItsSetupIsOffered) {
