@@ -1,6 +1,7 @@
 // The main window's Audio Converter entries of the Tools menu.
 
 #include "audio/dialog_convert_audio.h"
+#include "intake/add_files.h"
 #include "foundation/ports/ui.h"
 #include "foundation/program.h"
 #include "window/principale.h"
@@ -14,7 +15,16 @@ void Principale::WireAudio() {
 }
 
 void Principale::OpenAudioConverter(bool mp3_sources, bool mp3_target) {
-  Dialog_ConvertAudio converter(program());
+  Program& p = program();
+  Dialog_ConvertAudio converter(p);
+  converter.AddFromFile = [&p](const std::filesystem::path& folder, ProgressBar* bar, Label* label,
+                               const std::string& extension) {
+    return AddFromFile(p, folder, bar, label, true, extension);
+  };
+  converter.AddFromFolder = [&p](const std::filesystem::path& folder, ProgressBar* bar,
+                                 Label* label, const std::string& extension) {
+    return AddFromFolder(p, folder, bar, label, false, extension);
+  };
   converter.Load();
   converter.ImpostaValori(mp3_sources, mp3_target);
   program().ui().ShowModal(converter);

@@ -122,6 +122,28 @@ TEST(AddLevel, GivingUpLeavesCatalogueAndStoreAsTheyWere) {
   EXPECT_EQ(f.program.catalogue.levels[1].Name, "Old level");
 }
 
+TEST(AddLevel, ACancelPressedWhileDoneWorksIsNotTaken) {
+  AddFixture f;
+  testing::AudioFixture made;
+  const fs::path zip = f.dir / "Keep.zip";
+  // The sample's conversion lets events through, as its window does.
+  WriteArchive(zip, {{"Keep/keep.tr4", "level"},
+                     {"Keep/script.dat", "s"},
+                     {"Keep/door.wav", ReadFile(made.Tone("door.wav", "-r 44100 -c 2 -b 16"))}});
+  bool pressed = false;
+  const auto code = f.Add(zip, [&](Dialog_NewLevel& d) {
+    f.ui.on_events = [&] {
+      pressed = true;
+      d.Pul_Cancel.Click();
+    };
+    d.Pul_Ok.Click();
+  });
+  EXPECT_TRUE(pressed);
+  ASSERT_TRUE(code);
+  ASSERT_EQ(f.Count(), 3u);
+  EXPECT_EQ(f.program.catalogue.levels[2].Name, "Keep");
+}
+
 TEST(AddLevel, DoneStaysOpenUntilTheFolderHoldsAPlayableLevel) {
   struct Case {
     const char* what;

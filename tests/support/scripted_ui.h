@@ -79,7 +79,15 @@ class ScriptedUi : public Ui {
   }
   void ShowModal(Form& form) override;
   void ShowModeless(Form& form) override;
-  void DoEvents() override { ++events_; }
+  // A user acting while work goes on: runs once, at the next DoEvents.
+  std::function<void()> on_events;
+  void DoEvents() override {
+    ++events_;
+    if (!on_events) return;
+    std::function<void()> act = std::move(on_events);
+    on_events = nullptr;
+    act();
+  }
   // The form the test says has the focus; null, as when another program has it, by default.
   const Form* active_form = nullptr;
   const Form* ActiveForm() override { return active_form; }
