@@ -25,7 +25,6 @@ void ResetBar(AudioToolState& state) {
   if (state.bar) state.bar->SetValue(0);
 }
 
-
 // Line handlers; true goes on. The decoder's lines carry its running time at fixed places
 // (" mm:ss" behind an hour field), the encoder's a percentage as "(nn%)". Each is first called
 // with an empty line and -1 to set up.

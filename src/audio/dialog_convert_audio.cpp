@@ -103,8 +103,8 @@ void Dialog_ConvertAudio::RebuildList() {
 }
 
 std::string Dialog_ConvertAudio::SourceExtension() const {
-  const std::string pattern = FilterPattern(
-      program().GetText(source_mp3_ ? text::AudioFilterMp3 : text::AudioFilterWave));
+  const std::string pattern =
+      FilterPattern(program().GetText(source_mp3_ ? text::AudioFilterMp3 : text::AudioFilterWave));
   return pattern.starts_with("*") ? pattern.substr(1) : pattern;
 }
 

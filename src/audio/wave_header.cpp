@@ -117,8 +117,8 @@ std::string WaveListText(const Program& program, const WaveHeader& h) {
   const std::string channels = program.GetText(h.Channels == 1   ? text::WaveChannelMono
                                                : h.Channels == 2 ? text::WaveChannelStereo
                                                                  : text::WaveTypeOther);
-  return program.GetText(text::AudioRowWave, {std::to_string(h.BitsPerSample), channels,
-                                               std::to_string(h.SampleRate)});
+  return program.GetText(text::AudioRowWave,
+                         {std::to_string(h.BitsPerSample), channels, std::to_string(h.SampleRate)});
 }
 
 std::string TargetName(const Program& program, int target) {

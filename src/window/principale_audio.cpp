@@ -1,9 +1,9 @@
 // The main window's Audio Converter entries of the Tools menu.
 
 #include "audio/dialog_convert_audio.h"
-#include "intake/add_files.h"
 #include "foundation/ports/ui.h"
 #include "foundation/program.h"
+#include "intake/add_files.h"
 #include "window/principale.h"
 
 namespace vardolin {

@@ -78,7 +78,8 @@ TEST(AudioConverterWindow, DecodesTheGatheredFilesAndClosesClean) {
 
   RunEngine(f);
   std::vector<int> bar;
-  window.ProgressBar1.Subscribe([&](Control&, Change) { bar.push_back(window.ProgressBar1.Value()); });
+  window.ProgressBar1.Subscribe(
+      [&](Control&, Change) { bar.push_back(window.ProgressBar1.Value()); });
   f.ui.Answer(msg::kNo, "tune.wav").Answer(msg::kYes, "Close the Audio Converter");
   window.Pul_Converti.Click();
   // Done is said with the bar full, which is cleared afterwards.

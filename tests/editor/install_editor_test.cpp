@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include "audio/wave_header.h"
 #include "editor/dialog_installa_trle.h"
 #include "editor/find_editor.h"
 #include "editor/install_editor.h"
@@ -7,6 +8,7 @@
 #include "editor_test_fixture.h"
 #include "foundation/forms/controls.h"
 #include "foundation/platform/linux_platform.h"
+#include "store_fixture.h"
 #include "test_program.h"
 
 namespace vardolin::testing {
@@ -54,9 +56,16 @@ TEST(InstallEditorTest, TheCompressedSetupInstallsRegistersAndMakesTheMenu) {
   EXPECT_FALSE(fs::exists(t.target / "docs/manual_eng.pdf"));
   EXPECT_TRUE(fs::exists(t.target / "load.bmp"));
   EXPECT_FALSE(fs::exists(t.target / "load_fr.jpg"));
-  EXPECT_EQ(ReadFile(t.target / "audio/044.wav"), "RIFF music");
-  EXPECT_EQ(ReadFile(t.target / "sound/samples/step.wav"), "RIFF sample");
-  EXPECT_TRUE(fs::is_empty(t.target / "audio_set"));
+  // The audio sets in the forms the game reads; what the music's mask leaves out stays.
+  for (const auto& [file, kind] : {std::pair{"audio/044.wav", wave_kind::kMusic},
+                                   std::pair{"sound/samples/step.wav", wave_kind::kSample}}) {
+    std::string form;
+    int found = 0;
+    ClassifyWave(t.program, t.target / file, 0, form, found);
+    EXPECT_EQ(found, kind) << file << ": " << form;
+  }
+  EXPECT_EQ(Names(Snapshot(t.target / "audio_set")), std::vector<std::string>{"046.mp3"});
+  EXPECT_TRUE(fs::is_empty(t.target / "sound_set"));
   EXPECT_FALSE(fs::exists(t.target.parent_path() / "trle_files.txt"));
   fs::path menu = t.dir / "xdg/applications/Core Design/Editor dei livelli di Tomb Raider";
   EXPECT_NE(ReadFile(menu / "Avvia Tomb Raider.desktop").find("tomb4.exe\""), std::string::npos);
@@ -67,15 +76,19 @@ TEST(InstallEditorTest, TheCompressedSetupInstallsRegistersAndMakesTheMenu) {
   EXPECT_FALSE(fs::exists(t.target.parent_path() / "Core Design on the web.url"));
 }
 
-TEST(InstallEditorTest, APackageMissingAFileStopsBeforeAnythingIsRegistered) {
-  InstallTest t;
-  auto zips = BuildEditorPackage(t.program, t.dir / "package", {.left_out = "trle\\tom2pc.exe"});
-  t.program.prefs.EditorFolder = "/old/editor";
-  t.ui.Answer(msg::kOk, "from the zip files").Answer(msg::kNo, "\"trle\\tom2pc.exe\"");
-  EXPECT_FALSE(t.Install(zips, 0));
-  EXPECT_EQ(t.program.prefs.EditorFolder, "/old/editor");
-  EXPECT_FALSE(fs::exists(t.dir / "wine/system.reg"));
-  EXPECT_FALSE(fs::exists(t.dir / "xdg/applications"));
+TEST(InstallEditorTest, AMissingFileIsAskedAboutAndCountedOnce) {
+  for (int answer : {msg::kNo, msg::kYes}) {
+    InstallTest t;
+    auto zips = BuildEditorPackage(t.program, t.dir / "package",
+                                   {.left_out = "trle\\docs\\manual_eng.pdf"});
+    t.program.prefs.EditorFolder = "/old/editor";
+    t.ui.Answer(msg::kOk, "from the zip files").Answer(answer, "\"trle\\docs\\manual_eng.pdf\"");
+    // Going past it, the install ends with one error counted.
+    if (answer == msg::kYes) t.ui.Answer(msg::kOk, "has been installed.\r\nErrors: 1");
+    EXPECT_EQ(t.Install(zips, 0), answer == msg::kYes);
+    EXPECT_EQ(t.program.prefs.EditorFolder == "/old/editor", answer == msg::kNo);
+    EXPECT_EQ(FindEditorInRegistry(t.program).empty(), answer == msg::kNo);
+  }
 }
 
 TEST(DialogInstallaTrleTest, ChoosingOnePartBringsItsNeighboursOnce) {
@@ -136,12 +149,49 @@ TEST(VerifyFileListTest, MissingFilesAreReportedUpToTen) {
   }
 }
 
-TEST(InstallEditorFromFolderTest, TakesATrleFolderOnlyByItsName) {
-  InstallTest t;
-  StageEditorPackage(t.dir / "cd");
-  t.ui.Answer(msg::kOk, "must be named trle_setup");
-  EXPECT_FALSE(InstallEditorFromFolder(t.program, (t.dir / "cd/trle").string(), t.label, t.bar));
-  EXPECT_FALSE(fs::exists(t.target));
+TEST(InstallEditorFromFolderTest, TakesTheEditorFromTheFolderOrItsOneSubFolder) {
+  struct Case {
+    const char* what;
+    const char* folder;    // chosen, below the test's folder
+    const char* unpacked;  // where the setup's files were unpacked, null for nowhere
+    bool flat;             // the editor's folder itself is the one chosen
+    std::vector<std::pair<int, const char*>> told;  // the boxes, in order
+  };
+  const Case cases[] = {
+      {"the setup's zip unpacked into it",
+       "trle_setup",
+       "trle_setup",
+       false,
+       {{msg::kOk, "has been installed.\r\nNo errors."}}},
+      {"the editor itself",
+       "trle_setup",
+       "stage",
+       true,
+       {{msg::kOk, "has been installed.\r\nNo errors."}}},
+      {"another name",
+       "cd/trle",
+       "cd",
+       false,
+       {{msg::kOk, "must be named trle_setup"}, {msg::kOk, "could not be installed"}}},
+      {"no editor in it",
+       "trle_setup",
+       nullptr,
+       false,
+       {{msg::kOk, "nor one of its sub-folders holds"}, {msg::kOk, "could not be installed"}}},
+  };
+  for (const Case& c : cases) {
+    SCOPED_TRACE(c.what);
+    InstallTest t;
+    if (c.unpacked) StageEditorPackage(t.dir / c.unpacked);
+    if (c.flat) fs::rename(t.dir / c.unpacked / "trle", t.dir / c.folder);
+    fs::create_directories(t.dir / c.folder);
+    t.ui.Folder((t.dir / c.folder).string());
+    for (const auto& [answer, text] : c.told) t.ui.Answer(answer, text);
+    const bool installed = c.told.size() == 1;
+    EXPECT_EQ(AskInstallFolder(t.program, t.label, t.bar), installed);
+    EXPECT_EQ(fs::exists(t.target / "tomb4.exe"), installed);
+    EXPECT_FALSE(fs::exists(t.target / "trle"));
+  }
 }
 
 }  // namespace

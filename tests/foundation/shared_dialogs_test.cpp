@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include "foundation/dialogs/dialog_get_dir.h"
 #include "foundation/platform/wine_registry.h"
 #include "foundation/settings/dialog_settings.h"
 #include "language_file.h"
@@ -79,6 +80,26 @@ TEST_F(DialogSettingsTest, CancelAfterChoosingAGraphicsProgramRestoresIt) {
   d->Pul_Cancel.Click();
   EXPECT_FALSE(d->Result);
   EXPECT_EQ(program.prefs.GraphicsProgram, "/usr/bin/old");
+}
+
+TEST(DialogGetDirTest, OkTakesTheHighlightedFolderElseTheOneInView) {
+  testing::TestProgram t;
+  t.home.Write("start/chosen/file", "x");
+  t.home.Write("start/other/file", "x");
+  const std::filesystem::path start = std::filesystem::weakly_canonical(t.home / "start");
+  const struct {
+    const char* row;  // highlighted, or none
+    std::filesystem::path taken;
+  } cases[] = {{"chosen", start / "chosen"}, {nullptr, start}, {"..", start}};
+  for (const auto& c : cases) {
+    Dialog_GetDir d(t.program);
+    d.ImpostaValori(start.string());
+    d.Load();
+    if (c.row) d.Dir1.SetListIndex(d.Dir1.FindText(c.row));
+    d.OKButton.Click();
+    EXPECT_TRUE(d.ExitValue);
+    EXPECT_EQ(d.Path, c.taken.string()) << (c.row ? c.row : "none");
+  }
 }
 
 }  // namespace
