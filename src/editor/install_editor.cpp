@@ -312,11 +312,16 @@ bool EditorInstall::Run(bool compressed, int language, const std::string& source
     return false;
   std::string closing =
       errors_ == 0 ? T(text::InstallNoErrors) : T(text::InstallErrors) + std::to_string(errors_);
-  Show(T(text::InstallDone) + closing);
   clock_.Stop();
+  // The end is said with the work shown whole, and the bar and label are cleared afterwards.
+  bar_.SetMax(100);
+  bar_.SetValue(100);
+  Show(T(text::InstallDone) + closing);
   p_.prefs.EditorFolder = target_.string();
   AskUser(p_, T(text::InstallFinished) + kLineEnd + closing,
           errors_ == 0 ? msg::kInformation : msg::kWarning);
+  bar_.SetValue(0);
+  label_.SetCaption({});
   return true;
 }
 

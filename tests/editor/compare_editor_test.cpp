@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <chrono>
 #include <sstream>
 
@@ -64,7 +65,14 @@ TEST(CompareTrleTest, ReportsEachFileOnceByNameSizeAndDate) {
     dialog.Label_DirDest.SetCaption(t.Path("dst").string());
     (c.full ? dialog.Opt_Full : dialog.Opt_Compact).SetValue(true);
     dialog.Check_NotOk.SetValue(c.hide_ok);
+    std::vector<int> bar;
+    dialog.ProgressBar1.Subscribe(
+        [&](Control&, Change) { bar.push_back(dialog.ProgressBar1.Value()); });
     dialog.CompareFolders();
+    // The bar goes through the whole work and is cleared at the end.
+    ASSERT_FALSE(bar.empty());
+    EXPECT_EQ(std::count(bar.begin(), bar.end(), 100), 1);
+    EXPECT_EQ(bar.back(), 0);
     std::string rows, changed;
     for (const ListItem& row : dialog.List_Prospetto.Items())
       if (row.text[0] != '|') rows += row.text + "\n";

@@ -1,5 +1,7 @@
 #include <gtest/gtest.h>
 
+#include <algorithm>
+
 #include "audio/wave_header.h"
 #include "editor/dialog_installa_trle.h"
 #include "editor/find_editor.h"
@@ -45,7 +47,13 @@ TEST(InstallEditorTest, TheCompressedSetupInstallsRegistersAndMakesTheMenu) {
   InstallTest t;
   auto zips = BuildEditorPackage(t.program, t.dir / "package", {.parts = 3});
   t.ui.Answer(msg::kOk, "from the zip files").Answer(msg::kOk, "has been installed");
+  std::vector<int> bar;
+  t.bar.Subscribe([&](Control&, Change) { bar.push_back(t.bar.Value()); });
   ASSERT_TRUE(t.Install(zips, 1));
+  // The end is said with the bar full, which is cleared afterwards.
+  ASSERT_FALSE(bar.empty());
+  EXPECT_NE(std::find(bar.begin(), bar.end(), 100), bar.end());
+  EXPECT_EQ(bar.back(), 0);
   EXPECT_EQ(t.program.prefs.EditorFolder, t.target.string());
   EXPECT_TRUE(CheckEditorFolder(t.program, t.target.string(), false));
   // The registry leads the search for the editor back to it.
