@@ -4,6 +4,7 @@
 #include "foundation/ports/ui.h"
 #include "foundation/program.h"
 #include "intake/add_files.h"
+#include "window/audio_converter_adders.h"
 #include "window/principale.h"
 
 namespace vardolin {
@@ -14,9 +15,7 @@ void Principale::WireAudio() {
   mnu_ConvertWav.SetHandler([this] { OpenAudioConverter(false, false); });
 }
 
-void Principale::OpenAudioConverter(bool mp3_sources, bool mp3_target) {
-  Program& p = program();
-  Dialog_ConvertAudio converter(p);
+void HandIntakeAddRoutines(Program& p, Dialog_ConvertAudio& converter) {
   converter.AddFromFile = [&p](const std::filesystem::path& folder, ProgressBar* bar, Label* label,
                                const std::string& extension) {
     return AddFromFile(p, folder, bar, label, true, extension);
@@ -25,6 +24,11 @@ void Principale::OpenAudioConverter(bool mp3_sources, bool mp3_target) {
                                  Label* label, const std::string& extension) {
     return AddFromFolder(p, folder, bar, label, false, extension);
   };
+}
+
+void Principale::OpenAudioConverter(bool mp3_sources, bool mp3_target) {
+  Dialog_ConvertAudio converter(program());
+  HandIntakeAddRoutines(program(), converter);
   converter.Load();
   converter.ImpostaValori(mp3_sources, mp3_target);
   program().ui().ShowModal(converter);

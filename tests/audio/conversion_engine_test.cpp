@@ -62,63 +62,52 @@ TEST(ConversionEngine, EachSourceToEachTarget) {
 TEST(ConversionEngine, AFileTheTargetCantTakeEndsTheRunBeforeAnything) {
   testing::AudioFixture f;
   const fs::path mp3 = f.Mp3("first.mp3", "-b 64");
+  const fs::path wave = f.Tone("w48.wav", "-r 48000 -c 2 -b 16");
   testing::WriteBytes(f.Path("text.wav"), "words, though the name says wave, and more words");
-  const struct {
-    fs::path file;
-    const char* why;  // the reason the caller tells
-  } cases[] = {
-      {f.Tone("w48.wav", "-r 48000 -c 2 -b 16"),
-       "w48.wav can't be converted to the form asked for.\r\n[PCM 48000 Hz 16 bit stereo --> "
-       "44100 stereo 4 bits]"},
-      {f.Path("text.wav"), "[not a wave file --> 44100 stereo 4 bits]"},
-  };
-  for (const auto& c : cases) {
-    std::string why;
-    EXPECT_FALSE(RunAudioConversion(f.program, {mp3, c.file}, f.Path("out"), 2, why));
-    EXPECT_NE(why.find(c.why), std::string::npos) << why;
-    EXPECT_FALSE(fs::exists(f.Path("out/first.wav")));
-  }
+  std::string why;  // the caller tells it, once
+  EXPECT_FALSE(RunAudioConversion(f.program, {mp3, wave}, f.Path("out"), 2, why));
+  EXPECT_NE(why.find("[PCM 48000 Hz 16 bit stereo --> 44100 stereo 4 bits]"), std::string::npos);
+  EXPECT_FALSE(RunAudioConversion(f.program, {mp3, f.Path("text.wav")}, f.Path("out"), 2, why));
+  EXPECT_NE(why.find("[not a wave file --> "), std::string::npos);
+  EXPECT_FALSE(fs::exists(f.Path("out/first.wav")));
 }
 
 TEST(ConversionEngine, ToolsMissingOrFailingAskAndKeepTheSource) {
   struct Case {
     const char* what;
-    const char* tool;       // the stand-in's name
-    const char* tool_body;  // null: no such tool anywhere
+    const char* tool_body;  // a stand-in; null: no tool anywhere
     int answer;
     const char* asked;
   } cases[] = {
-      {"decoder missing", "madplay", nullptr, msg::kNo, "madplay was found neither"},
-      {"decoder failing", "madplay", "echo 'error: frame 3: lost synchronization'; exit 1",
-       msg::kNo, "lost synchronization"},
-      {"decoder leaving no output", "madplay", "echo 'done quickly'", msg::kYes, "done quickly"},
-      // A wave stored as MP3 lies in the folder its MP3 goes to, and isn't in the standard form.
-      {"encoder missing", "lame", nullptr, msg::kNo, "lame was found neither"},
-      {"encoder failing", "lame", "echo 'lame: disk full'; exit 1", msg::kYes, "disk full"},
+      {"madplay", nullptr, msg::kNo, "madplay was found neither"},
+      {"madplay", "echo 'error: frame 3: lost synchronization'; exit 1", msg::kNo,
+       "lost synchronization"},
+      {"madplay", "echo 'done quickly'", msg::kYes, "done quickly"},
+      // A wave stored as MP3 lies where its MP3 goes, and isn't in the standard form.
+      {"lame", nullptr, msg::kNo, "lame was found neither"},
+      {"lame", "echo 'lame: disk full'; exit 1", msg::kYes, "disk full"},
   };
   for (const Case& c : cases) {
-    SCOPED_TRACE(c.what);
     testing::AudioFixture f;
-    const bool encode = std::string(c.tool) == "lame";
+    const bool encode = c.what[0] == 'l';
     const fs::path source =
         encode ? f.Tone("a.wav", "-r 22050 -c 1 -b 16") : f.Mp3("a.mp3", "-b 64");
-    const fs::path out = encode ? source.parent_path() : f.Path("out");
-    const std::string kept = testing::ReadFile(source);
+    const fs::path out = encode ? f.dir.path() : f.Path("out");
     std::optional<testing::ScopedEnv> path;
     if (c.tool_body)
-      f.StandInTool(c.tool, c.tool_body);
+      f.StandInTool(c.what, c.tool_body);
     else
       path.emplace("PATH", f.Path("nothing").string());
     f.ui.Answer(c.answer, c.asked);
     std::string why;
     EXPECT_EQ(RunAudioConversion(f.program, {source}, out, encode ? 5 : 2, why),
-              c.answer == msg::kYes);
+              c.answer == msg::kYes)
+        << c.asked;
     if (c.answer == msg::kNo)
       EXPECT_NE(why.find(encode ? "encoding the MP3 (a.wav)" : "decoding the MP3 (a.mp3)"),
-                std::string::npos)
-          << why;
-    EXPECT_TRUE(fs::exists(source) && testing::ReadFile(source) == kept);
-    EXPECT_FALSE(fs::exists(out / (encode ? "a.mp3" : "a.wav")));
+                std::string::npos);
+    EXPECT_TRUE(fs::exists(source)) << c.asked;
+    EXPECT_FALSE(fs::exists(out / (encode ? "a.mp3" : "a.wav"))) << c.asked;
   }
 }
 
@@ -132,13 +121,12 @@ TEST(ConversionEngine, AHungToolIsEndedWithAMessage) {
   EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(20));
   EXPECT_EQ(state.error, "madplay didn't end within 1 seconds and was stopped.");
 
-  // A long MP3 whose first frame hides behind a large tag is estimated at 1 s; its size still
-  // gives the decoder the time it needs (28 s for 70 minutes, 67 MB, on a slow machine).
+  // A long MP3 (70 minutes, 67 MB) whose first frame hides behind a large tag is estimated at
+  // 1 s; its size still gives the decoder the time it needs (28 s on a slow machine).
   const fs::path tagged = f.Path("tagged.mp3");
   testing::WriteBytes(tagged, "ID3" + std::string(40000, '\0'));
   fs::resize_file(tagged, 67'000'000);
-  ASSERT_EQ(Mp3DurationSeconds(tagged), 1);
-  EXPECT_GT(AudioToolTimeLimit(tagged, 1), 3 * 28);
+  EXPECT_GT(AudioToolTimeLimit(tagged, Mp3DurationSeconds(tagged)), 3 * 28);
 }
 
 TEST(ConversionEngine, TheBarsFollowTheToolsLines) {

@@ -1,7 +1,7 @@
 #include "editor_package.h"
 
 #include <algorithm>
-#include <cstdint>
+#include <cstdlib>
 #include <system_error>
 
 #include "editor_folder_fixture.h"
@@ -13,34 +13,6 @@
 
 namespace vardolin::testing {
 namespace fs = std::filesystem;
-
-namespace {
-
-// A PCM wave of a quiet tone, as the setup's audio sets bring them.
-std::string PcmWave(std::uint32_t rate, std::uint16_t channels, std::uint32_t frames) {
-  auto le = [](std::string& out, std::uint32_t value, int bytes) {
-    for (int i = 0; i < bytes; ++i) out += static_cast<char>((value >> (8 * i)) & 0xFF);
-  };
-  std::string pcm;
-  for (std::uint32_t i = 0; i < frames; ++i)
-    for (std::uint16_t c = 0; c < channels; ++c)
-      le(pcm, static_cast<std::uint16_t>(static_cast<std::int16_t>((i % 100) * 40 - 2000)), 2);
-  std::string wave = "RIFF";
-  le(wave, static_cast<std::uint32_t>(36 + pcm.size()), 4);
-  wave += "WAVEfmt ";
-  le(wave, 16, 4);
-  le(wave, 1, 2);
-  le(wave, channels, 2);
-  le(wave, rate, 4);
-  le(wave, rate * channels * 2, 4);
-  le(wave, channels * 2, 2);
-  le(wave, 16, 2);
-  wave += "data";
-  le(wave, static_cast<std::uint32_t>(pcm.size()), 4);
-  return wave + pcm;
-}
-
-}  // namespace
 
 std::vector<std::string> StageEditorPackage(const fs::path& core,
                                             const EditorPackageOptions& options) {
@@ -59,13 +31,16 @@ std::vector<std::string> StageEditorPackage(const fs::path& core,
       {"trle/docs/manual_ita.pdf", "%PDF ita"},
       {"trle/load_eng.jpg", jpeg},
       {"trle/load_fr.jpg", jpeg},
-      {"trle/audio_set/044.wav", PcmWave(44100, 2, 4410)},
       {"trle/audio_set/046.mp3", "an MP3 the music's mask leaves out"},
-      {"trle/sound_set/step.wav", PcmWave(44100, 2, 4410)},
       {"trle/maps/demo.tom", "demo project"},
       {"Core Design on the web.url", "[InternetShortcut]\r\nURL=https://example.org/core\r\n"},
       {"Tomb Raider on the web.url", "[InternetShortcut]\r\nURL=https://example.org/tr\r\n"}};
   for (const auto& [rel, bytes] : extra) WriteBytes(core / rel, bytes);
+  for (const char* rel : {"trle/audio_set/044.wav", "trle/sound_set/step.wav"}) {
+    fs::create_directories((core / rel).parent_path(), ec);
+    std::system(
+        ("sox -n -r 44100 -c 2 -b 16 '" + (core / rel).string() + "' synth 0.1 sine 440").c_str());
+  }
   std::vector<std::string> files;
   std::string list;
   for (const auto& entry : fs::recursive_directory_iterator(core)) {

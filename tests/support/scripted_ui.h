@@ -6,6 +6,7 @@
 #include <deque>
 #include <functional>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "foundation/forms/form.h"
@@ -83,10 +84,7 @@ class ScriptedUi : public Ui {
   std::function<void()> on_events;
   void DoEvents() override {
     ++events_;
-    if (!on_events) return;
-    std::function<void()> act = std::move(on_events);
-    on_events = nullptr;
-    act();
+    if (auto act = std::exchange(on_events, nullptr)) act();
   }
   // The form the test says has the focus; null, as when another program has it, by default.
   const Form* active_form = nullptr;
