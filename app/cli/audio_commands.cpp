@@ -1,6 +1,7 @@
 #include "audio_commands.h"
 
 #include <ostream>
+#include <system_error>
 
 #include "audio/dialog_converti_mp3.h"
 #include "audio/mp3_duration.h"
@@ -42,6 +43,25 @@ int CmdAudioConvert(Program& program, int target, const EncoderSettings& encoder
       err << "vardolin-cli: " << file.string() << ": no such file\n";
       return 1;
     }
+  // The command converts copies: a result that would land on one of the sources is refused
+  // before anything is written.
+  for (const fs::path& file : files) {
+    const std::string result =
+        ExtractBaseName(file.filename().string()) +
+        program.GetText(target == wave_kind::kMp3 ? text::ConvertiMp3Out
+                                                  : text::ConvertiOutExtension);
+    for (const fs::path& source : files) {
+      std::error_code ec;
+      const fs::path out = fs::absolute(folder) / result;
+      if (!fs::equivalent(out, source, ec) &&
+          !EqualsNoCase(out.lexically_normal().string(),
+                        fs::absolute(source).lexically_normal().string()))
+        continue;
+      err << "vardolin-cli: " << source.string()
+          << ": the result would replace this source; choose another --out folder\n";
+      return 1;
+    }
+  }
   if (!MakeFolder(folder)) {
     err << "vardolin-cli: " << folder.string() << ": the folder can't be made\n";
     return 1;

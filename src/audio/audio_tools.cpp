@@ -1,5 +1,6 @@
 #include "audio/audio_tools.h"
 
+#include <algorithm>
 #include <cstdlib>
 
 #include "audio/mp3_duration.h"
@@ -22,12 +23,6 @@ namespace {
 
 void ResetBar(AudioToolState& state) {
   if (state.bar) state.bar->SetValue(0);
-}
-
-// The tools run many times faster than the audio plays: one that takes twice its length and
-// half a minute more has hung.
-int TimeLimit(double audio_seconds) {
-  return 30 + static_cast<int>(2 * audio_seconds);
 }
 
 // Line handlers; true goes on. The decoder's lines carry its running time at fixed places
@@ -103,6 +98,15 @@ bool RunAudioTool(Program& program, AudioToolState& state, const fs::path& tool,
 
 }  // namespace
 
+int AudioToolTimeLimit(const fs::path& source, double audio_seconds) {
+  std::error_code ec;
+  const std::uintmax_t size = fs::file_size(ResolveCase(source), ec);
+  const double bytes = ec ? 0 : static_cast<double>(size);
+  // The length estimate can be far too short (a large tag hides the first frame), while the
+  // size always holds: both tools get through far more than 64 KB of their input a second.
+  return 30 + static_cast<int>(std::max(2 * audio_seconds, bytes / 65536));
+}
+
 fs::path FindAudioTool(const Program& program, std::int32_t id) {
   const std::string fragment = program.GetText(id);
   const fs::path own = ResolveCase(JoinFragment(program.Home(), fragment));
@@ -131,7 +135,7 @@ bool DecodeMp3ToWave(Program& program, AudioToolState& state, const fs::path& so
     arguments.push_back(std::move(w));
   if (arguments.size() > 1) arguments.back() += output.string();
   if (!RunAudioTool(program, state, decoder, arguments, GestioneMadPlay, seconds,
-                    state.time_limit ? state.time_limit : TimeLimit(seconds)))
+                    state.time_limit ? state.time_limit : AudioToolTimeLimit(source, seconds)))
     return false;
   ResetBar(state);
   if (state.exit_code != 0 || !FileExists(output)) {
@@ -169,10 +173,8 @@ bool EncodeWaveToMp3(Program& program, AudioToolState& state, const fs::path& so
   arguments.push_back(ResolveCase(source).string());
   arguments.push_back(target.string());
   DeleteFileForced(target);
-  std::error_code ec;
-  const double seconds = static_cast<double>(fs::file_size(ResolveCase(source), ec)) / 176400;
   if (!RunAudioTool(program, state, encoder, arguments, GestioneLame, 100,
-                    state.time_limit ? state.time_limit : TimeLimit(seconds)))
+                    state.time_limit ? state.time_limit : AudioToolTimeLimit(source, 0)))
     return false;
   ResetBar(state);
   if (state.exit_code != 0 || !FileExists(target)) {

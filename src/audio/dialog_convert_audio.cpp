@@ -8,12 +8,12 @@
 #include "audio/text_ids.h"
 #include "audio/wave_header.h"
 #include "foundation/dialogs/ask.h"
+#include "foundation/dialogs/progress.h"
 #include "foundation/ports/platform.h"
 #include "foundation/ports/ui.h"
 #include "foundation/program.h"
 #include "foundation/services/files.h"
 #include "foundation/services/paths.h"
-#include "foundation/services/safe_join.h"
 #include "foundation/services/strings.h"
 #include "foundation/services/wildcard.h"
 
@@ -65,6 +65,8 @@ void Dialog_ConvertAudio::ImpostaValori(bool TestSorgentiInMp3, bool TestDestInM
   Pul_Converti.SetCaption(p.GetText(text::AudioConvertButton));
   Opt_Wav4bit.SetValue(true);
   Label_DirOut.SetCaption({});
+  Pul_AddFile.SetEnabled(static_cast<bool>(AddFromFile));
+  Pul_AddFolder.SetEnabled(static_cast<bool>(AddFromFolder));
   if (source_mp3_)
     Frame_Files.SetCaption(p.GetText(text::AudioFramesMp3Source));
   else
@@ -91,11 +93,7 @@ void Dialog_ConvertAudio::RebuildList() {
     if (EndsWithNoCase(file.string(), p.GetText(text::AudioWaveExtension))) {
       WaveHeader h;
       ReadWaveHeader(file, h);
-      const std::string channels = p.GetText(h.Channels == 1   ? text::WaveChannelMono
-                                             : h.Channels == 2 ? text::WaveChannelStereo
-                                                               : text::WaveTypeOther);
-      row += p.GetText(text::AudioRowWave,
-                       {std::to_string(h.BitsPerSample), channels, std::to_string(h.SampleRate)});
+      row += WaveListText(p, h);
     }
     List_Files.AddItem(row);
   }
@@ -104,37 +102,24 @@ void Dialog_ConvertAudio::RebuildList() {
                         " (" + FormatFileSize(total) + ")");
 }
 
-bool Dialog_ConvertAudio::AddFiles(const std::vector<fs::path>& files) {
-  Program& p = program();
-  int added = 0;
-  ProgressBar1.SetMax(std::max<int>(static_cast<int>(files.size()), 1));
-  for (std::size_t i = 0; i < files.size(); ++i) {
-    Label_Info.SetCaption(p.GetText(text::ConvertAudioAdding, {files[i].filename().string()}));
-    ProgressBar1.SetValue(static_cast<int>(i));
-    p.ui().DoEvents();
-    SafeJoinResult target = SafeJoin(work_, files[i].filename().string());
-    if (target && CopyFileOver(files[i], target.path)) ++added;
-  }
-  Label_Info.SetCaption({});
-  ProgressBar1.SetValue(0);
-  if (added) RebuildList();
-  return added > 0;
+std::string Dialog_ConvertAudio::SourceExtension() const {
+  const std::string pattern =
+      FilterPattern(program().GetText(source_mp3_ ? text::AudioFilterMp3 : text::AudioFilterWave));
+  return pattern.starts_with("*") ? pattern.substr(1) : pattern;
 }
 
 void Dialog_ConvertAudio::Pul_AddFile_Click() {
-  Program& p = program();
-  const std::string filter = p.GetText(source_mp3_ ? text::AudioFilterMp3 : text::AudioFilterWave);
-  const std::string chosen =
-      p.ui().AskOpenFile({p.GetText(text::ConvertAudioAddTitle), filter, {}, {}});
-  if (!chosen.empty()) AddFiles({fs::path(chosen)});
+  if (AddFromFile && AddFromFile(work_, &ProgressBar1, &Label_Info, SourceExtension()))
+    RebuildList();
+  ShowStatus(&Label_Info, {});
+  ProgressBar1.SetValue(0);
 }
 
 void Dialog_ConvertAudio::Pul_AddFolder_Click() {
-  Program& p = program();
-  const std::string folder = p.ui().AskFolder({}, p.GetText(text::ConvertAudioAddTitle));
-  if (folder.empty()) return;
-  const std::string filter = p.GetText(source_mp3_ ? text::AudioFilterMp3 : text::AudioFilterWave);
-  AddFiles(ListFiles(folder, FilterPattern(filter)));
+  if (AddFromFolder && AddFromFolder(work_, &ProgressBar1, &Label_Info, SourceExtension()))
+    RebuildList();
+  ShowStatus(&Label_Info, {});
+  ProgressBar1.SetValue(0);
 }
 
 void Dialog_ConvertAudio::Pul_Remove_Click() {
@@ -198,6 +183,14 @@ void Dialog_ConvertAudio::Pul_Converti_Click() {
     RebuildList();
     return;
   }
+  // Done is said with the work shown whole; the window is cleared for what comes next.
+  ProgressBar1.SetMax(100);
+  ProgressBar1.SetValue(100);
+  ShowStatus(&Label_Info, p.GetText(text::ConvertiAllDone));
+  auto clear = [this] {
+    ProgressBar1.SetValue(0);
+    ShowStatus(&Label_Info, {});
+  };
   if (files.size() == 1) {
     const fs::path result =
         fs::path(out) /
@@ -208,9 +201,11 @@ void Dialog_ConvertAudio::Pul_Converti_Click() {
       p.platform().ShellOpen(result.string(), {}, {});
   }
   if (AskUser(p, p.GetText(text::AudioCloseAfterDone), msg::kYesNo) == msg::kNo) {
+    clear();
     RebuildList();
     return;
   }
+  clear();
   Label_Info.SetCaption(p.GetText(text::AudioDone));
   DeleteFolderTree(work_);
   ExitValue = true;

@@ -3,6 +3,8 @@
 // them with the engine, MP3 to wave, wave to MP3, or between the game's wave forms.
 
 #include <filesystem>
+#include <functional>
+#include <string>
 
 #include "foundation/forms/form.h"
 
@@ -14,6 +16,12 @@ class Dialog_ConvertAudio : public Form {
   // Makes or empties the working folder and sets the window up for the sources and target.
   void ImpostaValori(bool TestSorgentiInMp3, bool TestDestInMp3);
   bool ExitValue = false;  // true when a conversion ended and the window closed
+  // How sources come into the working folder: the level intake's AddFromFile and AddFromFolder
+  // with one kind of file (the extension), which the window hands over, since the intake uses
+  // this subsystem itself. Without them the add buttons are disabled.
+  using AddToFolder = std::function<bool(const std::filesystem::path& folder, ProgressBar* bar,
+                                         Label* label, const std::string& extension)>;
+  AddToFolder AddFromFile, AddFromFolder;
   const std::filesystem::path& WorkFolder() const { return work_; }
   void RebuildList();
 
@@ -61,8 +69,8 @@ class Dialog_ConvertAudio : public Form {
   void Pul_Converti_Click();
   void Pul_Cancel_Click();
   void List_Files_DblClick();
-  // Copies sources into the working folder, following on the label and bar.
-  bool AddFiles(const std::vector<std::filesystem::path>& files);
+  // The one extension of the sources, from the file-dialog filter (".mp3").
+  std::string SourceExtension() const;
 
   std::filesystem::path work_;
   bool source_mp3_ = false;

@@ -103,10 +103,10 @@ bool Dialog_ConvertiMp3::PlanSteps(int& steps) {
     int kind = 0;
     const int step = ClassifyWave(p, file, target_, description, kind);
     if (step == -1) {
-      AskUser(p,
-              p.GetText(text::ConvertiImpossible, {file.filename().string(), description}) +
-                  TargetName(p, target_) + "]",
-              msg::kError);
+      // Told once, by the caller, as the reason the run ended.
+      ConversionMessage =
+          p.GetText(text::ConvertiImpossible, {file.filename().string(), description}) +
+          TargetName(p, target_) + "]";
       return false;
     }
     if (step != 0) ++steps;
@@ -194,7 +194,8 @@ bool Dialog_ConvertiMp3::ConvertOne(std::size_t index) {
       const fs::path standard = JoinFragment(folder_, p.GetText(text::ConvertiForMp3File));
       std::string message;
       if (!WavConverter(current, standard, mode, message)) return failed(Trim(message), kForMp3);
-      DeleteFileForced(current);
+      // The listed wave stays until its MP3 stands: the encoder may be missing or fail.
+      if (temporary) DeleteFileForced(current);
       description = p.GetText(text::ConvertiForMp3Now);
       current = standard;
       temporary = true;

@@ -33,11 +33,13 @@ inline constexpr std::int32_t AudioNoRowChosen = 391;
 inline constexpr std::int32_t AudioRemoveFile = 392;  // followed by the name and " ?"
 inline constexpr std::int32_t AudioOutFolderTitle = 393;
 inline constexpr std::int32_t AudioOutFolderStart = 394;
+inline constexpr std::int32_t AudioRowNotAWave = 9200;  // behind the size of a .wav that isn't one
 
 // Dialog_ConvertiMp3 and the engine.
 inline constexpr std::int32_t ConvertiPreparing = 398;
 inline constexpr std::int32_t ConvertiMp3Ending = 400;
 inline constexpr std::int32_t ConvertiImpossible = 401;  // ~1 file, ~2 its description
+inline constexpr std::int32_t NotAWave = 9201;           // the description of what isn't a wave
 inline constexpr std::int32_t ConvertiStandardDescription = 402;
 inline constexpr std::int32_t ConvertiStopped = 403;
 inline constexpr std::int32_t ConvertiOutExtension = 404;

@@ -25,6 +25,7 @@ bool AllDigits(std::string_view text) {
 
 WaveHeader ParseWaveHeader(std::string_view b) {
   WaveHeader h;
+  h.IsWave = b.size() >= 12 && b.substr(0, 4) == "RIFF" && b.substr(8, 4) == "WAVE";
   ByteReader in(b, 20);
   h.FormatTag = in.I16();
   h.Channels = in.I16();
@@ -54,6 +55,11 @@ bool IsStandardWave(const std::filesystem::path& path, WaveHeader* out) {
 int ClassifyWave(const Program& program, const WaveHeader& h, int target, std::string& description,
                  int& kind) {
   using namespace wave_kind;
+  if (!h.IsWave) {
+    description = program.GetText(text::NotAWave);
+    kind = kOther;
+    return -1;
+  }
   const std::int32_t type = h.BitsPerSample == 4 ? text::WaveType4Bit
                             : h.FormatTag == 1   ? text::WaveTypePcm
                                                  : text::WaveTypeOther;
@@ -104,6 +110,15 @@ bool NeedsWaveConversion(Program& program, const std::filesystem::path& path, bo
     return false;
   }
   return !AllDigits(base);
+}
+
+std::string WaveListText(const Program& program, const WaveHeader& h) {
+  if (!h.IsWave) return program.GetText(text::AudioRowNotAWave);
+  const std::string channels = program.GetText(h.Channels == 1   ? text::WaveChannelMono
+                                               : h.Channels == 2 ? text::WaveChannelStereo
+                                                                 : text::WaveTypeOther);
+  return program.GetText(text::AudioRowWave,
+                         {std::to_string(h.BitsPerSample), channels, std::to_string(h.SampleRate)});
 }
 
 std::string TargetName(const Program& program, int target) {

@@ -20,6 +20,8 @@ struct WaveHeader {
   std::int32_t ByteRate = 0;
   std::int16_t BlockAlign = 0;
   std::int16_t BitsPerSample = 0;
+  // "RIFF" and "WAVE" stand where a wave has them; the fields of anything else mean nothing.
+  bool IsWave = true;
 };
 
 // The forms of a wave, and the forms asked for (TipoAudio): the same numbers.
@@ -41,7 +43,8 @@ bool ReadWaveHeader(const std::filesystem::path& path, WaveHeader& header);
 bool IsStandardWave(const std::filesystem::path& path, WaveHeader* header = nullptr);
 
 // Classifies the wave and gives the conversion step to `target`: 0 none, 1 to 4 a mode of
-// WavConverter, 5 an MP3 encoding, -1 impossible. `description` tells the form in words.
+// WavConverter, 5 an MP3 encoding, -1 impossible. `description` tells the form in words, or
+// that the file isn't a wave at all.
 int ClassifyWave(const Program& program, const WaveHeader& header, int target,
                  std::string& description, int& kind);
 int ClassifyWave(const Program& program, const std::filesystem::path& path, int target,
@@ -51,6 +54,10 @@ int ClassifyWave(const Program& program, const std::filesystem::path& path, int 
 // nothing, but when its name isn't a track number text 1456 is shown and `refused` set; other
 // waves need it. Any other file needs it exactly when its base name holds a non-digit.
 bool NeedsWaveConversion(Program& program, const std::filesystem::path& path, bool& refused);
+
+// What the converter's list shows of a wave behind its size: bits, channels and rate, or that
+// the file isn't a wave.
+std::string WaveListText(const Program& program, const WaveHeader& header);
 
 // The name of a form asked for, as the converter's texts show it ("44100 stereo 4 bits").
 std::string TargetName(const Program& program, int target);

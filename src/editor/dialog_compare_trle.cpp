@@ -147,9 +147,12 @@ std::vector<ComparedFile> Dialog_CompareTrle::CatturaFile(const std::string& Bas
 
 void Dialog_CompareTrle::CompareFolders() {
   Program& p = program();
-  std::vector<ComparedFile> source = CatturaFile(Label_Sorg.Caption());
-  std::vector<ComparedFile> target = CatturaFile(Label_DirDest.Caption());
+  // Reading the two folders is the long part: a quarter of the bar each, the comparison the rest.
   ProgressBar1.SetValue(0);
+  std::vector<ComparedFile> source = CatturaFile(Label_Sorg.Caption());
+  SetProgressPercent(ProgressBar1, 4, 1);
+  std::vector<ComparedFile> target = CatturaFile(Label_DirDest.Caption());
+  SetProgressPercent(ProgressBar1, 4, 2);
   List_Prospetto.Clear();
   CountOk = CountChanged = CountMissing = CountNew = 0;
 
@@ -180,9 +183,10 @@ void Dialog_CompareTrle::CompareFolders() {
     }
     if (!(Check_NotOk.Value() && std::string(tag).substr(0, 5) == ok_mark))
       List_Prospetto.AddItem(tag + file.name + " ");
-    SetProgressPercent(ProgressBar1, static_cast<double>(source.size()),
-                       static_cast<double>(i + 1));
+    SetProgressPercent(ProgressBar1, 2.0 * static_cast<double>(source.size()),
+                       static_cast<double>(source.size() + i + 1));
   }
+  SetProgressPercent(ProgressBar1, 1, 1);
   for (const ComparedFile& file : target) {
     ++CountNew;
     List_Prospetto.AddItem(kTagNew + file.name);

@@ -91,10 +91,8 @@ bool AskInstallFolder(Program& program, Label& label, ProgressBar& bar) {
   std::string folder = program.ui().AskFolder(program.GetText(text::InstallFolderStart),
                                               program.GetText(text::InstallFolderTitle));
   if (folder.empty()) return false;
-  if (InstallEditorFromFolder(program, folder, label, bar)) {
-    AskUser(program, program.GetText(text::InstallFolderDone), msg::kInformation);
-    return true;
-  }
+  // The install's own closing message tells the end and its errors.
+  if (InstallEditorFromFolder(program, folder, label, bar)) return true;
   AskUser(program, program.GetText(text::InstallFolderFailed), msg::kError);
   return false;
 }

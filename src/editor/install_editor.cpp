@@ -3,6 +3,9 @@
 #include <chrono>
 
 #include "archive/editor_backup.h"
+#include "audio/dialog_converti_mp3.h"
+#include "audio/text_ids.h"
+#include "audio/wave_header.h"
 #include "editor/editor_languages.h"
 #include "editor/editor_shortcuts.h"
 #include "editor/find_editor.h"
@@ -49,16 +52,20 @@ class EditorInstall {
     p_.ui().DoEvents();
   }
   void Error(const std::string& text) { AskUser(p_, text, msg::kError); }
-  // A failure the install may go past: true when the user gives up.
-  bool ShowErrore(const std::string& message) {
+  // A failure the install may go past: true when the user gives up. The list check counts its
+  // missing files itself, so its questions go through Ask; every other failure counts once.
+  bool Ask(const std::string& message) {
     bool give_up = clock_.Ask(message + kLineEnd + T(text::InstallGoOn));
     if (give_up) {
       label_.SetCaption(T(text::InstallGivenUp));
       bar_.SetValue(0);
-    } else {
-      ++errors_;
     }
     return give_up;
+  }
+  bool ShowErrore(const std::string& message) {
+    if (Ask(message)) return true;
+    ++errors_;
+    return false;
   }
   bool RoomForFolder(const std::string& source);
   bool FillFromFolder(const std::string& source);
@@ -66,9 +73,8 @@ class EditorInstall {
   bool MakeMenus();
   void MakeShortcuts(bool compressed);
   bool FinishCompressed();
-  bool CopySet(std::int32_t label, std::int32_t from, std::int32_t mask, std::int32_t to,
-               std::int32_t failed, std::int32_t cleaning, std::int32_t clean_folder,
-               std::int32_t clean_mask);
+  bool ConvertSet(std::int32_t label, std::int32_t from, std::int32_t mask, std::int32_t to,
+                  int kind, std::int32_t failed, std::int32_t cleaning);
   bool CompileDemos();
 
   Program& p_;
@@ -101,10 +107,6 @@ bool EditorInstall::RoomForFolder(const std::string& source) {
 }
 
 bool EditorInstall::FillFromFolder(const std::string& source) {
-  if (!EqualsNoCase(ExtractFileName(Trim(source)), T(text::InstallFolderName))) {
-    Error(T(text::InstallWrongFolder) + "\"" + source + "\"");
-    return false;
-  }
   Show(T(text::InstallCopying) + source);
   fs::path copy = JoinFragment(core_, T(text::InstallCopyTarget));
   if (!CopyFolderTree(p_, source, copy, &bar_, false, false)) {
@@ -144,7 +146,7 @@ bool EditorInstall::FillFromZips(const std::vector<std::string>& zips) {
   }
   Show(T(text::InstallCheckingZips));
   fs::path list = JoinFragment(core_, T(text::InstallZipList));
-  auto ask = [this](const std::string& m) { return ShowErrore(m); };
+  auto ask = [this](const std::string& m) { return Ask(m); };
   if (!VerifyFileList(p_, list, core_, errors_, ask)) return false;
   DeleteFileForced(list);
   return true;
@@ -190,23 +192,26 @@ void EditorInstall::MakeShortcuts(bool compressed) {
                  in_target(text::InstallConverter), {});
 }
 
-// Music and samples. The game's own forms come with the audio conversion: until then the
-// sets are installed as the setup brings them.
-bool EditorInstall::CopySet(std::int32_t label, std::int32_t from, std::int32_t mask,
-                            std::int32_t to, std::int32_t failed, std::int32_t cleaning,
-                            std::int32_t clean_folder, std::int32_t clean_mask) {
+// Music and samples become the forms the game reads. A source goes once its result stands;
+// what the mask doesn't take, or what the user chose to skip, stays where the setup put it.
+bool EditorInstall::ConvertSet(std::int32_t label, std::int32_t from, std::int32_t mask,
+                               std::int32_t to, int kind, std::int32_t failed,
+                               std::int32_t cleaning) {
   Show(T(label));
   fs::path source = ResolveCase(JoinFragment(target_, T(from)));
   fs::path destination = ResolveCase(JoinFragment(target_, T(to)));
+  std::vector<fs::path> files = ListFiles(source, T(mask));
+  if (files.empty()) return true;
   std::error_code ec;
   fs::create_directories(destination, ec);
-  for (const fs::path& file : ListFiles(source, T(mask))) {
-    if (!CopyFileOver(file, destination / file.filename()) &&
-        ShowErrore(T(failed) + file.filename().string()))
-      return false;
-  }
+  std::string message;
+  if (!RunAudioConversion(p_, files, destination, kind, message) && ShowErrore(T(failed) + message))
+    return false;
   Show(T(cleaning));
-  DeleteMatchingFiles(ResolveCase(JoinFragment(target_, T(clean_folder))), T(clean_mask));
+  const std::string extension = T(text::ConvertiOutExtension);
+  for (const fs::path& file : files)
+    if (FileExists(destination / (ExtractBaseName(file.filename().string()) + extension)))
+      DeleteFileForced(file);
   return true;
 }
 
@@ -257,14 +262,14 @@ bool EditorInstall::FinishCompressed() {
       ShowErrore(T(text::InstallScriptFailed)))
     return false;
   clock_.Tick(1);
-  if (!CopySet(text::InstallMusic, text::InstallMusicSource, text::InstallMusicMask,
-               text::InstallMusicTarget, text::InstallMusicFailed, text::InstallMusicCleaning,
-               text::InstallMusicCleanFolder, text::InstallMusicCleanMask))
+  if (!ConvertSet(text::InstallMusic, text::InstallMusicSource, text::InstallMusicMask,
+                  text::InstallMusicTarget, wave_kind::kMusic, text::InstallMusicFailed,
+                  text::InstallMusicCleaning))
     return false;
   clock_.Tick(2);
-  if (!CopySet(text::InstallSamples, text::InstallSamplesSource, text::InstallSamplesMask,
-               text::InstallSamplesTarget, text::InstallSamplesFailed, text::InstallSamplesCleaning,
-               text::InstallSamplesCleanFolder, text::InstallSamplesCleanMask))
+  if (!ConvertSet(text::InstallSamples, text::InstallSamplesSource, text::InstallSamplesMask,
+                  text::InstallSamplesTarget, wave_kind::kSample, text::InstallSamplesFailed,
+                  text::InstallSamplesCleaning))
     return false;
   clock_.Tick(3);
   return CompileDemos();
@@ -278,11 +283,23 @@ bool EditorInstall::Run(bool compressed, int language, const std::string& source
   std::error_code ec;
   // A fresh prefix has no program files folder yet, and its room is asked of where it will be.
   fs::create_directories(base_, ec);
-  if (!compressed && !RoomForFolder(source)) return false;
+  std::string editor = source;
+  if (!compressed) {
+    if (!EqualsNoCase(ExtractFileName(Trim(source)), T(text::InstallFolderName))) {
+      Error(T(text::InstallWrongFolder) + "\"" + source + "\"");
+      return false;
+    }
+    editor = EditorInSetupFolder(p_, source).string();
+    if (editor.empty()) {
+      Error(T(text::InstallNoEditorInFolder, {"\"" + source + "\""}));
+      return false;
+    }
+    if (!RoomForFolder(editor)) return false;
+  }
   core_ = base_ / "Core Design";
   target_ = JoinFragment(base_, T(text::InstallTarget));
   fs::create_directories(core_, ec);
-  if (!(compressed ? FillFromZips(zips) : FillFromFolder(source))) return false;
+  if (!(compressed ? FillFromZips(zips) : FillFromFolder(editor))) return false;
   if (!MakeMenus()) return false;
   MakeShortcuts(compressed);
   if (compressed && !FinishCompressed()) return false;
@@ -290,15 +307,21 @@ bool EditorInstall::Run(bool compressed, int language, const std::string& source
   if (!WriteAppPath(p_, JoinFragment(target_, T(text::InstallRegisteredFile))))
     AskUser(p_, T(text::InstallNotRegistered), msg::kInformation);
   Show(T(text::InstallChecking));
-  auto ask = [this](const std::string& m) { return ShowErrore(m); };
+  auto ask = [this](const std::string& m) { return Ask(m); };
   if (!VerifyFileList(p_, JoinFragment(p_.Home(), T(text::InstallFileList)), core_, errors_, ask))
     return false;
   std::string closing =
       errors_ == 0 ? T(text::InstallNoErrors) : T(text::InstallErrors) + std::to_string(errors_);
-  Show(T(text::InstallDone) + closing);
   clock_.Stop();
+  // The end is said with the work shown whole, and the bar and label are cleared afterwards.
+  bar_.SetMax(100);
+  bar_.SetValue(100);
+  Show(T(text::InstallDone) + closing);
   p_.prefs.EditorFolder = target_.string();
-  AskUser(p_, T(text::InstallFinished) + kLineEnd + closing, msg::kInformation);
+  AskUser(p_, T(text::InstallFinished) + kLineEnd + closing,
+          errors_ == 0 ? msg::kInformation : msg::kWarning);
+  bar_.SetValue(0);
+  label_.SetCaption({});
   return true;
 }
 

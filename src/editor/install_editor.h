@@ -24,8 +24,12 @@ using InstallErrorQuestion = std::function<bool(const std::string& message)>;
 bool InstallEditor(Program& program, bool compressed, int language, const std::string& source,
                    Label& label, ProgressBar& bar, const std::vector<std::string>& zips,
                    Timer* timer);
-// The language row whose language file the folder holds (the first in row order), row 0 when
-// none; then InstallEditor from that folder.
+// The folder of the editor's files in a TRLE folder: the folder itself when it holds them, else
+// its one sub-folder that does (a setup zip unpacked into it brings them below "trle"). Empty
+// when neither does.
+std::filesystem::path EditorInSetupFolder(Program& program, const std::filesystem::path& folder);
+// The language row whose language file the editor's folder in it holds (the first in row order),
+// row 0 when none; then InstallEditor from that folder.
 bool InstallEditorFromFolder(Program& program, const std::string& folder, Label& label,
                              ProgressBar& bar);
 // Checks the room, then Dialog_InstallaTrle; true when it installed the editor.

@@ -68,12 +68,28 @@ bool VerifyFileList(Program& program, const fs::path& list, const fs::path& base
   return !ask(program.GetText(text::InstallFilesMissing) + kLineEnd + report);
 }
 
+fs::path EditorInSetupFolder(Program& program, const fs::path& folder) {
+  auto holds_editor = [&program](const fs::path& f) {
+    return FileExists(ResolveCase(JoinFragment(f, program.GetText(text::EditorMarkerFile1)))) &&
+           FileExists(ResolveCase(JoinFragment(f, program.GetText(text::EditorMarkerFile2))));
+  };
+  if (holds_editor(folder)) return folder;
+  fs::path found;
+  for (const fs::path& sub : ListSubfolders(folder)) {
+    if (!holds_editor(sub)) continue;
+    if (!found.empty()) return {};  // which of them is meant can't be told
+    found = sub;
+  }
+  return found;
+}
+
 bool InstallEditorFromFolder(Program& program, const std::string& folder, Label& label,
                              ProgressBar& bar) {
   int language = 0;
   const auto& rows = EditorLanguages();
-  for (std::size_t i = 0; i < rows.size(); ++i) {
-    if (FileExists(JoinFragment(folder, rows[i].language_data))) {
+  const fs::path editor = EditorInSetupFolder(program, folder);
+  for (std::size_t i = 0; i < rows.size() && !editor.empty(); ++i) {
+    if (FileExists(ResolveCase(editor / rows[i].language_data))) {
       language = static_cast<int>(i);
       break;
     }

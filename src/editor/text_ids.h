@@ -24,6 +24,7 @@ inline constexpr std::int32_t InstallFolderTitle = 1746;
 inline constexpr std::int32_t InstallFolderStart = 1747;
 inline constexpr std::int32_t InstallFolderFailed = 1748;
 inline constexpr std::int32_t InstallFolderDone = 1749;
+inline constexpr std::int32_t InstallNoEditorInFolder = 9202;  // ~1 the folder in quotes
 
 // Dialog_TipoExe.
 inline constexpr std::int32_t SetupFolderTitle = 901;

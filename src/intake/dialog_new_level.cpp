@@ -185,6 +185,9 @@ void Dialog_NewLevel::RefreshFiles() {
   UnpackArchivesInFolder();
   ExpandPackedLevel(p, WorkFolder, &Label_Info, &ProgressBar1);
   TakeTravellingProgram();
+  // The steps above leave their last words and value behind when they end.
+  Label_Info.SetCaption({});
+  ProgressBar1.SetValue(0);
 
   FileList = ListFiles(WorkFolder, "*");
   double total = 0;

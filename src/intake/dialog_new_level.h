@@ -104,6 +104,8 @@ class Dialog_NewLevel : public Form {
   void SelectMoreInfo(const std::string& name);
   // Picks a more-info file by the words its name holds, unless one is chosen already.
   void SuggestNameAndInfo();
+  // The close box waits while Done works.
+  bool QueryUnload() override { return !done_running_; }
 
  protected:
   void Set_Caption_Texts() override;
@@ -117,6 +119,7 @@ class Dialog_NewLevel : public Form {
   void Pul_Refresh_Click();
   void Pul_SetMyLanguage_Click();
   void Pul_Ok_Click();
+  void Done();
   void Pul_Cancel_Click();
   void List_Files_DblClick();
   void AfterAdd(bool added);
@@ -130,6 +133,7 @@ class Dialog_NewLevel : public Form {
   void Close(bool ok);
 
   bool closed_ = false;
+  bool done_running_ = false;
   bool setup_running_ = false;
   bool stop_setup_ = false;
 };

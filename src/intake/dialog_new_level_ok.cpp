@@ -76,7 +76,42 @@ bool Dialog_NewLevel::PassesChecks() {
   return true;
 }
 
+namespace {
+
+// While Done works, the windows it opens and its long steps let events through: the form's own
+// buttons take no press then, so that Cancel can't give the record back under Done's hands.
+class ButtonsHeld {
+ public:
+  explicit ButtonsHeld(Form& form) {
+    for (Control* c : form.Controls())
+      if (c->Kind() == ControlKind::Button && c->Enabled()) {
+        c->SetEnabled(false);
+        held_.push_back(c);
+      }
+  }
+  ~ButtonsHeld() {
+    for (Control* c : held_) c->SetEnabled(true);
+  }
+  ButtonsHeld(const ButtonsHeld&) = delete;
+  ButtonsHeld& operator=(const ButtonsHeld&) = delete;
+
+ private:
+  std::vector<Control*> held_;
+};
+
+}  // namespace
+
 void Dialog_NewLevel::Pul_Ok_Click() {
+  if (done_running_) return;
+  done_running_ = true;
+  {
+    ButtonsHeld held(*this);
+    Done();
+  }
+  done_running_ = false;
+}
+
+void Dialog_NewLevel::Done() {
   Program& p = program();
   if (!PassesChecks()) return;
   LevelRecord& r = Record();
@@ -92,7 +127,7 @@ void Dialog_NewLevel::Pul_Ok_Click() {
                 p.GetText(text::EqualLevelQuestion,
                           {"\"" + file + "\"", "\"" + Trim(p.catalogue.levels[equal].Name) + "\""}),
                 msg::kYesNo) == msg::kNo) {
-      Pul_Cancel.Click();
+      Pul_Cancel_Click();
       return;
     }
   }

@@ -2,9 +2,12 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+
 #include "audio/dialog_convert_audio.h"
 #include "audio/dialog_converti_mp3.h"
 #include "audio_fixture.h"
+#include "window/audio_converter_adders.h"
 
 namespace vardolin {
 namespace {
@@ -24,14 +27,20 @@ TEST(AudioConverterWindow, DecodesTheGatheredFilesAndClosesClean) {
   testing::AudioFixture f;
   const fs::path mp3 = f.Mp3("tune.mp3", "-b 96");
   Dialog_ConvertAudio window(f.program);
+  HandIntakeAddRoutines(f.program, window);
   window.Load();
   window.ImpostaValori(true, false);
   EXPECT_FALSE(window.Frame_RateMp3.Visible());
 
+  // Each add brings rows of its own; a folder brings the sources' kind only.
   EXPECT_FALSE(window.Pul_Converti.Enabled());
-  f.ui.OpenFile(mp3.string());
+  fs::create_directories(f.Path("more"));
+  fs::copy_file(mp3, f.Path("more/two.mp3"));
+  testing::WriteBytes(f.Path("more/notes.txt"), "notes");
+  f.ui.OpenFile(mp3.string()).Folder(f.Path("more").string());
   window.Pul_AddFile.Click();
-  ASSERT_EQ(window.List_Files.ListCount(), 1);
+  window.Pul_AddFolder.Click();
+  ASSERT_EQ(window.List_Files.ListCount(), 2);
   f.ui.Answer(msg::kOk, "folder for the converted files");
   window.Pul_Converti.Click();
   window.Label_DirOut.SetCaption(f.Path("out").string());
@@ -43,11 +52,15 @@ TEST(AudioConverterWindow, DecodesTheGatheredFilesAndClosesClean) {
   window.Pul_Converti.Click();
   EXPECT_TRUE(window.IsLoaded());
   EXPECT_FALSE(fs::exists(f.Path("out/tune.wav")));
-  EXPECT_EQ(window.List_Files.ListCount(), 1);
+  EXPECT_EQ(window.List_Files.ListCount(), 2);
 
   RunEngine(f);
-  f.ui.Answer(msg::kNo, "tune.wav").Answer(msg::kYes, "Close the Audio Converter");
+  int top = 0;
+  window.ProgressBar1.Subscribe(
+      [&](Control&, Change) { top = std::max(top, window.ProgressBar1.Value()); });
+  f.ui.Answer(msg::kYes, "Close the Audio Converter");
   window.Pul_Converti.Click();
+  EXPECT_EQ(top, 100);  // done is said with the bar full
   EXPECT_TRUE(window.ExitValue);
   EXPECT_EQ(testing::SoxForm(f.Path("out/tune.wav")), "2 44100 MS ADPCM");
   EXPECT_FALSE(fs::exists(window.WorkFolder()));
@@ -57,9 +70,14 @@ TEST(AudioConverterWindow, DecodesTheGatheredFilesAndClosesClean) {
 TEST(AudioConverterWindow, EncoderChoicesAndTheSizeEstimate) {
   testing::AudioFixture f;
   Dialog_ConvertAudio window(f.program);
+  HandIntakeAddRoutines(f.program, window);
   window.Load();
   window.ImpostaValori(false, true);
   EXPECT_FALSE(window.Frame1_Outputwav.Visible());
+  testing::WriteBytes(f.Path("text.wav"), std::string(64, 'x'));
+  f.ui.OpenFile(f.Path("text.wav").string());
+  window.Pul_AddFile.Click();
+  EXPECT_NE(window.List_Files.List(0).find("not a wave file"), std::string::npos);
   EXPECT_EQ(window.Label_InfoMp3.Caption(), "6.75 %");  // the default row, 24 kbit/s
   window.Combo_BitRate.SetListIndex(11);
   window.Combo_BitRate.Click();

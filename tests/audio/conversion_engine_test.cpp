@@ -8,6 +8,7 @@
 
 #include "audio/audio_tools.h"
 #include "audio/dialog_converti_mp3.h"
+#include "audio/mp3_duration.h"
 #include "audio/wav_converter.h"
 #include "audio_fixture.h"
 #include "environment.h"
@@ -58,44 +59,55 @@ TEST(ConversionEngine, EachSourceToEachTarget) {
   EXPECT_EQ(testing::ReadFile(f.Path("out2/song.wav")), before);
 }
 
-TEST(ConversionEngine, AWaveTheTargetCantTakeEndsTheRunBeforeAnything) {
+TEST(ConversionEngine, AFileTheTargetCantTakeEndsTheRunBeforeAnything) {
   testing::AudioFixture f;
   const fs::path mp3 = f.Mp3("first.mp3", "-b 64");
   const fs::path wave = f.Tone("w48.wav", "-r 48000 -c 2 -b 16");
-  f.ui.Answer(msg::kOk, "w48.wav");
-  std::string why;
+  testing::WriteBytes(f.Path("text.wav"), "words, though the name says wave, and more words");
+  std::string why;  // the caller tells it, once
   EXPECT_FALSE(RunAudioConversion(f.program, {mp3, wave}, f.Path("out"), 2, why));
-  EXPECT_NE(f.ui.Messages().at(0).find("44100 stereo 4 bits]"), std::string::npos);
+  EXPECT_NE(why.find("[PCM 48000 Hz 16 bit stereo --> 44100 stereo 4 bits]"), std::string::npos);
+  EXPECT_FALSE(RunAudioConversion(f.program, {mp3, f.Path("text.wav")}, f.Path("out"), 2, why));
+  EXPECT_NE(why.find("[not a wave file --> "), std::string::npos);
   EXPECT_FALSE(fs::exists(f.Path("out/first.wav")));
 }
 
 TEST(ConversionEngine, ToolsMissingOrFailingAskAndKeepTheSource) {
   struct Case {
     const char* what;
-    const char* tool_body;  // a stand-in madplay; null: none anywhere
+    const char* tool_body;  // a stand-in; null: no tool anywhere
     int answer;
     const char* asked;
   } cases[] = {
-      {"missing", nullptr, msg::kNo, "madplay was found neither"},
-      {"failing", "echo 'error: frame 3: lost synchronization'; exit 1", msg::kNo,
+      {"madplay", nullptr, msg::kNo, "madplay was found neither"},
+      {"madplay", "echo 'error: frame 3: lost synchronization'; exit 1", msg::kNo,
        "lost synchronization"},
-      {"leaving no output", "echo 'done quickly'", msg::kYes, "done quickly"},
+      {"madplay", "echo 'done quickly'", msg::kYes, "done quickly"},
+      // A wave stored as MP3 lies where its MP3 goes, and isn't in the standard form.
+      {"lame", nullptr, msg::kNo, "lame was found neither"},
+      {"lame", "echo 'lame: disk full'; exit 1", msg::kYes, "disk full"},
   };
   for (const Case& c : cases) {
     testing::AudioFixture f;
-    const fs::path mp3 = f.Mp3("a.mp3", "-b 64");
+    const bool encode = c.what[0] == 'l';
+    const fs::path source =
+        encode ? f.Tone("a.wav", "-r 22050 -c 1 -b 16") : f.Mp3("a.mp3", "-b 64");
+    const fs::path out = encode ? f.dir.path() : f.Path("out");
     std::optional<testing::ScopedEnv> path;
     if (c.tool_body)
-      f.StandInTool("madplay", c.tool_body);
+      f.StandInTool(c.what, c.tool_body);
     else
       path.emplace("PATH", f.Path("nothing").string());
     f.ui.Answer(c.answer, c.asked);
     std::string why;
-    EXPECT_EQ(RunAudioConversion(f.program, {mp3}, f.Path("out"), 2, why), c.answer == msg::kYes)
-        << c.what;
-    if (c.answer == msg::kNo) EXPECT_NE(why.find("decoding the MP3 (a.mp3)"), std::string::npos);
-    EXPECT_TRUE(fs::exists(mp3)) << c.what;
-    EXPECT_FALSE(fs::exists(f.Path("out/a.wav"))) << c.what;
+    EXPECT_EQ(RunAudioConversion(f.program, {source}, out, encode ? 5 : 2, why),
+              c.answer == msg::kYes)
+        << c.asked;
+    if (c.answer == msg::kNo)
+      EXPECT_NE(why.find(encode ? "encoding the MP3 (a.wav)" : "decoding the MP3 (a.mp3)"),
+                std::string::npos);
+    EXPECT_TRUE(fs::exists(source)) << c.asked;
+    EXPECT_FALSE(fs::exists(out / (encode ? "a.mp3" : "a.wav"))) << c.asked;
   }
 }
 
@@ -108,6 +120,13 @@ TEST(ConversionEngine, AHungToolIsEndedWithAMessage) {
   EXPECT_FALSE(DecodeMp3ToWave(f.program, state, f.Mp3("a.mp3", "-b 64"), f.Path("a.wav")));
   EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(20));
   EXPECT_EQ(state.error, "madplay didn't end within 1 seconds and was stopped.");
+
+  // A long MP3 (70 minutes, 67 MB) whose first frame hides behind a large tag is estimated at
+  // 1 s; its size still gives the decoder the time it needs (28 s on a slow machine).
+  const fs::path tagged = f.Path("tagged.mp3");
+  testing::WriteBytes(tagged, "ID3" + std::string(40000, '\0'));
+  fs::resize_file(tagged, 67'000'000);
+  EXPECT_GT(AudioToolTimeLimit(tagged, Mp3DurationSeconds(tagged)), 3 * 28);
 }
 
 TEST(ConversionEngine, TheBarsFollowTheToolsLines) {

@@ -31,6 +31,7 @@ TEST(Cli, KeepsTheConventionsOfACommandLine) {
   const std::string missing_home = (at.dir / "mistyped").string();
   const fs::path cut = at.dir.Write("cut.zip", std::string("PK\x03\x04 and then nothing", 24));
   CliHome bare;  // a home whose first new-catalogue got no folder
+  const fs::path source = at.dir.Write("song.wav", "RIFF, kept as it is");
   struct Case {
     std::vector<std::string> args;
     int code;
@@ -44,6 +45,8 @@ TEST(Cli, KeepsTheConventionsOfACommandLine) {
       {{"frobnicate", "0"}, 2, "frobnicate"},
       {{"audio", "convert", "--to", "4", "a.wav", "--out", "x"}, 2, "--to"},
       {at.At({"audio", "info", "gone.mp3"}), 1, "gone.mp3: no such file"},
+      {at.At({"audio", "convert", "--to", "2", source.string(), "--out", at.dir.path().string()}),
+       1, "song.wav: the result would replace this source"},
       {{"info"}, 2, "CODE"},
       {at.At({"info", "0"}), 0, "code: 0\nname: <Base level"},
       {{"list", "--home", at.home.string()}, 0, "0\t<Base level"},
@@ -69,6 +72,7 @@ TEST(Cli, KeepsTheConventionsOfACommandLine) {
     }
   }
   EXPECT_FALSE(fs::exists(missing_home));
+  EXPECT_EQ(testing::ReadFile(source), "RIFF, kept as it is");
 
   // A package that can't be added says why, and the level is not added without it.
   const fs::path good = at.dir / "good.zip";

@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <chrono>
 #include <sstream>
 
@@ -64,7 +65,12 @@ TEST(CompareTrleTest, ReportsEachFileOnceByNameSizeAndDate) {
     dialog.Label_DirDest.SetCaption(t.Path("dst").string());
     (c.full ? dialog.Opt_Full : dialog.Opt_Compact).SetValue(true);
     dialog.Check_NotOk.SetValue(c.hide_ok);
+    int top = 0;  // the bar goes through the whole work and is cleared at the end
+    dialog.ProgressBar1.Subscribe(
+        [&](Control&, Change) { top = std::max(top, dialog.ProgressBar1.Value()); });
     dialog.CompareFolders();
+    EXPECT_EQ(top, 100);
+    EXPECT_EQ(dialog.ProgressBar1.Value(), 0);
     std::string rows, changed;
     for (const ListItem& row : dialog.List_Prospetto.Items())
       if (row.text[0] != '|') rows += row.text + "\n";

@@ -1,5 +1,8 @@
 #include <gtest/gtest.h>
 
+#include <algorithm>
+
+#include "audio/wave_header.h"
 #include "editor/dialog_installa_trle.h"
 #include "editor/find_editor.h"
 #include "editor/install_editor.h"
@@ -43,7 +46,11 @@ TEST(InstallEditorTest, TheCompressedSetupInstallsRegistersAndMakesTheMenu) {
   InstallTest t;
   auto zips = BuildEditorPackage(t.program, t.dir / "package", {.parts = 3});
   t.ui.Answer(msg::kOk, "from the zip files").Answer(msg::kOk, "has been installed");
+  int top = 0;  // the end is said with the bar full
+  t.bar.Subscribe([&](Control&, Change) { top = std::max(top, t.bar.Value()); });
   ASSERT_TRUE(t.Install(zips, 1));
+  EXPECT_EQ(top, 100);
+  EXPECT_EQ(t.bar.Value(), 0);
   EXPECT_EQ(t.program.prefs.EditorFolder, t.target.string());
   EXPECT_TRUE(CheckEditorFolder(t.program, t.target.string(), false));
   // The registry leads the search for the editor back to it.
@@ -54,9 +61,14 @@ TEST(InstallEditorTest, TheCompressedSetupInstallsRegistersAndMakesTheMenu) {
   EXPECT_FALSE(fs::exists(t.target / "docs/manual_eng.pdf"));
   EXPECT_TRUE(fs::exists(t.target / "load.bmp"));
   EXPECT_FALSE(fs::exists(t.target / "load_fr.jpg"));
-  EXPECT_EQ(ReadFile(t.target / "audio/044.wav"), "RIFF music");
-  EXPECT_EQ(ReadFile(t.target / "sound/samples/step.wav"), "RIFF sample");
-  EXPECT_TRUE(fs::is_empty(t.target / "audio_set"));
+  // The audio sets in the game's forms; what the music's mask leaves out stays.
+  std::string form;
+  int music = 0, sample = 0;
+  ClassifyWave(t.program, t.target / "audio/044.wav", 0, form, music);
+  ClassifyWave(t.program, t.target / "sound/samples/step.wav", 0, form, sample);
+  EXPECT_EQ(music * 10 + sample, wave_kind::kMusic * 10 + wave_kind::kSample);
+  EXPECT_TRUE(fs::exists(t.target / "audio_set/046.mp3"));
+  EXPECT_TRUE(fs::is_empty(t.target / "sound_set"));
   EXPECT_FALSE(fs::exists(t.target.parent_path() / "trle_files.txt"));
   fs::path menu = t.dir / "xdg/applications/Core Design/Editor dei livelli di Tomb Raider";
   EXPECT_NE(ReadFile(menu / "Avvia Tomb Raider.desktop").find("tomb4.exe\""), std::string::npos);
@@ -67,12 +79,19 @@ TEST(InstallEditorTest, TheCompressedSetupInstallsRegistersAndMakesTheMenu) {
   EXPECT_FALSE(fs::exists(t.target.parent_path() / "Core Design on the web.url"));
 }
 
-TEST(InstallEditorTest, APackageMissingAFileStopsBeforeAnythingIsRegistered) {
+TEST(InstallEditorTest, AMissingFileStopsTheInstallOrCountsOnce) {
   InstallTest t;
-  auto zips = BuildEditorPackage(t.program, t.dir / "package", {.left_out = "trle\\tom2pc.exe"});
+  auto zips = BuildEditorPackage(t.program, t.dir / "package", {.left_out = "trle\\script.exe"});
   t.program.prefs.EditorFolder = "/old/editor";
-  t.ui.Answer(msg::kOk, "from the zip files").Answer(msg::kNo, "\"trle\\tom2pc.exe\"");
+  t.ui.Answer(msg::kOk, "from the zip files").Answer(msg::kNo, "\"trle\\script.exe\"");
   EXPECT_FALSE(t.Install(zips, 0));
+  // Gone past, the file counts once in each of the two lists.
+  InstallTest on;
+  on.ui.Answer(msg::kOk, "from the zip files")
+      .Answer(msg::kYes, "script.exe")
+      .Answer(msg::kYes, "script.exe");
+  on.ui.Answer(msg::kOk, "has been installed.\r\nErrors: 2");
+  EXPECT_TRUE(on.Install(zips, 0));
   EXPECT_EQ(t.program.prefs.EditorFolder, "/old/editor");
   EXPECT_FALSE(fs::exists(t.dir / "wine/system.reg"));
   EXPECT_FALSE(fs::exists(t.dir / "xdg/applications"));
@@ -136,12 +155,20 @@ TEST(VerifyFileListTest, MissingFilesAreReportedUpToTen) {
   }
 }
 
-TEST(InstallEditorFromFolderTest, TakesATrleFolderOnlyByItsName) {
-  InstallTest t;
-  StageEditorPackage(t.dir / "cd");
-  t.ui.Answer(msg::kOk, "must be named trle_setup");
-  EXPECT_FALSE(InstallEditorFromFolder(t.program, (t.dir / "cd/trle").string(), t.label, t.bar));
-  EXPECT_FALSE(fs::exists(t.target));
+TEST(InstallEditorFromFolderTest, TakesTheEditorFromTheFolderOrItsOneSubFolder) {
+  for (const auto& [chosen, told] : {std::pair{"trle_setup", "has been installed.\r\nNo errors."},
+                                     std::pair{"cd/trle", "must be named trle_setup"},
+                                     std::pair{"x/trle_setup", "nor one of its sub"}}) {
+    InstallTest t;
+    StageEditorPackage(t.dir / "trle_setup");  // as the setup's zip unpacks
+    fs::create_directories(t.dir / "x/trle_setup");
+    fs::create_directories(t.dir / "cd");
+    fs::copy(t.dir / "trle_setup/trle", t.dir / "cd/trle", fs::copy_options::recursive);
+    t.ui.Folder((t.dir / chosen).string()).Answer(msg::kOk, told);
+    if (told[0] != 'h') t.ui.Answer(msg::kOk, "could not be installed from that folder");
+    EXPECT_EQ(AskInstallFolder(t.program, t.label, t.bar), told[0] == 'h');
+    EXPECT_EQ(ReadFile(t.target / "tomb4.exe").empty(), told[0] != 'h');
+  }
 }
 
 }  // namespace

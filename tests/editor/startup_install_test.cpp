@@ -37,7 +37,7 @@ TEST(StartUpInstallTest, TheEditorSetupFolderOfTheCommandLineIsInstalledFirst) {
           .OnForm("Dialog_NewArc", [](Form& f) { f.Find<Button>("Pul_New")->Click(); })
           .Folder((dir / "archive").string());
     } else {
-      ui.Answer(msg::kNo, "winroomedit.exe").Answer(msg::kOk, "could not be installed");
+      ui.Answer(msg::kOk, "winroomedit.exe)").Answer(msg::kOk, "could not be installed");
     }
     window.Load();
     EXPECT_EQ(window.IsLoaded(), whole);

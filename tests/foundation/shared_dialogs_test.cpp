@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include "foundation/dialogs/dialog_get_dir.h"
 #include "foundation/platform/wine_registry.h"
 #include "foundation/settings/dialog_settings.h"
 #include "language_file.h"
@@ -79,6 +80,17 @@ TEST_F(DialogSettingsTest, CancelAfterChoosingAGraphicsProgramRestoresIt) {
   d->Pul_Cancel.Click();
   EXPECT_FALSE(d->Result);
   EXPECT_EQ(program.prefs.GraphicsProgram, "/usr/bin/old");
+}
+
+TEST(DialogGetDirTest, OkTakesTheHighlightedFolder) {
+  testing::TestProgram t;
+  t.home.Write("start/chosen/file", "x");
+  const std::filesystem::path start = std::filesystem::weakly_canonical(t.home / "start");
+  Dialog_GetDir d(t.program);
+  d.ImpostaValori(start.string());
+  d.Dir1.SetListIndex(d.Dir1.FindText("chosen"));
+  d.OKButton.Click();
+  EXPECT_EQ(d.Path, (start / "chosen").string());
 }
 
 }  // namespace

@@ -125,6 +125,21 @@ TEST(AddLevel, GivingUpLeavesCatalogueAndStoreAsTheyWere) {
   EXPECT_EQ(f.program.catalogue.levels[1].Name, "Old level");
 }
 
+TEST(AddLevel, ACancelPressedWhileDoneWorksIsNotTaken) {
+  AddFixture f;
+  testing::AudioFixture made;  // the sample's conversion lets events through, as its window does
+  const fs::path zip = f.dir / "Keep.zip";
+  WriteArchive(zip, {{"Keep/keep.tr4", "level"},
+                     {"Keep/script.dat", "s"},
+                     {"Keep/door.wav", ReadFile(made.Tone("door.wav", "-r 44100 -c 2 -b 16"))}});
+  const auto code = f.Add(zip, [&](Dialog_NewLevel& d) {
+    f.ui.on_events = [&d] { d.Pul_Cancel.Click(); };
+    d.Pul_Ok.Click();
+  });
+  ASSERT_TRUE(code && !f.ui.on_events);
+  EXPECT_EQ(f.program.catalogue.levels.back().Name, "Keep");
+}
+
 TEST(AddLevel, DoneStaysOpenUntilTheFolderHoldsAPlayableLevel) {
   struct Case {
     const char* what;

@@ -1,6 +1,7 @@
 #include "editor_package.h"
 
 #include <algorithm>
+#include <cstdlib>
 #include <system_error>
 
 #include "editor_folder_fixture.h"
@@ -30,12 +31,16 @@ std::vector<std::string> StageEditorPackage(const fs::path& core,
       {"trle/docs/manual_ita.pdf", "%PDF ita"},
       {"trle/load_eng.jpg", jpeg},
       {"trle/load_fr.jpg", jpeg},
-      {"trle/audio_set/044.wav", "RIFF music"},
-      {"trle/sound_set/step.wav", "RIFF sample"},
+      {"trle/audio_set/046.mp3", "an MP3 the music's mask leaves out"},
       {"trle/maps/demo.tom", "demo project"},
       {"Core Design on the web.url", "[InternetShortcut]\r\nURL=https://example.org/core\r\n"},
       {"Tomb Raider on the web.url", "[InternetShortcut]\r\nURL=https://example.org/tr\r\n"}};
   for (const auto& [rel, bytes] : extra) WriteBytes(core / rel, bytes);
+  for (const char* rel : {"trle/audio_set/044.wav", "trle/sound_set/step.wav"}) {
+    fs::create_directories((core / rel).parent_path(), ec);
+    std::system(
+        ("sox -n -r 44100 -c 2 -b 16 '" + (core / rel).string() + "' synth 0.1 sine 440").c_str());
+  }
   std::vector<std::string> files;
   std::string list;
   for (const auto& entry : fs::recursive_directory_iterator(core)) {

@@ -6,6 +6,7 @@
 #include <deque>
 #include <functional>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "foundation/forms/form.h"
@@ -79,7 +80,12 @@ class ScriptedUi : public Ui {
   }
   void ShowModal(Form& form) override;
   void ShowModeless(Form& form) override;
-  void DoEvents() override { ++events_; }
+  // A user acting while work goes on: runs once, at the next DoEvents.
+  std::function<void()> on_events;
+  void DoEvents() override {
+    ++events_;
+    if (auto act = std::exchange(on_events, nullptr)) act();
+  }
   // The form the test says has the focus; null, as when another program has it, by default.
   const Form* active_form = nullptr;
   const Form* ActiveForm() override { return active_form; }

@@ -159,7 +159,12 @@ void Dialog_GetDir::Pul_NuovaCartella_Click() {
 }
 
 void Dialog_GetDir::OKButton_Click() {
-  Path = NormalizeChosenFolder(folder_.string());
+  // A highlighted sub-folder is the one chosen; with none (or the parent's row) the folder in
+  // view is.
+  const int row = Dir1.ListIndex();
+  fs::path chosen = folder_;
+  if (row >= 0 && Dir1.ItemData(row) != kParentRow) chosen /= Dir1.List(row);
+  Path = NormalizeChosenFolder(chosen.string());
   ExitValue = true;
   Unload();
 }
