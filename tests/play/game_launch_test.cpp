@@ -4,10 +4,13 @@
 
 #include <gtest/gtest.h>
 
+#include <chrono>
 #include <filesystem>
+#include <fstream>
 #include <string>
 #include <vector>
 
+#include "foundation/services/log.h"
 #include "play/game_launch.h"
 #include "play_fixture.h"
 #include "test_program.h"
@@ -48,6 +51,42 @@ TEST(GameLaunch, MediaHelpersComeFromTheProgramFolderOnlyWhereTheLevelHasNone) {
       const bool copied = std::find(c.ours.begin(), c.ours.end(), helper) != c.ours.end();
       EXPECT_EQ(ReadFile(f.editor / helper) == "ours", copied) << helper;
     }
+  }
+}
+
+// A level's package may put its own tomb4.exe into the editor folder. Only the very bytes the
+// home allows run natively; a script or a changed copy is never started, whatever its form.
+TEST(GameLaunch, ANativeGameRunsOnlyWhenTheHomeAllowsItsVeryBytes) {
+  struct Case {
+    const char* what;
+    std::string tail;  // bytes after the stand-in's own; empty keeps it as the home allows it
+    bool script;       // a shell script in its place
+    bool starts;
+  };
+  const Case cases[] = {
+      {"the stand-in the home allows", "", false, true},
+      {"the stand-in with one byte more", "x", false, false},
+      {"a script a package named tomb4.exe", "", true, false},
+  };
+  for (const Case& c : cases) {
+    SCOPED_TRACE(c.what);
+    testing::PlayFixture f({"Base level"});
+    const fs::path game = f.editor / "tomb4.exe";
+    if (c.script) {
+      WriteBytes(game, "#!/bin/sh\ntouch ran_natively\n");
+      fs::permissions(game, fs::perms::owner_all);
+    }
+    if (!c.tail.empty()) std::ofstream(game, std::ios::binary | std::ios::app) << c.tail;
+    ASSERT_EQ(LaunchGame(f.program, ""), c.starts);
+    if (c.starts) {
+      f.EndGame();
+      EXPECT_EQ(f.platform.Wait(f.program.GameProcess, std::chrono::seconds(30)),
+                WaitResult::Ended);
+      continue;
+    }
+    EXPECT_FALSE(f.program.GameProcess.Valid());
+    EXPECT_NE(ReadFile(LogPath(f.program)).find("doesn't allow it to run natively"),
+              std::string::npos);
   }
 }
 
