@@ -27,6 +27,19 @@ fs::path Canonical(const fs::path& path) {
   return ec ? fs::path() : real;
 }
 
+// Where a name leads when followed through its links, a dangling one too: the file it would
+// write.
+fs::path Leads(const fs::path& target) {
+  std::error_code ec;
+  fs::path at = fs::absolute(target, ec);
+  for (int hops = 0; hops < 40 && fs::is_symlink(fs::symlink_status(at, ec)); ++hops) {
+    const fs::path to = fs::read_symlink(at, ec);
+    if (ec) break;
+    at = to.is_absolute() ? to : at.parent_path() / to;
+  }
+  return Canonical(at);
+}
+
 // The program's own data, as real paths: its home, the open catalogue and its archive folders.
 std::vector<fs::path> OwnData(Program& program) {
   std::vector<fs::path> own = {Canonical(program.Home())};
@@ -42,7 +55,7 @@ bool MayWriteExportTarget(Program& program, const fs::path& target, bool replace
   std::error_code ec;
   // The name itself (a link stays a link) and where it leads.
   const fs::path named = Canonical(target.parent_path()) / target.filename();
-  const fs::path leads = Canonical(target);
+  const fs::path leads = Leads(target);
   for (const fs::path& own : OwnData(program)) {
     if (own.empty() || !(Within(named, own) || Within(leads, own))) continue;
     AskUser(program, program.GetText(text::ExportTargetOwnData) + target.string(), msg::kError);
