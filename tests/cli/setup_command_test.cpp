@@ -66,14 +66,16 @@ TEST(SetupCommand, AScriptInstallsTheEditorSetsUpAddsPlaysAndExports) {
   Expect(at.RunAt({"play", code}), 0, "the game ended with exit code 7", "play");
   EXPECT_TRUE(fs::exists(editor / "savegame.1"));
 
-  // Export holds the home: a killed export's leftovers go first, a file that stands is replaced
-  // only on yes, the home's own files never, and a home held by another process refuses it.
-  const fs::path part = at.dir.Write("killed.zip.part", "half a zip");
-  at.dir.Write("home/export_level_part.txt", part.string());
-  at.dir.Write("home/export_level/tomb.tr4", "half a level");
+  // Export holds the home: what a killed export left goes before the next command, a file that
+  // stands is replaced only on yes, the home's own never, and a home held elsewhere refuses it.
   const std::string zip = (at.dir / "out.zip").string(), prf = (at.home / "Vardolin.prf").string();
+  {
+    testing::ScopedEnv kill{"VARDOLIN_FAULT_POINT", "zip-entry:2"};
+    at.RunAt({"export", code, (at.dir / "killed.zip").string()});
+  }
+  ASSERT_TRUE(fs::exists(at.dir / "killed.zip.part") && fs::exists(at.home / "export_level"));
   Expect(at.RunAt({"export", code, zip}), 0, zip, "export");
-  EXPECT_FALSE(fs::exists(part) || fs::exists(at.home / "export_level"));
+  EXPECT_FALSE(fs::exists(at.dir / "killed.zip.part") || fs::exists(at.dir / "killed.zip"));
   Expect(at.RunAt({"export", code, zip}), 1, "exists already", "export again");
   Expect(at.RunAt({"export", code, zip, "--yes"}), 0, zip, "export --yes");
   Expect(at.RunAt({"savegames", code, "--export", prf, "-y"}), 1, "own data", "savegames");
