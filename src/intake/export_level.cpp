@@ -198,6 +198,9 @@ void RemoveExportLeftovers(Program& p) {
     fs::remove(note, ec);
   }
   const fs::path out = JoinFragment(p.Home(), p.GetText(text::ExportFolder));
+  // Without the texts the name would be the home itself: only a folder within it goes.
+  const fs::path within = out.lexically_relative(p.Home());
+  if (within.empty() || within == "." || within.has_parent_path()) return;
   if (fs::exists(out, ec) && fs::remove_all(out, ec) > 0)
     WriteLog(p, "Removed the folder that a broken-off export left: " + out.string());
 }
