@@ -25,14 +25,15 @@ bool ReadyForActivation(Program& program, std::ostream& err) {
   const std::string editor = Trim(program.prefs.EditorFolder);
   if (editor.empty() || !FolderExists(editor)) {
     err << "vardolin-cli: the settings " << SettingsFilePath(program)
-        << " name no editor folder that stands; start vardolin once first\n";
+        << " name no editor folder that stands; run vardolin-cli setup (or start vardolin) first\n";
     return false;
   }
   program.BackupFolder =
       JoinFragment(program.Home(), program.GetText(text::BackupFolderName)).string();
   if (!BackupComplete(program)) {
     err << "vardolin-cli: the backup of the editor folder is missing in "
-        << EditorBackupFolder(program).string() << "; start vardolin once first\n";
+        << EditorBackupFolder(program).string()
+        << "; run vardolin-cli setup (or start vardolin) first\n";
     return false;
   }
   return OpenLastCatalogue(program, err);

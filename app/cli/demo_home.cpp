@@ -27,6 +27,7 @@
 #include "foundation/pictures/picture_file.h"
 #include "foundation/program.h"
 #include "foundation/services/files.h"
+#include "foundation/services/native_programs.h"
 #include "foundation/services/paths.h"
 #include "foundation/settings/preferences.h"
 #include "foundation/text_ids.h"
@@ -238,6 +239,11 @@ int CmdDemo(Program& program, const fs::path& game, std::ostream& out, std::ostr
   const fs::path editor = home / "trle";
   const fs::path archive = home / "archive";
   if (!BuildEditorFolder(editor, game, err)) return 1;
+  // The stand-in is a native program: this home allows its very bytes, and nothing else native.
+  if (!AllowNativeProgram(home, game)) {
+    err << "vardolin-cli: cannot write " << AllowedProgramsFile(home).string() << "\n";
+    return 1;
+  }
   if (!WriteDemoEditorPackage(program, editor, home / "editor_setup", err)) return 1;
 
   // The Program of the caller keeps its Ui; the demo's questions go to a Ui that answers them.

@@ -24,7 +24,7 @@ bool EditorFolderStands(Program& program, std::ostream& err) {
   std::string editor = Trim(program.prefs.EditorFolder);
   if (!editor.empty() && FolderExists(editor)) return true;
   err << "vardolin-cli: the settings name no editor folder that stands; install it with "
-         "install-editor or start vardolin once\n";
+         "install-editor and setup, or start vardolin once\n";
   return false;
 }
 

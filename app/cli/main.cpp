@@ -28,9 +28,11 @@
 #include "foundation/services/home_lock.h"
 #include "foundation/settings/preferences.h"
 #include "foundation/texts/text_catalogue.h"
+#include "intake/export_level.h"
 #include "level_commands.h"
 #include "play_commands.h"
 #include "savegame_commands.h"
+#include "setup_commands.h"
 #include "shot_commands.h"
 #include "terminal_ui.h"
 #include "web_commands.h"
@@ -61,7 +63,11 @@ int main(int argc, char** argv) {
       ->expected(1)
       ->allow_extra_args(false)
       ->take_all();
-  // --home and --answer may stand after the command too.
+  bool yes_to_all = false;
+  app.add_flag("-y,--yes", yes_to_all,
+               "answer yes (or ok) to every question and take what every input proposes; "
+               "--answer still answers the next question first");
+  // --home, --answer and --yes may stand after the command too.
   app.fallthrough();
   app.require_subcommand(0, 1);
 
@@ -77,6 +83,8 @@ int main(int argc, char** argv) {
                  std::function<int(vardolin::Program&)> run) {
     return add_under(&app, name, what, changes_home, std::move(run));
   };
+  // The Ui is made once the command line is read; the setup command gives it an answer.
+  vardolin::TerminalUi* terminal = nullptr;
   auto& out = std::cout;
   auto& err = std::cerr;
   std::string catalogue;
@@ -90,6 +98,19 @@ int main(int argc, char** argv) {
     sub->add_flag("--json", json, "print one JSON value instead of text");
   };
 
+  std::string setup_editor, setup_archive;
+  auto* setup =
+      add("setup",
+          "make the home ready as the window's first start does: find the editor, "
+          "copy its files aside, build the base level, open or make the catalogue",
+          true, [&](vardolin::Program& p) {
+            return vardolin::CmdSetup(p, *terminal, setup_editor, setup_archive, out, err);
+          });
+  setup->add_option("EDITOR_FOLDER", setup_editor,
+                    "the level editor's folder (else the settings' one, else the Wine "
+                    "registry's)");
+  setup->add_option("--archive", setup_archive,
+                    "the folder of the levels, when a catalogue is made (else the one proposed)");
   add("new-catalogue", "make a new, empty archive (its folder: --answer FOLDER)", true,
       [&](vardolin::Program& p) { return vardolin::CmdNewCatalogue(p, out, err); });
   add("open", "open a catalogue and make it the current one", true,
@@ -225,7 +246,7 @@ int main(int argc, char** argv) {
       ->required();
   bool shots_flag = false, keep_files = false;
   auto* export_level =
-      add("export", "write a level with its savegames into a zip that adding takes back", false,
+      add("export", "write a level with its savegames into a zip that adding takes back", true,
           [&](vardolin::Program& p) {
             return vardolin::CmdExport(p, code, file, shots_flag, out, err);
           });
@@ -321,8 +342,9 @@ int main(int argc, char** argv) {
   const std::filesystem::path home = vardolin::ResolveHome(home_option);
   // A command that only reads never makes a home: a mistyped --home would leave a stray one.
   std::error_code ec;
-  // Savegames taken in go through the home's work folders, as the archive command's do.
-  const bool changes_home = command.changes_home || !savegame_import.empty();
+  // Savegames taken in or out go through the home's work folders, as the archive command's do.
+  const bool changes_home =
+      command.changes_home || !savegame_import.empty() || !savegame_export.empty();
   if (!changes_home && !std::filesystem::is_directory(home, ec)) {
     err << "vardolin-cli: there is no program home " << home.string()
         << " (give it with --home DIR or VARDOLIN_HOME)\n";
@@ -339,7 +361,8 @@ int main(int argc, char** argv) {
   }
 
   vardolin::TerminalUi ui(std::cin, err, std::deque<std::string>(answers.begin(), answers.end()),
-                          /*interactive=*/false);
+                          /*interactive=*/false, yes_to_all);
+  terminal = &ui;
   vardolin::LinuxPlatform platform;
   vardolin::Program program(home, ui, platform);
   vardolin::LoadPreferences(program);
@@ -351,6 +374,8 @@ int main(int argc, char** argv) {
     return 1;
   }
   vardolin::InstallCatalogueHooks(program);
+  // What a command that was killed left in the home goes before this one changes anything.
+  if (changes_home) vardolin::RemoveExportLeftovers(program);
   const int rc = command.run(program);
   // Writing the settings first saves a changed catalogue, as leaving the program does. A reading
   // command leaves them alone: the window that may hold the home writes them.

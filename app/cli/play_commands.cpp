@@ -23,13 +23,14 @@ int CmdPlay(Program& program, std::int32_t code, std::ostream& out, std::ostream
   const std::string editor = Trim(program.prefs.EditorFolder);
   if (editor.empty() || !FolderExists(editor)) {
     err << "vardolin-cli: the settings " << SettingsFilePath(program)
-        << " name no editor folder that stands; start vardolin once to find it\n";
+        << " name no editor folder that stands; run vardolin-cli setup (or start vardolin) first\n";
     return 1;
   }
   // Without the editor's own files kept aside, the level that leaves couldn't give them back.
   if (!BackupComplete(program)) {
     err << "vardolin-cli: the editor's files have no backup yet in "
-        << EditorBackupFolder(program).string() << "; start vardolin once to make it\n";
+        << EditorBackupFolder(program).string()
+        << "; run vardolin-cli setup (or start vardolin) first\n";
     return 1;
   }
   const std::string name = Trim(program.catalogue.levels[index].Name);

@@ -1,12 +1,15 @@
 #include "savegame_commands.h"
 
 #include <algorithm>
+#include <filesystem>
 #include <ostream>
+#include <set>
 #include <string>
 #include <utility>
 #include <vector>
 
 #include "catalogue_commands.h"
+#include "foundation/dialogs/export_target.h"
 #include "foundation/program.h"
 #include "foundation/services/paths.h"
 #include "foundation/services/strings.h"
@@ -112,8 +115,20 @@ int CmdExportSavegames(Program& program, std::int32_t code, const std::string& t
     return 1;
   }
   const std::filesystem::path to = std::filesystem::absolute(target);
-  if (EqualsNoCase(ExtractExtension(to.string()),
-                   program.GetText(text::SaveSavegameZipExtension))) {
+  const bool zip =
+      EqualsNoCase(ExtractExtension(to.string()), program.GetText(text::SaveSavegameZipExtension));
+  // Each file written is one the user agreed to: never the program's own, never over another
+  // file without a yes.
+  std::set<std::string> asked;
+  for (const auto& file : zip ? std::vector<std::filesystem::path>{to} : files) {
+    const std::filesystem::path written = zip ? to : to / file.filename();
+    if (!asked.insert(ToLower(written.string())).second) continue;
+    if (MayWriteExportTarget(program, written, false)) continue;
+    err << "vardolin-cli: the savegames were not exported: " << written.string()
+        << " is not to be written (the message above says why)\n";
+    return 1;
+  }
+  if (zip) {
     if (!ZipSavegames(program, to, files, nullptr, nullptr)) return 1;
   } else {
     std::error_code ec;

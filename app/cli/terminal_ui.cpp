@@ -1,7 +1,9 @@
 #include "terminal_ui.h"
 
 #include <algorithm>
+#include <filesystem>
 #include <iostream>
+#include <vector>
 
 #include "foundation/dialogs/message_styles.h"
 #include "foundation/forms/controls.h"
@@ -36,16 +38,35 @@ const char* ButtonWord(int result) {
 int ParseAnswer(const std::string& word, int style) {
   std::string w = ToLower(Trim(word));
   if (w.empty()) return 0;
-  for (int b : ButtonsOfStyle(style)) {
+  const std::vector<int> buttons = ButtonsOfStyle(style);
+  auto offers = [&](int b) { return std::count(buttons.begin(), buttons.end(), b) > 0; };
+  for (int b : buttons) {
     std::string name = ButtonWord(b);
     if (name == w || (w.size() == 1 && name[0] == w[0])) return b;
+  }
+  // A script answers yes or no without knowing which words the box has.
+  if (offers(msg::kOk) && offers(msg::kCancel) && !offers(msg::kYes)) {
+    if (w == "yes" || w == "y") return msg::kOk;
+    if (w == "no" || w == "n") return msg::kCancel;
   }
   return 0;
 }
 
 TerminalUi::TerminalUi(std::istream& in, std::ostream& out, std::deque<std::string> answers,
-                       bool interactive)
-    : in_(in), out_(out), answers_(std::move(answers)), interactive_(interactive) {}
+                       bool interactive, bool yes_to_all)
+    : in_(in),
+      out_(out),
+      answers_(std::move(answers)),
+      interactive_(interactive),
+      yes_to_all_(yes_to_all) {}
+
+std::string TerminalUi::Proposed(const std::string& prompt, const std::string& proposal) {
+  if (yes_to_all_ && answers_.empty()) {
+    out_ << prompt << proposal << "\n";
+    return proposal;
+  }
+  return NextAnswer(prompt);
+}
 
 std::string TerminalUi::NextAnswer(const std::string& prompt) {
   if (!answers_.empty()) {
@@ -67,6 +88,13 @@ int TerminalUi::AskUser(const std::string& text, int style, const std::string& t
   if (buttons.size() == 1) return buttons.front();
   std::string choices;
   for (int b : buttons) choices += std::string(choices.empty() ? "" : "/") + ButtonWord(b);
+  if (yes_to_all_ && answers_.empty()) {
+    for (int yes : {msg::kYes, msg::kOk})
+      if (std::count(buttons.begin(), buttons.end(), yes)) {
+        out_ << "[" << choices << "] " << ButtonWord(yes) << "\n";
+        return yes;
+      }
+  }
   for (int tries = 0; tries < 3; ++tries) {
     std::string a = NextAnswer("[" + choices + "] ");
     if (a.empty()) break;
@@ -81,20 +109,24 @@ int TerminalUi::AskUser(const std::string& text, int style, const std::string& t
 
 std::string TerminalUi::AskInput(const std::string& prompt, const std::string& title,
                                  const std::string& initial) {
-  std::string a = NextAnswer(prompt + (initial.empty() ? "" : " [" + initial + "]") + " ");
-  return a;
+  return Proposed(prompt + (initial.empty() ? "" : " [" + initial + "]") + " ", initial);
 }
 
 std::string TerminalUi::AskFolder(const std::string& start, const std::string& title) {
-  return Trim(NextAnswer(title + " (folder) "));
+  return Trim(Proposed(title + " (folder) ", start));
 }
 
 std::string TerminalUi::AskOpenFile(const FileRequest& request) {
+  // Nothing to open is proposed: --yes leaves it unanswered.
   return Trim(NextAnswer(request.title + " (file to open) "));
 }
 
 std::string TerminalUi::AskSaveFile(const FileRequest& request) {
-  return Trim(NextAnswer(request.title + " (file to save) "));
+  const std::filesystem::path proposal =
+      request.file_name.empty() || request.start_folder.empty()
+          ? std::filesystem::path(request.file_name)
+          : std::filesystem::path(request.start_folder) / request.file_name;
+  return Trim(Proposed(request.title + " (file to save) ", proposal.string()));
 }
 
 void TerminalUi::ShowModal(Form& form) {

@@ -13,9 +13,13 @@ namespace vardolin {
 class TerminalUi : public Ui {
  public:
   // `interactive`: prompt on `in` when no preset answer is left; otherwise take the safe answer
-  // (Cancel, No, or Ok for a plain message).
-  TerminalUi(std::istream& in, std::ostream& out, std::deque<std::string> answers,
-             bool interactive);
+  // (Cancel, No, or Ok for a plain message), or with `yes_to_all` (--yes) answer Yes or Ok and
+  // take the proposal of every input. Preset answers come first either way.
+  TerminalUi(std::istream& in, std::ostream& out, std::deque<std::string> answers, bool interactive,
+             bool yes_to_all = false);
+  // Puts an answer before the others: what a command's own option says (a folder) answers the
+  // question that it stands for.
+  void AnswerNext(const std::string& answer) { answers_.push_front(answer); }
 
   int AskUser(const std::string& text, int style, const std::string& title) override;
   std::string AskInput(const std::string& prompt, const std::string& title,
@@ -38,16 +42,20 @@ class TerminalUi : public Ui {
 
  private:
   std::string NextAnswer(const std::string& prompt);
+  // The next preset answer, or with --yes the proposal.
+  std::string Proposed(const std::string& prompt, const std::string& proposal);
 
   std::istream& in_;
   std::ostream& out_;
   std::deque<std::string> answers_;
   bool interactive_;
+  bool yes_to_all_;
   std::string clipboard_;
 };
 
 // Maps a typed word ("y", "yes", "OK", "cancel" ...) to a message-box result allowed by the
-// style; 0 when it names none of its buttons.
+// style; 0 when it names none of its buttons. A box of Ok and Cancel takes yes for Ok and no for
+// Cancel.
 int ParseAnswer(const std::string& word, int style);
 
 }  // namespace vardolin

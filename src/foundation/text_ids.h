@@ -112,4 +112,9 @@ inline constexpr std::int32_t MsgBoxIgnore = 5091;
 // Start-up's own names.
 inline constexpr std::int32_t BackupFolderName = 5600;  // fragment "\backup_trle"
 
+// Where an export may write its file.
+inline constexpr std::int32_t ExportTargetOwnData = 9400;  // the path follows
+inline constexpr std::int32_t ExportTargetReplace = 9401;  // ~1 the file
+inline constexpr std::int32_t ExportTargetLink = 9402;     // ~1 the link, ~2 where it leads
+
 }  // namespace vardolin::text

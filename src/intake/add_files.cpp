@@ -190,12 +190,14 @@ bool AddFileToFolder(Program& program, const fs::path& file, const fs::path& tar
 }
 
 bool CopyFilesWithProgress(Program& program, const fs::path& source, const fs::path& target,
-                           ProgressBar* bar, bool overwrite, std::string_view pattern) {
+                           ProgressBar* bar, bool overwrite, std::string_view pattern,
+                           std::vector<fs::path>* failed) {
   const std::vector<fs::path> files = ListFiles(source, pattern);
   std::error_code ec;
   double total = 0;
   for (const fs::path& f : files) total += static_cast<double>(fs::file_size(f, ec));
   MakeFolder(target);
+  bool all = true;
   double done = 0;
   auto move_bar = [&](double value) {
     if (!bar) return;
@@ -209,15 +211,19 @@ bool CopyFilesWithProgress(Program& program, const fs::path& source, const fs::p
       continue;
     }
     if (!CopyFileOver(f, to)) {
-      move_bar(0);
-      return false;
+      if (!failed) {
+        move_bar(0);
+        return false;
+      }
+      failed->push_back(f);
+      all = false;
     }
     done += static_cast<double>(fs::file_size(f, ec));
     move_bar(done);
     program.ui().DoEvents();
   }
   move_bar(0);
-  return true;
+  return all;
 }
 
 }  // namespace vardolin

@@ -6,6 +6,7 @@
 #include <filesystem>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace vardolin {
 
@@ -44,8 +45,10 @@ std::string WithReason(const std::string& message, const std::string& why);
 
 // Copies the files of `source` that match `pattern` into `target`; the bar follows the bytes.
 // With `overwrite` clear a file that stands already is replaced only when the user agrees.
+// Stops at the first failed copy; given `failed`, copies the rest and adds the files that failed.
 bool CopyFilesWithProgress(Program& program, const std::filesystem::path& source,
                            const std::filesystem::path& target, ProgressBar* bar, bool overwrite,
-                           std::string_view pattern);
+                           std::string_view pattern,
+                           std::vector<std::filesystem::path>* failed = nullptr);
 
 }  // namespace vardolin

@@ -9,11 +9,13 @@
 #include "archive/level_store.h"
 #include "foundation/dialogs/ask.h"
 #include "foundation/dialogs/dialog_progress.h"
+#include "foundation/dialogs/export_target.h"
 #include "foundation/dialogs/progress.h"
 #include "foundation/dialogs/shared_dialogs.h"
 #include "foundation/ports/ui.h"
 #include "foundation/program.h"
 #include "foundation/services/files.h"
+#include "foundation/services/log.h"
 #include "foundation/services/paths.h"
 #include "foundation/services/strings.h"
 #include "intake/add_files.h"
@@ -27,6 +29,8 @@ namespace {
 
 namespace fs = std::filesystem;
 
+constexpr const char* kLineEnd = "\r\n";
+
 // The progress window's controls while it is up; the command line may have none.
 Label* InfoLabel(Program& p) {
   Dialog_Progress* d = ProgressDialog(p);
@@ -39,16 +43,29 @@ ProgressBar* Bar(Program& p) {
 
 // The expanded copy is thrown away afterwards, so its files are moved rather than copied: on
 // one file system that is a rename, which spares a second pass over a large level.
-void TakeFiles(Program& p, const fs::path& source, const fs::path& target, bool move) {
+void TakeFiles(Program& p, const fs::path& source, const fs::path& target, bool move,
+               std::vector<fs::path>& failed) {
   if (!move) {
-    CopyFilesWithProgress(p, source, target, Bar(p), true, "*");
+    CopyFilesWithProgress(p, source, target, Bar(p), true, "*", &failed);
     return;
   }
   const std::vector<fs::path> files = ListFiles(source, "*");
   for (std::size_t i = 0; i < files.size(); ++i) {
-    MoveFileOver(files[i], target / files[i].filename());
+    if (!MoveFileOver(files[i], target / files[i].filename())) failed.push_back(files[i]);
     StepProgressDialog(p, static_cast<int>(i + 1), static_cast<int>(files.size()));
   }
+}
+
+// While the zip is written, a note in the home names its part file, so that the run after a
+// killed export can take the part away.
+fs::path PartNote(Program& p) {
+  return p.Home() / "export_level_part.txt";
+}
+
+fs::path PartOf(const fs::path& zip) {
+  fs::path part = zip;
+  part += ".part";
+  return part;
 }
 
 bool HasShots(Program& p, const fs::path& folder) {
@@ -84,6 +101,8 @@ fs::path ExportLevel(Program& p, std::optional<std::int32_t> code, const ExportC
     return {};
   }
   const LevelRecord record = p.catalogue.levels[index];
+  // A target named beforehand is checked before the work, one from the file dialog after it.
+  if (!choices.zip.empty() && !MayWriteExportTarget(p, choices.zip, false)) return {};
   const fs::path out = JoinFragment(p.Home(), p.GetText(text::ExportFolder));
   MakeEmptyFolder(out);
   std::error_code ec;
@@ -108,25 +127,37 @@ fs::path ExportLevel(Program& p, std::optional<std::int32_t> code, const ExportC
   const fs::path files = JoinFragment(level_folder, p.GetText(text::ExportFilesFolder));
   if (!PrepareLevelFiles(p, files, temporary))
     return give_up(text::ExportExpandFailed, msg::kError);
-  TakeFiles(p, temporary.empty() ? files : temporary, out, !temporary.empty());
+  std::vector<fs::path> failed;
+  TakeFiles(p, temporary.empty() ? files : temporary, out, !temporary.empty(), failed);
 
   // While the level stands in the editor folder, the game keeps its savegames there.
   const fs::path saves = *code == GetActiveLevelCode(p)
                              ? fs::path(p.prefs.EditorFolder)
                              : JoinFragment(level_folder, p.GetText(text::ExportSavegamesFolder));
-  CopyMatchingFiles(p, saves, out, true, p.GetText(text::ExportSavegamePattern));
+  CopyMatchingFiles(p, saves, out, true, p.GetText(text::ExportSavegamePattern), &failed);
 
   const fs::path shots = JoinFragment(level_folder, p.GetText(text::ExportShotsFolder));
   if (HasShots(p, shots) && (choices.shots ? *choices.shots
                                            : AskUser(p, p.GetText(text::ExportShotsQuestion),
                                                      msg::kYesNo) == msg::kYes)) {
     ShowStatus(InfoLabel(p), p.GetText(text::ExportCopyingShots));
-    CopyFilesWithProgress(p, shots, out, Bar(p), true, "*");
+    CopyFilesWithProgress(p, shots, out, Bar(p), true, "*", &failed);
   }
 
-  WriteLevelInfoFile(p, JoinFragment(out, p.GetText(text::ExportInfoFile)),
-                     DescribeLevel(record, out));
+  const fs::path info = JoinFragment(out, p.GetText(text::ExportInfoFile));
+  if (!WriteLevelInfoFile(p, info, DescribeLevel(record, out))) failed.push_back(info);
   p.InfoFileFlag = false;
+  // A zip that lacks a file would pass for the whole level: none is written.
+  if (!failed.empty()) {
+    std::string names;
+    for (const fs::path& f : failed) names += kLineEnd + f.string();
+    WriteLog(p, "Export stopped: files not copied:" + names);
+    drop_temporary(text::ExportDropTemporary);
+    fs::remove_all(out, ec);
+    HideProgressDialog(p);
+    AskUser(p, p.GetText(text::ExportFilesMissing) + names, msg::kError);
+    return {};
+  }
 
   fs::path zip = choices.zip;
   if (zip.empty()) {
@@ -136,18 +167,42 @@ fs::path ExportLevel(Program& p, std::optional<std::int32_t> code, const ExportC
     request.start_folder = Trim(p.prefs.DefaultLoadDir);
     request.file_name = CleanFileName(Trim(record.Name)) + p.GetText(text::ExportZipEnding);
     zip = p.ui().AskSaveFile(request);
+    if (!zip.empty() && !MayWriteExportTarget(p, zip, true)) zip.clear();
   }
   if (zip.empty()) return give_up(text::ExportCancelled, msg::kOkOnly);
 
   ShowStatus(InfoLabel(p), p.GetText(text::ExportZipping) + zip.string());
-  const bool zipped = ZipFolderToFile(p, out, zip, Bar(p), false);
-  if (!zipped) AskUser(p, p.GetText(text::ExportZipFailed), msg::kError);
+  const bool noted = WriteTextFile(PartNote(p), PartOf(zip).string());
+  const bool zipped = noted && ZipFolderToFile(p, out, zip, Bar(p), false);
+  fs::remove(PartNote(p), ec);
   drop_temporary(text::ExportDeleteTemporary);
   ShowStatus(InfoLabel(p), p.GetText(text::ExportDeleteFolder));
   fs::remove_all(out, ec);
   HideProgressDialog(p);
+  if (!zipped) {
+    AskUser(p, p.GetText(text::ExportZipFailed) + kLineEnd + zip.string(), msg::kError);
+    return {};
+  }
   AskUser(p, p.GetText(text::ExportDone) + zip.string(), msg::kOkOnly);
-  return zipped ? zip : fs::path();
+  return zip;
+}
+
+void RemoveExportLeftovers(Program& p) {
+  std::error_code ec;
+  const fs::path note = PartNote(p);
+  if (FileExists(note)) {
+    // Only the part file of our own writer: the note names nothing else.
+    const fs::path part = Trim(ReadWholeFile(note));
+    if (part.filename().string().ends_with(".part") && fs::remove(part, ec))
+      WriteLog(p, "Removed the part of a zip that a broken-off export left: " + part.string());
+    fs::remove(note, ec);
+  }
+  const fs::path out = JoinFragment(p.Home(), p.GetText(text::ExportFolder));
+  // Without the texts the name would be the home itself: only a folder within it goes.
+  const fs::path within = out.lexically_relative(p.Home());
+  if (within.empty() || within == "." || within.has_parent_path()) return;
+  if (fs::exists(out, ec) && fs::remove_all(out, ec) > 0)
+    WriteLog(p, "Removed the folder that a broken-off export left: " + out.string());
 }
 
 }  // namespace vardolin

@@ -19,8 +19,16 @@ struct ExportChoices {
 
 // Exports the level with `code` (none: nothing chosen, told by text 1881). The zip's path, or
 // empty when the export stopped or was cancelled. The export and temporary folders are gone
-// afterwards on every path.
+// afterwards on every path. A zip is written only with every file of the level in it: a file
+// that can't be copied is named, with all others that failed, and no zip is written. The target
+// is never a file of the program's own data, and one that stands is replaced only when the
+// user agrees (see MayWriteExportTarget). Runs only while the process holds the home.
 std::filesystem::path ExportLevel(Program& program, std::optional<std::int32_t> code,
                                   const ExportChoices& choices = {});
+
+// What an export that was killed left: its folder in the home, and the part of the zip beside
+// the target, which a note in the home names while the zip is written. Removed, and told in the
+// log; for the clean-up that a command which changes the home runs first.
+void RemoveExportLeftovers(Program& program);
 
 }  // namespace vardolin

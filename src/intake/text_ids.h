@@ -405,7 +405,8 @@ inline constexpr std::int32_t ExportZipping = 1900;  // the zip's path follows
 inline constexpr std::int32_t ExportZipFailed = 1901;
 inline constexpr std::int32_t ExportDeleteTemporary = 1902;
 inline constexpr std::int32_t ExportDeleteFolder = 1903;
-inline constexpr std::int32_t ExportDone = 1904;  // the zip's path follows
+inline constexpr std::int32_t ExportDone = 1904;          // the zip's path follows
+inline constexpr std::int32_t ExportFilesMissing = 9403;  // the files follow, one a line
 
 // Dialog_Autore: who made a level and how to reach them.
 inline constexpr std::int32_t AutoreCaption = 233;

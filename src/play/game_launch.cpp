@@ -8,6 +8,7 @@
 #include "foundation/program.h"
 #include "foundation/services/files.h"
 #include "foundation/services/log.h"
+#include "foundation/services/native_programs.h"
 #include "foundation/services/paths.h"
 #include "foundation/services/strings.h"
 #include "play/active_level.h"
@@ -25,6 +26,18 @@ StartRequest Request(const fs::path& program_file, const std::string& words) {
   request.arguments = SplitCommandWords(words);
   request.working_folder = program_file.parent_path();
   return request;
+}
+
+// A game program that came with a level starts only through Wine. A native one runs only when
+// the home allows its very bytes (the stand-ins of the demo and the tests): a shell script a
+// package named tomb4.exe would otherwise run in the editor folder with the user's rights.
+bool MayStart(Program& program, const fs::path& file) {
+  if (IsWindowsProgram(file) || IsAllowedNativeProgram(program.Home(), ResolveCase(file)))
+    return true;
+  WriteLog(program, "Not started: " + file.string() +
+                        " is no Windows program, and the home doesn't allow it to run natively (" +
+                        AllowedProgramsFile(program.Home()).string() + ")");
+  return false;
 }
 
 }  // namespace
@@ -67,6 +80,7 @@ void PrepareMediaPlay(Program& program) {
 bool LaunchMediaPlayer(Program& program, const std::string& command_line) {
   const fs::path player =
       JoinFragment(EditorFolderPath(program), program.GetText(text::MediaPlayerStartPath));
+  if (!MayStart(program, player)) return false;
   std::optional<Process> started = program.platform().Start(Request(player, command_line));
   if (!started || !started->Valid()) return false;
   program.MediaProcess = *started;
@@ -76,6 +90,7 @@ bool LaunchMediaPlayer(Program& program, const std::string& command_line) {
 bool LaunchGame(Program& program, const std::string& parameters) {
   const fs::path game = GameProgramPath(program);
   WriteLog(program, "Create process for tom4: " + game.string());
+  if (!MayStart(program, game)) return false;
   errno = 0;
   std::optional<Process> started = program.platform().Start(Request(game, parameters));
   if (!started || !started->Valid()) {

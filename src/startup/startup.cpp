@@ -27,6 +27,7 @@
 #include "editor/find_editor.h"
 #include "editor/install_editor.h"
 #include "foundation/dialogs/dialog_progress.h"
+#include "intake/export_level.h"
 #include "play/engine_patch.h"
 #include "savegames/savegame_sets.h"
 
@@ -151,6 +152,8 @@ void StartUp(Program& program, const LoadResult& prefs) {
   if (program.main.timer1) program.main.timer1->SetInterval(program.prefs.CheckTenths * 100);
   program.CatalogueDirty = false;
   program.catalogue = Catalogue{};
+  // The home is this process's now: what a killed run left goes first.
+  RemoveExportLeftovers(program);
 
   if (!args.editor_setup.empty() && !InstallFromSetupFolder(program, args.editor_setup)) {
     GiveUp(program);

@@ -219,6 +219,9 @@ long ZipClass::MakeZipFile() {
   fs::path temp = target;
   temp += ".part";
   std::string error;
+  // A part left by a broken-off run, or a link put there, goes first: never written through.
+  std::error_code gone;
+  fs::remove(temp, gone);
   if (!WriteZip(temp, items, OnFile, error)) {
     std::error_code ec;
     fs::remove(temp, ec);

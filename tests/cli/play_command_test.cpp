@@ -19,6 +19,7 @@
 #include "editor_folder_fixture.h"
 #include "environment.h"
 #include "foundation/program_home.h"
+#include "foundation/services/native_programs.h"
 #include "foundation/settings/preferences.h"
 
 namespace vardolin {
@@ -40,6 +41,7 @@ struct PlayHome : ::testing::Test, testing::CliHome {
     ASSERT_TRUE(testing::BuildEditorFolder(editor));
     fs::copy_file(testing::Standin("standin_game"), editor / "tomb4.exe",
                   fs::copy_options::overwrite_existing);
+    ASSERT_TRUE(AllowNativeProgram(home, editor / "tomb4.exe"));
     program.prefs.EditorFolder = editor.string();
     program.prefs.LastArchive = (dir / "levels.vdc").string();
     program.prefs.FullBackupDone = true;

@@ -3,6 +3,9 @@
 
 #include <gtest/gtest.h>
 
+#include <sys/resource.h>
+
+#include <csignal>
 #include <filesystem>
 #include <string>
 
@@ -95,6 +98,48 @@ TEST(ExportLevel, AnExportedLevelAddedIntoAnotherArchiveComesBackWhole) {
     EXPECT_EQ(Snapshot(to.Store(*code, "play")),
               (std::map<std::string, std::string>{{"savegame.0", "saved"}}));
     EXPECT_EQ(fs::exists(to.Store(*code, "screenshots/shot1.jpg")), c.shots == msg::kYes);
+  }
+}
+
+// A disk that refuses writes part-way (a file-size limit stands for it): the export copies the
+// rest, names every file that failed, and writes no zip that would pass for the whole level.
+TEST(ExportLevel, FilesThatCanNotBeCopiedAreNamedAndNoZipIsWritten) {
+  Archive from({"Base", "Big Tomb"});
+  for (const char* big : {"extra.pak", "load.bmp"})
+    WriteBytes(from.Store(1, "files") / big, std::string(1 << 18, 'x'));
+  rlimit before{};
+  getrlimit(RLIMIT_FSIZE, &before);
+  rlimit small = before;
+  small.rlim_cur = 1 << 17;
+  signal(SIGXFSZ, SIG_IGN);
+  setrlimit(RLIMIT_FSIZE, &small);
+  const fs::path zip = ExportLevel(from.program, 1, {from.dir / "out.zip", false});
+  setrlimit(RLIMIT_FSIZE, &before);
+  EXPECT_TRUE(zip.empty());
+  EXPECT_FALSE(fs::exists(from.dir / "out.zip"));
+  const std::string told = from.ui.Messages().back();
+  EXPECT_NE(told.find("No zip file was written"), std::string::npos) << told;
+  for (const char* name : {"extra.pak", "load.bmp"}) EXPECT_NE(told.find(name), told.npos) << told;
+  EXPECT_EQ(told.find("script.dat"), std::string::npos) << told;
+}
+
+// Never the program's own data, also through a link; a link at the target is replaced itself on
+// Yes, never written through.
+TEST(ExportLevel, TheTargetIsNeverOurOwnDataNorALinksDestination) {
+  for (const bool to_home : {true, false}) {
+    Archive from({"Base", "Sunken Tomb"});
+    const fs::path mine = from.dir.Write("mine.txt", "mine");
+    fs::create_directory_symlink(from.dir / "home", from.dir / "to_home");
+    fs::create_symlink(to_home ? from.dir / "home/Vardolin.prf" : mine, from.dir / "link.zip");
+    const auto home = Snapshot(from.dir / "home");
+    if (!to_home) from.ui.Answer(msg::kYes, "is a link to " + mine.string());
+    for (const char* target : {"link.zip", "to_home/english.trc"})
+      if (to_home || target[0] == 'l')
+        EXPECT_EQ(ExportLevel(from.program, 1, {from.dir / target, false}).empty(), to_home);
+    EXPECT_TRUE(from.ui.Done());
+    EXPECT_EQ(Snapshot(from.dir / "home"), home);
+    EXPECT_EQ(testing::ReadFile(mine), "mine");
+    EXPECT_NE(fs::is_symlink(from.dir / "link.zip"), !to_home);
   }
 }
 

@@ -4,10 +4,13 @@
 
 #include <gtest/gtest.h>
 
+#include <chrono>
 #include <filesystem>
+#include <fstream>
 #include <string>
 #include <vector>
 
+#include "foundation/services/log.h"
 #include "play/game_launch.h"
 #include "play_fixture.h"
 #include "test_program.h"
@@ -16,6 +19,7 @@ namespace vardolin {
 namespace {
 
 namespace fs = std::filesystem;
+using namespace std::chrono_literals;
 using testing::ReadFile;
 using testing::WriteBytes;
 
@@ -48,6 +52,23 @@ TEST(GameLaunch, MediaHelpersComeFromTheProgramFolderOnlyWhereTheLevelHasNone) {
       const bool copied = std::find(c.ours.begin(), c.ours.end(), helper) != c.ours.end();
       EXPECT_EQ(ReadFile(f.editor / helper) == "ours", copied) << helper;
     }
+  }
+}
+
+// A level's package may put its own tomb4.exe into the editor folder: only the very bytes the
+// home allows run natively, never a script or a changed copy, whatever their form.
+TEST(GameLaunch, ANativeGameRunsOnlyWhenTheHomeAllowsItsVeryBytes) {
+  for (const char* change : {"", "one byte more", "#!/bin/sh\ntouch ran_natively\n"}) {
+    testing::PlayFixture f({"Base level"});
+    const fs::path game = f.editor / "tomb4.exe";
+    if (change[0] == '#') WriteBytes(game, change);
+    if (change[0] == 'o') std::ofstream(game, std::ios::binary | std::ios::app) << "x";
+    fs::permissions(game, fs::perms::owner_all, fs::perm_options::add);
+    ASSERT_EQ(LaunchGame(f.program, ""), !*change) << change;
+    const bool refused = ReadFile(LogPath(f.program)).find("doesn't allow it") != std::string::npos;
+    EXPECT_EQ(refused, *change != 0);
+    f.EndGame();
+    if (!*change) EXPECT_EQ(f.platform.Wait(f.program.GameProcess, 30s), WaitResult::Ended);
   }
 }
 

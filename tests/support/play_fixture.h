@@ -14,6 +14,7 @@
 #include "editor_folder_fixture.h"
 #include "environment.h"
 #include "foundation/platform/linux_platform.h"
+#include "foundation/services/native_programs.h"
 #include "window/principale.h"
 #include "window/principale_levels.h"
 
@@ -40,6 +41,7 @@ struct BasicPlayFixture {
     program.texts.EnglishTexts = ReadEnglishForTests();
     BuildEditorFolder(editor);
     InstallGame(editor / "tomb4.exe");
+    AllowNativeProgram(program.Home(), editor / "tomb4.exe");
     fs::copy(editor, backup, fs::copy_options::recursive);
     program.prefs.EditorFolder = editor.string();
     program.prefs.FullBackupDone = true;

@@ -17,6 +17,8 @@ namespace vardolin {
 
 // Cuts a command text into words at blanks; double quotes group blanks into a word.
 std::vector<std::string> SplitCommandWords(std::string_view text);
+// A file ending in .exe whose first bytes are "MZ": the platform starts it through Wine.
+bool IsWindowsProgram(const std::filesystem::path& program);
 // The file a command word names: a word with a '/' as it stands, else the first executable of
 // that name on PATH. Empty when there is none.
 std::filesystem::path FindExecutable(const std::string& word);

@@ -39,14 +39,14 @@ int StatusToCode(int status) {
   return -1;
 }
 
+}  // namespace
+
 bool IsWindowsProgram(const fs::path& program) {
   if (!EndsWithNoCase(program.string(), ".exe")) return false;
   std::ifstream in(ResolveCase(program), std::ios::binary);
   char head[2] = {};
   return in.read(head, 2) && head[0] == 'M' && head[1] == 'Z';
 }
-
-}  // namespace
 
 fs::path FindExecutable(const std::string& word) {
   if (word.empty()) return {};

@@ -249,13 +249,18 @@ bool AskReplaceFile(Program& program, const fs::path& new_file, const fs::path& 
 }
 
 bool CopyMatchingFiles(Program& program, const fs::path& source_folder,
-                       const fs::path& target_folder, bool overwrite, std::string_view pattern) {
+                       const fs::path& target_folder, bool overwrite, std::string_view pattern,
+                       std::vector<fs::path>* failed) {
+  bool all = true;
   for (const fs::path& file : ListFiles(source_folder, pattern)) {
     fs::path target = ResolveCase(target_folder / file.filename());
     if (!overwrite && IsFile(target) && !AskReplaceFile(program, file, target)) continue;
-    if (!CopyFileOver(file, target)) return false;
+    if (CopyFileOver(file, target)) continue;
+    if (!failed) return false;
+    failed->push_back(file);
+    all = false;
   }
-  return true;
+  return all;
 }
 
 std::vector<fs::path> ListFiles(const fs::path& folder, std::string_view pattern) {

@@ -47,10 +47,12 @@ bool CopyFileOver(const std::filesystem::path& source, const std::filesystem::pa
 bool MoveFileOver(const std::filesystem::path& source, const std::filesystem::path& target,
                   const char* fault_point = nullptr);
 // Copies the matching files of a folder (sub-folders skipped). With `overwrite` clear, a target
-// that stands is replaced only when AskReplaceFile says so. Stops at the first failed copy.
+// that stands is replaced only when AskReplaceFile says so. Stops at the first failed copy;
+// given `failed`, copies the rest and adds the files that failed to it instead.
 bool CopyMatchingFiles(Program& program, const std::filesystem::path& source_folder,
                        const std::filesystem::path& target_folder, bool overwrite,
-                       std::string_view pattern);
+                       std::string_view pattern,
+                       std::vector<std::filesystem::path>* failed = nullptr);
 // Asks whether `old_file` is to be replaced by `new_file`; true unless the user says No.
 bool AskReplaceFile(Program& program, const std::filesystem::path& new_file,
                     const std::filesystem::path& old_file);

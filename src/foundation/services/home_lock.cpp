@@ -80,31 +80,43 @@ bool HomeLock::Acquire(const fs::path& home, std::string_view program) {
   owner_ = {};
   error_.clear();
   const fs::path file = HomeLockFile(home);
+  const std::string name = file.filename().string();
   // Close-on-exec: the game this process starts must not keep the home locked after we end.
-  const int fd = open(file.c_str(), O_RDWR | O_CREAT | O_CLOEXEC, 0644);
+  const int fd = open(home.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
   if (fd < 0) {
-    error_ = "cannot make the lock file " + file.string() + ": " + std::strerror(errno);
+    error_ = "cannot open the program home " + home.string() + ": " + std::strerror(errno);
     return false;
   }
   if (flock(fd, LOCK_EX | LOCK_NB) == 0) {
-    const std::string line = std::to_string(getpid()) + " " + std::string(program) + "\n";
-    if (ftruncate(fd, 0) != 0 ||
-        pwrite(fd, line.data(), line.size(), 0) != static_cast<ssize_t>(line.size())) {
-      // The lock holds all the same; only the name of the holder is missing for others.
+    // Whatever stands under the name (a file of an earlier holder, a link) goes; the new file
+    // is made afresh, so nothing is written through a link.
+    unlinkat(fd, name.c_str(), 0);
+    const int text =
+        openat(fd, name.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC, 0644);
+    if (text >= 0) {
+      const std::string line = std::to_string(getpid()) + " " + std::string(program) + "\n";
+      if (pwrite(text, line.data(), line.size(), 0) != static_cast<ssize_t>(line.size())) {
+        // The lock holds all the same; only the name of the holder is missing for others.
+      }
+      close(text);
     }
     fd_ = fd;
     return true;
   }
   const int lock_errno = errno;
   if (lock_errno != EWOULDBLOCK) {
-    error_ = "cannot lock " + file.string() + ": " + std::strerror(lock_errno);
+    error_ = "cannot lock the program home " + home.string() + ": " + std::strerror(lock_errno);
     close(fd);
     return false;
   }
   // The holder writes its line just after it took the lock; until then the file may still hold
-  // the line of a process that died holding it.
+  // the line of a process that died holding it, or be missing.
   for (int tries = 0; tries < 50; ++tries) {
-    owner_ = ParseHomeLockText(ReadAll(fd));
+    const int text = openat(fd, name.c_str(), O_RDONLY | O_NOFOLLOW | O_CLOEXEC);
+    if (text >= 0) {
+      owner_ = ParseHomeLockText(ReadAll(text));
+      close(text);
+    }
     if (Alive(owner_.pid)) break;
     std::this_thread::sleep_for(std::chrono::milliseconds(10));
   }

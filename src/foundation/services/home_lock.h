@@ -1,8 +1,10 @@
 #pragma once
 // One process per program home. The window and every command that changes the home take an
-// advisory lock (flock) on a file in the home and write their pid and name into it, so that a
+// advisory lock (flock) on the home folder itself, which nobody can delete from under the
+// holder while it holds files, and write their pid and name into a file beside, so that a
 // second process can say who is in the way. The kernel drops the lock with the process, also
-// when it is killed, so a stale file never blocks anybody: only its text stays behind.
+// when it is killed, so a stale file never blocks anybody: only its text stays behind. The file
+// is never opened through a link: a link put in its place is replaced, not written through.
 
 #include <sys/types.h>
 
