@@ -96,7 +96,7 @@ bool CopyTree(Program& program, const fs::path& source, const fs::path& target, 
     if (HasMark(below, skip_copied)) continue;
     double size = static_cast<double>(fs::file_size(file, ec));
     bool copy = !(ask && FileExists(destination)) || AskReplaceFile(program, file, destination);
-    if (copy && !CopyFileOver(file, destination)) {
+    if (copy && !CopyFileOver(file, destination, "tree-copy")) {
       ShowError(program,
                 program.GetText(texts.file_not_copied) + "'" + file.filename().string() + "'");
       return false;

@@ -3,7 +3,6 @@
 #include <system_error>
 
 #include "foundation/services/files.h"
-#include "foundation/services/strings.h"
 
 namespace vardolin {
 namespace fs = std::filesystem;
@@ -18,7 +17,7 @@ EditorSnapshot TakeEditorSnapshot(const fs::path& folder) {
     stamp.name = file.lexically_relative(folder).generic_string();
     stamp.size = fs::file_size(file, ec);
     stamp.date = fs::last_write_time(file, ec);
-    snapshot[ToLower(stamp.name)] = stamp;
+    snapshot[stamp.name] = stamp;
   }
   return snapshot;
 }
@@ -28,8 +27,7 @@ EditorChanges ChangesSince(const EditorSnapshot& before, const fs::path& folder)
   const EditorSnapshot now = TakeEditorSnapshot(folder);
   for (const auto& [key, stamp] : now) {
     auto it = before.find(key);
-    if (it == before.end() || it->second.size != stamp.size || it->second.date != stamp.date ||
-        it->second.name != stamp.name)
+    if (it == before.end() || it->second.size != stamp.size || it->second.date != stamp.date)
       changes.written.push_back(stamp.name);
   }
   for (const auto& [key, stamp] : before)

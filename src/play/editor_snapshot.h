@@ -17,7 +17,8 @@ struct EditorFileStamp {
   std::filesystem::file_time_type date;
 };
 
-// Keyed by the name in lower case: names compare without regard to case.
+// Keyed by the name as spelled: a setup that writes TUT1.PRJ beside the user's tut1.prj wrote a
+// file of its own, and the user's stays.
 using EditorSnapshot = std::map<std::string, EditorFileStamp>;
 
 EditorSnapshot TakeEditorSnapshot(const std::filesystem::path& folder);
