@@ -30,6 +30,7 @@ struct MaintenanceTest : ::testing::Test, testing::ActivationFixture {
   MaintenanceTest() {
     // Every level of the table has its folder on disk.
     WriteBytes(Files(3) / "c.tr4", "level c");
+    WriteBytes(Files(3) / "script.dat", "c's script");
     EXPECT_TRUE(SaveCatalogueFile(program, catalogue_file));
   }
 };

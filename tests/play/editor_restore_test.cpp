@@ -12,6 +12,7 @@
 #include "activation_fixture.h"
 #include "archive/standard_files.h"
 #include "fault_child.h"
+#include "foundation/services/files.h"
 #include "play/activation.h"
 #include "web/zip_layer.h"
 
@@ -52,6 +53,11 @@ std::map<std::string, std::string> SetAsideFiles(const fs::path& home) {
     if (folder.filename().string().starts_with("set_aside_"))
       for (const auto& [name, bytes] : Snapshot(folder)) all[name] = bytes;
   return all;
+}
+
+void DropSetAsideFolders(const fs::path& home) {
+  for (const fs::path& folder : ListSubfolders(home))
+    if (folder.filename().string().starts_with("set_aside_")) fs::remove_all(folder);
 }
 
 struct EditorRestoreTest : ::testing::Test, testing::ActivationFixture {
@@ -136,8 +142,7 @@ TEST_F(EditorRestoreTest, EdgeCasesOfTheFullRestoreAndTheBasicFiles) {
       EXPECT_TRUE((fs::exists(editor / name) && ReadFile(editor / name) == bytes) ||
                   (aside.count(name) && aside.at(name) == bytes))
           << name;
-    for (const fs::path& f : ListSubfolders(Path("home")))
-      if (f.filename().string().starts_with("set_aside_")) fs::remove_all(f);
+    DropSetAsideFolders(Path("home"));
   }
 }
 
@@ -170,8 +175,7 @@ TEST_F(EditorRestoreTest, AKilledRestoreIsFinishedAtTheNextStartAndLosesNothing)
       ASSERT_EQ(Snapshot(editor), Snapshot(backup));
       const auto aside = SetAsideFiles(Path("home"));
       for (const auto& [name, bytes] : UsersFiles()) ASSERT_EQ(aside.at(name), bytes) << name;
-      for (const fs::path& f : ListSubfolders(Path("home")))
-        if (f.filename().string().starts_with("set_aside_")) fs::remove_all(f);
+      DropSetAsideFolders(Path("home"));
       if (!killed) break;
     }
   EXPECT_GE(kills, 10);
