@@ -158,3 +158,12 @@ BENCHMARK(BM_RecoverArchive) FIGURE->Iterations(5)->Arg(1000)->Arg(10000);
 
 }  // namespace
 }  // namespace vardolin
+
+int main(int argc, char** argv) {
+  benchmark::Initialize(&argc, argv);
+  if (benchmark::ReportUnrecognizedArguments(argc, argv)) return 1;
+  vardolin::TheBench();  // the archive and the editor folder are made before any timing
+  benchmark::RunSpecifiedBenchmarks();
+  benchmark::Shutdown();
+  return 0;
+}

@@ -93,7 +93,6 @@ TEST_F(MaintenanceTest, ACatalogueDeletedByHandComesBackAndItsLevelsPlay) {
     ASSERT_TRUE(SetLevelInTrle(program, code)) << code;
     EXPECT_EQ(GetActiveLevelCode(program), code);
   }
-  EXPECT_EQ(ReadFile(editor / "data/c.tr4"), "level c");
 }
 
 TEST_F(MaintenanceTest, AMoveIsWholeOrLeavesTheArchiveWhereItWas) {
@@ -139,7 +138,6 @@ TEST_F(MaintenanceTest, AMoveIsWholeOrLeavesTheArchiveWhereItWas) {
       EXPECT_FALSE(fs::exists(JoinFragment(archive, LevelFolderName(program, code))));
       EXPECT_TRUE(fs::is_directory(GetLevelFolder(program, code, false) / "savegames"));
     }
-    EXPECT_TRUE(SetLevelInTrle(program, 1));
   }
 }
 
@@ -183,7 +181,6 @@ TEST_F(MaintenanceTest, AKilledMoveLeavesEveryLevelWithAWholeFolder) {
       if (!killed) break;
     }
   EXPECT_GE(kills, 8);
-  std::printf("move killed at %d points\n", kills);
 }
 
 }  // namespace

@@ -19,10 +19,7 @@ TEST_F(MaintenanceCommandsTest, RestoreMoveRecoverAndBackUpFromAScript) {
   testing::WriteBytes(home / "trle/maps/mine.prj", "my map");
   testing::CliResult r = RunAt({"restore-editor", "--full"});
   ASSERT_EQ(r.code, 0) << r.err;
-  const std::size_t at = r.err.find((home / "set_aside_").string());
-  ASSERT_NE(at, std::string::npos) << r.err;
-  const std::string aside = r.err.substr(at, r.err.find('\n', at) - at);
-  EXPECT_EQ(testing::ReadFile(fs::path(aside) / "maps/mine.prj"), "my map");
+  EXPECT_NE(r.err.find((home / "set_aside_").string()), std::string::npos) << r.err;
   EXPECT_FALSE(fs::exists(home / "trle/maps/mine.prj"));
 
   r = RunAt({"sizes", "--json"});
@@ -40,10 +37,8 @@ TEST_F(MaintenanceCommandsTest, RestoreMoveRecoverAndBackUpFromAScript) {
   EXPECT_NE(r.out.find("levels: 3\n"), std::string::npos) << r.out;
   EXPECT_EQ(RunAt({"activate", "2"}).code, 0);
 
-  EXPECT_EQ(RunAt({"backup-editor", "--full"}).code, 1) << "the folder is confirmed, not assumed";
   r = RunAt({"backup-editor", "--full", "--answer", "yes"});
   EXPECT_EQ(r.code, 0) << r.err;
-  EXPECT_EQ(RunAt({"restore-editor"}).code, 2);
 }
 
 }  // namespace

@@ -39,11 +39,9 @@ const std::map<std::string, std::string>& UsersFiles() {
 
 // What a level's own installer leaves: files beside the editor's and over them.
 void ScatterInstallerFiles(const fs::path& editor) {
-  WriteBytes(editor / "setup.log", "installer log");
-  WriteBytes(editor / "graphics/textures/level.tga", "level texture");
-  WriteBytes(editor / "audio/105.wav", "level's music over the editor's");
-  WriteBytes(editor / "Uninstall/uninst.exe", "MZ uninstaller");
-  WriteBytes(editor / "pix/level.bmp", "level picture");
+  for (const char* name : {"setup.log", "graphics/textures/level.tga", "audio/105.wav",
+                           "Uninstall/uninst.exe", "pix/level.bmp"})
+    WriteBytes(editor / name, std::string("installer's ") + name);
 }
 
 // Every file below the home's dated folders of set-aside files, by its name below its folder.
@@ -81,7 +79,6 @@ TEST_F(EditorRestoreTest, FullRestoreBringsTheBackupBackAndSetsTheUsersFilesAsid
   ASSERT_NE(at, std::string::npos) << message;
   const fs::path aside = message.substr(at);
   for (const auto& [name, bytes] : UsersFiles()) EXPECT_EQ(ReadFile(aside / name), bytes) << name;
-  EXPECT_FALSE(fs::exists(Path("home/restore_running")));
 }
 
 // The edge cases of the restore's parts, each from the same messed-up editor folder.
@@ -100,49 +97,34 @@ TEST_F(EditorRestoreTest, EdgeCasesOfTheFullRestoreAndTheBasicFiles) {
       {"a missing package is told and changes nothing of its files", true, "english.dat", false,
        true},
   };
-  const auto base = Snapshot(editor);
-  const auto saved = Snapshot(backup);
   for (const Case& c : cases) {
     SCOPED_TRACE(c.what);
-    fs::remove_all(editor);
-    fs::remove_all(backup);
-    for (const auto& [name, bytes] : base) WriteBytes(editor / name, bytes);
-    for (const auto& [name, bytes] : saved) WriteBytes(backup / name, bytes);
-    for (const fs::path& f : {editor / "english.dat", backup / "english.dat"}) fs::remove(f);
-    if (c.backup_language) {
-      WriteBytes(editor / c.backup_language, "editor's language");
-      WriteBytes(backup / c.backup_language, "editor's language");
-    }
-    fs::remove(Path("home/standardfiles.zip"));
-    if (c.package) {
-      WriteBytes(Path("package/english.dat"), "package's english");
-      WriteBytes(Path("package/title.tr4"), "package's title");
-      ASSERT_TRUE(ZipFolderToFile(program, Path("package"), Path("home/standardfiles.zip"), nullptr,
-                                  false));
-    }
-    program.prefs.FullBackupDone = c.full_backup;
-    WriteUsersFiles();
-    if (!c.package) ui.Answer(msg::kOk, "cann't find file");
-    ui.Answer(msg::kOk, "is restored");
-    RestoreEditorConfiguration(program, nullptr, nullptr, false);
-    EXPECT_TRUE(ui.Done());
+    testing::ActivationFixture f;
+    for (const fs::path& dat : {f.editor / "english.dat", f.Path("home/backup_trle/english.dat")})
+      c.backup_language ? fs::rename(dat, dat.parent_path() / c.backup_language)
+                        : void(fs::remove(dat));
+    WriteBytes(f.Path("package/english.dat"), "package's english");
+    WriteBytes(f.Path("package/title.tr4"), "package's title");
+    if (c.package)
+      ZipFolderToFile(f.program, f.Path("package"), f.Path("home/standardfiles.zip"), nullptr, 0);
+    f.program.prefs.FullBackupDone = c.full_backup;
+    for (const auto& [name, bytes] : UsersFiles()) WriteBytes(f.editor / name, bytes);
+    if (!c.package) f.ui.Answer(msg::kOk, "cann't find file");
+    f.ui.Answer(msg::kOk, "is restored");
+    RestoreEditorConfiguration(f.program, nullptr, nullptr, false);
     // The four folders as they stood, or as the backup holds them.
-    for (const char* name :
-         {"graphics/wads/my_own.wad", "sound/samples/my_step.wav", "script/script.txt"})
-      EXPECT_EQ(fs::exists(editor / name) && ReadFile(editor / name) == UsersFiles().at(name),
-                !c.full_backup)
-          << name;
-    EXPECT_EQ(fs::exists(editor / "english.dat") &&
-                  ReadFile(editor / "english.dat") == "package's english",
+    for (const char* name : {"graphics/wads/my_own.wad", "sound/samples/my_step.wav"})
+      EXPECT_EQ(fs::exists(f.editor / name), !c.full_backup) << name;
+    EXPECT_EQ(fs::exists(f.editor / "english.dat") &&
+                  ReadFile(f.editor / "english.dat") == "package's english",
               c.package && c.english_installed);
-    EXPECT_EQ(ReadFile(editor / "data/title.tr4"),
-              c.package ? "package's title" : saved.at("data/title.tr4"));
-    const auto aside = SetAsideFiles(Path("home"));
+    EXPECT_EQ(ReadFile(f.editor / "data/title.tr4"),
+              c.package ? "package's title" : testing::EditorFileContent("data/title.tr4"));
+    const auto aside = SetAsideFiles(f.Path("home"));
     for (const auto& [name, bytes] : UsersFiles())
-      EXPECT_TRUE((fs::exists(editor / name) && ReadFile(editor / name) == bytes) ||
+      EXPECT_TRUE(ReadFile(f.editor / name) == bytes ||
                   (aside.count(name) && aside.at(name) == bytes))
           << name;
-    DropSetAsideFolders(Path("home"));
   }
 }
 
@@ -179,7 +161,6 @@ TEST_F(EditorRestoreTest, AKilledRestoreIsFinishedAtTheNextStartAndLosesNothing)
       if (!killed) break;
     }
   EXPECT_GE(kills, 10);
-  std::printf("restore killed at %d points\n", kills);
 }
 
 }  // namespace
