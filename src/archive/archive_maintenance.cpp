@@ -130,13 +130,16 @@ RecoverResult RecoverArchive(Program& p, const fs::path& given) {
     ShowError(p, p.GetText(text::RecoverNoLevels) + hd);
     return result;
   }
+  // The header's own flags (compression, MP3) stay as the open catalogue had them.
   Catalogue& c = p.catalogue;
   const LevelRecord base = c.levels.empty() ? BaseLevelRecord(p) : c.levels.front();
-  c = Catalogue{};
-  c.levels.push_back(base);
+  c.levels = {base};
   c.header.MainDir = hd;
   c.header.SecondaryDir = hd;
   c.header.Version = 1;
+  c.header.TotalFilesSize = c.header.TotalUserSize = 0;
+  c.header.OnCd = false;
+  c.header.CdCount = 0;
   for (std::size_t i = 0; i < found.size(); ++i) {
     LevelRecord& r = c.levels.emplace_back();
     r.Code = found[i].first;
