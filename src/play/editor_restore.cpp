@@ -219,6 +219,8 @@ void RestoreBasicFiles(Program& p, Label* label, ProgressBar* bar) {
 
 bool FinishBrokenRestore(Program& p) {
   if (!FileExists(JournalPath(p))) return false;
+  // The run writes the mark again; one that can't run (no backup) isn't offered at every start.
+  DeleteFileForced(JournalPath(p));
   RestoreEditorConfiguration(p, nullptr, nullptr, true);
   return true;
 }
