@@ -30,6 +30,7 @@
 #include "foundation/texts/text_catalogue.h"
 #include "intake/export_level.h"
 #include "level_commands.h"
+#include "maintenance_commands.h"
 #include "play_commands.h"
 #include "savegame_commands.h"
 #include "setup_commands.h"
@@ -288,6 +289,41 @@ int main(int argc, char** argv) {
     if (!all_levels && !language_code)
       throw CLI::ValidationError("language", "name a level CODE or --all");
   });
+  bool restore_fast = false, restore_full = false, backup_full = false;
+  auto* restore_editor = add("restore-editor",
+                             "take the level out of the editor folder (--fast) "
+                             "or restore its configuration from the backup (--full)",
+                             true, [&](vardolin::Program& p) {
+                               return vardolin::CmdRestoreEditor(p, restore_full, out, err);
+                             });
+  auto* fast_flag = restore_editor->add_flag("--fast", restore_fast, "take the level out");
+  restore_editor
+      ->add_flag("--full", restore_full,
+                 "put back the editor's files; files of yours go to a dated folder of the home")
+      ->excludes(fast_flag);
+  restore_editor->callback([&] {
+    if (!restore_fast && !restore_full)
+      throw CLI::ValidationError("restore-editor", "give --fast or --full");
+  });
+  add("backup-editor",
+      "make the full backup of the editor folder afresh (confirm the folder: "
+      "--answer yes)",
+      true, [&](vardolin::Program& p) { return vardolin::CmdBackupEditor(p, out, err); })
+      ->add_flag("--full", backup_full, "the whole editor folder (the only kind made here)")
+      ->required();
+  std::string archive_folder;
+  add("recover-archive", "make a new catalogue from the level folders of FOLDER", true,
+      [&](vardolin::Program& p) {
+        return vardolin::CmdRecoverArchive(p, archive_folder, out, err);
+      })
+      ->add_option("FOLDER", archive_folder, "the folder holding LEVEL_0001 ...")
+      ->required();
+  add("move-archive", "move the archive's level folders to FOLDER", true,
+      [&](vardolin::Program& p) { return vardolin::CmdMoveArchive(p, archive_folder, out, err); })
+      ->add_option("FOLDER", archive_folder, "the new folder of the archive")
+      ->required();
+  json_flag(add("sizes", "recount every level's sizes and print the archive's totals", true,
+                [&](vardolin::Program& p) { return vardolin::CmdSizes(p, json, out, err); }));
   std::vector<std::filesystem::path> audio_files;
   std::filesystem::path audio_out;
   int audio_target = 2;

@@ -63,7 +63,8 @@ std::string BaseLevelInfoFile(const Program& program) {
   return {};
 }
 
-// The first of the program folder's catalogue names that no file has taken yet.
+}  // namespace
+
 fs::path FreeCatalogueName(const Program& program) {
   for (int n = 1; n <= 100; ++n) {
     std::string number = n == 1 ? std::string() : std::to_string(n);
@@ -75,7 +76,16 @@ fs::path FreeCatalogueName(const Program& program) {
   return {};
 }
 
-}  // namespace
+LevelRecord BaseLevelRecord(Program& program) {
+  LevelRecord base;
+  base.Code = 0;
+  base.Name = program.GetText(text::BaseLevelName);
+  base.Note = program.GetText(text::BaseLevelNote);
+  base.AuthorName = program.GetText(text::BaseLevelAuthor);
+  base.AuthorSites = program.GetText(text::BaseLevelSite);
+  base.MoreInfoFile = BaseLevelInfoFile(program);
+  return base;
+}
 
 bool LoadCatalogueFile(Program& program, const fs::path& path) {
   SaveIfChanged(program);
@@ -155,13 +165,7 @@ bool NewCatalogue(Program& program) {
   // catalogue and its file as they were.
   Catalogue fresh;
   fresh.header.LevelCount = 1;
-  LevelRecord& base = fresh.levels.emplace_back();
-  base.Code = 0;
-  base.Name = program.GetText(text::BaseLevelName);
-  base.Note = program.GetText(text::BaseLevelNote);
-  base.AuthorName = program.GetText(text::BaseLevelAuthor);
-  base.AuthorSites = program.GetText(text::BaseLevelSite);
-  base.MoreInfoFile = BaseLevelInfoFile(program);
+  fresh.levels.push_back(BaseLevelRecord(program));
 
   std::string folder = ChooseSetupFolder(program);
   if (folder.empty()) return false;

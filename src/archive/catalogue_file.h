@@ -5,6 +5,8 @@
 
 #include <filesystem>
 
+#include "foundation/catalogue_records.h"
+
 namespace vardolin {
 
 class Program;
@@ -24,6 +26,11 @@ void CatalogueChanged(Program& program);
 void SaveIfChanged(Program& program);
 // The open-file dialog and the load; false on Cancel or when nothing was opened.
 bool BrowseForCatalogue(Program& program);
+// The first of the program folder's catalogue names that no file has taken yet; empty when the
+// hundred names are all taken.
+std::filesystem::path FreeCatalogueName(const Program& program);
+// The record of the base level (code 0) as a new archive holds it.
+LevelRecord BaseLevelRecord(Program& program);
 // A new, empty archive with only the base level, in a folder the user chooses; saved at once.
 bool NewCatalogue(Program& program);
 // mnu_Save: saves whatever the dirty flag says; tells the user when it fails.

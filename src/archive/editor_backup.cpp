@@ -4,6 +4,7 @@
 #include <system_error>
 #include <vector>
 
+#include "archive/standard_files.h"
 #include "archive/text_ids.h"
 #include "foundation/dialogs/ask.h"
 #include "foundation/dialogs/dialog_progress.h"
@@ -12,6 +13,7 @@
 #include "foundation/ports/platform.h"
 #include "foundation/ports/ui.h"
 #include "foundation/program.h"
+#include "foundation/services/atomic_file.h"
 #include "foundation/services/drives.h"
 #include "foundation/services/files.h"
 #include "foundation/services/paths.h"
@@ -94,7 +96,7 @@ bool CopyTree(Program& program, const fs::path& source, const fs::path& target, 
     if (HasMark(below, skip_copied)) continue;
     double size = static_cast<double>(fs::file_size(file, ec));
     bool copy = !(ask && FileExists(destination)) || AskReplaceFile(program, file, destination);
-    if (copy && !CopyFileOver(file, destination)) {
+    if (copy && !CopyFileOver(file, destination, "tree-copy")) {
       ShowError(program,
                 program.GetText(texts.file_not_copied) + "'" + file.filename().string() + "'");
       return false;
@@ -149,8 +151,49 @@ std::string ConfirmEditorFolder(Program& program) {
   return {};
 }
 
+fs::path BackupSwapFolder(const Program& program, bool fresh) {
+  fs::path folder = EditorBackupFolder(program);
+  folder += fresh ? "_new" : "_old";
+  return folder;
+}
+
+bool SwapInNewBackup(Program& program) {
+  const fs::path backup = EditorBackupFolder(program);
+  const fs::path fresh = BackupSwapFolder(program, true);
+  const fs::path old = BackupSwapFolder(program, false);
+  std::error_code ec;
+  fs::remove_all(old, ec);
+  if (FolderExists(backup)) {
+    fs::rename(backup, old, ec);
+    if (ec) return false;
+  }
+  FaultPoint("backup-swap");
+  fs::rename(fresh, backup, ec);
+  if (ec) {
+    fs::rename(old, backup, ec);
+    return false;
+  }
+  fs::remove_all(old, ec);
+  return true;
+}
+
+void SettleBackupSwap(Program& program) {
+  const fs::path backup = EditorBackupFolder(program);
+  const fs::path fresh = BackupSwapFolder(program, true);
+  const fs::path old = BackupSwapFolder(program, false);
+  std::error_code ec;
+  // Between the two renames of a swap only the old copy is sure to be whole.
+  if (!FolderExists(backup) && FolderExists(old)) fs::rename(old, backup, ec);
+  fs::remove_all(fresh, ec);
+  if (FolderExists(backup)) fs::remove_all(old, ec);
+}
+
 bool MakeEditorBackup(Program& program, bool forced) {
-  if (!forced && BackupComplete(program)) return true;
+  SettleBackupSwap(program);
+  if (!forced && BackupComplete(program)) {
+    EnsureStandardFilesPackage(program);
+    return true;
+  }
   std::string editor = ConfirmEditorFolder(program);
   if (editor.empty()) return false;
 
@@ -219,6 +262,7 @@ bool MakeEditorBackup(Program& program, bool forced) {
     HideProgressDialog(program);
   }
   program.prefs.FullBackupDone = full;
+  EnsureStandardFilesPackage(program);
   return true;
 }
 

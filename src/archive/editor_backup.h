@@ -18,6 +18,15 @@ inline constexpr double kPartialBackupRoom = 94371840;  // 90 MB: the editor's o
 // program's folder + "backup_trle".
 std::filesystem::path EditorBackupFolder(const Program& program);
 
+// The folder beside the backup where a new copy is made (`fresh`), or where the old copy waits
+// to go while the new one takes its place.
+std::filesystem::path BackupSwapFolder(const Program& program, bool fresh);
+// The fresh copy takes the backup's place and the old copy goes. False leaves the old in place.
+bool SwapInNewBackup(Program& program);
+// Settles a swap that a kill broke off: the backup stands (the new copy when it had been put in
+// place, else the old one) and what is left beside it goes.
+void SettleBackupSwap(Program& program);
+
 // Makes sure a usable backup stands. Not forced, a complete backup is kept as it is; otherwise
 // the user confirms the editor folder and (not forced) chooses a full or a partial copy. False
 // when the user refused the folder, stopped for want of room, or the folder couldn't be made.

@@ -336,4 +336,38 @@ inline constexpr std::int32_t StoreAudioFailed = 1929;  // ~1 level, ~2 reason, 
 inline constexpr std::int32_t ConversionSizes = 1947;   // ~1 before, ~2 after, ~3 CR LF
 inline constexpr std::int32_t ConversionFailed = 5638;  // ~1 level, ~2 CR LF
 
+// Archive maintenance: the full backup.
+inline constexpr std::int32_t FullBackupAgain = 1905;  // ~1 CR LF, ~2 the editor folder
+inline constexpr std::int32_t FullBackupDeleting = 1906;
+inline constexpr std::int32_t FullBackupReplace = 1907;
+inline constexpr std::int32_t FullBackupDeleting2 = 1908;
+inline constexpr std::int32_t FullBackupCopying = 1909;
+inline constexpr std::int32_t FullBackupFailed = 1910;  // the folder follows
+
+// Archive maintenance: moving the archive.
+inline constexpr std::int32_t MoveTitle = 1912;
+inline constexpr std::int32_t MoveNoRoom = 1913;  // ~1 drive, ~2 size, ~3 CR LF
+inline constexpr std::int32_t MoveCopying = 1914;
+inline constexpr std::int32_t MoveCopyFailed = 1915;
+inline constexpr std::int32_t MoveMakingFolders = 1916;
+inline constexpr std::int32_t MoveUserFolder1 = 1917;  // fragment, same as 1632
+inline constexpr std::int32_t MoveUserFolder2 = 1918;  // fragment, same as 1633
+inline constexpr std::int32_t MoveUserFolder3 = 1919;  // fragment, same as 1634
+inline constexpr std::int32_t MoveDeleting = 1920;
+inline constexpr std::int32_t MoveDeleteFailed = 1921;  // the folder follows
+inline constexpr std::int32_t MoveDone = 1922;
+inline constexpr std::int32_t MoveSameFolder = 9710;  // the folder follows
+
+// Archive maintenance: recovering a catalogue from the level folders.
+inline constexpr std::int32_t RecoverAsk = 1948;
+inline constexpr std::int32_t RecoverTitle = 1353;
+inline constexpr std::int32_t RecoverPattern = 1357;    // fragment
+inline constexpr std::int32_t RecoverNoLevels = 1358;   // the folder follows
+inline constexpr std::int32_t RecoverLevelName = 1359;  // the number follows
+inline constexpr std::int32_t RecoverSkipped = 9711;    // the names follow, one a line
+
+// The package of the editor's basic files, made from its backup.
+inline constexpr std::int32_t StandardFilesPackage = 9707;  // fragment
+inline constexpr std::int32_t StandardFilesWork = 9708;     // fragment
+
 }  // namespace vardolin::text

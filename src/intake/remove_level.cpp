@@ -14,6 +14,7 @@
 #include "foundation/services/strings.h"
 #include "play/activation.h"
 #include "play/active_level.h"
+#include "play/editor_restore.h"
 
 namespace vardolin {
 
@@ -42,8 +43,10 @@ bool RemoveLevel(Program& program, std::optional<std::int32_t> chosen, Label* la
     return false;
   // The level leaves the editor folder before its record goes, so that the marker never names a
   // level the archive has lost; no level is coming, so the folder is cleaned.
-  if (code == GetActiveLevelCode(program) && RemoveCurrentLevel(program, -1) == kEditorFolderInUse)
-    return false;
+  const bool active = code == GetActiveLevelCode(program);
+  if (active && RemoveCurrentLevel(program, -1) == kEditorFolderInUse) return false;
+  // What the level may have left beyond its own list (an installer's files) goes too.
+  if (active) RestoreEditorConfiguration(program, label, bar, false);
   const std::filesystem::path folder = GetLevelFolder(program, code, false);
   const double files_size = catalogue.levels[index].FilesSize;
   const double user_size = catalogue.levels[index].UserSize;

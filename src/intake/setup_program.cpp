@@ -5,7 +5,6 @@
 #include <system_error>
 
 #include "archive/editor_backup.h"
-#include "editor/dialog_compare_trle.h"
 #include "editor/dialog_tipo_exe.h"
 #include "editor/text_ids.h"
 #include "foundation/dialogs/ask.h"
@@ -20,6 +19,7 @@
 #include "intake/add_files.h"
 #include "intake/text_ids.h"
 #include "play/activation.h"
+#include "play/editor_restore.h"
 
 namespace vardolin {
 namespace fs = std::filesystem;
@@ -39,21 +39,6 @@ std::string ReadAt(const fs::path& file, std::streamoff at, std::size_t count) {
   in.read(bytes.data(), static_cast<std::streamsize>(count));
   bytes.resize(static_cast<std::size_t>(std::max<std::streamsize>(in.gcount(), 0)));
   return bytes;
-}
-
-// What the setup left in the editor folder, as names below it.
-std::vector<std::string> ChangedEditorFiles(Program& program) {
-  Dialog_CompareTrle compare(program);
-  compare.ImpostaValori();
-  return compare.ListChangedFiles(Trim(program.prefs.EditorFolder), program.prefs.FullBackupDone);
-}
-
-// The file goes from the editor folder and, where the backup has it, comes back from there.
-void PutBackFromBackup(Program& program, const std::string& name) {
-  DeleteFileForced(ResolveCase(JoinFragment(Trim(program.prefs.EditorFolder), name)));
-  fs::path saved = ResolveCase(JoinFragment(EditorBackupFolder(program), name));
-  if (FileExists(saved))
-    CopyFileOver(saved, ResolveCase(JoinFragment(Trim(program.prefs.EditorFolder), name)));
 }
 
 enum class RunEnd { NotStarted, Ended, Stopped };
@@ -134,19 +119,18 @@ void CleanSetupFiles(Program& program, const fs::path& folder) {
   }
 }
 
-void BringEditorBack(Program& program) {
-  SetLevelInTrle(program, 0);
-  for (const std::string& name : ChangedEditorFiles(program)) PutBackFromBackup(program, name);
-}
-
 bool RunSetupProgram(Program& program, const fs::path& program_folder, const fs::path& target,
-                     std::string& destination, const SetupRun& run) {
+                     std::string& destination, const SetupRun& run, EditorSnapshot* before) {
   auto T = [&](std::int32_t id, const std::vector<std::string>& v = {}) {
     return program.GetText(id, v);
   };
   ShowStatus(run.label, T(text::SetupResetting));
   SetLevelInTrle(program, 0);
   ShowStatus(run.label, {});
+  // What stands now is the user's: afterwards only what the setup wrote is taken or undone.
+  const std::string editor = Trim(program.prefs.EditorFolder);
+  EditorSnapshot snapshot = TakeEditorSnapshot(editor);
+  if (before) *before = snapshot;
   fs::path setup = FindSetupProgram(program, program_folder);
   if (setup.empty()) {
     AskUser(program, T(text::SetupNotFound), msg::kError);
@@ -170,7 +154,6 @@ bool RunSetupProgram(Program& program, const fs::path& program_folder, const fs:
   }
   if (!destination.empty()) AskUser(program, T(text::SetupFinishFirst), msg::kInformation);
 
-  std::string editor = Trim(program.prefs.EditorFolder);
   fs::path from;
   bool into_editor = EqualsNoCase(destination, T(text::SetupIntoEditor)) ||
                      EqualsNoCase(destination, T(text::SetupIntoEditor2));
@@ -188,7 +171,7 @@ bool RunSetupProgram(Program& program, const fs::path& program_folder, const fs:
   if (!into_editor) return AddFromFolder(program, target, run.bar, run.label, false, ".*", from);
 
   ShowStatus(run.label, T(text::SetupComparing));
-  std::vector<std::string> written = ChangedEditorFiles(program);
+  const std::vector<std::string> written = ChangesSince(snapshot, editor).written;
   ShowStatus(run.label, T(text::SetupCollecting));
   const bool full = program.prefs.FullBackupDone;
   const std::string kept = T(text::SetupKeptExtension);
@@ -197,7 +180,7 @@ bool RunSetupProgram(Program& program, const fs::path& program_folder, const fs:
     fs::path written_file = ResolveCase(JoinFragment(editor, name));
     CopyFileOver(written_file, target / written_file.filename());
     std::string last = name.size() >= 4 ? name.substr(name.size() - 4) : name;
-    if (full || !EqualsNoCase(last, kept)) PutBackFromBackup(program, name);
+    if (full || !EqualsNoCase(last, kept)) UndoEditorFile(program, name);
     if (run.bar) run.bar->SetValue(static_cast<int>((i + 1) * 100 / written.size()));
     program.ui().DoEvents();
   }
@@ -234,13 +217,13 @@ SetupOutcome RunSetupIfAny(Program& program, const fs::path& work_folder, std::s
 
   fs::path collect = JoinFragment(program.Home(), T(text::SetupCollectFolder));
   MakeEmptyFolder(collect);
-  if (!RunSetupProgram(program, work, collect, destination, run)) {
+  EditorSnapshot before;
+  if (!RunSetupProgram(program, work, collect, destination, run, &before)) {
     destination.clear();
     AskUser(program, T(text::SetupFailed), msg::kError);
     DeleteFolderTree(collect);
     DeleteMatchingFiles(work, T(text::SetupFailedClean));
-    if (AskUser(program, T(text::SetupAskRestore), msg::kYesNo) != msg::kNo)
-      BringEditorBack(program);
+    AskRestoreConfiguration(program, run.label, run.bar, &before);
     return SetupOutcome::Failed;
   }
   destination.clear();

@@ -1,11 +1,14 @@
 #pragma once
 // Levels that come as a setup program of their own: the program is found in the work folder
-// and run, and what it wrote is collected. The editor folder first goes back to its own level,
-// so that what then differs from the backup of its files is what the setup wrote.
+// and run, and what it wrote is collected. The editor folder first goes back to its own level and
+// its files are noted, so that what then differs is exactly what the setup wrote: nothing else of
+// the folder (the user's own maps and wads) is taken or undone.
 
 #include <filesystem>
 #include <functional>
 #include <string>
+
+#include "play/editor_snapshot.h"
 
 namespace vardolin {
 
@@ -39,18 +42,16 @@ SetupOutcome RunSetupIfAny(Program& program, const std::filesystem::path& work_f
 // The setup program among the .exe files of the folder; empty when none is.
 std::filesystem::path FindSetupProgram(Program& program, const std::filesystem::path& folder);
 // Runs the setup of `program_folder` and collects what it wrote into `target`. True when the
-// target then holds a level.
+// target then holds a level. `before` (may be null) takes the editor folder as it stood just
+// before the setup ran, whose changes a failed run is offered to undo.
 bool RunSetupProgram(Program& program, const std::filesystem::path& program_folder,
                      const std::filesystem::path& target, std::string& destination,
-                     const SetupRun& run);
+                     const SetupRun& run, EditorSnapshot* before = nullptr);
 // Deletes what setups leave beside a level's files: logs, uninstallers, links.
 void CleanSetupFiles(Program& program, const std::filesystem::path& folder);
 // Guesses from fixed places of the file where the setup writes; `kind` names the installer.
 // Empty when it can't tell.
 std::string DetectSetupDestination(Program& program, const std::filesystem::path& setup,
                                    std::string& kind);
-// Puts the editor folder back as its backup holds it: what a setup added goes, what it changed
-// comes back from the backup.
-void BringEditorBack(Program& program);
 
 }  // namespace vardolin

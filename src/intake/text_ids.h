@@ -357,7 +357,6 @@ inline constexpr std::int32_t SetupLevelFile1 = 1386;
 inline constexpr std::int32_t SetupLevelFile2 = 1387;
 inline constexpr std::int32_t SetupNoLevel = 1388;
 inline constexpr std::int32_t SetupCollected = 1389;
-inline constexpr std::int32_t SetupAskRestore = 1454;
 inline constexpr std::int32_t SetupJunk1 = 1658;
 inline constexpr std::int32_t SetupJunk2 = 1659;
 inline constexpr std::int32_t SetupJunk3 = 1660;

@@ -10,8 +10,10 @@
 #include "foundation/services/files.h"
 #include "foundation/services/paths.h"
 #include "foundation/services/strings.h"
+#include "foundation/services/wildcard.h"
 #include "play/active_level.h"
 #include "play/active_level_file.h"
+#include "play/set_aside.h"
 #include "play/text_ids.h"
 
 namespace vardolin {
@@ -26,13 +28,14 @@ const std::vector<std::string>& EditorStandardNames() {
   return names;
 }
 
-void CleanEditorFolder(Program& program) {
+void CleanEditorFolder(Program& program, SetAside* aside) {
   const fs::path editor = EditorFolderPath(program);
   if (editor.empty()) return;
   // Without a backup nothing deleted here could come back.
   if (BackupComplete(program)) {
     const std::string kept = ToLower(program.GetText(text::KeptRootExtension));
     const std::string marker = ToLower(ActiveLevelFilePath(program).filename().string());
+    const std::string savegames = WithoutLeadingSeparators(program.GetText(text::SavegamePattern));
     for (const fs::path& file : ListFiles(editor, "*")) {
       const std::string name = file.filename().string();
       if (ToLower(name) == marker) continue;
@@ -41,6 +44,10 @@ void CleanEditorFolder(Program& program) {
       for (const std::string& s : EditorStandardNames())
         standard = standard || EqualsNoCase(s, name);
       if (standard) continue;
+      if (aside) {
+        if (!WildcardMatch(name, savegames)) aside->Remove(file);
+        continue;
+      }
       FaultPoint("activation-remove");
       DeleteFileForced(file);
     }
@@ -48,7 +55,11 @@ void CleanEditorFolder(Program& program) {
   for (std::int32_t id :
        {text::CleanedFolder1, text::CleanedFolder2, text::CleanedFolder3, text::CleanedFolder4}) {
     const fs::path folder = JoinFragment(editor, program.GetText(id));
-    if (FolderExists(folder)) DeleteFolderTree(folder);
+    if (!FolderExists(folder)) continue;
+    if (aside)
+      aside->RemoveTree(folder);
+    else
+      DeleteFolderTree(folder);
   }
   RestoreEditorBasics(program);
 }

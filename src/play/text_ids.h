@@ -108,4 +108,42 @@ inline constexpr std::int32_t EnginePatchEditorGame = 3100;    // fragment behin
 inline constexpr std::int32_t EnginePatchDone = 3101;
 inline constexpr std::int32_t EnginePatchNotWritten = 8550;  // ~1 the file
 
+// Restoring the editor configuration: Dialog_Restore.
+inline constexpr std::int32_t RestoreCaption = 762;
+inline constexpr std::int32_t RestoreFast = 763;
+inline constexpr std::int32_t RestoreFastNote = 764;
+inline constexpr std::int32_t RestoreFull = 765;
+inline constexpr std::int32_t RestoreFullNote = 766;
+inline constexpr std::int32_t RestoreCancel = 767;
+inline constexpr std::int32_t RestoreChoose = 768;
+inline constexpr std::int32_t RestoreFastFailed = 769;
+inline constexpr std::int32_t RestoreFastDone = 770;
+
+// Restoring the editor configuration: the full restore.
+inline constexpr std::int32_t RestoreStarting = 1437;
+inline constexpr std::int32_t RestoreCleaning = 1438;
+inline constexpr std::int32_t RestoreLevelFolder1 = 1442;   // fragment
+inline constexpr std::int32_t RestoreLevelPattern1 = 1443;  // pattern
+inline constexpr std::int32_t RestoreLevelFolder2 = 1444;   // fragment
+inline constexpr std::int32_t RestoreLevelPattern2 = 1445;  // pattern
+inline constexpr std::int32_t RestoreRootTarget = 1446;     // fragment
+inline constexpr std::int32_t RestoreDataSource = 1447;     // fragment
+inline constexpr std::int32_t RestoreDataTarget = 1448;     // fragment
+inline constexpr std::int32_t RestoreFolderBusy = 1450;     // ~1 the folder
+inline constexpr std::int32_t RestoreFolderFailed = 1451;   // ~1 the folder
+inline constexpr std::int32_t RestoreRefreshing = 1452;
+inline constexpr std::int32_t RestoreDone = 1453;  // ~1 where the user's files went, or ""
+inline constexpr std::int32_t RestoreAsk = 1454;
+inline constexpr std::int32_t RestoreLanguagePattern = 1402;  // fragment "\*.dat"
+inline constexpr std::int32_t RestoreLanguageScript = 1403;
+inline constexpr std::int32_t UpgradeRestoreAsk = 3158;  // ~1 CR LF
+inline constexpr std::int32_t UpgradeRestoreProgress = 3159;
+inline constexpr std::int32_t SetAsideFolder = 9700;  // fragment, ~1 the date and time
+inline constexpr std::int32_t SetAsideNotice = 9701;  // ~1 the folder
+inline constexpr std::int32_t RestoreJournal = 9702;  // fragment: a restore under way
+inline constexpr std::int32_t StandardFilesMissing1 = 9703;
+inline constexpr std::int32_t StandardFilesMissing2 = 9704;  // the path follows
+inline constexpr std::int32_t StandardFilesBusy = 9705;
+inline constexpr std::int32_t StandardFilesFolder = 9706;  // fragment
+
 }  // namespace vardolin::text

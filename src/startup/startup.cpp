@@ -28,7 +28,9 @@
 #include "editor/install_editor.h"
 #include "foundation/dialogs/dialog_progress.h"
 #include "intake/export_level.h"
+#include "play/editor_restore.h"
 #include "play/engine_patch.h"
+#include "play/text_ids.h"
 #include "savegames/savegame_sets.h"
 
 namespace vardolin {
@@ -125,7 +127,16 @@ bool InstallFromSetupFolder(Program& program, const std::string& folder) {
 void CleanUpAfterUpgrade(Program& program) {
   HideSplash(program);
   ApplyEnginePatch(program, false);
+  if (AskUser(program, program.GetText(text::UpgradeRestoreAsk, {"\r\n"}), msg::kYesNo) ==
+      msg::kYes) {
+    ShowProgressDialog(program, program.GetText(text::UpgradeRestoreProgress));
+    Dialog_Progress* dialog = ProgressDialog(program);
+    RestoreEditorConfiguration(program, dialog ? &dialog->Label_Info : nullptr,
+                               dialog ? &dialog->ProgressBar1 : nullptr, false);
+    HideProgressDialog(program);
+  }
   RepairLevelStore(program);
+  RestoreBasicFiles(program, program.main.info, program.main.bar);
 }
 
 }  // namespace
@@ -172,6 +183,7 @@ void StartUp(Program& program, const LoadResult& prefs) {
   }
   if (!OpenCatalogue(program)) return;
   RecoverSavegameWork(program);
+  FinishBrokenRestore(program);
   ShowChosenPanel(program);
   if (prefs.PrefsUpgraded) CleanUpAfterUpgrade(program);
 }

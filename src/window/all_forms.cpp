@@ -17,6 +17,7 @@
 #include "foundation/settings/dialog_settings.h"
 #include "intake/dialog_autore.h"
 #include "intake/dialog_new_level.h"
+#include "play/dialog_restore.h"
 #include "savegames/dialog_cattura.h"
 #include "savegames/dialog_joy_stick.h"
 #include "savegames/dialog_list_save_game.h"
@@ -54,6 +55,7 @@ const std::vector<FormFactory>& AllForms() {
       Entry<Dialog_Cattura>("Dialog_Cattura"),
       Entry<Dialog_TrovaTrle>("Dialog_TrovaTrle"),
       Entry<Dialog_TipoExe>("Dialog_TipoExe"),
+      Entry<Dialog_Restore>("Dialog_Restore"),
       Entry<Dialog_CompareTrle>("Dialog_CompareTrle"),
       Entry<Dialog_InstallaTrle>("Dialog_InstallaTrle"),
       Entry<Dialog_Zip>("Dialog_Zip"),

@@ -93,6 +93,7 @@ Principale::Principale(Program& program) : Form(program, "Principale", "Vardolin
   WireAuthor();
   WireLanguage();
   WireUrlList();
+  WireMaintenance();
   DisableMissingWork();
   program.main = {this, &Label_Info, &ProgressBar1, &Timer1};
   program.notify.level_list_changed = [this] { RefreshLevelList(*this); };

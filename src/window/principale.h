@@ -277,6 +277,8 @@ class Principale : public Form {
   void WireLanguage();
   // The list of web addresses (principale_urls.cpp).
   void WireUrlList();
+  // Archive maintenance and the editor's restore (principale_maintenance.cpp).
+  void WireMaintenance();
 };
 
 }  // namespace vardolin

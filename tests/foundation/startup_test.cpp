@@ -127,6 +127,23 @@ TEST_F(StartUpTest, SettlesTheCheckIntervalAndAMissingJoystickAndWritesThemBack)
   }
 }
 
+// A settings file of the earlier format: the new version offers the editor's restore once.
+TEST_F(StartUpTest, AnUpgradeOffersTheRestoreOfTheEditor) {
+  Preferences p;
+  p.EditorFolder = editor.string();
+  p.FullBackupDone = true;
+  WriteBytes(SettingsFile(), SerializePreferences(p).substr(0, 1296));
+  WriteBytes(editor / "maps/mine.prj", "my map");
+  ProgramRun run(home);
+  ChooseNew(run.ui, archive);
+  run.ui.Answer(msg::kYes, "restore them now").Answer(msg::kOk, "is restored").AllowAnyMessage();
+  run.window.Load();
+  ASSERT_TRUE(run.window.IsLoaded());
+  EXPECT_FALSE(fs::exists(editor / "maps/mine.prj"));
+  EXPECT_TRUE(fs::exists(home / "standardfiles.zip"));
+  run.window.Unload();
+}
+
 TEST(ParseCommandLine, TellsCataloguesFromSetupFoldersAndIgnoresUnquotedWords) {
   testing::ArchiveFixture f;
   struct Case {

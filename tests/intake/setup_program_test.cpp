@@ -1,5 +1,7 @@
 #include <gtest/gtest.h>
 
+#include <map>
+
 #include "archive/editor_backup.h"
 #include "editor_test_fixture.h"
 #include "foundation/platform/linux_platform.h"
@@ -84,8 +86,19 @@ TEST(RunSetupIfAnyTest, CollectsWhatTheSetupWroteAndPutsTheEditorBack) {
   EXPECT_TRUE(fs::exists(t.editor / "data/title.tr4"));
 }
 
-TEST(RunSetupIfAnyTest, ASetupThatRunsForEverIsStoppedAndTheEditorFolderComesBack) {
-  SetupTest t("echo half > \"$SETUP_EDITOR/half.exe\"\nexec sleep 600\n");
+// A setup stopped half way is taken back file by file: what it wrote goes, what it replaced comes
+// back from the backup under the backup's own name, and the user's own files stay as they were.
+TEST(RunSetupIfAnyTest, AStoppedSetupIsUndoneAndTheUsersFilesStay) {
+  SetupTest t(
+      "E=\"$SETUP_EDITOR\"\n"
+      "rm \"$E/data/title.tr4\"; echo setup > \"$E/data/TITLE.TR4\"\n"
+      "echo setup > \"$E/maps/TUT1.PRJ\"\n"
+      "echo setup > \"$E/graphics/wads/setup.wad\"\n"
+      "echo half > \"$E/half.exe\"\nexec sleep 600\n");
+  const std::map<std::string, std::string> mine = {{"maps/my_project.prj", "my project"},
+                                                   {"maps/tut1.prj", "my edit of tut1"},
+                                                   {"graphics/wads/my_own.wad", "my wad"}};
+  for (const auto& [name, bytes] : mine) WriteBytes(t.editor / name, bytes);
   t.ui.Answer(msg::kYes, "setup program")
       .Answer(msg::kOk, "will now start")
       .Answer(msg::kOk, "was stopped")
@@ -96,8 +109,11 @@ TEST(RunSetupIfAnyTest, ASetupThatRunsForEverIsStoppedAndTheEditorFolderComesBac
   SetupRun run;
   run.stop = [&] { return fs::exists(t.editor / "half.exe"); };
   EXPECT_EQ(RunSetupIfAny(t.real, t.Path("work"), destination, found, run), SetupOutcome::Failed);
-  EXPECT_FALSE(fs::exists(t.editor / "half.exe"));
-  EXPECT_TRUE(fs::exists(t.editor / "tomb4.exe"));
+  for (const auto& [name, bytes] : mine) EXPECT_EQ(ReadFile(t.editor / name), bytes) << name;
+  for (const char* gone :
+       {"half.exe", "graphics/wads/setup.wad", "data/TITLE.TR4", "maps/TUT1.PRJ"})
+    EXPECT_FALSE(fs::exists(t.editor / gone)) << gone;
+  EXPECT_EQ(ReadFile(t.editor / "data/title.tr4"), EditorFileContent("data/title.tr4"));
   EXPECT_FALSE(fs::exists(t.Path("home/setup_collect")));
 }
 

@@ -7,6 +7,7 @@
 #include <string>
 #include <vector>
 
+#include "archive/standard_files.h"
 #include "archive/text_ids.h"
 #include "foundation/services/log.h"
 #include "play/activation.h"
@@ -196,7 +197,9 @@ TEST(Play, RemovingTheActiveLevelTakesItOutOfTheEditorFolderFirst) {
   WriteBytes(f.editor / "savegame.4", "Beta's slot 4");
   RefreshLevelList(*f.main);
   f.Choose("Beta (*)");
+  ASSERT_TRUE(EnsureStandardFilesPackage(f.program));
   f.ui.Answer(msg::kYes, "the level \"Beta\" ?");
+  f.ui.Answer(msg::kOk, "is restored");
   f.ui.Answer(msg::kNo, "delete its files");
   f.main->mnu_RemoveLevel.Click();
   EXPECT_EQ(GetActiveLevelCode(f.program), 0);

@@ -1,0 +1,236 @@
+#include "archive/archive_maintenance.h"
+
+#include <charconv>
+#include <set>
+#include <system_error>
+
+#include "archive/catalogue_file.h"
+#include "archive/catalogue_ops.h"
+#include "archive/catalogue_sizes.h"
+#include "archive/editor_backup.h"
+#include "archive/level_store.h"
+#include "archive/text_ids.h"
+#include "foundation/dialogs/ask.h"
+#include "foundation/dialogs/dialog_progress.h"
+#include "foundation/dialogs/progress.h"
+#include "foundation/dialogs/shared_dialogs.h"
+#include "foundation/ports/ui.h"
+#include "foundation/program.h"
+#include "foundation/services/atomic_file.h"
+#include "foundation/services/drives.h"
+#include "foundation/services/files.h"
+#include "foundation/services/paths.h"
+#include "foundation/services/strings.h"
+#include "foundation/services/wildcard.h"
+
+namespace vardolin {
+namespace fs = std::filesystem;
+
+namespace {
+
+constexpr const char* kLineEnd = "\r\n";
+
+void ShowError(Program& p, const std::string& text) {
+  AskUser(p, text, msg::kError);
+}
+
+// The code behind the folder's prefix; false when anything but digits follows it.
+bool CodeOfFolder(const std::string& name, std::size_t prefix, std::int32_t& code) {
+  if (name.size() <= prefix || name.size() - prefix > 9) return false;
+  const char* first = name.data() + prefix;
+  const char* last = name.data() + name.size();
+  auto [end, ec] = std::from_chars(first, last, code);
+  return ec == std::errc() && end == last && code > 0;
+}
+
+bool SameFolder(const fs::path& a, const fs::path& b) {
+  std::error_code ec;
+  return fs::equivalent(a, b, ec) || fs::weakly_canonical(a, ec) == fs::weakly_canonical(b, ec);
+}
+
+Label* DialogLabel(Program& p) {
+  Dialog_Progress* d = ProgressDialog(p);
+  return d ? &d->Label_Info : nullptr;
+}
+ProgressBar* DialogBar(Program& p) {
+  Dialog_Progress* d = ProgressDialog(p);
+  return d ? &d->ProgressBar1 : nullptr;
+}
+
+}  // namespace
+
+bool HasCdLevels(const Program& program) {
+  return program.catalogue.header.CdCount >= 1;
+}
+
+void FaiFullBackup(Program& p, Label* label, ProgressBar* bar) {
+  const fs::path backup = EditorBackupFolder(p);
+  bool replace = false;
+  if (!p.prefs.FullBackupDone) {
+    replace = AskUser(p, p.GetText(text::FullBackupReplace), msg::kYesNo) == msg::kYes;
+    if (replace) ShowStatus(label, p.GetText(text::FullBackupDeleting2));
+  } else {
+    if (AskUser(p, p.GetText(text::FullBackupAgain, {kLineEnd, Trim(p.prefs.EditorFolder)}),
+                msg::kYesNo) != msg::kYes)
+      return;
+    replace = true;
+    ShowStatus(label, p.GetText(text::FullBackupDeleting));
+  }
+  if (!MakeFullBackup(p, replace, label, bar)) {
+    p.notify.LevelListChanged();
+    ShowError(p, p.GetText(text::FullBackupFailed) + backup.string());
+  }
+  ClearMainProgress(p);
+}
+
+bool MakeFullBackup(Program& p, bool replace, Label* label, ProgressBar* bar) {
+  ShowStatus(label, p.GetText(text::FullBackupCopying));
+  if (!replace) return MakeEditorBackup(p, true);
+  // The new copy is made beside the old one, which goes only once the new one stands: the safe
+  // copy is never missing.
+  const fs::path fresh = BackupSwapFolder(p, true);
+  DeleteLevelTree(p, fresh, label, bar);
+  const std::string kept = p.BackupFolder;
+  const bool was_full = p.prefs.FullBackupDone;
+  p.BackupFolder = fresh.string();
+  // A copy that isn't whole doesn't take the place of the backup that stands.
+  bool ok = MakeEditorBackup(p, true) && p.prefs.FullBackupDone;
+  p.BackupFolder = kept;
+  ok = ok && SwapInNewBackup(p);
+  if (!ok) {
+    DeleteLevelTree(p, fresh, label, bar);
+    p.prefs.FullBackupDone = was_full;
+  }
+  return ok;
+}
+
+RecoverResult RecoverArchive(Program& p, const fs::path& given) {
+  RecoverResult result;
+  SaveIfChanged(p);
+  std::error_code ec;
+  const std::string hd =
+      given.empty() ? p.ui().AskFolder(fs::current_path(ec).string(), p.GetText(text::RecoverTitle))
+                    : given.string();
+  if (hd.empty()) return result;
+  // Whether the levels lie on CDs too is asked with the level CDs; until then they don't.
+  const std::string pattern = WithoutLeadingSeparators(p.GetText(text::RecoverPattern));
+  const std::size_t prefix = pattern.size() - 1;  // the pattern is the prefix and '*'
+  std::vector<std::pair<std::int32_t, std::string>> found;
+  std::set<std::int32_t> codes;
+  for (const fs::path& folder : ListSubfolders(hd)) {
+    const std::string name = folder.filename().string();
+    if (!WildcardMatch(name, pattern)) continue;
+    std::int32_t code = 0;
+    if (!CodeOfFolder(name, prefix, code) || !codes.insert(code).second)
+      result.skipped.push_back(name);
+    else
+      found.emplace_back(code, name);
+  }
+  if (found.empty()) {
+    ShowError(p, p.GetText(text::RecoverNoLevels) + hd);
+    return result;
+  }
+  // The header's own flags (compression, MP3) stay as the open catalogue had them.
+  Catalogue& c = p.catalogue;
+  const LevelRecord base = c.levels.empty() ? BaseLevelRecord(p) : c.levels.front();
+  c.levels = {base};
+  c.header.MainDir = hd;
+  c.header.SecondaryDir = hd;
+  c.header.Version = 1;
+  c.header.TotalFilesSize = c.header.TotalUserSize = 0;
+  c.header.OnCd = false;
+  c.header.CdCount = 0;
+  for (std::size_t i = 0; i < found.size(); ++i) {
+    LevelRecord& r = c.levels.emplace_back();
+    r.Code = found[i].first;
+    r.Name = p.GetText(text::RecoverLevelName) + std::to_string(i + 1);
+  }
+  c.header.LevelCount = static_cast<std::int32_t>(c.levels.size());
+  p.prefs.LastArchive = FreeCatalogueName(p).string();
+  p.CatalogueDirty = true;
+  RecomputeAllSizes(p, true);
+  UpdateMainTitle(p);
+  p.notify.LevelListChanged();
+  if (!result.skipped.empty()) {
+    std::string names;
+    for (const std::string& name : result.skipped) names += kLineEnd + name;
+    AskUser(p, p.GetText(text::RecoverSkipped) + names, msg::kWarning);
+  }
+  result.done = true;
+  return result;
+}
+
+bool MoveArchive(Program& p, const fs::path& given) {
+  Catalogue& c = p.catalogue;
+  const bool cd = HasCdLevels(p);
+  const double need = c.header.TotalUserSize + (cd ? 0 : c.header.TotalFilesSize);
+  const fs::path old_folder = Trim(c.header.SecondaryDir);
+  std::error_code ec;
+  fs::path target;
+  for (;;) {
+    target =
+        given.empty()
+            ? fs::path(p.ui().AskFolder(fs::current_path(ec).string(), p.GetText(text::MoveTitle)))
+            : given;
+    if (target.empty()) return false;
+    std::string refusal;
+    if (SameFolder(target, old_folder)) {
+      refusal = p.GetText(text::MoveSameFolder) + target.string();
+    } else if (DiskFreeBytes(p.platform(), target) < need) {
+      std::string drive = DriveOfPath(p.platform(), target);
+      refusal = p.GetText(text::MoveNoRoom, {drive, FormatFileSize(need), kLineEnd});
+    }
+    if (refusal.empty()) break;
+    ShowError(p, refusal);
+    if (!given.empty()) return false;
+  }
+
+  ShowProgressDialog(p);
+  ShowStatus(DialogLabel(p), p.GetText(text::MoveCopying));
+  fs::create_directories(target, ec);
+  const std::size_t count = c.levels.size();
+  for (std::size_t i = 1; i < count; ++i) {
+    const std::int32_t code = c.levels[i].Code;
+    const fs::path from = HardDiskLevelFolder(p, code);
+    const fs::path to = JoinFragment(target, LevelFolderName(p, code));
+    if (!CopyFolderTree(p, from, to, false, true, false)) {
+      ShowError(p, p.GetText(text::MoveCopyFailed));
+      HideProgressDialog(p);
+      return false;
+    }
+    StepProgressDialog(p, static_cast<int>(i), static_cast<int>(count));
+  }
+
+  const CatalogueHeader before = c.header;
+  if (!cd) c.header.MainDir = target.string();
+  c.header.SecondaryDir = target.string();
+  ShowStatus(DialogLabel(p), p.GetText(text::MoveMakingFolders));
+  for (std::size_t i = 1; i < count; ++i) {
+    const fs::path level = HardDiskLevelFolder(p, c.levels[i].Code);
+    for (std::int32_t id : {text::MoveUserFolder1, text::MoveUserFolder2, text::MoveUserFolder3})
+      MakeFolder(JoinFragment(level, p.GetText(id)));
+  }
+  CatalogueChanged(p);
+  // The old folders go only once the catalogue on disk names the new ones.
+  const std::string file = p.prefs.LastArchive;
+  if (!file.empty() && (p.CatalogueDirty || !FileExists(file)) && !SaveCatalogueFile(p, file)) {
+    c.header = before;
+    HideProgressDialog(p);
+    ShowError(p, p.GetText(text::CatalogueSaveFailed) + file);
+    return false;
+  }
+  ShowStatus(DialogLabel(p), p.GetText(text::MoveDeleting));
+  for (std::size_t i = 1; i < count; ++i) {
+    const fs::path old_level = JoinFragment(old_folder, LevelFolderName(p, c.levels[i].Code));
+    FaultPoint("move-delete");
+    if (!DeleteLevelTree(p, old_level, DialogLabel(p), DialogBar(p)))
+      ShowError(p, p.GetText(text::MoveDeleteFailed) + old_level.string());
+  }
+  HideProgressDialog(p);
+  AskUser(p, p.GetText(text::MoveDone) + " \"" + target.string() + "\"" + kLineEnd,
+          msg::kInformation);
+  p.notify.LevelListChanged();
+  return true;
+}
+
+}  // namespace vardolin
