@@ -112,4 +112,8 @@ inline constexpr std::int32_t MsgBoxIgnore = 5091;
 // Start-up's own names.
 inline constexpr std::int32_t BackupFolderName = 5600;  // fragment "\backup_trle"
 
+// What a run that was killed left behind, cleared by the next one (log lines, the path follows).
+inline constexpr std::int32_t LeftoverRemoved = 9300;
+inline constexpr std::int32_t LeftoverSwapFinished = 9301;
+
 }  // namespace vardolin::text
