@@ -205,10 +205,12 @@ bool WriteMarker(const fs::path& path, const std::string& bytes, bool flush) {
 
 // Between two levels the marker names the base level as leaving: every level's play files are
 // in their play folders, and what play files stand in the editor folder are copies.
-bool MarkNoLevelIn(Program& program, const ActiveLevelTexts& texts) {
+// With `flush` the marker is on disk before the play files it says were saved are deleted.
+bool MarkNoLevelIn(Program& program, const ActiveLevelTexts& texts, bool flush) {
   const std::string head = FormatActiveLevelHead(texts, 0, LevelName(program, 0));
   return WriteMarker(ActiveLevelFilePath(program),
-                     WithMarkerState(texts, head, program.GetText(text::MarkerStateLeaving)), true);
+                     WithMarkerState(texts, head, program.GetText(text::MarkerStateLeaving)),
+                     flush);
 }
 
 // The base level back in the folder after a level left: its play files, saved when it left,
@@ -218,11 +220,12 @@ void BringBaseBack(Program& program, bool drop_marker) {
   const fs::path marker_path = ActiveLevelFilePath(program);
   const bool stood = FileExists(marker_path);
   const bool base = !stood || GetActiveLevelCode(program) == 0;
-  if (base)
-    CopyMatchingFiles(
-        program,
-        JoinFragment(GetLevelFolder(program, 0, false), program.GetText(text::PlayFolderBaseCopy)),
-        EditorFolderPath(program), true, "*");
+  if (base) {
+    const fs::path play =
+        JoinFragment(GetLevelFolder(program, 0, false), program.GetText(text::PlayFolderBaseCopy));
+    RecoverFolderSwap(play);
+    CopyMatchingFiles(program, play, EditorFolderPath(program), true, "*");
+  }
   if (stood && (base || drop_marker)) DeleteFileForced(marker_path);
 }
 
@@ -270,7 +273,7 @@ std::int32_t TakeOutCurrentLevel(Program& program, std::int32_t next_code, bool&
   if (!FileExists(marker_path)) {
     if (!SavePlayFiles(program, BasePlayFolder(program), kBasePlay)) return kLevelNotTakenOut;
     if (next_code == 0) return 0;
-    if (!MarkNoLevelIn(program, texts)) {
+    if (!MarkNoLevelIn(program, texts, true)) {
       ShowActivationError(program, program.GetText(text::MarkerNotCreated) + marker_path.string());
       return kLevelNotTakenOut;
     }
@@ -328,7 +331,8 @@ std::int32_t TakeOutCurrentLevel(Program& program, std::int32_t next_code, bool&
   }
   CleanEditorFolder(program);
   FaultPoint("activation-remove");
-  MarkNoLevelIn(program, texts);
+  // Lost to a crash of the machine, this leaves the level's own marker, which takes it out again.
+  MarkNoLevelIn(program, texts, false);
   return previous;
 }
 
@@ -381,8 +385,11 @@ bool PutLevelInTrle(Program& program, std::int32_t code) {
     }
   }
 
-  CopyMatchingFiles(program, JoinFragment(level_folder, program.GetText(text::PlayFolderIn)),
-                    editor, true, "*");
+  // A play folder that a kill left half replaced is put right before its files come in: the
+  // level's next leaving would otherwise save the editor's few over them.
+  const fs::path play_in = JoinFragment(level_folder, program.GetText(text::PlayFolderIn));
+  RecoverFolderSwap(play_in);
+  CopyMatchingFiles(program, play_in, editor, true, "*");
   if (code == 0) {
     BringBaseBack(program, true);
     return true;

@@ -36,7 +36,9 @@ UnfinishedWork::UnfinishedWork(const Program& program, LeftoverKind kind, const 
   fs::create_directories(folder, ec);
   note_ = folder / (std::to_string(::getpid()) + "-" + std::to_string(counter++) + ".txt");
   const std::string word = kind == LeftoverKind::kSwap ? kSwapWord : kDeleteWord;
-  if (!AtomicWriteFile(note_, word + "\n" + fs::absolute(path, ec).string(), true)) note_.clear();
+  // Not flushed: a killed program leaves the note behind all the same, and a swap noted here is
+  // also put right by the next replacement of the same folder.
+  if (!AtomicWriteFile(note_, word + "\n" + fs::absolute(path, ec).string(), false)) note_.clear();
 }
 
 UnfinishedWork::~UnfinishedWork() {
