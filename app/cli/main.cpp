@@ -16,6 +16,7 @@
 
 #include "activation_commands.h"
 #include "archive/catalogue_file.h"
+#include "archive/leftovers.h"
 #include "audio_commands.h"
 #include "catalogue_commands.h"
 #include "demo_home.h"
@@ -410,8 +411,11 @@ int main(int argc, char** argv) {
     return 1;
   }
   vardolin::InstallCatalogueHooks(program);
-  // What a command that was killed left in the home goes before this one changes anything.
-  if (changes_home) vardolin::RemoveExportLeftovers(program);
+  // Under the home's lock no other run is at work: whatever a killed one left can go now.
+  if (changes_home) {
+    vardolin::ClearLeftovers(program);
+    vardolin::RemoveExportLeftovers(program);
+  }
   const int rc = command.run(program);
   // Writing the settings first saves a changed catalogue, as leaving the program does. A reading
   // command leaves them alone: the window that may hold the home writes them.

@@ -19,7 +19,8 @@ int FindLevelIndex(const Catalogue& catalogue, std::int32_t code) {
 }
 
 std::int32_t NextLevelCode(const Catalogue& catalogue) {
-  std::int32_t highest = 0;
+  // An empty table's first record is the base level, code 0.
+  std::int32_t highest = -1;
   for (const LevelRecord& r : catalogue.levels)
     if (r.Code > highest) highest = r.Code;
   return highest + 1;

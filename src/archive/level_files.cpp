@@ -14,6 +14,7 @@
 #include "foundation/ports/ui.h"
 #include "foundation/program.h"
 #include "foundation/services/drives.h"
+#include "foundation/services/atomic_file.h"
 #include "foundation/services/files.h"
 #include "foundation/services/log.h"
 #include "foundation/services/paths.h"
@@ -142,6 +143,7 @@ bool PrepareLevelFiles(Program& program, const fs::path& files_folder, fs::path&
             zip.Refresh();
           }
           program.ui().DoEvents();
+          FaultPoint("level-expand");
         });
     if (failed < jobs.size()) {
       WriteLog(program, jobs[failed].first.string() + ": " + ZlResultName(why));

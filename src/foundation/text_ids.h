@@ -116,5 +116,8 @@ inline constexpr std::int32_t BackupFolderName = 5600;  // fragment "\backup_trl
 inline constexpr std::int32_t ExportTargetOwnData = 9400;  // the path follows
 inline constexpr std::int32_t ExportTargetReplace = 9401;  // ~1 the file
 inline constexpr std::int32_t ExportTargetLink = 9402;     // ~1 the link, ~2 where it leads
+// What a run that was killed left behind, cleared by the next one (log lines, the path follows).
+inline constexpr std::int32_t LeftoverRemoved = 9300;
+inline constexpr std::int32_t LeftoverSwapFinished = 9301;
 
 }  // namespace vardolin::text

@@ -1,6 +1,7 @@
 #include "intake/add_level.h"
 
 #include <filesystem>
+#include <optional>
 
 #include "archive/catalogue_file.h"
 #include "archive/catalogue_ops.h"
@@ -12,6 +13,7 @@
 #include "foundation/services/files.h"
 #include "foundation/services/paths.h"
 #include "foundation/services/strings.h"
+#include "foundation/services/unfinished_work.h"
 #include "intake/dialog_new_level.h"
 #include "intake/store_level.h"
 #include "intake/text_ids.h"
@@ -36,6 +38,10 @@ std::optional<std::int32_t> AddLevel(Program& program, const std::string& packag
   ProgressBar* bar = program.main.bar;
   if (!folder.empty() && FolderExists(folder)) DeleteLevelTree(program, folder, info, bar);
   ClearMainProgress(program);
+  // Until the level enters the table its folder is the add's own: a kill leaves it to the next
+  // run's clean-up.
+  std::optional<UnfinishedWork> unfinished;
+  if (!folder.empty()) unfinished.emplace(program, LeftoverKind::kDelete, folder);
   if (folder.empty() || !CreateLevelFolders(program, folder)) {
     AskUser(program,
             program.GetText(text::CannotMakeLevelFolders) + Trim(c.header.SecondaryDir) + "]",
@@ -70,6 +76,7 @@ std::optional<std::int32_t> AddLevel(Program& program, const std::string& packag
   const double files = added.FilesSize, user = added.UserSize;
   added.FilesSize = added.UserSize = 0;
   c.levels.push_back(added);
+  unfinished.reset();
   const int index = static_cast<int>(c.levels.size()) - 1;
   AddSizeToCatalogue(c, files, index, SizeKind::Files);
   AddSizeToCatalogue(c, user, index, SizeKind::User);

@@ -127,7 +127,9 @@ class Dialog_NewLevel : public Form {
   void TakeTravellingProgram();
   void ShowSizes();
   bool PassesChecks();
-  void StoreFiles();
+  // False, after telling the user, when the store couldn't take the files: it keeps what it
+  // held, and the work folder stays for the user to try again or give up.
+  bool StoreFiles();
   void UpdateSizes();
   void DeleteTemporaryFolder(std::int32_t message);
   void Close(bool ok);

@@ -154,7 +154,7 @@ void Dialog_NewLevel::Done() {
   DeleteFileForced(ResolveCase(JoinFragment(WorkFolder, p.GetText(text::JunkFile1))));
   DeleteFileForced(ResolveCase(JoinFragment(WorkFolder, p.GetText(text::JunkFile2))));
 
-  if (FolderChanged() && r.CdNumber == 0) StoreFiles();
+  if (FolderChanged() && r.CdNumber == 0 && !StoreFiles()) return;
   DeleteTemporaryFolder(text::RemovingTemporaryFolder);
   Close(true);
 }
@@ -194,35 +194,41 @@ bool Dialog_NewLevel::ConvertAudioFiles(bool force, bool keepSources) {
   return true;
 }
 
-void Dialog_NewLevel::StoreFiles() {
+bool Dialog_NewLevel::StoreFiles() {
   Program& p = program();
   LevelRecord& r = Record();
   const fs::path level = HardDiskLevelFolder(p, r.Code);
   FilesFolder = JoinFragment(level, p.GetText(text::StoredFilesFolder));
   const CatalogueHeader& h = p.catalogue.header;
-  bool plain = true;
+  // Whether the files go in as they are, and whether the level-file list is still to be written:
+  // the packed store writes its own once it stands.
+  bool plain = true, list_due = true;
   if (h.CompressFiles || h.WavInMp3) {
     Label_Info.SetCaption(p.GetText(text::StoringPacked));
     Refresh();
-    plain = false;
+    plain = list_due = false;
     if (!StoreCompressedLevel(p, WorkFolder, r, ZlibTool1, &Label_Info, &ProgressBar1) &&
         AskUser(p, p.GetText(text::StorePlainQuestion), msg::kYesNo) == msg::kYes) {
       Label_Info.SetCaption(p.GetText(text::CopyingFiles));
       plain = WorkFolderIsTemporary;
+      list_due = true;
     }
-  } else {
-    const LevelFileList list = BuildLevelFileList(p, WorkFolder);
-    if (!list.empty()) WriteLevelFileList(p, r.Code, list);
   }
   if (plain && WorkFolderIsTemporary) {
     Label_Info.SetCaption(p.GetText(text::StoringPlain));
     Refresh();
-    MakeFolder(FilesFolder);
-    DeleteMatchingFiles(FilesFolder, "*");
-    for (const fs::path& f : ListFiles(WorkFolder, "*"))
-      CopyFileOver(f, FilesFolder / f.filename());
+    if (!ReplaceStoredFiles(p, WorkFolder, FilesFolder)) {
+      Label_Info.SetCaption({});
+      AskUser(p, p.GetText(text::StoreKeptOldFiles, {FilesFolder.string()}), msg::kError);
+      return false;
+    }
+  }
+  if (list_due) {
+    const LevelFileList list = BuildLevelFileList(p, WorkFolder);
+    if (!list.empty()) WriteLevelFileList(p, r.Code, list);
   }
   UpdateSizes();
+  return true;
 }
 
 void Dialog_NewLevel::UpdateSizes() {

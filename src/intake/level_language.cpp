@@ -144,14 +144,25 @@ bool RestoreLevelLanguage(Program& p, const fs::path& folder, std::string& messa
   }
   const std::size_t suffix = p.GetText(text::LanguageSuffix).size();
   std::string forced;
+  fs::path forced_file;
   for (const fs::path& f : aside) {
     const std::string own = f.filename().string().substr(0, f.filename().string().size() - suffix);
-    const fs::path standing = FindLanguageFile(p, folder, LanguageName(p, own));
-    if (standing.empty()) continue;
+    forced_file = FindLanguageFile(p, folder, LanguageName(p, own));
+    if (forced_file.empty()) continue;
     forced = LanguageName(p, own);
-    DeleteFileForced(standing);
     break;
   }
+  // Only the forced copy may make room: any other file under a set-aside file's name is the
+  // user's, and both stay, before anything was moved.
+  for (const fs::path& f : aside) {
+    const std::string name = f.filename().string();
+    const fs::path standing = ResolveCase(folder / name.substr(0, name.size() - suffix));
+    if (FileExists(standing) && standing != ResolveCase(forced_file)) {
+      message = p.GetText(text::LanguageRestoreRenameFailed) + "'" + name + "'";
+      return false;
+    }
+  }
+  if (!forced_file.empty()) DeleteFileForced(forced_file);
   fs::path restored;
   for (const fs::path& f : aside) {
     const std::string name = f.filename().string();

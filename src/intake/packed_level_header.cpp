@@ -92,7 +92,8 @@ bool IsSavegameName(const Program& program, std::string_view path, bool anyFolde
   }
   if (!EqualsNoCase(ExtractBaseName(path), program.GetText(text::SavegameBaseName))) return false;
   const std::string extension = ExtractExtension(path);
-  if (extension.size() < 2 || extension.size() > 3) return false;
+  // The slot number may come zero-padded to three digits (savegame.014).
+  if (extension.size() < 2 || extension.size() > 4) return false;
   const std::string number = extension.substr(1);
   for (char c : number)
     if (!IsDigit(c)) return false;

@@ -43,10 +43,14 @@ bool RemoveLevel(Program& program, std::optional<std::int32_t> chosen, Label* la
     return false;
   // The level leaves the editor folder before its record goes, so that the marker never names a
   // level the archive has lost; no level is coming, so the folder is cleaned.
-  const bool active = code == GetActiveLevelCode(program);
-  if (active && RemoveCurrentLevel(program, -1) == kEditorFolderInUse) return false;
-  // What the level may have left beyond its own list (an installer's files) goes too.
-  if (active) RestoreEditorConfiguration(program, label, bar, false);
+  if (code == GetActiveLevelCode(program)) {
+    if (RemoveCurrentLevel(program, -1) == kEditorFolderInUse) return false;
+    // A file of the level that wouldn't go (the user was told) keeps the marker naming it: the
+    // record stays, so that a later activation can still take the rest out.
+    if (GetActiveLevelCode(program) == code) return false;
+    // What the level may have left beyond its own list (an installer's files) goes too.
+    RestoreEditorConfiguration(program, label, bar, false);
+  }
   const std::filesystem::path folder = GetLevelFolder(program, code, false);
   const double files_size = catalogue.levels[index].FilesSize;
   const double user_size = catalogue.levels[index].UserSize;

@@ -5,6 +5,7 @@
 #include <utility>
 #include <vector>
 
+#include "archive/level_files.h"
 #include "archive/level_store.h"
 #include "audio/dialog_converti_mp3.h"
 #include "audio/wave_header.h"
@@ -16,9 +17,11 @@
 #include "foundation/ports/ui.h"
 #include "foundation/program.h"
 #include "foundation/services/files.h"
+#include "foundation/services/folder_swap.h"
 #include "foundation/services/paths.h"
 #include "foundation/services/pe_version.h"
 #include "foundation/services/strings.h"
+#include "foundation/services/unfinished_work.h"
 #include "intake/level_file_list.h"
 #include "intake/text_ids.h"
 #include "web/dialog_zip.h"
@@ -33,14 +36,21 @@ namespace {
 
 constexpr int kLoadPictureQuality = 90;
 
-// Empties `target` of files and copies every file of `source` there.
-bool ReplaceFolderFiles(const fs::path& source, const fs::path& target) {
-  MakeFolder(target);
-  if (!DeleteMatchingFiles(target, "*")) return false;
-  for (const fs::path& f : ListFiles(source, "*"))
-    if (!CopyFileOver(f, target / f.filename())) return false;
-  return true;
+}  // namespace
+
+bool ReplaceStoredFiles(Program& program, const fs::path& source, const fs::path& target) {
+  UnfinishedWork note(program, LeftoverKind::kSwap, target);
+  return ReplaceFolderWhole(target, [&](const fs::path& staging) {
+    // A media level's store sub-folder isn't part of the files being replaced: it comes along.
+    for (const fs::path& sub : ListSubfolders(target))
+      if (!CopyLevelTree(sub, staging / sub.filename())) return false;
+    for (const fs::path& f : ListFiles(source, "*"))
+      if (!CopyFileOver(f, staging / f.filename(), "store-copy")) return false;
+    return true;
+  });
 }
+
+namespace {
 
 std::vector<long long> VersionParts(const std::string& version) {
   std::vector<long long> parts;
@@ -73,8 +83,12 @@ bool StoreCompressedLevel(Program& program, const fs::path& source, const LevelR
                                ToLower(program.GetText(text::NeverPacked3))};
   const std::string packed = ToLower(program.GetText(text::PackedSuffixThree));
 
+  // Built before packing changes the names, written once the store holds what it lists.
   const LevelFileList list = BuildLevelFileList(program, source);
-  if (!list.empty()) WriteLevelFileList(program, level.Code, list);
+  const auto stored = [&] {
+    if (!list.empty()) WriteLevelFileList(program, level.Code, list);
+    return true;
+  };
   const fs::path level_folder = GetLevelFolder(program, level.Code, true);
   if (level_folder.empty()) return false;
   const fs::path target = JoinFragment(level_folder, program.GetText(text::StoredFolder));
@@ -84,7 +98,7 @@ bool StoreCompressedLevel(Program& program, const fs::path& source, const LevelR
   if (level.Code == 0) {
     if (!same) {
       ShowStatus(label, program.GetText(text::StoringBaseLevel));
-      ReplaceFolderFiles(source, target);
+      if (ReplaceStoredFiles(program, source, target)) stored();
     }
     return false;
   }
@@ -106,8 +120,8 @@ bool StoreCompressedLevel(Program& program, const fs::path& source, const LevelR
   }
 
   if (!program.catalogue.header.CompressFiles) {
-    if (!same && !ReplaceFolderFiles(source, target)) return false;
-    return true;
+    if (!same && !ReplaceStoredFiles(program, source, target)) return false;
+    return stored();
   }
 
   const fs::path load_bitmap = JoinFragment(source, program.GetText(text::LoadBitmapInFolder));
@@ -149,8 +163,8 @@ bool StoreCompressedLevel(Program& program, const fs::path& source, const LevelR
   }
   if (bar) bar->SetValue(0);
   ShowStatus(label, program.GetText(text::CopyingPackedFiles));
-  if (!same && !ReplaceFolderFiles(source, target)) return false;
-  return true;
+  if (!same && !ReplaceStoredFiles(program, source, target)) return false;
+  return stored();
 }
 
 int CompareFileVersions(const fs::path& a, const fs::path& b) {

@@ -18,6 +18,12 @@ struct LevelRecord;
 // Removes the level's whole folder from the store, with the phases on `label` and `bar`.
 bool DeleteLevelFolders(Program& program, std::int32_t code, Label* label, ProgressBar* bar);
 
+// The files of `target` replaced by those of `source`, its sub-folders kept: the new folder is
+// built beside the old one and swapped in only when whole, so a full disk or a kill leaves the
+// store as it was.
+bool ReplaceStoredFiles(Program& program, const std::filesystem::path& source,
+                        const std::filesystem::path& target);
+
 // Stores the files of `source` as the level's packed files folder: the level-file list written,
 // the loading picture turned into a JPEG, every other file packed into a `.zl` beside it (files
 // already packed, those with the never-packed extensions and the more-info file stay as they

@@ -105,6 +105,7 @@ inline constexpr std::int32_t StoringPacked = 628;
 inline constexpr std::int32_t StorePlainQuestion = 629;
 inline constexpr std::int32_t CopyingFiles = 630;
 inline constexpr std::int32_t StoringPlain = 631;
+inline constexpr std::int32_t StoreKeptOldFiles = 9302;  // ~1 the store's folder
 inline constexpr std::int32_t UserSizeFolder1 = 632;
 inline constexpr std::int32_t UserSizeFolder2 = 633;
 inline constexpr std::int32_t UserSizeFolder3 = 634;

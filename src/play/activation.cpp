@@ -14,9 +14,11 @@
 #include "foundation/program.h"
 #include "foundation/services/atomic_file.h"
 #include "foundation/services/files.h"
+#include "foundation/services/folder_swap.h"
 #include "foundation/services/paths.h"
 #include "foundation/services/safe_join.h"
 #include "foundation/services/strings.h"
+#include "foundation/services/unfinished_work.h"
 #include "play/active_level.h"
 #include "play/active_level_file.h"
 #include "play/text_ids.h"
@@ -58,6 +60,7 @@ ActiveLevelTexts MarkerTexts(const Program& program) {
   t.name_key = program.GetText(text::MarkerNameKey);
   t.replaced_key = program.GetText(text::MarkerReplacedKey);
   t.files_key = program.GetText(text::MarkerFilesKey);
+  t.state_key = program.GetText(text::MarkerStateKey);
   return t;
 }
 
@@ -72,24 +75,49 @@ void ClearReadOnlyFile(const fs::path& file) {
   fs::permissions(file, fs::perms::owner_write, fs::perm_options::add, ec);
 }
 
-// Saves play files into `folder` and takes them out of the editor folder.
-void MovePlayFiles(Program& program, const fs::path& folder, std::int32_t keep,
-                   std::int32_t remove) {
-  const fs::path editor = EditorFolderPath(program);
-  CopyMatchingFiles(program, editor, folder, true, WithoutLeadingSeparators(program.GetText(keep)));
-  DeleteMatchingFiles(editor, WithoutLeadingSeparators(program.GetText(remove)));
+// The play files of a level (or of the base level): the patterns saved into its play folder, and
+// those then deleted from the editor folder.
+struct PlayPatterns {
+  std::int32_t keep[3];
+  std::int32_t remove[3];
+};
+constexpr PlayPatterns kBasePlay{
+    {text::BasePlayKeep1, text::BasePlayKeep2, text::BasePlayKeep3},
+    {text::BasePlayDelete1, text::BasePlayDelete2, text::BasePlayDelete3}};
+constexpr PlayPatterns kLevelPlay{
+    {text::LevelPlayKeep1, text::LevelPlayKeep2, text::LevelPlayKeep3},
+    {text::LevelPlayDelete1, text::LevelPlayDelete2, text::LevelPlayDelete3}};
+
+fs::path BasePlayFolder(Program& program) {
+  return JoinFragment(GetLevelFolder(program, 0, false), program.GetText(text::PlayFolderBaseOut));
 }
 
-// The base level is in the folder: its play files go to its play folder.
-void SaveBasePlayFiles(Program& program) {
-  const fs::path folder =
-      JoinFragment(GetLevelFolder(program, 0, false), program.GetText(text::PlayFolderBaseOut));
-  std::error_code ec;
-  fs::create_directories(folder, ec);
-  DeleteMatchingFiles(folder, "*");
-  MovePlayFiles(program, folder, text::BasePlayKeep1, text::BasePlayDelete1);
-  MovePlayFiles(program, folder, text::BasePlayKeep2, text::BasePlayDelete2);
-  MovePlayFiles(program, folder, text::BasePlayKeep3, text::BasePlayDelete3);
+// The play folder is replaced whole by copies of the editor's play files, so it never stands
+// emptied while its savegames aren't safely elsewhere; the editor's own copies go only once the
+// marker says they were saved.
+bool SavePlayFiles(Program& program, const fs::path& play, const PlayPatterns& patterns) {
+  const fs::path editor = EditorFolderPath(program);
+  UnfinishedWork note(program, LeftoverKind::kSwap, play);
+  const bool saved = ReplaceFolderWhole(play, [&](const fs::path& staging) {
+    for (const fs::path& sub : ListSubfolders(play))
+      if (!CopyLevelTree(sub, staging / sub.filename())) return false;
+    for (std::int32_t id : patterns.keep)
+      for (const fs::path& f : ListFiles(editor, WithoutLeadingSeparators(program.GetText(id))))
+        if (!CopyFileOver(f, staging / f.filename(), "activation-play")) return false;
+    return true;
+  });
+  if (!saved)
+    ShowActivationError(program, program.GetText(text::PlayFilesNotSaved, {play.string()}));
+  return saved;
+}
+
+void DeletePlayFiles(Program& program, const PlayPatterns& patterns) {
+  const fs::path editor = EditorFolderPath(program);
+  for (std::int32_t id : patterns.remove)
+    for (const fs::path& f : ListFiles(editor, WithoutLeadingSeparators(program.GetText(id)))) {
+      FaultPoint("activation-remove");
+      DeleteFileForced(f);
+    }
 }
 
 // Where a file of the backup goes back to: the place the marker names, under the backup's own
@@ -175,6 +203,32 @@ bool WriteMarker(const fs::path& path, const std::string& bytes, bool flush) {
   return AtomicWriteFile(path, bytes, flush);
 }
 
+// Between two levels the marker names the base level as leaving: every level's play files are
+// in their play folders, and what play files stand in the editor folder are copies.
+// With `flush` the marker is on disk before the play files it says were saved are deleted.
+bool MarkNoLevelIn(Program& program, const ActiveLevelTexts& texts, bool flush) {
+  const std::string head = FormatActiveLevelHead(texts, 0, LevelName(program, 0));
+  return WriteMarker(ActiveLevelFilePath(program),
+                     WithMarkerState(texts, head, program.GetText(text::MarkerStateLeaving)),
+                     flush);
+}
+
+// The base level back in the folder after a level left: its play files, saved when it left,
+// come back before the marker that says where they are goes. A marker that still names a level
+// (its store folder was gone) goes only with `drop_marker`.
+void BringBaseBack(Program& program, bool drop_marker) {
+  const fs::path marker_path = ActiveLevelFilePath(program);
+  const bool stood = FileExists(marker_path);
+  const bool base = !stood || GetActiveLevelCode(program) == 0;
+  if (base) {
+    const fs::path play =
+        JoinFragment(GetLevelFolder(program, 0, false), program.GetText(text::PlayFolderBaseCopy));
+    RecoverFolderSwap(play);
+    CopyMatchingFiles(program, play, EditorFolderPath(program), true, "*");
+  }
+  if (stood && (base || drop_marker)) DeleteFileForced(marker_path);
+}
+
 // The editor's language file: the first of its .dat files that isn't the script file.
 std::string EditorLanguageFile(Program& program) {
   const std::string script = program.GetText(text::ScriptNameLanguageStep);
@@ -204,16 +258,31 @@ bool RefusedWhileGameRuns(Program& program) {
 
 namespace {
 
-// RemoveCurrentLevel without telling the window, so that an activation tells it once.
-std::int32_t TakeOutCurrentLevel(Program& program, std::int32_t next_code) {
+// What TakeOutCurrentLevel gives when the level's play files couldn't be saved: nothing moved.
+constexpr std::int32_t kLevelNotTakenOut = -3;
+
+// RemoveCurrentLevel without telling the window, so that an activation tells it once. Unless the
+// level stays (`stayed`: it is the next one and stands whole), the marker names the base level as
+// leaving afterwards (MarkNoLevelIn).
+std::int32_t TakeOutCurrentLevel(Program& program, std::int32_t next_code, bool& stayed) {
+  stayed = false;
   // The game reads and writes the editor folder while it runs: nothing may move there then.
   if (RefusedWhileGameRuns(program)) return kEditorFolderInUse;
+  const ActiveLevelTexts texts = MarkerTexts(program);
   const fs::path marker_path = ActiveLevelFilePath(program);
   if (!FileExists(marker_path)) {
-    SaveBasePlayFiles(program);
+    if (!SavePlayFiles(program, BasePlayFolder(program), kBasePlay)) return kLevelNotTakenOut;
+    if (next_code == 0) return 0;
+    if (!MarkNoLevelIn(program, texts, true)) {
+      ShowActivationError(program, program.GetText(text::MarkerNotCreated) + marker_path.string());
+      return kLevelNotTakenOut;
+    }
+    DeletePlayFiles(program, kBasePlay);
     return 0;
   }
   const std::string marker = ReadWholeFile(marker_path);
+  const std::string state = ReadMarkerField(marker, texts.state_key);
+  const bool leaving = EqualsNoCase(state, program.GetText(text::MarkerStateLeaving));
   std::int32_t previous = -1;
   fs::path folder;
   if (!marker.empty()) {
@@ -229,7 +298,9 @@ std::int32_t TakeOutCurrentLevel(Program& program, std::int32_t next_code) {
       }
     }
   }
-  if (previous == next_code) return previous;
+  // A level that got only part of its files in (a kill, a full disk) is taken out and put in anew.
+  stayed = previous == next_code && EqualsNoCase(state, program.GetText(text::MarkerStateComplete));
+  if (stayed) return previous;
 
   if (previous < 0 || folder.empty()) {
     // A marker that names no level can't say what to take out; the root is swept below.
@@ -237,20 +308,21 @@ std::int32_t TakeOutCurrentLevel(Program& program, std::int32_t next_code) {
       ShowActivationError(program, program.GetText(text::MarkerWithoutLevel,
                                                    {"\"" + marker_path.string() + "\"", kLineEnd}));
   } else {
-    SaveMediaFiles(program, JoinFragment(folder, program.GetText(text::MediaFilesFolder)));
-    const fs::path play = JoinFragment(folder, program.GetText(text::PlayFolderOut));
-    std::error_code ec;
-    fs::create_directories(play, ec);
-    if (!DeleteMatchingFiles(play, "*")) {
-      ShowActivationError(program, program.GetText(text::PlayFilesNotSaved, {play.string()}));
-      return 0;
+    if (!leaving) {
+      SaveMediaFiles(program, JoinFragment(folder, program.GetText(text::MediaFilesFolder)));
+      const fs::path play = JoinFragment(folder, program.GetText(text::PlayFolderOut));
+      if (!SavePlayFiles(program, play, previous == 0 ? kBasePlay : kLevelPlay))
+        return kLevelNotTakenOut;
+      // From here the play files in the editor folder are copies: a kill must not save them again.
+      if (!WriteMarker(marker_path,
+                       WithMarkerState(texts, marker, program.GetText(text::MarkerStateLeaving)),
+                       true)) {
+        ShowActivationError(program,
+                            program.GetText(text::MarkerNotCreated) + marker_path.string());
+        return kLevelNotTakenOut;
+      }
     }
-    const std::int32_t triples[3][3] = {
-        {text::LevelPlayFolder1, text::LevelPlayKeep1, text::LevelPlayDelete1},
-        {text::LevelPlayFolder2, text::LevelPlayKeep2, text::LevelPlayDelete2},
-        {text::LevelPlayFolder3, text::LevelPlayKeep3, text::LevelPlayDelete3}};
-    for (const auto& t : triples)
-      MovePlayFiles(program, JoinFragment(folder, program.GetText(t[0])), t[1], t[2]);
+    DeletePlayFiles(program, previous == 0 ? kBasePlay : kLevelPlay);
     const std::string files_key = ToLower(program.GetText(text::MarkerFilesReadKey));
     if (previous != 0 && ToLower(marker).find(files_key) == std::string::npos)
       RemoveUnlistedLevelFiles(program, previous);
@@ -259,31 +331,18 @@ std::int32_t TakeOutCurrentLevel(Program& program, std::int32_t next_code) {
   }
   CleanEditorFolder(program);
   FaultPoint("activation-remove");
-  DeleteFileForced(marker_path);
+  // Lost to a crash of the machine, this leaves the level's own marker, which takes it out again.
+  MarkNoLevelIn(program, texts, false);
   return previous;
-}
-
-// A failed activation leaves the base level in the folder: its play files, kept aside when the
-// previous level was taken out, come back, or the next removal would empty their folder.
-bool BackToBase(Program& program) {
-  if (!FileExists(ActiveLevelFilePath(program)))
-    CopyMatchingFiles(
-        program,
-        JoinFragment(GetLevelFolder(program, 0, false), program.GetText(text::PlayFolderBaseCopy)),
-        EditorFolderPath(program), true, "*");
-  return false;
 }
 
 bool PutLevelInTrle(Program& program, std::int32_t code) {
   const fs::path editor = EditorFolderPath(program);
-  const std::int32_t previous = TakeOutCurrentLevel(program, code);
-  if (previous == kEditorFolderInUse) return false;
-  if (previous == code) {
-    if (code == 0)
-      CopyMatchingFiles(program,
-                        JoinFragment(GetLevelFolder(program, 0, false),
-                                     program.GetText(text::PlayFolderBaseCopy)),
-                        editor, true, "*");
+  bool stayed = false;
+  const std::int32_t previous = TakeOutCurrentLevel(program, code, stayed);
+  if (previous == kEditorFolderInUse || previous == kLevelNotTakenOut) return false;
+  if (previous == code && (code == 0 || stayed)) {
+    if (code == 0) BringBaseBack(program, false);
     return true;
   }
   const fs::path marker_path = ActiveLevelFilePath(program);
@@ -295,7 +354,8 @@ bool PutLevelInTrle(Program& program, std::int32_t code) {
     const fs::path files = GetLevelFilesFolder(program, code, true);
     if (program.CdRefused) {
       ShowActivationError(program, program.GetText(text::LevelCdRefused));
-      return BackToBase(program);
+      BringBaseBack(program, false);
+      return false;
     }
     // A level without its files folder (or without any folder) is incomplete, as one that lacks
     // a file is: the question that offers the repair says what is missing.
@@ -306,8 +366,8 @@ bool PutLevelInTrle(Program& program, std::int32_t code) {
       missing = FolderExists(files.parent_path()) ? files : files.parent_path();
     if (missing.empty() && !PrepareLevelFiles(program, files, temporary)) {
       ShowActivationError(program, program.GetText(text::LevelFilesNotReady, {files.string()}));
-      DeleteFileForced(marker_path);
-      return BackToBase(program);
+      BringBaseBack(program, true);
+      return false;
     }
     source = temporary.empty() ? ResolveCase(files) : temporary;
     const std::string complete = program.GetText(text::CompleteLevelFile);
@@ -315,20 +375,23 @@ bool PutLevelInTrle(Program& program, std::int32_t code) {
       missing = JoinFragment(ResolveCase(files), complete);
     if (!missing.empty()) {
       if (!temporary.empty()) DeleteLevelTree(program, temporary, nullptr, nullptr);
-      DeleteFileForced(marker_path);
+      BringBaseBack(program, true);
       if (AskUser(program,
                   program.GetText(text::LevelIncompleteAsk,
                                   {kLineEnd, kLineEnd, "\"" + missing.string() + "\""}),
                   msg::kYesNo) == msg::kYes)
         ShowActivationError(program, program.GetText(text::RepairNotAvailable));
-      return BackToBase(program);
+      return false;
     }
   }
 
-  CopyMatchingFiles(program, JoinFragment(level_folder, program.GetText(text::PlayFolderIn)),
-                    editor, true, "*");
+  // A play folder that a kill left half replaced is put right before its files come in: the
+  // level's next leaving would otherwise save the editor's few over them.
+  const fs::path play_in = JoinFragment(level_folder, program.GetText(text::PlayFolderIn));
+  RecoverFolderSwap(play_in);
+  CopyMatchingFiles(program, play_in, editor, true, "*");
   if (code == 0) {
-    DeleteFileForced(marker_path);
+    BringBaseBack(program, true);
     return true;
   }
 
@@ -339,7 +402,8 @@ bool PutLevelInTrle(Program& program, std::int32_t code) {
   if (!WriteMarker(marker_path, head, true)) {
     if (!temporary.empty()) DeleteLevelTree(program, temporary, nullptr, nullptr);
     ShowActivationError(program, program.GetText(text::MarkerNotCreated) + marker_path.string());
-    return BackToBase(program);
+    BringBaseBack(program, false);
+    return false;
   }
 
   std::vector<fs::path> sources;
@@ -411,7 +475,11 @@ bool PutLevelInTrle(Program& program, std::int32_t code) {
     }
   }
 
-  WriteMarker(marker_path, head + FormatActiveLevelLists(marker_texts, replaced, copied), false);
+  // Only a level whose every file came in is complete: any other is put in anew when asked for.
+  std::string lists = head + FormatActiveLevelLists(marker_texts, replaced, copied);
+  if (!copy_failed)
+    lists = WithMarkerState(marker_texts, lists, program.GetText(text::MarkerStateComplete));
+  WriteMarker(marker_path, lists, false);
   if (!temporary.empty()) DeleteLevelTree(program, temporary, nullptr, nullptr);
   if (copy_failed) {
     ShowActivationError(program, program.GetText(text::LevelFileNotCopied,
@@ -425,8 +493,14 @@ bool PutLevelInTrle(Program& program, std::int32_t code) {
 }  // namespace
 
 std::int32_t RemoveCurrentLevel(Program& program, std::int32_t next_code) {
-  const std::int32_t previous = TakeOutCurrentLevel(program, next_code);
-  if (previous != kEditorFolderInUse) program.notify.LevelListChanged();
+  bool stayed = false;
+  std::int32_t previous = TakeOutCurrentLevel(program, next_code, stayed);
+  if (previous == kEditorFolderInUse) return previous;
+  if (previous == kLevelNotTakenOut) previous = 0;
+  // No level is coming: the base level's play files come back, or the next activation would
+  // save an editor folder without them over them.
+  BringBaseBack(program, false);
+  program.notify.LevelListChanged();
   return previous;
 }
 

@@ -26,8 +26,9 @@ bool SetLevelInTrle(Program& program, std::int32_t code);
 // What RemoveCurrentLevel gives when a game runs: the folder is left as it is.
 inline constexpr std::int32_t kEditorFolderInUse = -2;
 // Takes out the level that stands in the editor folder, saving its play files in its play
-// folder. The code that stood there: 0 with no marker (the base level), -1 when the marker
-// names none; 0 also when a file of the level couldn't be deleted (the marker then stays).
+// folder, and brings the base level's play files back. The code that stood there: 0 with no
+// marker (the base level), -1 when the marker names none; 0 also when a file of the level
+// couldn't be deleted or its play files couldn't be saved (the marker then still names it).
 // While a game runs (GameRunning) nothing moves: the user is told and the result is
 // kEditorFolderInUse; SetLevelInTrle, and so every activation and reset, then gives false.
 std::int32_t RemoveCurrentLevel(Program& program, std::int32_t next_code);

@@ -48,6 +48,19 @@ std::string FormatActiveLevelLists(const ActiveLevelTexts& texts,
   return out;
 }
 
+std::string WithMarkerState(const ActiveLevelTexts& texts, std::string_view marker,
+                            std::string_view state) {
+  std::string out(marker);
+  const std::size_t at = ToLower(out).find(ToLower(texts.state_key));
+  if (at != std::string::npos) {
+    std::size_t end = out.find('#', at);
+    end = end == std::string::npos ? out.size() : end + 1;
+    if (out.compare(end, kLineEnd.size(), kLineEnd) == 0) end += kLineEnd.size();
+    out.erase(at, end - at);
+  }
+  return out + texts.state_key + std::string(state) + "#" + std::string(kLineEnd);
+}
+
 std::string ReadMarkerField(std::string_view marker, std::string_view key) {
   if (key.empty() || marker.size() < key.size()) return {};
   const std::size_t at = ToLower(marker).find(ToLower(key));

@@ -18,6 +18,7 @@ struct ActiveLevelTexts {
   std::string name_key;      // "Level name:"
   std::string replaced_key;  // "Replaced files:"
   std::string files_key;     // "Level files:"
+  std::string state_key;     // "Level state:"
 };
 
 // Lines 1 to 6: the notice, a blank line, the code as "0000" and the trimmed name, each field
@@ -29,6 +30,10 @@ std::string FormatActiveLevelHead(const ActiveLevelTexts& texts, std::int32_t co
 std::string FormatActiveLevelLists(const ActiveLevelTexts& texts,
                                    const std::vector<std::string>& replaced,
                                    const std::vector<std::string>& files);
+// The marker with its state line (key and value) set to `state`: a line that stood is replaced,
+// else the line is added at the end.
+std::string WithMarkerState(const ActiveLevelTexts& texts, std::string_view marker,
+                            std::string_view state);
 // The value behind `key` (case ignored) up to the next '#', trimmed; empty when the key is
 // absent or empty.
 std::string ReadMarkerField(std::string_view marker, std::string_view key);

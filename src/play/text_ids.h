@@ -20,6 +20,10 @@ inline constexpr std::int32_t MarkerReplacedKey = 1149;  // same as 1214
 inline constexpr std::int32_t MarkerFilesKey = 1150;     // same as 1209
 inline constexpr std::int32_t MarkerFilesReadKey = 1209;
 inline constexpr std::int32_t MarkerReplacedReadKey = 1214;
+// The marker's last line: how far the level's coming or going got, for the next run after a kill.
+inline constexpr std::int32_t MarkerStateKey = 9303;
+inline constexpr std::int32_t MarkerStateComplete = 9304;
+inline constexpr std::int32_t MarkerStateLeaving = 9305;
 inline constexpr std::int32_t MarkerFileNameWrite = 1183;  // fragment
 
 // Activation: folders and patterns (fragments).

@@ -245,7 +245,13 @@ bool RestoreArchivedSavegames(Program& program, std::int32_t code) {
     std::string title;
     const std::int32_t number = ReadSavegameHeader(program, file, title);
     const std::vector<std::int32_t> numbers = SaveNumbers(program, present);
-    if (std::find(numbers.begin(), numbers.end(), number) != numbers.end()) {
+    // The save number only counts the saves of one playthrough: another playthrough's savegame
+    // may carry the same number, so only the same bytes make it the same savegame.
+    bool same = false;
+    const std::string bytes = ReadWholeFile(file);
+    for (std::size_t i = 0; i < present.size() && !same; ++i)
+      same = numbers[i] == number && ReadWholeFile(present[i]) == bytes;
+    if (same) {
       // The same savegame stands in the slots already.
       DeleteSavegame(program, file);
       FaultPoint("savegame-restore");

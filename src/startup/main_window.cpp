@@ -1,6 +1,7 @@
 #include "startup/main_window.h"
 
 #include "archive/catalogue_file.h"
+#include "archive/leftovers.h"
 #include "foundation/dialogs/shared_dialogs.h"
 #include "foundation/program.h"
 #include "foundation/texts/text_catalogue.h"
@@ -20,6 +21,8 @@ void MainWindow::Form_Load() {
   // Start-up may stop before it chooses the panel; the window never shows both.
   ShowChosenPanel();
   InstallCatalogueHooks(program());
+  // The window holds the home's lock: whatever a killed run left can go now.
+  ClearLeftovers(program());
   StartUp(program(), PrefsLoad);
   HideSplash(program());
   program().notify.LevelListChanged();

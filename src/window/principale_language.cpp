@@ -37,7 +37,7 @@ void ChangeAllLevels(Principale& main, bool restore) {
   if (LanguageBackupMissing(p)) return;
   const int changed = ChangeLanguageOfAllLevels(p, restore, &main.Label_Info, &main.ProgressBar1);
   RefreshLevelList(main);
-  const int levels = static_cast<int>(p.catalogue.levels.size()) - 1;
+  const int levels = static_cast<int>(p.catalogue.levels.size());
   if (restore)
     AskUser(p, p.GetText(text::LanguageRestoreAllDone, {std::to_string(changed)}),
             msg::kInformation);

@@ -47,6 +47,18 @@ TEST(CatalogueSizes, RecomputeLeavesTheBaseLevelOutOfTheTotals) {
   EXPECT_EQ(ProgressDialog(f.program), nullptr);
 }
 
+TEST(CatalogueOps, NextLevelCodeFollowsTheHighestAndStartsAtTheBaseLevel) {
+  struct Case {
+    std::vector<std::int32_t> codes;
+    std::int32_t next;
+  } cases[] = {{{}, 0}, {{0}, 1}, {{0, 5, 3}, 6}};
+  for (const Case& c : cases) {
+    Catalogue catalogue;
+    for (std::int32_t code : c.codes) catalogue.levels.emplace_back().Code = code;
+    EXPECT_EQ(NextLevelCode(catalogue), c.next) << c.codes.size();
+  }
+}
+
 // The questions when an opened catalogue's folders are gone.
 struct FoldersFixture : ArchiveFixture {
   std::filesystem::path file = Path("cat.vdc");

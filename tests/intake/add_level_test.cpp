@@ -4,7 +4,12 @@
 
 #include <gtest/gtest.h>
 
+#include <signal.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
 #include <algorithm>
+#include <cstdlib>
 #include <filesystem>
 #include <functional>
 #include <optional>
@@ -12,9 +17,12 @@
 #include <vector>
 
 #include "archive/catalogue_ops.h"
+#include "archive/leftovers.h"
 #include "archive/level_store.h"
 #include "archive_writer.h"
 #include "audio_fixture.h"
+#include "foundation/services/files.h"
+#include "foundation/services/log.h"
 #include "intake/add_level.h"
 #include "intake/dialog_new_level.h"
 #include "intake/export_level.h"
@@ -138,6 +146,71 @@ TEST(AddLevel, ACancelPressedWhileDoneWorksIsNotTaken) {
   });
   ASSERT_TRUE(code && !f.ui.on_events);
   EXPECT_EQ(f.program.catalogue.levels.back().Name, "Keep");
+}
+
+TEST(AddLevel, AStoreThatCantTakeTheFilesKeepsWhatItHadAndTheWorkStays) {
+  struct Case {
+    const char* what;
+    int store_plain;  // the answer to "store them as they are?"
+    bool stays_open;
+  } cases[] = {{"stored as they are, which fails too: the form stays", msg::kYes, true},
+               {"not stored: the store keeps its files", msg::kNo, false}};
+  for (const Case& c : cases) {
+    SCOPED_TRACE(c.what);
+    AddFixture f;
+    f.program.catalogue.header.CompressFiles = true;
+    f.program.prefs.NoDecompress = false;
+    const fs::path files = f.Store(1) / "files";
+    for (const fs::path& file : ListFiles(files, "*")) {
+      testing::Pack(file, file.string() + ".zl");
+      fs::remove(file);
+    }
+    const auto stored = testing::Snapshot(f.Store(1));
+    f.ui.AllowAnyMessage();
+    f.ui.OnForm("Dialog_NewLevel", [&](Form& form) {
+      auto& d = static_cast<Dialog_NewLevel&>(form);
+      ASSERT_TRUE(d.WorkFolderIsTemporary);
+      testing::WriteBytes(d.WorkFolder / "walkthrough.txt", "the new file");
+      d.Pul_Refresh.Click();
+      f.ui.Answer(c.store_plain, "could not be stored packed");
+      setenv("VARDOLIN_FAULT_POINT", "store-copy:1+:enospc", 1);
+      d.Pul_Ok.Click();
+      unsetenv("VARDOLIN_FAULT_POINT");
+      EXPECT_EQ(testing::Snapshot(f.Store(1)), stored);
+      EXPECT_EQ(d.IsLoaded(), c.stays_open);
+      if (!d.IsLoaded()) return;
+      EXPECT_NE(f.ui.Messages().back().find("make room on the disk"), std::string::npos);
+      EXPECT_TRUE(fs::exists(d.WorkFolder / "walkthrough.txt"));
+      d.Pul_Ok.Click();  // with room on the disk again
+      EXPECT_FALSE(d.IsLoaded());
+    });
+    EXPECT_TRUE(EditLevelProperties(f.program, 1));
+    // Stored packed, or as it is when the form took it for the level's more-info file.
+    EXPECT_EQ(fs::exists(files / "walkthrough.txt.zl") || fs::exists(files / "walkthrough.txt"),
+              c.stays_open);
+    EXPECT_FALSE(fs::exists(files.string() + ".new~"));
+    EXPECT_FALSE(fs::exists(files.string() + ".old~"));
+  }
+}
+
+TEST(AddLevel, AnAddKilledWithTheFormOpenIsClearedByTheNextRun) {
+  AddFixture f;
+  const fs::path zip = f.dir / "pack.zip";
+  WriteArchive(zip, {{"pack/level.tr4", "tr4"}, {"pack/script.dat", "s"}});
+  const fs::path orphan = f.Store(NextLevelCode(f.program.catalogue));
+  const pid_t child = fork();
+  if (child == 0) {
+    f.Add(zip, [](Dialog_NewLevel&) { raise(SIGKILL); });
+    _exit(1);
+  }
+  int status = 0;
+  waitpid(child, &status, 0);
+  ASSERT_TRUE(WIFSIGNALED(status));
+  ASSERT_TRUE(fs::exists(orphan / "files/level.tr4"));
+  EXPECT_EQ(ClearLeftovers(f.program), 1);
+  EXPECT_FALSE(fs::exists(orphan));
+  EXPECT_NE(ReadFile(LogPath(f.program)).find("broken off, removed: " + orphan.string()),
+            std::string::npos);
 }
 
 TEST(AddLevel, DoneStaysOpenUntilTheFolderHoldsAPlayableLevel) {

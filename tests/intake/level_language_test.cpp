@@ -11,6 +11,7 @@
 #include "foundation/services/files.h"
 #include "intake/level_language.h"
 #include "store_fixture.h"
+#include "window/principale.h"
 
 namespace vardolin {
 namespace {
@@ -92,6 +93,19 @@ TEST(LevelLanguage, SetAndRestoreGiveTheLevelBackAsItWasInEitherStoreForm) {
   }
 }
 
+TEST(LevelLanguage, ARestoreNeverMovesASetAsideFileOverOneThatStands) {
+  LanguageFixture f;
+  const fs::path level = f.files[1];
+  std::string message;
+  ASSERT_TRUE(SetLevelLanguage(f.program, level, message, false)) << message;
+  WriteBytes(level / "zzz.dat.ori", "set aside");
+  WriteBytes(level / "ZZZ.dat", "the user's own");
+  const auto before = Snapshot(level);
+  EXPECT_FALSE(RestoreLevelLanguage(f.program, level, message, false));
+  EXPECT_NE(message.find("'zzz.dat.ori'"), std::string::npos) << message;
+  EXPECT_EQ(Snapshot(level), before);
+}
+
 TEST(LevelLanguage, AllLevelsSkipTheBaseLevelAndCountTheRefusedAgainst) {
   LanguageFixture f;
   const auto base = Snapshot(f.files[0]);
@@ -102,6 +116,11 @@ TEST(LevelLanguage, AllLevelsSkipTheBaseLevelAndCountTheRefusedAgainst) {
   EXPECT_FALSE(SetLanguageOfLevel(f.program, 0, false));
   EXPECT_EQ(ChangeLanguageOfAllLevels(f.program, true, nullptr, nullptr), 1);
   EXPECT_EQ(ReadWholeFile(f.files[1] / "german.dat"), "level german");
+
+  // The menu's summary counts every level of the table that kept its language.
+  Principale window(f.program);
+  f.ui.Answer(msg::kOk, "set in 1 levels.\r\nLevels left as they were: 3");
+  window.mnu_SetLanguageAll.Click();
 
   WriteBytes(EditorBackupFolder(f.program) / "nobackup.txt", "");
   f.ui.Answer(msg::kOk, "can't be changed");

@@ -93,9 +93,9 @@ TEST_F(PackedLevelTest, ExpandingTakesOutTheWorkingFilesAndKeepsTheRest) {
 TEST_F(PackedLevelTest, NamesAreJudgedAsTheGameNamesItsFiles) {
   // Name, then T for an audio track, S for a savegame in any folder.
   const std::vector<std::pair<std::string, std::string>> cases = {
-      {"003.wav", "T"},     {"003.MP3", "T"},    {"abc.wav", ""},     {"0031.wav", ""},
-      {"savegame.14", "S"}, {"SAVEGAME.0", "S"}, {"savegame.15", ""}, {"savegame.", ""},
-      {"savegame.x", ""},   {"savegame.0a", ""}};
+      {"003.wav", "T"},     {"003.MP3", "T"},    {"abc.wav", ""},       {"0031.wav", ""},
+      {"savegame.14", "S"}, {"SAVEGAME.0", "S"}, {"savegame.15", ""},   {"savegame.", ""},
+      {"savegame.x", ""},   {"savegame.0a", ""}, {"savegame.014", "S"}, {"savegame.015", ""}};
   for (const auto& [name, kind] : cases)
     EXPECT_EQ(std::string(IsAudioTrackName(program, name) ? "T" : "") +
                   (IsSavegameName(program, name, true) ? "S" : ""),

@@ -1,6 +1,7 @@
 // Activation on a disk that fills up: the copy of a level's k-th file fails with ENOSPC (the
 // fault hook's full-disk variant). The user must be told, no level's store may lose a file, and
-// the next activation must leave the editor folder exactly as a clean one would.
+// the next activation, of that level or another, must leave the editor folder exactly as a clean
+// one would.
 #include <gtest/gtest.h>
 
 #include <cstdlib>
@@ -49,6 +50,7 @@ TEST_F(FullDiskTest, ACopyThatFailsPartWayIsToldAndTheNextActivationPutsTheFolde
   int failures = 0;
   for (const Case& c : {Case{1, 2}, Case{2, 1}, Case{1, 0}, Case{2, 0}}) {
     const auto next_active = c.next == 0 ? base : CleanlyActive(c.next);
+    const auto failing_active = CleanlyActive(c.failing);
     for (int k = 1;; ++k) {
       SCOPED_TRACE("level " + std::to_string(c.failing) + ", copy " + std::to_string(k));
       ASSERT_LT(k, 20) << "the level has fewer files than that";
@@ -67,8 +69,11 @@ TEST_F(FullDiskTest, ACopyThatFailsPartWayIsToldAndTheNextActivationPutsTheFolde
       ASSERT_EQ(ui.Messages().size(), messages + 1);
       EXPECT_NE(ui.Messages().back().find(told), std::string::npos) << ui.Messages().back();
       EXPECT_EQ(Snapshot(archive), stores);
-      // The marker still names the level, so its half copy is taken out with it.
+      // The marker still names the level, so its half copy is taken out with it; asked for
+      // again, the level comes in whole.
       EXPECT_EQ(GetActiveLevelCode(program), c.failing);
+      ASSERT_TRUE(SetLevelInTrle(program, c.failing));
+      EXPECT_EQ(Snapshot(editor), failing_active);
       ASSERT_TRUE(SetLevelInTrle(program, c.next));
       EXPECT_EQ(Snapshot(editor), next_active);
       ASSERT_TRUE(SetLevelInTrle(program, 0));

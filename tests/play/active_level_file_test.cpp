@@ -13,7 +13,7 @@ namespace {
 
 ActiveLevelTexts Texts() {
   return {"notice one",  "notice two",      "notice three", "Level code:",
-          "Level name:", "Replaced files:", "Level files:"};
+          "Level name:", "Replaced files:", "Level files:", "Level state:"};
 }
 
 TEST(ActiveLevelFile, HeadAndListsAreTheEightLinesInOrder) {
@@ -41,6 +41,11 @@ TEST(ActiveLevelFile, FieldsReadBack) {
       // A '#' in a name cuts the name, and nothing else: the code stands before it.
       {FormatActiveLevelHead(Texts(), 3, "A#B"), "Level name:", "A"},
       {FormatActiveLevelHead(Texts(), 3, "A#B"), "Level code:", "0003"},
+      // A new state takes the old one's place; the lists stay.
+      {WithMarkerState(Texts(), WithMarkerState(Texts(), full, "leaving"), "complete"),
+       "Level state:", "complete"},
+      {WithMarkerState(Texts(), WithMarkerState(Texts(), full, "leaving"), "complete"),
+       "Level files:", "\\a.txt|\\data\\b.tr4"},
   };
   for (const Case& c : cases)
     EXPECT_EQ(ReadMarkerField(c.marker, c.key), c.value) << c.marker << " / " << c.key;

@@ -212,5 +212,21 @@ TEST(Play, RemovingTheActiveLevelTakesItOutOfTheEditorFolderFirst) {
   EXPECT_EQ(ReadFile(GetLevelFolder(f.program, 1, false) / "play/savegame.4"), "Beta's slot 4");
 }
 
+TEST(Play, RemovingTheActiveLevelIsRefusedWhileAFileOfItCantBeTakenOut) {
+  PlayFixture f(kNames);
+  ASSERT_TRUE(SetLevelInTrle(f.program, 1));
+  // A folder where the level's file stood can't be deleted as a file.
+  fs::remove(f.editor / "data/Beta.tr4");
+  WriteBytes(f.editor / "data/Beta.tr4/held", "x");
+  RefreshLevelList(*f.main);
+  f.Choose("Beta (*)");
+  f.ui.Answer(msg::kYes, "the level \"Beta\" ?");
+  f.ui.Answer(msg::kOk, "data/Beta.tr4");
+  f.main->mnu_RemoveLevel.Click();
+  EXPECT_EQ(f.program.catalogue.levels.size(), kNames.size()) << "the level stays";
+  EXPECT_EQ(GetActiveLevelCode(f.program), 1);
+  EXPECT_TRUE(f.ui.Done());
+}
+
 }  // namespace
 }  // namespace vardolin

@@ -110,6 +110,15 @@ TEST_F(SavegameSets, Restore) {
   EXPECT_FALSE(FolderExists(Set(2, 1)));
 }
 
+TEST_F(SavegameSets, RestoreKeepsAnotherPlaythroughsSavegameOfTheSameNumber) {
+  Start(2, {4, 5, 6});
+  Put(Set(2, 1), 0, 5, "n5", 7);  // the fifth save of another playthrough
+  Put(Set(2, 1), 1, 4, "n4");     // the very savegame that stands in slot 0
+  ASSERT_TRUE(RestoreArchivedSavegames(program, 2));
+  EXPECT_EQ(Numbers(SlotsOf(2)), (Ints{4, 5, 5, 6}));
+  EXPECT_TRUE(ListSavegames(program, Set(2, 1)).empty());
+}
+
 TEST_F(SavegameSets, RestoreOneIntoFullSlots) {
   Fill(Set(3, 1), {2, 40});
   // Full slots: No leaves all as it was; Yes archives them all first. The random test restores

@@ -29,9 +29,12 @@ bool FaultPoint(const char* name) {
   }
   auto colon = s.rfind(':');
   std::string point = colon == std::string::npos ? s : s.substr(0, colon);
-  long target = colon == std::string::npos ? 1 : std::strtol(s.c_str() + colon + 1, nullptr, 10);
+  char* end = nullptr;
+  long target = colon == std::string::npos ? 1 : std::strtol(s.c_str() + colon + 1, &end, 10);
+  const bool from_on = end && *end == '+';
   if (point != name) return false;
-  if (++hits[point] != target) return false;
+  const long hit = ++hits[point];
+  if (from_on ? hit < target : hit != target) return false;
   if (!full_disk) ::kill(::getpid(), SIGKILL);
   errno = ENOSPC;
   return true;

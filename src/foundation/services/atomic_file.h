@@ -16,7 +16,8 @@ bool AtomicWriteFile(const std::filesystem::path& path, std::string_view bytes, 
 // Test hook: when the environment variable VARDOLIN_FAULT_POINT names a point, the process
 // kills itself the n-th time that point is reached ("name:n"). With "name:n:enospc" the n-th
 // hit doesn't kill: it answers true with errno set to ENOSPC, and the caller fails that step as
-// a full disk would make it fail. False (a no-op) otherwise. The variable is read at each hit,
+// a full disk would make it fail; "name:n+:enospc" fails every hit from the n-th on, as a disk
+// that stays full. False (a no-op) otherwise. The variable is read at each hit,
 // and the hits are counted afresh whenever it changes.
 bool FaultPoint(const char* name);
 
