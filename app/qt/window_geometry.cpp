@@ -4,6 +4,7 @@
 #include <QRect>
 #include <QScreen>
 #include <QWidget>
+#include <algorithm>
 #include <sstream>
 #include <string>
 
@@ -38,6 +39,27 @@ bool SaveWindowGeometry(const QWidget* window, const std::filesystem::path& file
   out << place.x() << ' ' << place.y() << ' ' << place.width() << ' ' << place.height() << ' '
       << (maximised ? 1 : 0) << '\n';
   return AtomicWriteFile(file, out.str());
+}
+
+bool FitWindowOnScreen(QWidget* window) {
+  if (window->isMaximized() || window->isFullScreen()) return false;
+  QScreen* screen = window->screen() ? window->screen() : QGuiApplication::primaryScreen();
+  if (!screen) return false;
+  const QRect free = screen->availableGeometry();
+  // The frame the desktop draws round the window takes room too.
+  const QRect outer = window->frameGeometry();
+  const QSize frame = outer.size() - window->geometry().size();
+  const QSize room = free.size() - frame;
+  QSize size = window->size().boundedTo(room).expandedTo(window->minimumSize());
+  QPoint at = outer.topLeft();
+  at.setX(std::clamp(at.x(), free.left(),
+                     std::max(free.left(), free.right() + 1 - size.width() - frame.width())));
+  at.setY(std::clamp(at.y(), free.top(),
+                     std::max(free.top(), free.bottom() + 1 - size.height() - frame.height())));
+  if (size == window->size() && at == outer.topLeft()) return false;
+  window->resize(size);
+  window->move(at);
+  return true;
 }
 
 }  // namespace vardolin::qt

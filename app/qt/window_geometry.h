@@ -15,5 +15,8 @@ std::filesystem::path WindowGeometryFile(const std::filesystem::path& home);
 // screen shows any more keeps the size and lets the desktop place the window.
 bool RestoreWindowGeometry(QWidget* window, const std::filesystem::path& file);
 bool SaveWindowGeometry(const QWidget* window, const std::filesystem::path& file);
+// Keeps a normal window inside the free area of its screen (the desktop's panels left out): it
+// shrinks to fit, no further than its minimum, and moves in. True when it had to change.
+bool FitWindowOnScreen(QWidget* window);
 
 }  // namespace vardolin::qt

@@ -80,10 +80,25 @@ LevelInfo DescribeLevel(const LevelRecord& r, const fs::path& folder) {
 fs::path ExportLevel(Program& p, std::optional<std::int32_t> code, const ExportChoices& choices) {
   const int index = code ? FindLevelIndex(p.catalogue, *code) : -1;
   if (index < 0) {
-    AskUser(p, p.GetText(text::ExportNoSelection), msg::kOkOnly);
+    AskUser(p, p.GetText(text::ExportNoSelection), msg::kInformation);
     return {};
   }
   const LevelRecord record = p.catalogue.levels[index];
+  // The zip's name is asked first: nothing is copied, and no progress window stands behind the
+  // file dialog, before the user has chosen where the level goes.
+  fs::path zip = choices.zip;
+  if (zip.empty()) {
+    FileRequest request;
+    request.title = p.GetText(text::ExportZipTitle);
+    request.filter = p.GetText(text::ExportZipFilter);
+    request.start_folder = Trim(p.prefs.DefaultLoadDir);
+    request.file_name = CleanFileName(Trim(record.Name)) + p.GetText(text::ExportZipEnding);
+    zip = p.ui().AskSaveFile(request);
+  }
+  if (zip.empty()) {
+    AskUser(p, p.GetText(text::ExportCancelled), msg::kInformation);
+    return {};
+  }
   const fs::path out = JoinFragment(p.Home(), p.GetText(text::ExportFolder));
   MakeEmptyFolder(out);
   std::error_code ec;
@@ -128,17 +143,6 @@ fs::path ExportLevel(Program& p, std::optional<std::int32_t> code, const ExportC
                      DescribeLevel(record, out));
   p.InfoFileFlag = false;
 
-  fs::path zip = choices.zip;
-  if (zip.empty()) {
-    FileRequest request;
-    request.title = p.GetText(text::ExportZipTitle);
-    request.filter = p.GetText(text::ExportZipFilter);
-    request.start_folder = Trim(p.prefs.DefaultLoadDir);
-    request.file_name = CleanFileName(Trim(record.Name)) + p.GetText(text::ExportZipEnding);
-    zip = p.ui().AskSaveFile(request);
-  }
-  if (zip.empty()) return give_up(text::ExportCancelled, msg::kOkOnly);
-
   ShowStatus(InfoLabel(p), p.GetText(text::ExportZipping) + zip.string());
   const bool zipped = ZipFolderToFile(p, out, zip, Bar(p), false);
   if (!zipped) AskUser(p, p.GetText(text::ExportZipFailed), msg::kError);
@@ -146,7 +150,7 @@ fs::path ExportLevel(Program& p, std::optional<std::int32_t> code, const ExportC
   ShowStatus(InfoLabel(p), p.GetText(text::ExportDeleteFolder));
   fs::remove_all(out, ec);
   HideProgressDialog(p);
-  AskUser(p, p.GetText(text::ExportDone) + zip.string(), msg::kOkOnly);
+  AskUser(p, p.GetText(text::ExportDone) + zip.string(), msg::kInformation);
   return zipped ? zip : fs::path();
 }
 

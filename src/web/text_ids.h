@@ -94,5 +94,7 @@ inline constexpr std::int32_t UrlPhraseWalkthroughs = 2277;
 // The offer of an update when the list is old.
 inline constexpr std::int32_t UrlUpdateInterval = 2252;  // "d", "ww", "m" or "yyyy"
 inline constexpr std::int32_t UrlUpdateOffer = 2253;     // ~1 = two CR LF
+// No program of the desktop opened a web address.
+inline constexpr std::int32_t NoBrowserAnswered = 9501;  // ~1 = the address
 
 }  // namespace vardolin::text

@@ -5,12 +5,17 @@
 #include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
+#include <QMenu>
+#include <QMenuBar>
 #include <QPushButton>
 #include <filesystem>
+#include <set>
 
 #include "bare_main_window.h"
 #include "form_binder.h"
 #include "foundation/dialogs/dialog_input_box.h"
+#include "foundation/dialogs/dialog_msg_box.h"
+#include "foundation/dialogs/message_styles.h"
 #include "qt_test_support.h"
 #include "savegames/dialog_screen_shot.h"
 #include "window/all_forms.h"
@@ -53,6 +58,23 @@ TEST_F(BinderTest, EscapeCancelsEveryDialogAndEnterPressesItsDefaultOrFind) {
     EXPECT_FALSE(form->IsLoaded());
   }
 
+  // A message box: Escape is its Cancel, else its No, else its only Ok.
+  const std::pair<int, int> boxes[] = {{msg::kOkOnly, msg::kOk},
+                                       {msg::kYesNo, msg::kNo},
+                                       {msg::kYesNoCancel, msg::kCancel},
+                                       {msg::kOkCancel | msg::kQuestion, msg::kCancel}};
+  for (const auto& [style, answer] : boxes) {
+    SCOPED_TRACE(style);
+    Dialog_MsgBox message(p.program);
+    message.ImpostaValori("Sure?", style, "");
+    message.Load();
+    FormBinder binder(message);
+    binder.window()->show();
+    Key(Widget<QPushButton>(binder, "Pul_Button1"), Qt::Key_Escape);
+    EXPECT_FALSE(message.IsLoaded());
+    EXPECT_EQ(message.ExitValue, answer);
+  }
+
   Dialog_InputBox box(p.program);
   box.ImpostaValori("Name?", "", "Lara");
   box.Load();
@@ -70,6 +92,40 @@ TEST_F(BinderTest, EscapeCancelsEveryDialogAndEnterPressesItsDefaultOrFind) {
   main.Pul_Search.SetHandler([&] { ++finds; });
   Key(Widget<QLineEdit>(window, "Text_Search"), Qt::Key_Return);
   EXPECT_EQ(finds, 1);
+}
+
+// Alt+letter opens each menu and picks each entry, no two of one menu on the same letter; the
+// note search has real shortcuts, which the menu shows beside captions that don't spell them.
+TEST_F(BinderTest, MenusAnswerTheKeyboard) {
+  testing::BareMainWindow main(p.program);
+  main.Load();
+  FormBinder binder(main);
+  auto* bar = binder.window()->findChild<QMenuBar*>();
+  ASSERT_NE(bar, nullptr);
+  std::vector<QWidget*> holders = {bar};
+  for (QMenu* menu : binder.window()->findChildren<QMenu*>()) holders.push_back(menu);
+  for (QWidget* holder : holders) {
+    SCOPED_TRACE(holder->objectName().toStdString());
+    std::set<int> keys;
+    for (QAction* a : holder->actions()) {
+      if (a->isSeparator() || !a->isVisible()) continue;
+      const QKeySequence mnemonic = QKeySequence::mnemonic(a->text());
+      ASSERT_FALSE(mnemonic.isEmpty()) << a->text().toStdString();
+      EXPECT_TRUE(keys.insert(mnemonic[0].toCombined()).second) << a->text().toStdString();
+    }
+  }
+  EXPECT_EQ(QKeySequence::mnemonic(Widget<QMenu>(binder, "mnu_File")->title()),
+            QKeySequence(Qt::ALT | Qt::Key_F));
+  const std::pair<const char*, QKeyCombination> shortcuts[] = {
+      {"mnu_FindSavegameNote", Qt::CTRL | Qt::Key_F},
+      {"mnu_FineNextSavegame", Qt::CTRL | Qt::Key_N},
+      {"mnu_FindPreviousSavegame", Qt::CTRL | Qt::Key_P}};
+  for (const auto& [name, key] : shortcuts) {
+    auto* action = binder.window()->findChild<QAction*>(name);
+    ASSERT_NE(action, nullptr) << name;
+    EXPECT_EQ(action->shortcut(), QKeySequence(key)) << name;
+    EXPECT_FALSE(action->text().contains(u"Ctrl")) << name;
+  }
 }
 
 TEST_F(BinderTest, PicturesKeepTheirShapeWhateverTheWindowsSize) {

@@ -41,5 +41,26 @@ TEST(SavegameNotes, SearchKeysWalkRoundTheArchivedNotes) {
   }
 }
 
+// The savegames in the game's slots are searched too, before the archived ones, and a row found
+// in one list takes the selection from the other.
+TEST(SavegameNotes, TheSearchTakesInTheSavegamesInTheSlots) {
+  testing::SavegamePanelFixture f;
+  const auto slots = f.FillSlots(1, {1, 2});
+  const auto set = f.FillSet(1, 1, {1});
+  f.WriteNote(slots[1], "the key in slot 2");
+  f.WriteNote(set[0], "an archived key");
+  f.ChooseLevel(1);
+  f.ui.Input("key");
+  f.main->KeyDown('F', kCtrl);
+  EXPECT_EQ(f.main->List_SaveGameTomb.ListIndex(), 1);
+  EXPECT_EQ(f.main->List_SaveGameArchiviati.ListIndex(), -1);
+  EXPECT_EQ(f.main->Text_NoteSaveGame.Text(), "the key in slot 2");
+  f.main->KeyDown('N', kCtrl);
+  EXPECT_EQ(f.main->List_SaveGameTomb.ListIndex(), -1);
+  EXPECT_EQ(f.main->List_SaveGameArchiviati.ListIndex(), 0);
+  f.main->KeyDown('N', kCtrl);
+  EXPECT_EQ(f.main->List_SaveGameTomb.ListIndex(), 1) << "round to the slots";
+}
+
 }  // namespace
 }  // namespace vardolin
