@@ -7,6 +7,7 @@
 #include <algorithm>
 #include <sstream>
 #include <string>
+#include <vector>
 
 #include "foundation/services/atomic_file.h"
 #include "foundation/services/files.h"
@@ -60,6 +61,22 @@ bool FitWindowOnScreen(QWidget* window) {
   window->resize(size);
   window->move(at);
   return true;
+}
+
+void HoldLeastSizeForPanels(QWidget* window, const QStringList& panels) {
+  std::vector<QWidget*> found;
+  for (const QString& name : panels)
+    if (auto* panel = window->findChild<QWidget*>(name)) found.push_back(panel);
+  std::vector<bool> shown;
+  for (QWidget* panel : found) shown.push_back(panel->isVisibleTo(window));
+  QSize least;
+  for (QWidget* on : found) {
+    for (QWidget* panel : found) panel->setVisible(panel == on);
+    least = least.expandedTo(window->minimumSizeHint());
+  }
+  for (std::size_t i = 0; i < found.size(); ++i) found[i]->setVisible(shown[i]);
+  // An explicit least size is the layout's to keep: it no longer follows the panel on show.
+  if (least.isValid()) window->setMinimumSize(least);
 }
 
 }  // namespace vardolin::qt

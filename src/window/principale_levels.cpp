@@ -109,8 +109,10 @@ std::string LevelInfoDirText(Program& program, const LevelRecord& level, std::in
   const std::string cd_note =
       level.CdNumber > 0 ? program.GetText(text::InfoDirCdNote) + std::to_string(level.CdNumber)
                          : std::string();
-  return program.GetText(text::InfoDirSummary, {"\"" + folder.string() + "\"  -  " + cd_note,
-                                                std::to_string(shot_count)}) +
+  // The folder has a line of its own: a long path then never splits the counts.
+  return program.GetText(text::InfoDirSummary, {"\"" + folder.string() + "\"" +
+                                                    (cd_note.empty() ? "" : "  -  " + cd_note),
+                                                std::to_string(shot_count), "\r\n"}) +
          std::to_string(archived) + " + " + std::to_string(current_count);
 }
 

@@ -19,6 +19,7 @@
 #include "qt_test_support.h"
 #include "savegames/dialog_screen_shot.h"
 #include "window/all_forms.h"
+#include "window_geometry.h"
 
 namespace vardolin {
 namespace {
@@ -126,6 +127,28 @@ TEST_F(BinderTest, MenusAnswerTheKeyboard) {
     EXPECT_EQ(action->shortcut(), QKeySequence(key)) << name;
     EXPECT_FALSE(action->text().contains(u"Ctrl")) << name;
   }
+}
+
+// Switching between the screenshot and the savegame panels leaves the window's size alone, and
+// either panel fits a 1280x800 screen with room for the desktop's panel and the window's frame.
+TEST_F(BinderTest, TheMainWindowNeverGrowsByItselfAndFitsASmallScreen) {
+  testing::BareMainWindow main(p.program);
+  main.Load();
+  FormBinder binder(main);
+  QWidget* window = binder.window();
+  qt::HoldLeastSizeForPanels(window, {"Frame_ScreenShots", "Frame_SaveGames"});
+  window->show();
+  window->resize(1, 1);
+  testing::Spin(20);
+  const QSize smallest = window->size();
+  for (Button* panel : {&main.Pul_SaveGames, &main.Pul_ScreenShots, &main.Pul_SaveGames}) {
+    panel->Click();
+    testing::Spin(20);
+    EXPECT_EQ(window->size(), smallest) << panel->Name();
+    EXPECT_LE(window->minimumSizeHint().height(), window->minimumSize().height()) << panel->Name();
+  }
+  EXPECT_LE(window->minimumSize().height(), 720);
+  EXPECT_LE(window->minimumSize().width(), 1240);
 }
 
 TEST_F(BinderTest, PicturesKeepTheirShapeWhateverTheWindowsSize) {
