@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "archive/catalogue_file.h"
+#include "archive/catalogue_ops.h"
 #include "archive_fixture.h"
 #include "editor_folder_fixture.h"
 #include "environment.h"
@@ -54,6 +55,7 @@ TEST(NextStep, TheEmptyWindowSaysWhatComesNextAndAStepDoneOffersTheNext) {
   ArchiveFixture f;
   Principale window(f.program);
   RefreshLevelList(window);
+  EXPECT_EQ(MainTitleText(f.program), "Vardolin - no archive open");
   EXPECT_EQ(window.Label_InfoLevel.Caption(), f.program.GetText(text::NextStepEditor));
   f.ui.Answer(msg::kOk, "Level-Editor > Install Level Editor");
   window.Pul_Play.Click();
@@ -64,6 +66,9 @@ TEST(NextStep, TheEmptyWindowSaysWhatComesNextAndAStepDoneOffersTheNext) {
   EXPECT_EQ(window.Label_InfoLevel.Caption(), f.program.GetText(text::NextStepArchive));
   f.ui.Folder(f.Path("arc").string()).Answer(msg::kNo, "Add your first level now?");
   window.mnu_New.Click();
+  EXPECT_EQ(
+      MainTitleText(f.program),
+      "Vardolin - " + fs::path(f.program.prefs.LastArchive).filename().string() + " (1 level)");
   EXPECT_EQ(window.Label_InfoLevel.Caption(), f.program.GetText(text::NextStepLevel));
 }
 

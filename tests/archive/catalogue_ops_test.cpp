@@ -27,22 +27,6 @@ struct SizesFixture : ArchiveFixture {
   }
 };
 
-TEST(MainTitle, NamesTheArchiveAndCountsItsLevels) {
-  const struct {
-    const char* archive;
-    int levels;
-    const char* title;
-  } cases[] = {{"", 0, "Vardolin - no archive open"},
-               {"/a/levels.vdc", 1, "Vardolin - levels.vdc (1 level)"},
-               {"/a/levels.vdc", 3, "Vardolin - levels.vdc (3 levels)"}};
-  for (const auto& c : cases) {
-    ArchiveFixture f;
-    f.program.prefs.LastArchive = c.archive;
-    f.program.catalogue = SampleCatalogue(c.levels);
-    EXPECT_EQ(MainTitleText(f.program), c.title);
-  }
-}
-
 TEST(CatalogueSizes, RecomputeLeavesTheBaseLevelOutOfTheTotals) {
   SizesFixture f;
   f.Put(0, "files", 5000);  // the base level lies in the program's folder

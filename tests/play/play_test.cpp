@@ -102,30 +102,21 @@ TEST(Play, ASaveOverASlotStartsWithoutTheNoteOfTheSaveItReplaced) {
   PlayFixture f(kNames);
   f.Choose("Beta");
   f.main->Pul_Play.Click();
-  ASSERT_TRUE(f.program.GameRunning);
-  const auto saves_done = [&](int count) {
-    return testing::WaitFor([&] {
-      const std::string done = ReadFile(f.editor / "standin_done.txt");
-      int n = 0;
-      for (std::size_t at = done.find("save 1"); at != std::string::npos;
-           at = done.find("save 1", at + 1))
-        ++n;
-      return n == count;
-    });
-  };
-  f.Tell("save 1 Beta\n");
-  ASSERT_TRUE(saves_done(1));
-  f.main->Timer1.Tick();
-  const fs::path note = SavegameNoteFile(f.program, f.editor / "savegame.1");
-  WriteBytes(note, "Before the last jump to the exit.");
-  f.main->Timer1.Tick();
-  EXPECT_TRUE(fs::exists(note)) << "a note written while the game runs stays";
-  f.Tell("save 1 Beta\n");
-  ASSERT_TRUE(saves_done(2));
-  f.main->Timer1.Tick();
-  EXPECT_FALSE(fs::exists(note));
+  const fs::path save = f.editor / "savegame.1";
+  const fs::path note = SavegameNoteFile(f.program, save);
+  for (const char* title : {"First", "Second"}) {
+    f.Tell(std::string("save 1 ") + title + "\n");
+    // The stand-in notes a command once its savegame is written and closed.
+    ASSERT_TRUE(testing::WaitFor(
+        [&] { return ReadFile(f.editor / "standin_done.txt").find(title) != std::string::npos; }));
+    f.main->Timer1.Tick();
+    EXPECT_FALSE(fs::exists(note)) << title;
+    WriteBytes(note, std::string("Note of ") + title);
+    f.main->Timer1.Tick();
+    EXPECT_TRUE(fs::exists(note)) << "a note written while the game runs stays";
+  }
   EXPECT_EQ(ReadFile(GetLevelFolder(f.program, 1, false) / "replaced_notes/savegame_note_1_1.txt"),
-            "Before the last jump to the exit.");
+            "Note of First");
   f.EndGame();
   ASSERT_TRUE(f.TickUntilEnded());
 }

@@ -1,5 +1,7 @@
 #include <gtest/gtest.h>
 
+#include <tuple>
+
 #include "savegame_panel_fixture.h"
 
 namespace vardolin {
@@ -41,25 +43,20 @@ TEST(SavegameNotes, SearchKeysWalkRoundTheArchivedNotes) {
   }
 }
 
-// The savegames in the game's slots are searched too, before the archived ones, and a row found
-// in one list takes the selection from the other.
+// The savegames in the slots are searched first, then the archived ones, round again; a row
+// found in one list takes the selection from the other.
 TEST(SavegameNotes, TheSearchTakesInTheSavegamesInTheSlots) {
   testing::SavegamePanelFixture f;
-  const auto slots = f.FillSlots(1, {1, 2});
-  const auto set = f.FillSet(1, 1, {1});
-  f.WriteNote(slots[1], "the key in slot 2");
-  f.WriteNote(set[0], "an archived key");
+  f.WriteNote(f.FillSlots(1, {1, 2})[1], "the key in slot 2");
+  f.WriteNote(f.FillSet(1, 1, {1})[0], "an archived key");
   f.ChooseLevel(1);
   f.ui.Input("key");
-  f.main->KeyDown('F', kCtrl);
-  EXPECT_EQ(f.main->List_SaveGameTomb.ListIndex(), 1);
-  EXPECT_EQ(f.main->List_SaveGameArchiviati.ListIndex(), -1);
-  EXPECT_EQ(f.main->Text_NoteSaveGame.Text(), "the key in slot 2");
-  f.main->KeyDown('N', kCtrl);
-  EXPECT_EQ(f.main->List_SaveGameTomb.ListIndex(), -1);
-  EXPECT_EQ(f.main->List_SaveGameArchiviati.ListIndex(), 0);
-  f.main->KeyDown('N', kCtrl);
-  EXPECT_EQ(f.main->List_SaveGameTomb.ListIndex(), 1) << "round to the slots";
+  const std::tuple<char, int, int> steps[] = {{'F', 1, -1}, {'N', -1, 0}, {'N', 1, -1}};
+  for (const auto& [key, slot_row, archived_row] : steps) {
+    f.main->KeyDown(key, kCtrl);
+    EXPECT_EQ(f.main->List_SaveGameTomb.ListIndex(), slot_row) << key;
+    EXPECT_EQ(f.main->List_SaveGameArchiviati.ListIndex(), archived_row) << key;
+  }
 }
 
 }  // namespace
