@@ -1,5 +1,7 @@
 #include "window_geometry.h"
 
+#include <QCoreApplication>
+#include <QEvent>
 #include <QGuiApplication>
 #include <QRect>
 #include <QScreen>
@@ -72,6 +74,8 @@ void HoldLeastSizeForPanels(QWidget* window, const QStringList& panels) {
   QSize least;
   for (QWidget* on : found) {
     for (QWidget* panel : found) panel->setVisible(panel == on);
+    // The layouts learn of the switch through posted requests; they must have run before asking.
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::LayoutRequest);
     least = least.expandedTo(window->minimumSizeHint());
   }
   for (std::size_t i = 0; i < found.size(); ++i) found[i]->setVisible(shown[i]);

@@ -21,7 +21,8 @@ bool SaveWindowGeometry(const QWidget* window, const std::filesystem::path& file
 // shrinks to fit, no further than its minimum, and moves in. True when it had to change.
 bool FitWindowOnScreen(QWidget* window);
 // Panels that take turns in one place (the main window's screenshots and savegames): the
-// window's least size is made to serve each of them, so that a switch never makes it grow.
+// window's least size is made to serve each of them, so that a switch never makes it grow. The
+// window must be up: a window never shown has no sizes of its style yet.
 void HoldLeastSizeForPanels(QWidget* window, const QStringList& panels);
 
 }  // namespace vardolin::qt

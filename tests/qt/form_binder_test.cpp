@@ -129,8 +129,8 @@ TEST_F(BinderTest, TheMainWindowNeverGrowsByItselfAndFitsASmallScreen) {
   main.Load();
   FormBinder binder(main);
   QWidget* window = binder.window();
-  qt::HoldLeastSizeForPanels(window, {"Frame_ScreenShots", "Frame_SaveGames"});
   window->show();
+  qt::HoldLeastSizeForPanels(window, {"Frame_ScreenShots", "Frame_SaveGames"});
   window->resize(1, 1);
   testing::Spin(20);
   const QSize smallest = window->size();
