@@ -71,14 +71,24 @@ void HoldLeastSizeForPanels(QWidget* window, const QStringList& panels) {
     if (auto* panel = window->findChild<QWidget*>(name)) found.push_back(panel);
   std::vector<bool> shown;
   for (QWidget* panel : found) shown.push_back(panel->isVisibleTo(window));
+  // A panel shown lays its window out at once: the others are hidden first, or the window would
+  // grow to hold two panels for a moment.
+  const auto show_only = [&found](const std::vector<bool>& on) {
+    for (std::size_t i = 0; i < found.size(); ++i)
+      if (!on[i]) found[i]->hide();
+    for (std::size_t i = 0; i < found.size(); ++i)
+      if (on[i]) found[i]->show();
+  };
   QSize least;
-  for (QWidget* on : found) {
-    for (QWidget* panel : found) panel->setVisible(panel == on);
+  for (std::size_t i = 0; i < found.size(); ++i) {
+    std::vector<bool> on(found.size(), false);
+    on[i] = true;
+    show_only(on);
     // The layouts learn of the switch through posted requests; they must have run before asking.
     QCoreApplication::sendPostedEvents(nullptr, QEvent::LayoutRequest);
     least = least.expandedTo(window->minimumSizeHint());
   }
-  for (std::size_t i = 0; i < found.size(); ++i) found[i]->setVisible(shown[i]);
+  show_only(shown);
   // An explicit least size is the layout's to keep: it no longer follows the panel on show.
   if (least.isValid()) window->setMinimumSize(least);
 }
