@@ -244,6 +244,16 @@ int CmdDemo(Program& program, const fs::path& game, std::ostream& out, std::ostr
     err << "vardolin-cli: cannot write " << AllowedProgramsFile(home).string() << "\n";
     return 1;
   }
+  // The media level is played through play_the_game.exe, which the program's folder gives the
+  // editor folder: the stand-in game stands in for it too.
+  std::error_code copied;
+  fs::create_directories(home, copied);
+  fs::copy_file(game, home / "play_the_game.exe", fs::copy_options::overwrite_existing, copied);
+  if (copied) {
+    err << "vardolin-cli: cannot copy the stand-in game to " << (home / "play_the_game.exe") << ": "
+        << copied.message() << "\n";
+    return 1;
+  }
   if (!WriteDemoEditorPackage(program, editor, home / "editor_setup", err)) return 1;
 
   // The Program of the caller keeps its Ui; the demo's questions go to a Ui that answers them.

@@ -26,6 +26,7 @@
 #include <QVariant>
 
 #include "form_layout.h"
+#include "menu_mnemonics.h"
 
 namespace vardolin::qt {
 namespace {
@@ -276,16 +277,17 @@ void FormBinder::Push(Control& control, QObject* object, Change change) {
       break;
     case Change::Caption: {
       QString text = Q(control.Caption());
-      if (menu) {
-        menu->setTitle(text);
-      } else if (action) {
-        action->setText(text);
+      if (action) {
+        SetMenuCaption(action, text);
       } else if (auto* group = qobject_cast<QGroupBox*>(object)) {
         group->setTitle(text);
       } else if (auto* line = qobject_cast<QLineEdit*>(object)) {
         if (line->text() != text) line->setText(text);
       } else if (auto* plain = qobject_cast<QPlainTextEdit*>(object)) {
-        if (plain->toPlainText() != text) plain->setPlainText(text);
+        if (plain->toPlainText() != text) {
+          plain->setPlainText(text);
+          plain->moveCursor(QTextCursor::End);
+        }
       } else if (auto* rich = qobject_cast<QTextEdit*>(object)) {
         if (rich->toPlainText() != text) rich->setPlainText(text);
       } else if (auto* box = qobject_cast<QComboBox*>(object)) {

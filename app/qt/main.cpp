@@ -72,8 +72,14 @@ int main(int argc, char** argv) {
   main_window.Load();
   if (!main_window.IsLoaded()) return 1;
   ui.ShowModeless(main_window);
-  if (QWidget* window = ui.WindowOf(main_window))
+  if (QWidget* window = ui.WindowOf(main_window)) {
+    vardolin::qt::HoldLeastSizeForPanels(
+        window, {QStringLiteral("Frame_ScreenShots"), QStringLiteral("Frame_SaveGames")});
     vardolin::qt::RestoreWindowGeometry(window, geometry);
+    // A place saved on a larger screen, or the first start's size on a small one, must not put
+    // the window's foot below the screen.
+    vardolin::qt::FitWindowOnScreen(window);
+  }
   int rc = QApplication::exec();
   // The session may end the loop with the window still up: shut down as the window would.
   main_window.Unload();

@@ -6,9 +6,13 @@
 #include <QFileDialog>
 #include <QLabel>
 #include <QMessageBox>
+#include <QScreen>
 #include <QStringList>
 #include <QStyle>
 #include <QWidget>
+#include <algorithm>
+#include <filesystem>
+#include <system_error>
 
 #include "form_binder.h"
 #include "foundation/dialogs/dialog_get_dir.h"
@@ -107,24 +111,46 @@ std::string QtUi::AskInput(const std::string& prompt, const std::string& title,
 std::string QtUi::AskFolder(const std::string& start, const std::string& title) {
   if (!program_) return {};
   Dialog_GetDir chooser(*program_);
-  chooser.ImpostaValori(start, title);
+  // Without a start of its own the chooser opens where the user last took a folder.
+  chooser.ImpostaValori(start.empty() ? last_folder_ : start, title);
   ShowModal(chooser);
-  return chooser.ExitValue ? chooser.Path : std::string();
+  if (!chooser.ExitValue) return {};
+  last_folder_ = chooser.Path;
+  return chooser.Path;
+}
+
+std::string QtUi::AskFile(const FileRequest& request, bool save) {
+  // A start folder that isn't there (a desktop folder never made) would be taken for a file
+  // name: the dialog opens in the nearest folder above it that stands.
+  std::filesystem::path folder = request.start_folder.empty() ? last_folder_ : request.start_folder;
+  std::error_code ec;
+  while (!folder.empty() && folder != folder.parent_path() &&
+         !std::filesystem::is_directory(folder, ec))
+    folder = folder.parent_path();
+  QString start = Q(folder.string());
+  if (save && !request.file_name.empty())
+    start = start.isEmpty() ? Q(request.file_name) : start + u'/' + Q(request.file_name);
+  QFileDialog dialog(DialogParent(), Q(request.title), start, ConvertFileFilter(request.filter));
+  dialog.setAcceptMode(save ? QFileDialog::AcceptSave : QFileDialog::AcceptOpen);
+  dialog.setFileMode(save ? QFileDialog::AnyFile : QFileDialog::ExistingFile);
+  if (save && !request.file_name.empty()) dialog.selectFile(Q(request.file_name));
+  // Qt's own dialog opens too small for its columns; it takes a good part of the screen.
+  if (QScreen* screen = dialog.screen()) {
+    const QSize room = screen->availableGeometry().size();
+    dialog.resize(std::min(900, room.width() * 9 / 10), std::min(600, room.height() * 8 / 10));
+  }
+  if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty()) return {};
+  const std::string path = dialog.selectedFiles().front().toStdString();
+  last_folder_ = dialog.directory().absolutePath().toStdString();
+  return path;
 }
 
 std::string QtUi::AskOpenFile(const FileRequest& request) {
-  QString path = QFileDialog::getOpenFileName(
-      DialogParent(), Q(request.title), Q(request.start_folder), ConvertFileFilter(request.filter));
-  return path.toStdString();
+  return AskFile(request, false);
 }
 
 std::string QtUi::AskSaveFile(const FileRequest& request) {
-  QString start = Q(request.start_folder);
-  if (!request.file_name.empty())
-    start = start.isEmpty() ? Q(request.file_name) : start + u'/' + Q(request.file_name);
-  QString path = QFileDialog::getSaveFileName(DialogParent(), Q(request.title), start,
-                                              ConvertFileFilter(request.filter));
-  return path.toStdString();
+  return AskFile(request, true);
 }
 
 void QtUi::ShowModal(Form& form) {

@@ -50,12 +50,15 @@ class QtUi : public Ui {
 
  private:
   QWidget* DialogParent() const;
+  std::string AskFile(const FileRequest& request, bool save);
   // A modal show; `prepare` dresses the window before it comes up.
   void RunModal(Form& form, const std::function<void(QWidget*)>& prepare);
 
   Program* program_ = nullptr;
   std::map<const Form*, std::unique_ptr<FormBinder>> modeless_;
   std::vector<FormBinder*> modal_stack_;
+  // The folder the user last took a folder or a file from.
+  std::string last_folder_;
 };
 
 // "Levels|*.zip;*.rar|All|*.*" -> "Levels (*.zip *.ZIP *.rar *.RAR);;All (*)". Patterns match

@@ -5,6 +5,8 @@
 
 #include <filesystem>
 
+#include <QStringList>
+
 class QWidget;
 
 namespace vardolin::qt {
@@ -15,5 +17,12 @@ std::filesystem::path WindowGeometryFile(const std::filesystem::path& home);
 // screen shows any more keeps the size and lets the desktop place the window.
 bool RestoreWindowGeometry(QWidget* window, const std::filesystem::path& file);
 bool SaveWindowGeometry(const QWidget* window, const std::filesystem::path& file);
+// Keeps a normal window inside the free area of its screen (the desktop's panels left out): it
+// shrinks to fit, no further than its minimum, and moves in. True when it had to change.
+bool FitWindowOnScreen(QWidget* window);
+// Panels that take turns in one place (the main window's screenshots and savegames): the
+// window's least size is made to serve each of them, so that a switch never makes it grow. The
+// window must be up: a window never shown has no sizes of its style yet.
+void HoldLeastSizeForPanels(QWidget* window, const QStringList& panels);
 
 }  // namespace vardolin::qt

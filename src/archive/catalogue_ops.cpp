@@ -71,8 +71,10 @@ bool CheckLevelNotOnCd(Program& program, int index) {
 
 std::string MainTitleText(const Program& program) {
   std::string name = std::filesystem::path(program.prefs.LastArchive).filename().string();
-  return program.GetText(text::MainTitle,
-                         {name + " (" + std::to_string(program.catalogue.levels.size())});
+  if (name.empty()) return program.GetText(text::MainTitleNoArchive);
+  const std::size_t count = program.catalogue.levels.size();
+  return program.GetText(count == 1 ? text::MainTitleOneLevel : text::MainTitle,
+                         {name + " (" + std::to_string(count)});
 }
 
 void UpdateMainTitle(Program& program) {

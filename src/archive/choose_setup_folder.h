@@ -1,6 +1,6 @@
 #pragma once
-// The folder for a new archive: a fresh folder is proposed on the roomiest fixed drive, and a
-// chosen folder that already holds something gets a new sub-folder instead.
+// The folder for a new archive: a fresh folder is proposed in the user's home, and a chosen
+// folder that already holds something gets a new sub-folder instead.
 
 #include <filesystem>
 #include <string>
@@ -9,9 +9,6 @@ namespace vardolin {
 
 class Program;
 
-// The root of the ready fixed drive with the most free bytes (the first on a tie); empty when
-// the platform knows no such drive.
-std::filesystem::path BestFixedDriveRoot(Program& program);
 // Empty when the user chose nothing.
 std::string ChooseSetupFolder(Program& program);
 

@@ -20,6 +20,8 @@ inline constexpr std::int32_t NewCatalogueFileName = 1681;     // fragment, ~1 a
 inline constexpr std::int32_t CatalogueAutoSaveFailed = 1300;  // the path follows
 inline constexpr std::int32_t CatalogueSaveFailed = 1962;      // the path follows
 inline constexpr std::int32_t MainTitle = 1269;                // ~1 file name " (" count
+inline constexpr std::int32_t MainTitleOneLevel = 9508;        // ~1 file name " (" count
+inline constexpr std::int32_t MainTitleNoArchive = 9509;
 
 // The main window while a game runs: the mark behind its title, its status line, and the
 // question its close box asks then.

@@ -20,6 +20,10 @@ namespace fs = std::filesystem;
 
 bool CheckEditorFolder(Program& program, const std::string& folder, bool show) {
   RestoreGameExe(program);
+  if (Trim(folder).empty()) {
+    if (show) AskUser(program, program.GetText(text::EditorFolderNotChosen), msg::kWarning);
+    return false;
+  }
   if (!FileExists(JoinFragment(folder, program.GetText(text::EditorMarkerFile1)))) {
     if (show) AskUser(program, program.GetText(text::EditorMarker1Missing) + folder, msg::kError);
     return false;

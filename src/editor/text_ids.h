@@ -11,6 +11,7 @@ namespace vardolin::text {
 // take tomb4.exe away, and the folder is still the editor's.
 inline constexpr std::int32_t EditorMarkerFile1 = 1344;     // fragment "\tom2pc.exe"
 inline constexpr std::int32_t EditorMarker1Missing = 1345;  // the folder follows
+inline constexpr std::int32_t EditorFolderNotChosen = 9507;
 inline constexpr std::int32_t EditorMarkerFile2 = 1346;     // fragment "\winroomedit.exe"
 inline constexpr std::int32_t EditorMarker2Missing = 1347;  // ~1 the folder
 // The room editor's file name as its App Paths value holds it.

@@ -50,10 +50,11 @@ void ApplyLevelInfo(Dialog_NewLevel& form) {
     has_info = false;
   }
   bool from_script = false;
-  if (!has_info)
-    ApplyInstallScript(
-        p, ResolveCase(JoinFragment(form.WorkFolder, p.GetText(text::InstallScriptFile))),
-        form.Info, from_script);
+  const fs::path script =
+      ResolveCase(JoinFragment(form.WorkFolder, p.GetText(text::InstallScriptFile)));
+  if (!has_info) ApplyInstallScript(p, script, form.Info, from_script);
+  // The author's script speaks to the installer: read, it is no file of the level.
+  if (from_script) DeleteFileForced(script);
 
   if (has_info || from_script) {
     LevelRecord& r = form.Record();

@@ -9,6 +9,7 @@
 #include "foundation/program.h"
 #include "foundation/services/strings.h"
 #include "intake/text_ids.h"
+#include "web/text_ids.h"
 
 namespace vardolin {
 
@@ -23,6 +24,23 @@ std::size_t Characters(const std::string& text) {
   std::size_t n = 0;
   for (unsigned char c : text) n += (c & 0xC0) != 0x80;
   return n;
+}
+
+// Whether a row can be what its list holds: an address has one @ between a name and a domain, a
+// site names a host with a dot; neither has blanks. Nothing more is asked of them.
+bool CouldBeAddress(const std::string& value, bool email) {
+  if (value.find_first_of(" \t") != std::string::npos) return false;
+  if (email) {
+    const std::size_t at = value.find('@');
+    return at != std::string::npos && at > 0 && value.find('@', at + 1) == std::string::npos &&
+           value.find('.', at + 2) != std::string::npos && value.back() != '.';
+  }
+  std::string host = value;
+  if (const std::size_t scheme = host.find("://"); scheme != std::string::npos)
+    host = host.substr(scheme + 3);
+  host = host.substr(0, host.find('/'));
+  const std::size_t dot = host.find('.');
+  return dot != std::string::npos && dot > 0 && host.back() != '.';
 }
 }  // namespace
 
@@ -46,6 +64,17 @@ void SplitAuthorList(const std::string& joined, ComboBox& combo) {
 
 Dialog_Autore::Dialog_Autore(Program& program) : Form(program, "Dialog_Autore") {
   Text_Note.SetMultiLine(true);
+}
+
+void Dialog_Autore::KeepWithinField(TextBox& box) {
+  const std::size_t limit = &box == &Text_NomeAutore ? kNameLimit : kNoteLimit;
+  const std::string& text = box.Text();
+  std::size_t characters = 0;
+  for (std::size_t i = 0; i < text.size(); ++i) {
+    // A UTF-8 sequence is kept whole or dropped whole.
+    if ((static_cast<unsigned char>(text[i]) & 0xC0) == 0x80) continue;
+    if (++characters > limit) return box.SetText(text.substr(0, i));
+  }
 }
 
 bool Dialog_Autore::ImpostaValori(std::int32_t code) {
@@ -83,13 +112,28 @@ void Dialog_Autore::Set_Caption_Texts() {
 void Dialog_Autore::EditComboRow(ComboBox& combo, std::int32_t title, bool change) {
   Program& p = program();
   if (change && combo.ListIndex() < 0) {
-    AskUser(p, p.GetText(text::AutoreNoRowToChange), msg::kOkOnly);
+    AskUser(p, p.GetText(text::AutoreNoRowToChange), msg::kInformation);
     return;
   }
   const std::string start = change ? combo.SelectedText() : std::string();
   const std::string value =
-      AskInput(p, p.GetText(text::AutoreInputPrompt), p.GetText(title), start);
+      Trim(AskInput(p, p.GetText(text::AutoreInputPrompt), p.GetText(title), start));
   if (value.empty()) return;
+  const bool email = &combo == &Combo_Email;
+  if (!CouldBeAddress(value, email)) {
+    AskUser(p, p.GetText(email ? text::AutoreNotAnEmail : text::AutoreNotASite, {value}),
+            msg::kWarning);
+    return;
+  }
+  // The whole list must fit its field: said when the row is given, not on Ok.
+  std::string joined = JoinAuthorList(combo);
+  const std::size_t replaced = change ? Characters(combo.SelectedText()) + 1 : 0;
+  if (Characters(joined) + Characters(value) + (combo.ListCount() > 0 ? 1 : 0) - replaced >
+      kListLimit) {
+    AskUser(p, p.GetText(email ? text::AutoreEmailsTooLong : text::AutoreSitesTooLong),
+            msg::kWarning);
+    return;
+  }
   if (change)
     combo.SetList(combo.ListIndex(), value);
   else
@@ -103,7 +147,7 @@ void Dialog_Autore::EditComboRow(ComboBox& combo, std::int32_t title, bool chang
 
 void Dialog_Autore::DeleteComboRow(ComboBox& combo) {
   if (combo.ListIndex() < 0) {
-    AskUser(program(), program().GetText(text::AutoreNoRowToDelete), msg::kOkOnly);
+    AskUser(program(), program().GetText(text::AutoreNoRowToDelete), msg::kInformation);
     return;
   }
   combo.RemoveItem(combo.ListIndex());
@@ -113,24 +157,27 @@ void Dialog_Autore::DeleteComboRow(ComboBox& combo) {
 void Dialog_Autore::Pul_SendMail_Click() {
   if (Combo_Email.ListIndex() < 0) return;
   Program& p = program();
-  p.platform().ShellOpen(p.GetText(text::AutoreMailPrefix) + Trim(Combo_Email.SelectedText()), "",
-                         p.Home());
+  const std::string address = Trim(Combo_Email.SelectedText());
+  if (!p.platform().ShellOpen(p.GetText(text::AutoreMailPrefix) + address, "", p.Home()))
+    AskUser(p, p.GetText(text::AutoreNoMailProgram, {address}), msg::kWarning);
 }
 
 void Dialog_Autore::Pul_GoSito_Click() {
   Program& p = program();
   if (Combo_Sito.ListIndex() < 0) {
-    AskUser(p, p.GetText(text::AutoreNoSite), msg::kOkOnly);
+    AskUser(p, p.GetText(text::AutoreNoSite), msg::kInformation);
     return;
   }
-  p.platform().ShellOpen(Trim(Combo_Sito.SelectedText()), "", p.Home());
+  const std::string site = Trim(Combo_Sito.SelectedText());
+  if (!p.platform().ShellOpen(site, "", p.Home()))
+    AskUser(p, p.GetText(text::NoBrowserAnswered, {site}), msg::kWarning);
 }
 
 void Dialog_Autore::Pul_Ok_Click() {
   Program& p = program();
   LevelRecord& r = p.catalogue.levels[index_];
   // Each field is stored as soon as it passes, so a refusal further on keeps what came before.
-  auto refuse = [&](std::int32_t why) { AskUser(p, p.GetText(why), msg::kOkOnly); };
+  auto refuse = [&](std::int32_t why) { AskUser(p, p.GetText(why), msg::kWarning); };
   const std::string emails = JoinAuthorList(Combo_Email);
   if (Characters(emails) > kListLimit) return refuse(text::AutoreEmailsTooLong);
   r.AuthorEmails = emails;

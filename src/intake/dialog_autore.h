@@ -20,9 +20,9 @@ class Dialog_Autore : public Form {
   bool ExitValue = false;
 
   Frame Frame1{*this, "Frame1", " Author (game designer)  "};
-  TextBox Text_NomeAutore{*this, "Text_NomeAutore"};
+  TextBox Text_NomeAutore{*this, "Text_NomeAutore", [this] { KeepWithinField(Text_NomeAutore); }};
   Frame Frame2{*this, "Frame2", " Note of author "};
-  TextBox Text_Note{*this, "Text_Note"};
+  TextBox Text_Note{*this, "Text_Note", [this] { KeepWithinField(Text_Note); }};
   Frame Frame3{*this, "Frame3", " Web site/s "};
   ComboBox Combo_Sito{*this, "Combo_Sito"};
   Button Pul_ModSito{*this, "Pul_ModSito", "Change",
@@ -49,6 +49,8 @@ class Dialog_Autore : public Form {
 
  private:
   void Set_Caption_Texts() override;
+  // A box takes no more than its field holds: what is typed beyond it is refused at once.
+  void KeepWithinField(TextBox& box);
   void Pul_SendMail_Click();
   void Pul_GoSito_Click();
   void Pul_Ok_Click();

@@ -40,10 +40,22 @@ namespace {
 constexpr int kMaxUnpackRounds = 8;
 
 // The name a package suggests for its level: its file name without the archive's endings
-// ("Desert Gate.tar.gz" names "Desert Gate").
+// ("Desert Gate.tar.gz" names "Desert Gate") and without the words that name the installer
+// rather than the level ("Frozen Keep Setup.exe" names "Frozen Keep").
 std::string PackageName(const std::string& path) {
   std::string name = ExtractBaseName(path);
   if (EndsWithNoCase(name, ".tar")) name.resize(name.size() - 4);
+  for (;;) {
+    const std::size_t cut = name.find_last_of(" _-.");
+    if (cut == std::string::npos) break;
+    const std::string last = name.substr(cut + 1);
+    if (!EqualsNoCase(last, "setup") && !EqualsNoCase(last, "installer") &&
+        !EqualsNoCase(last, "install"))
+      break;
+    const std::string rest = Trim(name.substr(0, cut));
+    if (rest.empty()) break;
+    name = rest;
+  }
   return name;
 }
 
@@ -244,8 +256,8 @@ void Dialog_NewLevel::AddPackage(const std::string& path, bool showProgressDialo
 
 void Dialog_NewLevel::SuggestNameAndInfo() {
   Program& p = program();
-  if (p.InfoFileFlag) return;
-  if (Trim(Text_NameLevel.Text()).empty() && !p.LastPackagePath.empty())
+  // An info file or install script named the level; a readme it didn't name is still proposed.
+  if (!p.InfoFileFlag && Trim(Text_NameLevel.Text()).empty() && !p.LastPackagePath.empty())
     Text_NameLevel.SetText(PackageName(p.LastPackagePath));
   if (Combo_MoreInfo.ListIndex() > 0) return;
   for (const char* word : {"walkth", "read", "note", "Solu", "Instal"})

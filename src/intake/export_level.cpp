@@ -97,12 +97,29 @@ LevelInfo DescribeLevel(const LevelRecord& r, const fs::path& folder) {
 fs::path ExportLevel(Program& p, std::optional<std::int32_t> code, const ExportChoices& choices) {
   const int index = code ? FindLevelIndex(p.catalogue, *code) : -1;
   if (index < 0) {
-    AskUser(p, p.GetText(text::ExportNoSelection), msg::kOkOnly);
+    AskUser(p, p.GetText(text::ExportNoSelection), msg::kInformation);
     return {};
   }
   const LevelRecord record = p.catalogue.levels[index];
-  // A target named beforehand is checked before the work, one from the file dialog after it.
-  if (!choices.zip.empty() && !MayWriteExportTarget(p, choices.zip, false)) return {};
+  // The zip's name is asked first: nothing is copied, and no progress window stands behind the
+  // file dialog, before the user has chosen where the level goes. A target named beforehand is
+  // checked here too; the file dialog has asked about replacing already.
+  fs::path zip = choices.zip;
+  if (!zip.empty()) {
+    if (!MayWriteExportTarget(p, zip, false)) return {};
+  } else {
+    FileRequest request;
+    request.title = p.GetText(text::ExportZipTitle);
+    request.filter = p.GetText(text::ExportZipFilter);
+    request.start_folder = Trim(p.prefs.DefaultLoadDir);
+    request.file_name = CleanFileName(Trim(record.Name)) + p.GetText(text::ExportZipEnding);
+    zip = p.ui().AskSaveFile(request);
+    if (!zip.empty() && !MayWriteExportTarget(p, zip, true)) zip.clear();
+  }
+  if (zip.empty()) {
+    AskUser(p, p.GetText(text::ExportCancelled), msg::kInformation);
+    return {};
+  }
   const fs::path out = JoinFragment(p.Home(), p.GetText(text::ExportFolder));
   MakeEmptyFolder(out);
   std::error_code ec;
@@ -159,18 +176,6 @@ fs::path ExportLevel(Program& p, std::optional<std::int32_t> code, const ExportC
     return {};
   }
 
-  fs::path zip = choices.zip;
-  if (zip.empty()) {
-    FileRequest request;
-    request.title = p.GetText(text::ExportZipTitle);
-    request.filter = p.GetText(text::ExportZipFilter);
-    request.start_folder = Trim(p.prefs.DefaultLoadDir);
-    request.file_name = CleanFileName(Trim(record.Name)) + p.GetText(text::ExportZipEnding);
-    zip = p.ui().AskSaveFile(request);
-    if (!zip.empty() && !MayWriteExportTarget(p, zip, true)) zip.clear();
-  }
-  if (zip.empty()) return give_up(text::ExportCancelled, msg::kOkOnly);
-
   ShowStatus(InfoLabel(p), p.GetText(text::ExportZipping) + zip.string());
   const bool noted = WriteTextFile(PartNote(p), PartOf(zip).string());
   const bool zipped = noted && ZipFolderToFile(p, out, zip, Bar(p), false);
@@ -183,7 +188,7 @@ fs::path ExportLevel(Program& p, std::optional<std::int32_t> code, const ExportC
     AskUser(p, p.GetText(text::ExportZipFailed) + kLineEnd + zip.string(), msg::kError);
     return {};
   }
-  AskUser(p, p.GetText(text::ExportDone) + zip.string(), msg::kOkOnly);
+  AskUser(p, p.GetText(text::ExportDone) + zip.string(), msg::kInformation);
   return zip;
 }
 

@@ -205,8 +205,14 @@ bool ChangeLanguageOfLevel(Program& p, std::int32_t code, bool silent, const One
   const bool ok = way.restore ? RestoreLevelLanguage(p, folder, message, active)
                               : SetLevelLanguage(p, folder, message, active);
   if (!silent) {
+    // A level that has the language already, or had it set before, needs nothing: that is
+    // news, not a failure.
+    const bool nothing_to_do = !way.restore && (message == p.GetText(text::LanguageAlreadyMine) ||
+                                                message == p.GetText(text::LanguageAlreadySet));
     if (ok)
       AskUser(p, p.GetText(way.done), msg::kInformation);
+    else if (nothing_to_do)
+      AskUser(p, message, msg::kInformation);
     else
       AskUser(p, p.GetText(way.failed) + kLineEnd + message, msg::kError);
   }

@@ -433,7 +433,10 @@ inline constexpr std::int32_t AutoreEmailsTooLong = 253;
 inline constexpr std::int32_t AutoreSitesTooLong = 254;
 inline constexpr std::int32_t AutoreNameTooLong = 255;
 inline constexpr std::int32_t AutoreNoteTooLong = 256;
-inline constexpr std::int32_t AutoreMailPrefix = 257;  // "mailto:"
+inline constexpr std::int32_t AutoreMailPrefix = 257;      // "mailto:"
+inline constexpr std::int32_t AutoreNoMailProgram = 9500;  // ~1 = the address
+inline constexpr std::int32_t AutoreNotAnEmail = 9502;     // ~1 = what was typed
+inline constexpr std::int32_t AutoreNotASite = 9503;       // ~1 = what was typed
 inline constexpr std::int32_t AutoreNoRowToChange = 258;
 inline constexpr std::int32_t AutoreInputPrompt = 259;
 inline constexpr std::int32_t AutoreNoRowToDelete = 260;

@@ -3,6 +3,7 @@
 #include <filesystem>
 #include <string>
 
+#include "archive/level_store.h"
 #include "foundation/dialogs/ask.h"
 #include "foundation/forms/controls.h"
 #include "foundation/ports/ui.h"
@@ -14,6 +15,7 @@
 #include "play/game_launch.h"
 #include "play/game_watcher.h"
 #include "play/text_ids.h"
+#include "web/text_ids.h"
 
 namespace vardolin {
 
@@ -25,6 +27,27 @@ void SetWatchInterval(Program& program, int milliseconds) {
   if (program.main.timer1) program.main.timer1->SetInterval(milliseconds);
 }
 
+// A media level is played through the player the program's folder gives the editor folder. The
+// stored level tells whether it is one (its media files may be packed), so that a level that
+// can't be played is found out before anything moves into the editor folder.
+bool MediaPlayerLacking(Program& program, std::int32_t code) {
+  const std::string player = ExtractFileName(program.GetText(text::MediaPlayerPath));
+  if (FileExists(program.Home() / player) || FileExists(MediaPlayerPath(program))) return false;
+  const fs::path files =
+      JoinFragment(GetLevelFolder(program, code, false), program.GetText(text::PlayFilesFolder));
+  const std::string pattern = WithoutLeadingSeparators(program.GetText(text::MediaLevelPattern));
+  return !ListFiles(files, pattern).empty() ||
+         !ListFiles(files, pattern + program.GetText(text::PackedSuffix)).empty();
+}
+
+void TellMediaPlayerMissing(Program& program) {
+  AskUser(program,
+          program.GetText(
+              text::MediaPlayerMissing,
+              {ExtractFileName(program.GetText(text::MediaPlayerPath)), program.Home().string()}),
+          msg::kWarning);
+}
+
 PlayResult PlayMedia(Program& program) {
   WriteLog(program, "Level use media files");
   PrepareMediaPlay(program);
@@ -34,10 +57,7 @@ PlayResult PlayMedia(Program& program) {
   WriteLog(program, "Verify for presence of play_the_game.exe at: " + player.string());
   if (!FileExists(player)) {
     WriteLog(program, "Missing playthegame.exe");
-    AskUser(program,
-            program.GetText(text::MediaPlayerMissing,
-                            {ExtractFileName(program.GetText(text::MediaPlayerPath))}),
-            msg::kWarning);
+    TellMediaPlayerMissing(program);
     return PlayResult::PlayerMissing;
   }
   const std::string command_line = program.GetText(text::MediaPlayerCommandLine);
@@ -67,6 +87,11 @@ PlayResult PlayCommon(Program& program) {
 
 PlayResult PlayLevel(Program& program, std::int32_t code) {
   ResetLog(program);
+  if (MediaPlayerLacking(program, code)) {
+    WriteLog(program, "Missing playthegame.exe");
+    TellMediaPlayerMissing(program);
+    return PlayResult::PlayerMissing;
+  }
   WriteLog(program, "SetLevelInTrle()");
   if (!SetLevelInTrle(program, code)) {
     AskUser(program, program.GetText(text::PlayLevelNotSet), msg::kError);

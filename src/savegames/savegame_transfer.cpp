@@ -3,6 +3,7 @@
 #include <set>
 #include <system_error>
 
+#include "archive/catalogue_ops.h"
 #include "foundation/dialogs/ask.h"
 #include "foundation/dialogs/progress.h"
 #include "foundation/forms/controls.h"
@@ -66,6 +67,33 @@ std::vector<fs::path> TakeSavegamesOnly(Program& p, const std::vector<fs::path>&
   }
   if (!refused.empty()) AskUser(p, p.GetText(text::ImportNotSavegames) + refused, msg::kError);
   return taken;
+}
+
+// Savegames saved in another level would only confuse the game: when the level titles they carry
+// are none of this level's (its name, the titles of its own savegames), the user is asked first.
+bool SavegamesOfThisLevel(Program& p, std::int32_t code, const std::vector<fs::path>& savegames) {
+  const int index = FindLevelIndex(p.catalogue, code);
+  const std::string level =
+      index >= 0 ? Trim(p.catalogue.levels[static_cast<std::size_t>(index)].Name) : std::string();
+  std::set<std::string> known = {ToLower(level)};
+  std::vector<fs::path> own = ListSavegames(p, SlotFolder(p, code));
+  for (const fs::path& archived : ListArchivedSavegames(p, code)) own.push_back(archived);
+  std::string title;
+  for (const fs::path& f : own) {
+    ReadSavegameHeader(p, f, title);
+    known.insert(ToLower(Trim(title)));
+  }
+  std::set<std::string> seen;
+  std::string strangers;
+  for (const fs::path& f : savegames) {
+    ReadSavegameHeader(p, f, title);
+    title = Trim(title);
+    if (known.count(ToLower(title)) || !seen.insert(ToLower(title)).second) continue;
+    strangers += (strangers.empty() ? "\"" : ", \"") + title + "\"";
+  }
+  if (strangers.empty()) return true;
+  return AskUser(p, p.GetText(text::ImportOtherLevel, {strangers, "\"" + level + "\""}),
+                 msg::kYesNo | msg::kQuestion) == msg::kYes;
 }
 
 // The savegames of the list that aren't in the slots already, or that the user lets replace
@@ -143,6 +171,7 @@ std::optional<int> ImportSavegamesIntoSlots(Program& p, std::int32_t code,
   std::error_code ec;
   fs::create_directories(slots, ec);
   const std::vector<fs::path> savegames = TakeSavegamesOnly(p, files);
+  if (!SavegamesOfThisLevel(p, code, savegames)) return 0;
   if (!MakeRoomForImport(p, code, savegames.size())) return std::nullopt;
   int taken = 0;
   const std::vector<fs::path> fresh = WithoutTwins(p, slots, savegames, taken);
@@ -175,8 +204,10 @@ int ReceiveSavegameFile(Program& p, std::int32_t code, const fs::path& file) {
   for (const fs::path& f : walker.Files())
     if (WildcardMatch(f.filename().string(), mask)) found.push_back(f);
   int taken = 0;
-  for (const fs::path& f : WithoutTwins(p, SlotFolder(p, code), TakeSavegamesOnly(p, found), taken))
-    if (RestoreSavegameToSlot(p, code, f)) ++taken;
+  const std::vector<fs::path> savegames = TakeSavegamesOnly(p, found);
+  if (SavegamesOfThisLevel(p, code, savegames))
+    for (const fs::path& f : WithoutTwins(p, SlotFolder(p, code), savegames, taken))
+      if (RestoreSavegameToSlot(p, code, f)) ++taken;
   fs::remove_all(work, ec);
   return taken;
 }

@@ -214,6 +214,12 @@ inline constexpr std::int32_t ZipSavegamesFolder = 3097;  // fragment behind the
 inline constexpr std::int32_t ZipSavegamesDone = 3098;    // ~1 the path between line ends
 inline constexpr std::int32_t ZipSavegamesTitle = 3147;
 inline constexpr std::int32_t ImportNotSavegames = 8750;  // the names follow, a line each
+// Question, ~1 = the quoted level titles of the savegames, ~2 = the quoted level
+inline constexpr std::int32_t ImportOtherLevel = 9504;
+// Where the note of a savegame the game saved over is kept: a folder of the level's folder, and
+// the note's name there, ~1 = the slot, ~2 = a number that makes it free.
+inline constexpr std::int32_t NoteAsideFolder = 9505;  // fragment
+inline constexpr std::int32_t NoteAsideName = 9506;
 inline constexpr std::int32_t CaptionCheckElimina = 8751;
 inline constexpr std::int32_t CaptionCheckCreaFileZip = 8752;
 inline constexpr std::int32_t CaptionPulSelezionaTutti = 8753;

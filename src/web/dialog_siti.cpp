@@ -122,8 +122,9 @@ void Dialog_Siti::Pul_Go_Click() {
     AskUser(program(), program().GetText(text::UrlGoNoRow), msg::kInformation);
     return;
   }
-  program().platform().ShellOpen(List.entries[static_cast<std::size_t>(i)].Url, "",
-                                 program().Home());
+  const std::string& url = List.entries[static_cast<std::size_t>(i)].Url;
+  if (!program().platform().ShellOpen(url, "", program().Home()))
+    AskUser(program(), program().GetText(text::NoBrowserAnswered, {url}), msg::kWarning);
 }
 
 void Dialog_Siti::Pul_Copy_Click() {

@@ -106,5 +106,7 @@ inline constexpr std::int32_t UrlUpdateOffer = 2253;     // ~1 = two CR LF
 // A list file that stands but can't be read: ~1 = its path, ~2 = the copy set aside.
 inline constexpr std::int32_t UrlListSetAside = 9100;
 inline constexpr std::int32_t UrlListReplaceUnreadable = 9101;  // Yes replaces it
+// No program of the desktop opened a web address.
+inline constexpr std::int32_t NoBrowserAnswered = 9501;  // ~1 = the address
 
 }  // namespace vardolin::text

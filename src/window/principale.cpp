@@ -18,6 +18,7 @@
 #include "play/active_level.h"
 #include "savegames/text_ids.h"
 #include "window/principale_levels.h"
+#include "window/principale_next_step.h"
 #include "window/principale_savegames.h"
 #include "window/principale_shots.h"
 
@@ -64,7 +65,9 @@ const CaptionText kCaptions[] = {
 Principale::Principale(Program& program) : Form(program, "Principale", "Vardolin") {
   Mnu_Exit.SetHandler([this] { Mnu_Exit_Click(); });
   mnu_Settings.SetHandler([this] { mnu_Settings_Click(); });
-  mnu_New.SetHandler([this] { NewCatalogue(this->program()); });
+  mnu_New.SetHandler([this] {
+    if (NewCatalogue(this->program())) OfferNextStep(*this);
+  });
   mnu_Load.SetHandler([this] { BrowseForCatalogue(this->program()); });
   mnu_Save.SetHandler([this] { SaveCatalogueMenu(this->program()); });
   mnu_SaveAs.SetHandler([this] { SaveCatalogueAs(this->program()); });

@@ -12,6 +12,7 @@
 #include "play/game_watcher.h"
 #include "savegames/capture_source.h"
 #include "savegames/joystick.h"
+#include "savegames/replaced_notes.h"
 #include "savegames/savegame_panel_state.h"
 #include "savegames/shot_panel_state.h"
 
@@ -233,6 +234,8 @@ class Principale : public Form {
   void Timer1_Timer();
   void ShowGameState();
   bool game_shown_ = false;  // whether the title and status line say the game runs
+  // The active level's slots as the last tick left them, while a game runs.
+  SlotWriteTimes slot_times_;
 
   // The Audio Converter's three entries (principale_audio.cpp).
   void WireAudio();

@@ -11,6 +11,7 @@
 #include "foundation/texts/text_catalogue.h"
 #include "play/activation.h"
 #include "window/principale.h"
+#include "window/principale_next_step.h"
 
 namespace vardolin {
 
@@ -35,8 +36,15 @@ void InstallFromFolder(Program& p) {
 }  // namespace
 
 void Principale::WireEditorInstall() {
-  mnu_InstallComprTrle.SetHandler([this] { InstallCompressed(program()); });
-  mnu_InstallTrleFolder.SetHandler([this] { InstallFromFolder(program()); });
+  // A new user's next step, an archive, is offered once the editor stands.
+  mnu_InstallComprTrle.SetHandler([this] {
+    InstallCompressed(program());
+    OfferNextStep(*this);
+  });
+  mnu_InstallTrleFolder.SetHandler([this] {
+    InstallFromFolder(program());
+    OfferNextStep(*this);
+  });
 }
 
 }  // namespace vardolin

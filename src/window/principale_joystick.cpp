@@ -25,7 +25,9 @@ void Principale::WireJoystick() {
     return active == this || (active && active->Name() == kZoomWindow);
   };
   // A disabled button ignores the press, as it ignores a click.
-  t.Play = [this] { Pul_Play.Click(); };
+  t.Play = [this] {
+    if (Pul_Play.Enabled()) Pul_Play.Click();
+  };
   t.ShowShots = [this] { Pul_ScreenShots.Click(); };
   t.ShowSaves = [this] { Pul_SaveGames.Click(); };
   t.PreviousLevel = [this] { Pul_Prima.Click(); };

@@ -13,10 +13,12 @@
 #include "foundation/program.h"
 #include "foundation/services/files.h"
 #include "foundation/services/paths.h"
+#include "foundation/services/safe_join.h"
 #include "foundation/services/strings.h"
 #include "intake/copy_info_file.h"
 #include "play/active_level.h"
 #include "window/principale.h"
+#include "window/principale_next_step.h"
 #include "window/principale_savegames.h"
 #include "window/principale_shots.h"
 
@@ -75,9 +77,14 @@ void RefreshLevelList(Principale& main) {
   combo.Clear();
   for (const LevelRecord& level : program.catalogue.levels)
     combo.AddItem(EntryText(level, active), level.Code);
-  if (combo.ListCount() == 0) return;
+  if (combo.ListCount() == 0) {
+    main.Label_InfoLevel.SetCaption({});
+    ShowNextStep(main);
+    return;
+  }
   const int row = noted < 0 ? 0 : combo.FindData(noted);
   combo.SetListIndex(row < 0 ? 0 : row);
+  ShowNextStep(main);
 }
 
 bool SelectLevelByCode(Principale& main, std::int32_t code) {
@@ -102,8 +109,10 @@ std::string LevelInfoDirText(Program& program, const LevelRecord& level, std::in
   const std::string cd_note =
       level.CdNumber > 0 ? program.GetText(text::InfoDirCdNote) + std::to_string(level.CdNumber)
                          : std::string();
-  return program.GetText(text::InfoDirSummary, {"\"" + folder.string() + "\"  -  " + cd_note,
-                                                std::to_string(shot_count)}) +
+  // The folder has a line of its own: a long path then never splits the counts.
+  return program.GetText(text::InfoDirSummary, {"\"" + folder.string() + "\"" +
+                                                    (cd_note.empty() ? "" : "  -  " + cd_note),
+                                                std::to_string(shot_count), "\r\n"}) +
          std::to_string(archived) + " + " + std::to_string(current_count);
 }
 
@@ -123,6 +132,7 @@ void AggiornaDatiLivello(Principale& main, int first_shot) {
   SelectShotImage(main, main.Shots.selected_image);
   LoadLevelSavegames(main);
   main.Label_InfoLevel.SetCaption(level->Note);
+  ShowNextStep(main);
   main.Label_InfoDir.SetCaption(
       LevelInfoDirText(program, *level, GetActiveLevelCode(program), program.ShotCount));
 }
@@ -159,10 +169,20 @@ void ShowMoreInfo(Principale& main) {
     AskUser(program, program.GetText(text::MoreInfoNone, {"\r\n"}), msg::kInformation);
     return;
   }
+  // The store keeps the file unpacked among the level's files; a copy from a CD may stand in the
+  // info folder. The name came from a package: it stays inside the folder it is looked up in.
+  const auto look_in = [&](const std::filesystem::path& level_folder) -> std::filesystem::path {
+    for (std::int32_t fragment : {text::MoreInfoFolder, text::FilesFolder}) {
+      const SafeJoinResult joined =
+          SafeJoin(JoinFragment(level_folder, program.GetText(fragment)), file);
+      if (joined && FileExists(joined.path)) return joined.path;
+    }
+    return {};
+  };
   const std::filesystem::path hd = GetLevelFolder(program, code, false);
-  std::filesystem::path found =
-      JoinFragment(hd, program.GetText(text::MoreInfoFolder) + "\\" + file);
-  if (!FileExists(found)) {
+  std::filesystem::path found = look_in(hd);
+  bool from_cd = false;
+  if (found.empty()) {
     std::filesystem::path folder = hd;
     if (level->CdNumber > 0) {
       // Only a CD that stands in a drive now: asking for one comes with the CD work.
@@ -173,17 +193,20 @@ void ShowMoreInfo(Principale& main) {
       AskUser(program, program.GetText(text::MoreInfoCdRefused), msg::kError);
       return;
     }
-    found = JoinFragment(folder, program.GetText(text::MoreInfoFolderCd) + "\\" + file);
-    if (!FileExists(found)) {
-      AskUser(program, program.GetText(text::MoreInfoMissing, {found.string()}), msg::kError);
+    found = look_in(folder);
+    if (found.empty()) {
+      const std::filesystem::path expected =
+          JoinFragment(folder, program.GetText(text::FilesFolder) + "\\" + file);
+      AskUser(program, program.GetText(text::MoreInfoMissing, {expected.string()}), msg::kError);
       return;
     }
+    from_cd = folder != hd;
   }
   found = ResolveCase(found);
   program.platform().ShellOpen(found.string(), "", found.parent_path());
   const std::filesystem::path copy_folder =
       JoinFragment(hd, program.GetText(text::MoreInfoCopyFolder));
-  if (FolderExists(copy_folder)) return;
+  if (!from_cd || FolderExists(copy_folder)) return;
   if (!CopyInfoFile(program, found, JoinFragment(copy_folder, file)))
     AskUser(
         program,

@@ -119,6 +119,10 @@ void ShowSelectedSavegame(Principale& main) {
                                                   : std::string());
 }
 
+std::filesystem::path SavegameOfRow(Principale& main, bool archived, int row) {
+  return archived ? ArchivedSavegame(main, row) : SlotSavegame(main, text::SlotNameShow, row);
+}
+
 void ReloadSavegamePanel(Principale& main) {
   AggiornaDatiLivello(main);
 }

@@ -36,9 +36,9 @@ void ShowSavegameProperties(Principale& main);
 // A click in Text_NoteSaveGame: edits the selected savegame's note; a note that is blank after
 // trimming is removed.
 void EditSavegameNote(Principale& main);
-// Looks for the search text in the notes of the archived savegames, in the list's order, one
-// row per `step` (+1 or -1) from `start` (-1: from the row behind the selection, stopping at
-// it), and selects the first row whose note holds it.
+// Looks for the search text in the notes of the savegames in the slots and then of the archived
+// ones, in the lists' order, one row per `step` (+1 or -1) from `start` (-1: from the row behind
+// the selection, stopping at it), and selects the first row whose note holds it.
 void FindSavegameNote(Principale& main, int step, int start);
 // mnu_FindSavegameNote (Ctrl+F), mnu_FineNextSavegame (Ctrl+N), mnu_FindPreviousSavegame
 // (Ctrl+P).

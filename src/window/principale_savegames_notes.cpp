@@ -1,5 +1,5 @@
 // The notes of the savegame panel: writing the selected savegame's note, and searching the
-// notes of the archived savegames from the menu and the main window's keys.
+// notes of the savegames, in the game's slots and archived, from the menu and the window's keys.
 
 #include <string>
 
@@ -14,6 +14,7 @@
 #include "web/dialog_input_testo.h"
 #include "window/principale.h"
 #include "window/principale_savegames.h"
+#include "window/principale_savegames_parts.h"
 
 namespace vardolin {
 
@@ -28,15 +29,36 @@ constexpr int kFromSelection = -1;
 // A stop mark that no row has: the walk stops only where it began.
 constexpr int kNoStopMark = -2;
 
-// `note` is the caller's, so that a walk over thousands of notes reuses one buffer.
-bool NoteHolds(Principale& main, int row, const std::string& needle, std::string& note) {
-  const std::int64_t at = main.List_SaveGameArchiviati.ItemData(row);
-  const auto& archived = main.Savegames.archived;
-  if (at < 0 || at >= static_cast<std::int64_t>(archived.size())) return false;
-  return ReadFileIfThere(SavegameNoteFile(main.program(), archived[static_cast<std::size_t>(at)]),
-                         note) &&
-         ContainsNoCase(note, needle);
-}
+// The search walks the slot list and then the archived list as one: position p is row p of the
+// slots, or row p - slots of the archive.
+struct SearchRows {
+  explicit SearchRows(Principale& m)
+      : main(m),
+        slots(m.List_SaveGameTomb.ListCount()),
+        count(slots + m.List_SaveGameArchiviati.ListCount()) {}
+  Principale& main;
+  int slots, count;
+
+  int Current() const {
+    if (const int row = main.List_SaveGameArchiviati.ListIndex(); row >= 0) return slots + row;
+    return main.List_SaveGameTomb.ListIndex();
+  }
+  void Select(int at) {
+    const bool archived = at >= slots;
+    (archived ? main.List_SaveGameTomb : main.List_SaveGameArchiviati).SetListIndex(-1);
+    (archived ? main.List_SaveGameArchiviati : main.List_SaveGameTomb)
+        .SetListIndex(archived ? at - slots : at);
+    ShowSelectedSavegame(main);
+  }
+  // `note` is the caller's, so that a walk over thousands of notes reuses one buffer.
+  bool NoteHolds(int at, const std::string& needle, std::string& note) {
+    const bool archived = at >= slots;
+    const std::filesystem::path savegame =
+        SavegameOfRow(main, archived, archived ? at - slots : at);
+    return !savegame.empty() && ReadFileIfThere(SavegameNoteFile(main.program(), savegame), note) &&
+           ContainsNoCase(note, needle);
+  }
+};
 
 }  // namespace
 
@@ -59,24 +81,23 @@ void EditSavegameNote(Principale& main) {
 }
 
 void FindSavegameNote(Principale& main, int step, int start) {
-  ListBox& list = main.List_SaveGameArchiviati;
-  const int rows = list.ListCount();
-  if (rows == 0) return;
-  const int current = list.ListIndex();
+  SearchRows rows(main);
+  if (rows.count == 0) return;
+  const int current = rows.Current();
   int stop = kNoStopMark;
   int at = start;
   if (start == kFromSelection) {
     stop = current;
     at = current < 0 ? 0 : current + step;
   }
-  auto wrap = [rows](int row) { return row >= rows ? 0 : (row < 0 ? rows - 1 : row); };
+  auto wrap = [&rows](int row) { return row >= rows.count ? 0 : (row < 0 ? rows.count - 1 : row); };
   at = wrap(at);
   const int first = at;
   const std::string& needle = main.Savegames.search_text;
   std::string note;
   while (true) {
-    if (NoteHolds(main, at, needle, note)) {
-      list.SetListIndex(at);
+    if (rows.NoteHolds(at, needle, note)) {
+      rows.Select(at);
       return;
     }
     at = wrap(at + step);
@@ -88,7 +109,7 @@ void FindSavegameNote(Principale& main, int step, int start) {
 
 void FindSavegameNoteAsk(Principale& main) {
   Program& program = main.program();
-  if (main.List_SaveGameArchiviati.ListCount() == 0) {
+  if (SearchRows(main).count == 0) {
     AskUser(program, program.GetText(text::FindNoteEmptyList), msg::kError);
     return;
   }
@@ -103,7 +124,7 @@ void FindSavegameNoteAsk(Principale& main) {
 void FindNextSavegameNote(Principale& main) {
   Program& program = main.program();
   if (main.Savegames.search_text.empty()) return FindSavegameNoteAsk(main);
-  if (main.List_SaveGameArchiviati.ListCount() == 0) {
+  if (SearchRows(main).count == 0) {
     AskUser(program, program.GetText(text::FindNextNoteEmptyList), msg::kError);
     return;
   }
@@ -113,7 +134,7 @@ void FindNextSavegameNote(Principale& main) {
 void FindPreviousSavegameNote(Principale& main) {
   Program& program = main.program();
   if (main.Savegames.search_text.empty()) return;
-  if (main.List_SaveGameArchiviati.ListCount() == 0) {
+  if (SearchRows(main).count == 0) {
     AskUser(program, program.GetText(text::FindPreviousNoteEmptyList), msg::kError);
     return;
   }

@@ -63,7 +63,7 @@ TEST(LevelSummary, CountsShotsAndSavegamesFromTheDisk) {
   f.main->Combo_Livelli.SetListIndex(f.main->Combo_Livelli.FindData(1));
   EXPECT_EQ(f.main->Label_InfoDir.Caption(),
             "Folder: \"" + level.string() +
-                "\"  -       Screenshots: 3     Savegames (archived + current): 2 + 1");
+                "\"\r\nScreenshots: 3     Savegames (archived + current): 2 + 1");
   EXPECT_EQ(f.main->Label_InfoLevel.Caption(), "note of 1");
 }
 

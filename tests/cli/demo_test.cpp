@@ -30,13 +30,14 @@ TEST_F(DemoHomeTest, TheWindowOpensOnTheDemoAndEveryPackageBecomesALevel) {
     EXPECT_EQ(window.Combo_Livelli.ListCount(), 4);
     window.Unload();
   }
-  const std::pair<const char*, const char*> packages[] = {
-      {"Sunken Tomb.zip", "name: Sunken Tomb\n"},
-      {"Desert Gate.tar.gz", "name: Desert Gate\n"},
-      {"Frozen Keep Setup.exe", "name: Frozen Keep Setup\n"},
-      {"Tower of Winds (exported).zip", "author: Ada Stone"},
-      {"Cave of Echoes.zip", "author: Bo Marsh"},
-      {"Grey Ruins.zip", "name: Grey Ruins\n"},
+  const std::pair<const char*, std::vector<std::string>> packages[] = {
+      {"Sunken Tomb.zip", {"name: Sunken Tomb\n"}},
+      {"Desert Gate.tar.gz", {"name: Desert Gate\n"}},
+      {"Frozen Keep Setup.exe", {"name: Frozen Keep\n"}},
+      {"Tower of Winds (exported).zip", {"author: Ada Stone"}},
+      // Its install script named the author; its readme is still proposed as More info.
+      {"Cave of Echoes.zip", {"author: Bo Marsh", "more_info: Readme.txt\n"}},
+      {"Grey Ruins.zip", {"name: Grey Ruins\n"}},
   };
   std::string code;
   for (const auto& [package, says] : packages) {
@@ -45,8 +46,11 @@ TEST_F(DemoHomeTest, TheWindowOpensOnTheDemoAndEveryPackageBecomesALevel) {
     ASSERT_EQ(added.code, 0) << package << added.err;
     code = added.out.substr(0, added.out.find('\n'));
     const testing::CliResult info = RunAt({"info", code});
-    EXPECT_NE(info.out.find(says), std::string::npos) << package << "\n" << info.out;
+    for (const std::string& said : says)
+      EXPECT_NE(info.out.find(said), std::string::npos) << package << "\n" << info.out;
     EXPECT_NE(info.out.find("note: from the demo"), std::string::npos) << info.out;
+    EXPECT_EQ(RunAt({"files", code}).out.find("vardolin_install"), std::string::npos)
+        << package << ": the install script is read, not kept among the level's files";
   }
   EXPECT_NE(RunAt({"files", code, "--json"}).out.find("{\"name\": \"ruins.tr4\", \"size\": "),
             std::string::npos);

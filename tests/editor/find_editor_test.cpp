@@ -103,6 +103,8 @@ TEST(FindEditorFolderTest, AWrongFolderKeepsTheDialogUpUntilTheUserGivesUp) {
   t.program.prefs.EditorFolder = t.Path("old").string();
   t.ui.OnForm("Dialog_TrovaTrle", [&](Form& f) {
     auto& d = static_cast<Dialog_TrovaTrle&>(f);
+    d.Pul_Ok.Click();  // no folder yet: said so
+    EXPECT_TRUE(d.IsLoaded());
     d.Pul_Sfoglia.Click();  // a folder that isn't the editor's is not taken
     EXPECT_EQ(d.Label_Path.Caption(), "");
     d.Label_Path.SetCaption(t.Path("home").string());
@@ -111,6 +113,7 @@ TEST(FindEditorFolderTest, AWrongFolderKeepsTheDialogUpUntilTheUserGivesUp) {
     d.Pul_Cancel.Click();
     EXPECT_FALSE(d.IsLoaded());
   });
+  t.ui.Answer(msg::kOk, "No folder has been chosen yet");
   t.ui.Folder(t.Path("home").string());
   t.ui.Answer(msg::kOk, "tom2pc.exe is missing");
   t.ui.Answer(msg::kOk, "tom2pc.exe is missing");

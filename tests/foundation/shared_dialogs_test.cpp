@@ -1,5 +1,8 @@
 #include <gtest/gtest.h>
 
+#include <array>
+
+#include "environment.h"
 #include "foundation/dialogs/dialog_get_dir.h"
 #include "foundation/platform/wine_registry.h"
 #include "foundation/settings/dialog_settings.h"
@@ -91,6 +94,27 @@ TEST(DialogGetDirTest, OkTakesTheHighlightedFolder) {
   d.Dir1.SetListIndex(d.Dir1.FindText("chosen"));
   d.OKButton.Click();
   EXPECT_EQ(d.Path, (start / "chosen").string());
+}
+
+// The folder chooser opens at home, takes a typed folder, and makes a proposal only on Ok.
+TEST(FolderChooser, OpensAtHomeTakesTypedFoldersAndMakesAProposalOnOk) {
+  // start below the home ("-": none), typed text ("*": what the chooser typed in), chosen folder
+  const std::vector<std::array<std::string, 3>> cases = {
+      {"-", "", ""}, {"Archive", "*", "Archive"}, {"games", "~/games/new/deep", "games/new/deep"}};
+  for (const auto& [start, typed, chosen] : cases) {
+    testing::TestProgram t;
+    const std::filesystem::path user = t.home.path() / "user";
+    std::filesystem::create_directories(user / "games");
+    testing::ScopedEnv home("HOME", user.string());
+    Dialog_GetDir chooser(t.program);
+    chooser.ImpostaValori(start == "-" ? std::string() : (user / start).string());
+    EXPECT_EQ(chooser.FolderInView(), start == "games" ? user / start : user) << start;
+    EXPECT_FALSE(std::filesystem::exists(user / "Archive")) << "offered, not made";
+    if (typed != "*") chooser.Text_Path.SetText(typed);
+    chooser.OKButton.Click();
+    EXPECT_EQ(chooser.Path, (chosen.empty() ? user : user / chosen).string()) << start;
+    EXPECT_TRUE(std::filesystem::is_directory(chooser.Path));
+  }
 }
 
 }  // namespace

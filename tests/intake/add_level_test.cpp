@@ -108,6 +108,17 @@ TEST(AddLevel, APackageAsAuthorsMakeItIsStoredPacked) {
   ASSERT_TRUE(ReadLevelFileList(f.program, *code, list));
   ASSERT_EQ(list.size(), 1u);
   EXPECT_EQ(list[0].Name, "coastal.tr4");
+
+  // More info opens the readme where the store keeps it, through the desktop's opener.
+  const fs::path bin = f.dir / "bin";
+  testing::WriteBytes(bin / "xdg-open", "#!/bin/sh\necho \"$1\" > \"$0.args\"\n");
+  fs::permissions(bin / "xdg-open", fs::perms::owner_all);
+  testing::ScopedEnv path("PATH", bin.string());
+  RefreshLevelList(*f.main);
+  f.Choose("Coastal Ruins");
+  f.main->Pul_MoreInfo.Click();
+  EXPECT_EQ(ReadFile(bin / "xdg-open.args"), (f.Store(*code) / "files/Readme.txt").string() + "\n");
+  EXPECT_TRUE(f.ui.Done());
 }
 
 TEST(AddLevel, GivingUpLeavesCatalogueAndStoreAsTheyWere) {

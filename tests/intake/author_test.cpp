@@ -4,9 +4,11 @@
 #include <gtest/gtest.h>
 
 #include <string>
+#include <tuple>
 #include <vector>
 
 #include "archive_fixture.h"
+#include "foundation/services/strings.h"
 #include "intake/dialog_autore.h"
 #include "test_program.h"
 
@@ -42,7 +44,7 @@ TEST(DialogAutore, FieldsAreStoredUpToTheirWidthAndRefusedBeyondIt) {
       {"79 characters of two bytes each", {}, {}, n(79, "\xC3\xA9"), "", 1, 1, 1},
       {"256 joined addresses", {n(10, "a"), n(245, "b")}, {}, "x", "e-mail addresses", 0, 0, 0},
       {"256 joined sites", {"a@b"}, {n(10, "s"), n(245, "s")}, "x", "web sites", 1, 0, 0},
-      {"an 80 character name", {}, {}, n(80, "n"), "name is longer", 1, 1, 0},
+      {"an 80 character name is cut as typed", {}, {}, n(79, "n") + "m", "", 1, 1, 1},
   };
   for (const Case& c : cases) {
     SCOPED_TRACE(c.what);
@@ -60,7 +62,9 @@ TEST(DialogAutore, FieldsAreStoredUpToTheirWidthAndRefusedBeyondIt) {
     EXPECT_FALSE(f.form.ExitValue);
     EXPECT_EQ(f.Record().AuthorEmails == before.AuthorEmails, !c.emails_stored);
     EXPECT_EQ(f.Record().AuthorSites == before.AuthorSites, !c.sites_stored);
-    EXPECT_EQ(f.Record().AuthorName, c.name_stored ? c.name : before.AuthorName);
+    EXPECT_EQ(f.Record().AuthorName,
+              c.name_stored ? c.name.substr(0, c.name.size() == 80 ? 79 : c.name.size())
+                            : before.AuthorName);
     if (c.emails_stored) {
       AuthorFixture again;  // what was stored reads back as the same rows
       SplitAuthorList(f.Record().AuthorEmails, again.form.Combo_Email);
@@ -70,15 +74,46 @@ TEST(DialogAutore, FieldsAreStoredUpToTheirWidthAndRefusedBeyondIt) {
   }
 }
 
-TEST(DialogAutore, AddressesAndSitesAreOpenedOnTheDesktop) {
+// A row given to a list is refused at once when it can't be an address or a site, or when the
+// list would no longer fit its field.
+TEST(DialogAutore, RowsAreRefusedAsTheyAreGiven) {
+  const std::tuple<bool, std::string, const char*> cases[] = {
+      // e-mail or site, what is typed, part of the warning (empty: the row is added)
+      {true, "  lara@croft.example  ", ""},
+      {true, "lara croft@x.org", "can't be an e-mail address"},
+      {true, "a@b@c.org", "can't be an e-mail address"},
+      {true, "lara@example.", "can't be an e-mail address"},
+      {false, "https://croft.example/levels?a=1", ""},
+      {false, "croft", "can't be a web site"},
+      {true, std::string(240, 'a') + "@x.org", "e-mail addresses"},
+  };
+  for (const auto& [email, typed, refused] : cases) {
+    AuthorFixture f;
+    ComboBox& combo = email ? f.form.Combo_Email : f.form.Combo_Sito;
+    const int rows = combo.ListCount();
+    f.ui.Input(typed);
+    if (*refused) f.ui.Answer(msg::kOk, refused);
+    (email ? f.form.Pul_NewEmail : f.form.Pul_New_Sito).Click();
+    EXPECT_EQ(combo.ListCount(), rows + (*refused ? 0 : 1)) << typed;
+    if (!*refused) EXPECT_EQ(combo.SelectedText(), Trim(typed));
+  }
+}
+
+TEST(DialogAutore, AddressesAndSitesAreOpenedOnTheDesktopOrTheLackIsSaid) {
   AuthorFixture f;
   f.form.Combo_Email.SetListIndex(1);
   f.form.Pul_SendMail.Click();
   f.form.Pul_GoSito.Click();
+  f.platform.opener_answers = false;
+  f.ui.Answer(msg::kOk, "No mail program opened a message to b@example.org");
+  f.form.Pul_SendMail.Click();
+  f.ui.Answer(msg::kOk, "No web browser opened https://example.org");
+  f.form.Pul_GoSito.Click();
   f.form.Combo_Email.Clear();
   f.form.Pul_SendMail.Click();  // no address: nothing happens
   EXPECT_EQ(f.platform.calls,
-            (std::vector<std::string>{"open mailto:b@example.org", "open https://example.org"}));
+            (std::vector<std::string>{"open mailto:b@example.org", "open https://example.org",
+                                      "open mailto:b@example.org", "open https://example.org"}));
 }
 
 }  // namespace

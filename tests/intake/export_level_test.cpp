@@ -67,8 +67,8 @@ TEST(ExportLevel, AnExportedLevelAddedIntoAnotherArchiveComesBackWhole) {
     if (c.active) testing::MarkActive(from.program, 1);
     WriteBytes((c.active ? from.editor : from.Store(1, "play")) / "savegame.0", "saved");
     if (c.shots) testing::WritePicture(from.Store(1, "screenshots") / "shot1.jpg");
-    if (c.shots) from.ui.Answer(c.shots, kShotsQuestion);
     from.ui.SaveFile((from.dir / "out.zip").string());
+    if (c.shots) from.ui.Answer(c.shots, kShotsQuestion);
 
     const fs::path zip = ExportLevel(from.program, 1);
     ASSERT_EQ(zip, from.dir / "out.zip");

@@ -69,6 +69,16 @@ TEST(LevelLanguage, EachRefusalSaysWhyAndChangesNothing) {
   }
 }
 
+// Setting the language a second time finds nothing to do, and says so as news, not as an error.
+TEST(LevelLanguage, ASecondSettingIsToldAsInformation) {
+  LanguageFixture f;
+  f.ui.Answer(msg::kOk, "is now set");
+  ASSERT_TRUE(SetLanguageOfLevel(f.program, 1, false));
+  f.ui.Answer(msg::kOk, "is already set");
+  EXPECT_FALSE(SetLanguageOfLevel(f.program, 1, false));
+  EXPECT_EQ(f.ui.Questions().back().style, msg::kInformation);
+}
+
 TEST(LevelLanguage, SetAndRestoreGiveTheLevelBackAsItWasInEitherStoreForm) {
   for (bool packed : {false, true}) {
     SCOPED_TRACE(packed ? "packed store" : "plain store");

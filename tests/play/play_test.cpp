@@ -17,6 +17,7 @@
 #include "play/play_level.h"
 #include "play/text_ids.h"
 #include "play_fixture.h"
+#include "savegames/savegame_store.h"
 #include "store_fixture.h"
 
 namespace vardolin {
@@ -51,6 +52,7 @@ TEST(Play, AChosenLevelIsPlayedWatchedToItsEndAndReplacedByTheNext) {
   EXPECT_EQ(GetActiveLevelCode(f.program), 1);
   EXPECT_EQ(ReadFile(f.editor / "data/Beta.tr4"), "level Beta");
   EXPECT_EQ(f.main->Combo_Livelli.SelectedText(), "Beta (*)");
+  EXPECT_FALSE(f.main->Pul_Play.Enabled()) << "a double click starts one game";
   // The window says that the game runs, and its close box asks before it stops watching.
   const std::string running = f.program.GetText(text::GameRunningTitleMark);
   EXPECT_TRUE(f.main->Caption().ends_with(running)) << f.main->Caption();
@@ -69,6 +71,7 @@ TEST(Play, AChosenLevelIsPlayedWatchedToItsEndAndReplacedByTheNext) {
   EXPECT_FALSE(f.program.GameProcess.Valid());
   EXPECT_EQ(f.main->Shots.current, 4) << "the panel shows the last pair";
   EXPECT_FALSE(f.main->Caption().ends_with(running));
+  EXPECT_TRUE(f.main->Pul_Play.Enabled());
   EXPECT_TRUE(f.main->QueryUnload());
   // The panels were refreshed: the summary counts the new savegame in the editor folder.
   EXPECT_TRUE(f.main->Label_InfoDir.Caption().ends_with("0 + 1"))
@@ -94,6 +97,31 @@ TEST(Play, AChosenLevelIsPlayedWatchedToItsEndAndReplacedByTheNext) {
   EXPECT_EQ(std::count(steps.begin(), steps.end(), "media"), 0);
 }
 
+// A note belongs to the savegame it was written for: a save the game writes over the slot starts
+// without it, and the note is kept in the level's folder.
+TEST(Play, ASaveOverASlotStartsWithoutTheNoteOfTheSaveItReplaced) {
+  PlayFixture f(kNames);
+  f.Choose("Beta");
+  f.main->Pul_Play.Click();
+  const fs::path save = f.editor / "savegame.1";
+  const fs::path note = SavegameNoteFile(f.program, save);
+  for (const char* title : {"First", "Second"}) {
+    f.Tell(std::string("save 1 ") + title + "\n");
+    // The stand-in notes a command once its savegame is written and closed.
+    ASSERT_TRUE(testing::WaitFor(
+        [&] { return ReadFile(f.editor / "standin_done.txt").find(title) != std::string::npos; }));
+    f.main->Timer1.Tick();
+    EXPECT_FALSE(fs::exists(note)) << title;
+    WriteBytes(note, std::string("Note of ") + title);
+    f.main->Timer1.Tick();
+    EXPECT_TRUE(fs::exists(note)) << "a note written while the game runs stays";
+  }
+  EXPECT_EQ(ReadFile(GetLevelFolder(f.program, 1, false) / "replaced_notes/savegame_note_1_1.txt"),
+            "Note of First");
+  f.EndGame();
+  ASSERT_TRUE(f.TickUntilEnded());
+}
+
 TEST(Play, FailedLaunchesAreToldAndLeaveNoGameWatched) {
   struct Case {
     std::string name;
@@ -105,7 +133,12 @@ TEST(Play, FailedLaunchesAreToldAndLeaveNoGameWatched) {
   };
   const std::vector<Case> cases = {
       {"game won't start", "Beta", {{msg::kOk, "The game couldn't be started"}}, 1, false},
-      {"media player missing", "Delta", {{msg::kOk, "play_the_game.exe is missing"}}, 3, true},
+      // Found out before the level moves, naming the folder the player is taken from.
+      {"media player missing",
+       "Delta",
+       {{msg::kOk, "play_the_game.exe is missing in /"}},
+       0,
+       false},
       {"files folder missing",
        "Beta",
        {{msg::kNo, "LEVEL_0001/files\" is missing"}, {msg::kOk, "couldn't be put"}},
@@ -138,6 +171,8 @@ TEST(Play, FailedLaunchesAreToldAndLeaveNoGameWatched) {
     EXPECT_EQ(GetActiveLevelCode(f.program), c.active_after);
     EXPECT_TRUE(c.name != "game won't start" ||
                 ReadFile(LogPath(f.program)).ends_with("Error code: 13\n"));
+    EXPECT_TRUE(c.name != "media player missing" ||
+                f.ui.Messages().back().find(f.program.Home().string()) != std::string::npos);
     f.main->Timer1.Tick();
     EXPECT_FALSE(f.program.GameRunning);
   }

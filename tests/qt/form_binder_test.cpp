@@ -5,15 +5,22 @@
 #include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
+#include <QMenu>
+#include <QMenuBar>
 #include <QPushButton>
+#include <algorithm>
 #include <filesystem>
+#include <set>
 
 #include "bare_main_window.h"
 #include "form_binder.h"
 #include "foundation/dialogs/dialog_input_box.h"
+#include "foundation/dialogs/dialog_msg_box.h"
+#include "foundation/dialogs/message_styles.h"
 #include "qt_test_support.h"
 #include "savegames/dialog_screen_shot.h"
 #include "window/all_forms.h"
+#include "window_geometry.h"
 
 namespace vardolin {
 namespace {
@@ -53,6 +60,19 @@ TEST_F(BinderTest, EscapeCancelsEveryDialogAndEnterPressesItsDefaultOrFind) {
     EXPECT_FALSE(form->IsLoaded());
   }
 
+  // A message box: Escape is its Cancel, else its No, else its only Ok.
+  const std::pair<int, int> boxes[] = {
+      {msg::kOkOnly, msg::kOk}, {msg::kYesNo, msg::kNo}, {msg::kYesNoCancel, msg::kCancel}};
+  for (const auto& [style, answer] : boxes) {
+    Dialog_MsgBox message(p.program);
+    message.ImpostaValori("Sure?", style, "");
+    message.Load();
+    FormBinder binder(message);
+    binder.window()->show();
+    Key(Widget<QPushButton>(binder, "Pul_Button1"), Qt::Key_Escape);
+    EXPECT_EQ(message.ExitValue, answer) << style;
+  }
+
   Dialog_InputBox box(p.program);
   box.ImpostaValori("Name?", "", "Lara");
   box.Load();
@@ -70,6 +90,64 @@ TEST_F(BinderTest, EscapeCancelsEveryDialogAndEnterPressesItsDefaultOrFind) {
   main.Pul_Search.SetHandler([&] { ++finds; });
   Key(Widget<QLineEdit>(window, "Text_Search"), Qt::Key_Return);
   EXPECT_EQ(finds, 1);
+}
+
+// Alt+letter opens each menu and picks each entry, no two of one menu on the same letter; the
+// note search has real shortcuts, which the menu shows beside captions that don't spell them.
+TEST_F(BinderTest, MenusAnswerTheKeyboard) {
+  testing::BareMainWindow main(p.program);
+  main.Load();
+  FormBinder binder(main);
+  std::vector<QWidget*> holders = {binder.window()->findChild<QMenuBar*>()};
+  for (QMenu* menu : binder.window()->findChildren<QMenu*>()) holders.push_back(menu);
+  for (QWidget* holder : holders) {
+    std::set<int> keys;
+    for (QAction* a : holder->actions()) {
+      if (a->isSeparator() || !a->isVisible()) continue;
+      const QKeySequence mnemonic = QKeySequence::mnemonic(a->text());
+      EXPECT_FALSE(mnemonic.isEmpty()) << a->text().toStdString();
+      EXPECT_TRUE(keys.insert(mnemonic[0].toCombined()).second) << a->text().toStdString();
+    }
+  }
+  EXPECT_EQ(QKeySequence::mnemonic(Widget<QMenu>(binder, "mnu_File")->title()),
+            QKeySequence(Qt::ALT | Qt::Key_F));
+  const std::pair<const char*, QKeyCombination> shortcuts[] = {
+      {"mnu_FindSavegameNote", Qt::CTRL | Qt::Key_F},
+      {"mnu_FineNextSavegame", Qt::CTRL | Qt::Key_N},
+      {"mnu_FindPreviousSavegame", Qt::CTRL | Qt::Key_P}};
+  for (const auto& [name, key] : shortcuts) {
+    auto* action = binder.window()->findChild<QAction*>(name);
+    ASSERT_NE(action, nullptr) << name;
+    EXPECT_EQ(action->shortcut(), QKeySequence(key)) << name;
+    EXPECT_FALSE(action->text().contains(u"Ctrl")) << name;
+  }
+}
+
+// Switching between the screenshot and the savegame panels leaves the window's size alone, and
+// either panel fits a 1280x800 screen with room for the desktop's panel and the window's frame.
+TEST_F(BinderTest, TheMainWindowNeverGrowsByItselfAndFitsASmallScreen) {
+  testing::BareMainWindow main(p.program);
+  main.Load();
+  FormBinder binder(main);
+  QWidget* window = binder.window();
+  main.Pul_ScreenShots.Click();
+  window->show();
+  window->resize(1, 1);
+  testing::Spin(20);
+  const QSize smallest = window->size();
+  qt::HoldLeastSizeForPanels(window, {"Frame_ScreenShots", "Frame_SaveGames"});
+  testing::Spin(20);
+  // Measuring the panels shows each alone: the window takes the larger least size, no more.
+  EXPECT_EQ(window->size().height(), std::max(smallest.height(), window->minimumSize().height()));
+  const QSize held = window->size();
+  for (Button* panel : {&main.Pul_SaveGames, &main.Pul_ScreenShots, &main.Pul_SaveGames}) {
+    panel->Click();
+    testing::Spin(20);
+    EXPECT_EQ(window->size(), held) << panel->Name();
+    EXPECT_LE(window->minimumSizeHint().height(), window->minimumSize().height()) << panel->Name();
+  }
+  EXPECT_LE(window->minimumSize().height(), 720);
+  EXPECT_LE(window->minimumSize().width(), 1240);
 }
 
 TEST_F(BinderTest, PicturesKeepTheirShapeWhateverTheWindowsSize) {

@@ -1,10 +1,12 @@
 #include <gtest/gtest.h>
 
 #include <QApplication>
+#include <QGuiApplication>
 #include <QImage>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
+#include <QScreen>
 #include <QStyle>
 #include <QWidget>
 #include <filesystem>
@@ -41,7 +43,6 @@ class QtUiTest : public ::testing::Test {
 };
 
 TEST_F(QtUiTest, AskUserShowsTheProgramsMessageBoxWithTheIconOfItsStyle) {
-  constexpr auto kNone = QStyle::SP_CustomBase;
   struct Case {
     int style;
     const char* button;
@@ -53,7 +54,8 @@ TEST_F(QtUiTest, AskUserShowsTheProgramsMessageBoxWithTheIconOfItsStyle) {
       {msg::kYesNoCancel, "Pul_Button3", msg::kCancel, 3, QStyle::SP_MessageBoxQuestion},
       {msg::kYesNo | msg::kWarning, "Pul_Button1", msg::kYes, 2, QStyle::SP_MessageBoxWarning},
       {msg::kInformation, "Pul_Button1", msg::kOk, 1, QStyle::SP_MessageBoxInformation},
-      {msg::kOkOnly, "Pul_Button1", msg::kOk, 1, kNone}};
+      // A box that only tells something shows it as information.
+      {msg::kOkOnly, "Pul_Button1", msg::kOk, 1, QStyle::SP_MessageBoxInformation}};
   for (const Case& c : cases) {
     int visible = 0;
     QImage shown;
@@ -69,12 +71,9 @@ TEST_F(QtUiTest, AskUserShowsTheProgramsMessageBoxWithTheIconOfItsStyle) {
     });
     EXPECT_EQ(p.ui.AskUser("Question", c.style, "Title"), c.result) << c.style;
     EXPECT_EQ(visible, c.visible_buttons) << c.style;
-    QImage expected;
-    if (c.icon != kNone) {
-      const int size = QApplication::style()->pixelMetric(QStyle::PM_MessageBoxIconSize);
-      expected = QApplication::style()->standardIcon(c.icon).pixmap(size, size).toImage();
-    }
-    EXPECT_EQ(shown, expected) << c.style;
+    const int size = QApplication::style()->pixelMetric(QStyle::PM_MessageBoxIconSize);
+    EXPECT_EQ(shown, QApplication::style()->standardIcon(c.icon).pixmap(size, size).toImage())
+        << c.style;
   }
 }
 
@@ -121,6 +120,19 @@ TEST_F(QtUiTest, PicturesOnTheClipboardComeBackPixelForPixelAndClear) {
   p.ui.ClearClipboard();
   EXPECT_FALSE(p.ui.ClipboardHasImage());
   EXPECT_FALSE(p.ui.ClipboardImage(back));
+}
+
+TEST(WindowGeometry, AWindowLargerThanTheScreenOrBesideItIsBroughtIn) {
+  testing::App();
+  const QRect free = QGuiApplication::primaryScreen()->availableGeometry();
+  for (const QRect place : {QRect(free.topLeft(), free.size() + QSize(0, 300)),
+                            QRect(free.left() - 500, free.bottom() - 100, 300, 200)}) {
+    QWidget window;
+    window.setGeometry(place);
+    EXPECT_TRUE(qt::FitWindowOnScreen(&window));
+    EXPECT_TRUE(free.contains(window.frameGeometry()));
+    EXPECT_FALSE(qt::FitWindowOnScreen(&window)) << "inside, it stays";
+  }
 }
 
 TEST(WindowGeometry, TheWindowComesBackWhereItWasLeft) {

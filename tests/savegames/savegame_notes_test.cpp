@@ -1,5 +1,7 @@
 #include <gtest/gtest.h>
 
+#include <tuple>
+
 #include "savegame_panel_fixture.h"
 
 namespace vardolin {
@@ -38,6 +40,22 @@ TEST(SavegameNotes, SearchKeysWalkRoundTheArchivedNotes) {
     if (c.not_found) f.ui.Answer(msg::kOk, f.program.GetText(text::FindNoteNotFound));
     f.main->KeyDown(c.key, kCtrl);
     EXPECT_EQ(f.main->List_SaveGameArchiviati.ListIndex(), c.expected_row);
+  }
+}
+
+// The savegames in the slots are searched first, then the archived ones, round again; a row
+// found in one list takes the selection from the other.
+TEST(SavegameNotes, TheSearchTakesInTheSavegamesInTheSlots) {
+  testing::SavegamePanelFixture f;
+  f.WriteNote(f.FillSlots(1, {1, 2})[1], "the key in slot 2");
+  f.WriteNote(f.FillSet(1, 1, {1})[0], "an archived key");
+  f.ChooseLevel(1);
+  f.ui.Input("key");
+  const std::tuple<char, int, int> steps[] = {{'F', 1, -1}, {'N', -1, 0}, {'N', 1, -1}};
+  for (const auto& [key, slot_row, archived_row] : steps) {
+    f.main->KeyDown(key, kCtrl);
+    EXPECT_EQ(f.main->List_SaveGameTomb.ListIndex(), slot_row) << key;
+    EXPECT_EQ(f.main->List_SaveGameArchiviati.ListIndex(), archived_row) << key;
   }
 }
 

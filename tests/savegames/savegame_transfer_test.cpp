@@ -4,6 +4,8 @@
 
 #include <gtest/gtest.h>
 
+#include <tuple>
+
 #include "archive_writer.h"
 #include "environment.h"
 #include "savegame_panel_fixture.h"
@@ -37,12 +39,35 @@ TEST(SavegameTransfer, AFriendsZipBringsOnlySavegamesAndNothingOutsideTheSlots) 
                               {"/tmp/vardolin_absolute/savegame.3", GameSavegameBytes(7, "Abs")},
                               {"kept/savegame.4", GameSavegameBytes(8, "Deep")},
                               {"savegame.5", "a readme under a savegame's name"}});
-  f.ui.Answer(msg::kOk, "climb").Answer(msg::kOk, "savegame.5");
+  f.ui.Answer(msg::kOk, "climb")
+      .Answer(msg::kOk, "savegame.5")
+      .Answer(msg::kYes, "not in the level \"Alpha\"");
   EXPECT_EQ(ReceiveSavegameFile(f.program, 1, zip), 2);
+  for (const char* title : {"\"Good\"", "\"Deep\""})
+    EXPECT_NE(f.ui.Messages().back().find(title), std::string::npos) << title;
   EXPECT_EQ(f.SlotNumbers(SlotFolder(f.program, 1)), (std::vector<int>{5, 8}));
   EXPECT_FALSE(fs::exists(f.program.Home() / "climb"));
   EXPECT_FALSE(fs::exists("/tmp/vardolin_absolute"));
   EXPECT_FALSE(fs::exists(f.program.Home() / "receive_savegames"));
+}
+
+// Savegames that carry another level's title come in only when the user says so; those of the
+// level's name, or of a title its own savegames carry, come in without a question.
+TEST(SavegameTransfer, SavegamesOfAnotherLevelAreAskedAbout) {
+  const std::tuple<std::string, int, int> cases[] = {
+      // the title they carry, the answer (0: not asked), how many are taken
+      {"The Packed Vault", msg::kYes, 1},
+      {"The Packed Vault", msg::kNo, 0},
+      {"ALPHA", 0, 1},
+      {"Save 7", 0, 1}};
+  for (const auto& [title, answer, taken] : cases) {
+    SavegamePanelFixture f;
+    f.FillSet(1, 1, {7});
+    const fs::path zip = f.Path("friend.zip");
+    testing::WriteArchive(zip, {{"savegame.0", GameSavegameBytes(9, title)}});
+    if (answer) f.ui.Answer(answer, "\"" + title + "\", not in the level \"Alpha\"");
+    EXPECT_EQ(ReceiveSavegameFile(f.program, 1, zip), taken) << title;
+  }
 }
 
 TEST(SavegameTransfer, ImportFromAFolderMakesRoomAndAsksBeforeReplacing) {
@@ -70,6 +95,7 @@ TEST(SavegameTransfer, ImportFromAFolderMakesRoomAndAsksBeforeReplacing) {
     testing::WriteBytes(source / "savegame.1", GameSavegameBytes(51, "Save 51"));
     f.ChooseLevel(1);
     f.ui.Folder(source.string()).OnForm("Dialog_ListSaveGame", ChooseAll(false, false));
+    f.ui.Answer(msg::kYes, "saved in \"Save 5");
     if (c.replace_answer) f.ui.Answer(c.replace_answer, "Replace file");
     f.main->mnu_ImportSaveGame.Click();
     EXPECT_EQ(f.SlotNumbers(slots), c.after);

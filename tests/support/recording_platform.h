@@ -56,10 +56,12 @@ class RecordingPlatform : public Platform {
   void Beep(int hz, int ms) override { calls.push_back("beep " + std::to_string(hz)); }
   std::vector<DriveInfo> ListDrives() override { return drives; }
   double FreeBytes(const std::filesystem::path&) override { return free_bytes; }
+  // False makes the desktop find no program for what is opened.
+  bool opener_answers = true;
   bool ShellOpen(const std::string& doc, const std::string&,
                  const std::filesystem::path&) override {
     calls.push_back("open " + doc);
-    return true;
+    return opener_answers;
   }
   // The mail hand-over is the real one: the tests put a recording stand-in of the desktop's
   // mailer first on PATH.

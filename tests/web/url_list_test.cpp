@@ -126,6 +126,9 @@ TEST(UrlListTest, TheWindowListsEditsAndSavesTheShownCategory) {
   d.List_Url.SetListIndex(0);
   d.Pul_Change.Click();  // its own address and host collide with nothing but itself
   EXPECT_EQ(d.Label_Url.Caption(), "http://a.org/");
+  t.platform.opener_answers = false;  // a desktop without a browser
+  t.ui.Answer(msg::kOk, "No web browser opened http://a.org/");
+  d.Pul_Go.Click();
 
   d.Pul_Ok.Click();
   UrlList saved;

@@ -1,6 +1,7 @@
 #include "foundation/dialogs/dialog_get_dir.h"
 
 #include <algorithm>
+#include <cstdlib>
 #include <system_error>
 
 #include "foundation/dialogs/ask.h"
@@ -52,7 +53,17 @@ void Dialog_GetDir::ImpostaValori(const std::string& start, const std::string& t
   if (!title_.empty()) SetCaption(title_);
   FillDrives();
   std::error_code ec;
-  if (start.empty() || !fs::is_directory(start, ec) || !EnterFolder(start))
+  fs::path from = start;
+  if (!from.empty() && !fs::is_directory(from, ec)) {
+    // A proposal not made yet: its parent is shown, its name waits to be taken with Ok.
+    fs::path above = from.parent_path();
+    while (!above.empty() && above != above.parent_path() && !fs::is_directory(above, ec))
+      above = above.parent_path();
+    if (above == from.parent_path()) Text_Path.SetText(from.filename().string());
+    from = above;
+  }
+  const char* home = std::getenv("HOME");
+  if ((from.empty() || !EnterFolder(from)) && !(home && *home && EnterFolder(home)))
     EnterFolder(fs::current_path(ec));
 }
 
@@ -158,10 +169,29 @@ void Dialog_GetDir::Pul_NuovaCartella_Click() {
   Text_Path.SetText({});
 }
 
+bool Dialog_GetDir::TakeTypedFolder() {
+  std::string typed = Trim(Text_Path.Text());
+  if (typed.empty()) return true;
+  const char* home = std::getenv("HOME");
+  if (home && (typed == "~" || typed.starts_with("~/"))) typed = home + typed.substr(1);
+  const fs::path target = fs::path(typed).is_absolute() ? fs::path(typed) : folder_ / typed;
+  std::error_code ec;
+  if (!fs::is_directory(target, ec)) fs::create_directories(target, ec);
+  if (!EnterFolder(target)) {
+    AskUser(program(), program().GetText(text::NewFolderFailed, {"\"" + target.string() + "\""}),
+            msg::kError);
+    return false;
+  }
+  Text_Path.SetText({});
+  return true;
+}
+
 void Dialog_GetDir::OKButton_Click() {
-  // A highlighted sub-folder is the one chosen; with none (or the parent's row) the folder in
-  // view is.
-  const int row = Dir1.ListIndex();
+  // A typed folder comes first; else a highlighted sub-folder is the one chosen; with none (or
+  // the parent's row) the folder in view is.
+  const bool typed = !Trim(Text_Path.Text()).empty();
+  if (!TakeTypedFolder()) return;
+  const int row = typed ? -1 : Dir1.ListIndex();
   fs::path chosen = folder_;
   if (row >= 0 && Dir1.ItemData(row) != kParentRow) chosen /= Dir1.List(row);
   Path = NormalizeChosenFolder(chosen.string());

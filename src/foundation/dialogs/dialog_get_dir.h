@@ -15,7 +15,8 @@ namespace vardolin {
 class Dialog_GetDir : public Form {
  public:
   explicit Dialog_GetDir(Program& program);
-  // Starts from `start`; an empty or missing folder starts from the current folder. A title,
+  // Starts from `start`. A missing folder starts from the nearest folder above it that stands,
+  // its missing name typed in, so that Ok makes it; an empty one from the user's home. A title,
   // when given, replaces the default caption.
   void ImpostaValori(const std::string& start, const std::string& title = {});
   const std::filesystem::path& FolderInView() const { return folder_; }
@@ -41,6 +42,9 @@ class Dialog_GetDir : public Form {
   void OKButton_Click();
   void CancelButton_Click();
   void FillDrives();
+  // Goes to the folder typed into Text_Path (a name below the folder in view, or a whole path),
+  // made when it isn't there; false when it can't be (said so).
+  bool TakeTypedFolder();
   void SelectDriveOfFolder();
 
   std::filesystem::path folder_;

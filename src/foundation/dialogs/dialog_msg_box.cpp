@@ -66,10 +66,14 @@ void Dialog_MsgBox::Form_Load() {
 }
 
 void Dialog_MsgBox::Form_KeyDown(int key_code, int shift) {
-  // Escape answers Cancel where the box offers it, as the system's boxes do.
+  // Escape answers as the desktop's boxes do: Cancel where the box offers it, else No, else Ok
+  // where it is the only button. A box of Abort/Retry/Ignore wants a real choice.
   if (key_code != kEscape) return;
-  for (size_t i = 0; i < results_.size(); ++i)
-    if (results_[i] == msg::kCancel) Press(static_cast<int>(i));
+  for (int wanted : {msg::kCancel, msg::kNo}) {
+    for (size_t i = 0; i < results_.size(); ++i)
+      if (results_[i] == wanted) return Press(static_cast<int>(i));
+  }
+  if (results_.size() == 1 && results_[0] == msg::kOk) Press(0);
 }
 
 void Dialog_MsgBox::Press(int slot) {

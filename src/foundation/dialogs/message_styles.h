@@ -28,7 +28,7 @@ inline std::vector<int> ButtonsOfStyle(int style) {
 enum class MessageIcon { None, Error, Question, Warning, Information };
 
 // A box without an icon bit that offers a choice (Yes/No, OK/Cancel ...) asks a question, and
-// shows it as one.
+// shows it as one; one with only its Ok tells something, and shows it as information.
 inline MessageIcon IconOfStyle(int style) {
   switch (style & 0x70) {
     case msg::kError:
@@ -40,7 +40,7 @@ inline MessageIcon IconOfStyle(int style) {
     case msg::kInformation:
       return MessageIcon::Information;
   }
-  return ButtonsOfStyle(style).size() > 1 ? MessageIcon::Question : MessageIcon::None;
+  return ButtonsOfStyle(style).size() > 1 ? MessageIcon::Question : MessageIcon::Information;
 }
 
 }  // namespace vardolin
