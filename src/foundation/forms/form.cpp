@@ -83,4 +83,21 @@ void Form::NotifyForm(FormEvent event) {
   for (auto& slot : slots) slot.observer(*this, event);
 }
 
+void Form::KeyDown(int key_code, int shift) {
+  constexpr int kKeyF1 = 0x70;
+  if (key_code == kKeyF1 && shift == 0 && Form_Help()) return;
+  Form_KeyDown(key_code, shift);
+}
+
+bool Form::Form_Help() {
+  for (const char* name : {"Pul_Help", "Pul_Aiuto"}) {
+    Button* help = Find<Button>(name);
+    if (help && help->Enabled() && help->Visible()) {
+      help->Click();
+      return true;
+    }
+  }
+  return false;
+}
+
 }  // namespace vardolin
