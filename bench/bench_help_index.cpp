@@ -52,3 +52,4 @@ BENCHMARK(BM_HelpIndex)->UseManualTime()->Unit(benchmark::kMillisecond)->Iterati
 
 }  // namespace
 }  // namespace vardolin
+BENCHMARK_MAIN();

@@ -73,3 +73,4 @@ BENCHMARK(BM_SearchInsideZips)->UseManualTime()->Unit(benchmark::kMillisecond)->
 
 }  // namespace
 }  // namespace vardolin
+BENCHMARK_MAIN();

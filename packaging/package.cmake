@@ -2,6 +2,8 @@
 # desktop entry, the icon, the MIME types of level packages and a man page of vardolin-cli.
 # Its Depends are the run-time packages that scripts/install-deps names.
 include(GNUInstallDirs)
+# `make package` builds everything first; the installation itself then only copies.
+set(CMAKE_SKIP_INSTALL_ALL_DEPENDENCY ON)
 
 install(TARGETS vardolin vardolin-cli RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR})
 # The resources go where ResourcesFolder looks beside an installed program: ../share/vardolin.
@@ -37,7 +39,7 @@ set(CPACK_PACKAGE_CONTACT "Vardolin developers <vardolin@localhost>")
 set(CPACK_PACKAGE_DESCRIPTION_SUMMARY
     "level manager for Tomb Raider: The Last Revelation custom levels")
 set(CPACK_DEBIAN_PACKAGE_DESCRIPTION
-    "Keeps any number of custom levels in an archive beside the level editor's folder, puts the\n chosen level in place and starts the game through Wine, keeps savegames and screenshots\n per level, and adds levels from the packages authors publish.")
+    "Keeps any number of custom levels in an archive beside the level editor's folder, puts the\nchosen level in place and starts the game through Wine, keeps savegames and screenshots\nper level, and adds levels from the packages authors publish.")
 set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
 set(CPACK_DEBIAN_PACKAGE_ARCHITECTURE amd64)
 set(CPACK_DEBIAN_PACKAGE_SECTION games)

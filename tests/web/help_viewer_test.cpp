@@ -47,7 +47,9 @@ TEST(HelpText, DoubleClickPicksTheWordOrTheWholeBracketedTitle) {
     SCOPED_TRACE(c.what);
     const auto span = PickHelpWord(c.text, c.caret);
     ASSERT_EQ(span.has_value(), c.word.has_value());
-    if (span) EXPECT_EQ(c.text.substr(span->start, span->length), *c.word);
+    if (span) {
+      EXPECT_EQ(c.text.substr(span->start, span->length), *c.word);
+    }
   }
 }
 
