@@ -11,6 +11,7 @@
 #include <string>
 
 #include "archive_fixture.h"
+#include "foundation/platform/virtual_keys.h"
 #include "foundation/services/files.h"
 #include "foundation/services/strings.h"
 #include "intake/dialog_cerca_livelli.h"
@@ -143,8 +144,7 @@ TEST(HelpViewer, F1PressesTheHelpButtonOfTheFormWithTheFocus) {
   f.WriteManual("x #32# [Searching levels]");
   Dialog_CercaLivelli search(f.program);
   f.ExpectViewer([](Dialog_Testo& v) { EXPECT_EQ(v.Text_Trova.Text(), "#32#"); });
-  constexpr int kF1 = 0x70;
-  search.KeyDown(kF1, 0);
+  search.KeyDown(vk::kF1, 0);
 }
 
 // Every mark and title the program opens stands in the shipped manual, at a title about the

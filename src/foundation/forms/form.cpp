@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "foundation/platform/virtual_keys.h"
 #include "foundation/program.h"
 #include "foundation/texts/text_catalogue.h"
 
@@ -84,8 +85,7 @@ void Form::NotifyForm(FormEvent event) {
 }
 
 void Form::KeyDown(int key_code, int shift) {
-  constexpr int kKeyF1 = 0x70;
-  if (key_code == kKeyF1 && shift == 0 && Form_Help()) return;
+  if (key_code == vk::kF1 && shift == 0 && Form_Help()) return;
   Form_KeyDown(key_code, shift);
 }
 
