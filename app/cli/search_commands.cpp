@@ -2,7 +2,6 @@
 
 #include <filesystem>
 
-#include "foundation/platform/desktop_integration.h"
 #include "foundation/program.h"
 #include "foundation/services/ole_date.h"
 #include "intake/search_history.h"
@@ -17,7 +16,7 @@ std::filesystem::path DefaultFolder(Program& program) {
   const SearchedFolder* newest = nullptr;
   for (const SearchedFolder& entry : program.SearchHistory)
     if (!newest || entry.LastUsed > newest->LastUsed) newest = &entry;
-  return newest ? std::filesystem::path(newest->Path) : DownloadsFolder(program);
+  return newest ? newest->Path : FirstSearchFolder(program);
 }
 
 }  // namespace

@@ -11,7 +11,7 @@ class Program;
 
 struct SearchCommandOptions {
   std::vector<std::string> words;
-  std::string folder;  // empty: the newest folder searched in the window, else the downloads
+  std::string folder;  // empty: the newest folder searched in the window, else the first one
   bool inside_zips = false;
   int kind = 0;
   int days = 0;  // above 0: the files of the last N days instead of by words

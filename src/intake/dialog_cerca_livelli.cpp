@@ -6,7 +6,6 @@
 
 #include "foundation/dialogs/ask.h"
 #include "foundation/dialogs/progress.h"
-#include "foundation/platform/desktop_integration.h"
 #include "foundation/ports/platform.h"
 #include "foundation/ports/ui.h"
 #include "foundation/program.h"
@@ -87,12 +86,8 @@ void Dialog_CercaLivelli::ImpostaValori() {
   ExitValue = false;
   Chosen.clear();
   LoadSearchHistory(p);
-  if (p.SearchHistory.empty()) {
-    // Until the user chooses a folder for downloads, the search starts in the desktop's own.
-    const std::string start = Trim(p.prefs.DefaultLoadDir);
-    const bool unset = EqualsNoCase(start, Trim(p.GetText(text::SearchDefaultUnset)));
-    p.SearchHistory.push_back({unset ? DownloadsFolder(p).string() : start, OleDateNow()});
-  }
+  // Until the user chooses a folder for downloads, the search starts in the desktop's own.
+  if (p.SearchHistory.empty()) p.SearchHistory.push_back({FirstSearchFolder(p), OleDateNow()});
 
   Combo_TipoFile.Clear();
   for (std::int32_t id : {text::SearchKindPackages, text::SearchKindPrograms, text::SearchKindAll})
@@ -131,10 +126,8 @@ void Dialog_CercaLivelli::Form_Unload() {
 
 void Dialog_CercaLivelli::Pul_Sfoglia_Click() {
   Program& p = program();
-  std::string start = Trim(p.prefs.DefaultLoadDir);
-  if (EqualsNoCase(start, Trim(p.GetText(text::SearchDefaultUnset))))
-    start = DownloadsFolder(p).string();
-  const std::string folder = p.ui().AskFolder(start, p.GetText(text::SearchChooseFolder));
+  const std::string folder =
+      p.ui().AskFolder(FirstSearchFolder(p), p.GetText(text::SearchChooseFolder));
   if (folder.empty()) return;
   for (int i = 0; i < Combo_Folder.ListCount(); ++i)
     if (Combo_Folder.List(i) == folder) {

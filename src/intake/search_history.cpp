@@ -1,9 +1,11 @@
 #include "intake/search_history.h"
 
+#include "foundation/platform/desktop_integration.h"
 #include "foundation/services/atomic_file.h"
 #include "foundation/services/binary_io.h"
 #include "foundation/services/files.h"
 #include "foundation/services/strings.h"
+#include "intake/text_ids.h"
 
 namespace vardolin {
 
@@ -49,6 +51,12 @@ void LoadSearchHistory(Program& program) {
   std::string bytes;
   if (ReadFileIfThere(SearchHistoryPath(program), bytes))
     program.SearchHistory = ParseSearchHistory(bytes);
+}
+
+std::string FirstSearchFolder(Program& program) {
+  const std::string start = Trim(program.prefs.DefaultLoadDir);
+  if (!EqualsNoCase(start, Trim(program.GetText(text::SearchDefaultUnset)))) return start;
+  return DownloadsFolder(program).string();
 }
 
 bool SaveSearchHistory(Program& program) {

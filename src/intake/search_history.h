@@ -22,6 +22,9 @@ std::filesystem::path SearchHistoryPath(const Program& program);
 // Reads the file into the program's history when that is empty; a missing or unreadable file
 // leaves it empty, without a message.
 void LoadSearchHistory(Program& program);
+// The folder a search starts in before any was searched: the folder for downloads of the
+// settings, or the desktop's own while the settings hold none (text 2524).
+std::string FirstSearchFolder(Program& program);
 // Replaces the file with the history (written beside and renamed over). False on failure.
 bool SaveSearchHistory(Program& program);
 
