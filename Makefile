@@ -8,7 +8,7 @@ DEMO_HOME ?= $(BUILD)/demo-home
 # A compiler cache, where the machine has one, makes rebuilds in fresh clones cheap.
 LAUNCHER := $(if $(shell command -v ccache),-DCMAKE_C_COMPILER_LAUNCHER=ccache -DCMAKE_CXX_COMPILER_LAUNCHER=ccache)
 
-.PHONY: deps configure build run test bench fuzz clean format
+.PHONY: deps configure build run test bench fuzz clean format package
 
 deps:
 	@scripts/install-deps
@@ -29,6 +29,10 @@ run: build
 
 test: build
 	cd $(BUILD) && QT_QPA_PLATFORM=offscreen ctest -j $(JOBS) --output-on-failure --timeout 600
+
+# vardolin_VERSION_amd64.deb in the build folder.
+package: build
+	cd $(BUILD) && cpack -G DEB
 
 bench: build
 	bench/compare $(BUILD)

@@ -35,6 +35,7 @@
 #include "play_commands.h"
 #include "savegame_commands.h"
 #include "setup_commands.h"
+#include "search_commands.h"
 #include "shot_commands.h"
 #include "terminal_ui.h"
 #include "web_commands.h"
@@ -246,6 +247,18 @@ int main(int argc, char** argv) {
             [&](vardolin::Program& p) { return vardolin::CmdUrlsMerge(p, file, out, err); })
       ->add_option("FILE", file, "a urllist.bin")
       ->required();
+  vardolin::SearchCommandOptions search_options;
+  auto* search =
+      add("search", "find level packages by words in their paths or inside zips", false,
+          [&](vardolin::Program& p) { return vardolin::CmdSearch(p, search_options, out, err); });
+  search->add_option("WORDS", search_options.words, "words that must all stand in the path");
+  search->add_option("--in", search_options.folder,
+                     "folder to search (else the last one searched, else your downloads)");
+  search->add_flag("--inside-zips", search_options.inside_zips,
+                   "a zip is found too when one entry name holds all the words");
+  search->add_option("--kind", search_options.kind,
+                     "0 level packages (.zip, .rar), 1 setup programs (.exe), 2 all files");
+  search->add_option("--days", search_options.days, "the files of the last N days instead");
   bool shots_flag = false, keep_files = false;
   auto* export_level =
       add("export", "write a level with its savegames into a zip that adding takes back", true,

@@ -21,6 +21,7 @@
 #include <QPushButton>
 #include <QRadioButton>
 #include <QSignalBlocker>
+#include <QTextCursor>
 #include <QTextEdit>
 #include <QTimer>
 #include <QVariant>
@@ -83,6 +84,45 @@ QRect FitPicture(QSize picture, QRect box, bool enlarge) {
     size = picture.scaled(box.size(), Qt::KeepAspectRatio);
   return QRect(box.x() + (box.width() - size.width()) / 2,
                box.y() + (box.height() - size.height()) / 2, size.width(), size.height());
+}
+
+// The model counts a text box's selection in bytes of UTF-8, the widgets in UTF-16 units.
+int Utf16Position(const std::string& text, std::size_t byte_pos) {
+  return static_cast<int>(
+      QString::fromUtf8(text.data(), static_cast<qsizetype>(std::min(byte_pos, text.size())))
+          .size());
+}
+std::size_t BytePosition(const QString& text, int pos) {
+  return static_cast<std::size_t>(text.left(pos).toUtf8().size());
+}
+
+void SelectText(QObject* object, const TextBox& box) {
+  const int start = Utf16Position(box.Text(), box.SelStart());
+  const int end = Utf16Position(box.Text(), box.SelStart() + box.SelLength());
+  if (auto* line = qobject_cast<QLineEdit*>(object)) {
+    line->setSelection(start, end - start);
+    return;
+  }
+  auto select = [&](auto* edit) {
+    QTextCursor cursor = edit->textCursor();
+    cursor.setPosition(start);
+    cursor.setPosition(end, QTextCursor::KeepAnchor);
+    edit->setTextCursor(cursor);
+    edit->ensureCursorVisible();
+  };
+  if (auto* plain = qobject_cast<QPlainTextEdit*>(object)) select(plain);
+  if (auto* rich = qobject_cast<QTextEdit*>(object)) select(rich);
+}
+
+// The caret position, in bytes, where the mouse stands in a text box.
+std::size_t CaretAt(QObject* object, QPoint where) {
+  if (auto* line = qobject_cast<QLineEdit*>(object))
+    return BytePosition(line->text(), line->cursorPositionAt(where));
+  if (auto* plain = qobject_cast<QPlainTextEdit*>(object))
+    return BytePosition(plain->toPlainText(), plain->cursorForPosition(where).position());
+  if (auto* rich = qobject_cast<QTextEdit*>(object))
+    return BytePosition(rich->toPlainText(), rich->cursorForPosition(where).position());
+  return 0;
 }
 
 }  // namespace
@@ -331,7 +371,9 @@ void FormBinder::Push(Control& control, QObject* object, Change change) {
         FillList(list, static_cast<ListBox&>(control));
       break;
     case Change::Selection:
-      if (auto* box = qobject_cast<QComboBox*>(object))
+      if (control.Kind() == ControlKind::TextBox)
+        SelectText(object, static_cast<TextBox&>(control));
+      else if (auto* box = qobject_cast<QComboBox*>(object))
         box->setCurrentIndex(static_cast<ComboBox&>(control).ListIndex());
       else if (auto* list = qobject_cast<QListWidget*>(object))
         SelectRows(list, static_cast<ListBox&>(control));
@@ -349,6 +391,12 @@ void FormBinder::Push(Control& control, QObject* object, Change change) {
     case Change::Popup:
       if (QMenu* entries = menu ? menu : (action ? action->menu() : nullptr))
         entries->popup(QCursor::pos());
+      break;
+    case Change::ToolTip:
+      if (widget) widget->setToolTip(Q(control.ToolTip()));
+      break;
+    case Change::Focus:
+      if (widget) widget->setFocus();
       break;
     case Change::Font:
     case Change::Interval:
@@ -436,6 +484,14 @@ bool FormBinder::eventFilter(QObject* watched, QEvent* event) {
         static_cast<QMouseEvent*>(event)->button() == Qt::LeftButton) {
       static_cast<TextBox*>(b.control)->Click();
       return false;
+    }
+    if (b.control->Kind() == ControlKind::TextBox && event->type() == QEvent::MouseButtonDblClick &&
+        static_cast<TextBox*>(b.control)->HasDblClickHandler()) {
+      // The form picks the word itself, from the caret under the mouse.
+      auto* box = static_cast<TextBox*>(b.control);
+      box->SetSelection(CaretAt(target, static_cast<QMouseEvent*>(event)->position().toPoint()), 0);
+      box->DblClick();
+      return true;
     }
     if (target != watched) return false;
     if (b.control->Kind() == ControlKind::Image && event->type() == QEvent::MouseButtonPress) {

@@ -4,6 +4,8 @@
 #include <QApplication>
 #include <QIcon>
 #include <QMessageBox>
+#include <QTimer>
+#include <iostream>
 #include <string>
 
 #include "foundation/platform/desktop_integration.h"
@@ -11,16 +13,47 @@
 #include "foundation/program.h"
 #include "foundation/program_home.h"
 #include "foundation/services/home_lock.h"
+#include "intake/add_level.h"
 #include "qt_ui.h"
 #include "startup/main_window.h"
 #include "window_geometry.h"
 
+namespace {
+
+// --help and --version answer on the terminal, before any window or display is needed.
+bool AnsweredOnTerminal(int argc, char** argv) {
+  for (int i = 1; i < argc; ++i) {
+    const std::string arg = argv[i];
+    if (arg == "--version") {
+      std::cout << "vardolin " << VARDOLIN_VERSION << "\n";
+      return true;
+    }
+    if (arg == "--help" || arg == "-h") {
+      std::cout << "Usage: vardolin [--home DIR] [--add PACKAGE] [CATALOGUE.vdc | SETUP_FOLDER]\n"
+                   "The window of Vardolin, the level manager for Tomb Raider: The Last "
+                   "Revelation custom levels.\n"
+                   "  --home DIR       program home (else $VARDOLIN_HOME, else "
+                   "$XDG_DATA_HOME/vardolin)\n"
+                   "  --add PACKAGE    add the level in PACKAGE once the window stands\n"
+                   "  --version        the version\n"
+                   "vardolin-cli does the same work without windows; see vardolin-cli --help.\n";
+      return true;
+    }
+  }
+  return false;
+}
+
+}  // namespace
+
 int main(int argc, char** argv) {
+  if (AnsweredOnTerminal(argc, argv)) return 0;
   QApplication app(argc, argv);
   QApplication::setApplicationName(QStringLiteral("Vardolin"));
   QApplication::setQuitOnLastWindowClosed(false);
 
   std::string home_option;
+  // A package opened with Vardolin from the file manager: its adding starts with the window.
+  std::string add_package;
   // Each argument that isn't an option is a token of the program's command line; the shell
   // took its quotes away, so it is quoted again here.
   std::string command_line;
@@ -30,6 +63,8 @@ int main(int argc, char** argv) {
       home_option = args[++i].toStdString();
     else if (args[i].startsWith(u"--home="))
       home_option = args[i].mid(7).toStdString();
+    else if (args[i] == u"--add" && i + 1 < args.size())
+      add_package = args[++i].toStdString();
     else if (!args[i].startsWith(u"--"))
       command_line += (command_line.empty() ? "\"" : " \"") + args[i].toStdString() + "\"";
     // --demo names the demonstration home that `make run` prepares; the home decides the rest.
@@ -80,6 +115,10 @@ int main(int argc, char** argv) {
     // the window's foot below the screen.
     vardolin::qt::FitWindowOnScreen(window);
   }
+  if (!add_package.empty())
+    QTimer::singleShot(0, [&program, &add_package] {
+      if (vardolin::AddLevel(program, add_package)) program.notify.LevelListChanged();
+    });
   int rc = QApplication::exec();
   // The session may end the loop with the window still up: shut down as the window would.
   main_window.Unload();

@@ -11,6 +11,8 @@
 #include "foundation/services/paths.h"
 #include "foundation/services/strings.h"
 #include "foundation/services/wildcard.h"
+#include "web/dialog_testo.h"
+#include "web/help_topics.h"
 
 namespace vardolin {
 namespace fs = std::filesystem;
@@ -125,6 +127,10 @@ void Dialog_PrefArc::Pul_Ok_Click() {
     ConvertStore = AskUser(p, p.GetText(text::AskConvertStore), msg::kYesNo) == msg::kYes;
   }
   Unload();
+}
+
+void Dialog_PrefArc::Pul_Help_Click() {
+  ShowHelp(program(), help::PrefArc);
 }
 
 void Dialog_PrefArc::Pul_Cancel_Click() {

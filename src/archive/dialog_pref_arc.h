@@ -48,6 +48,7 @@ class Dialog_PrefArc : public Form {
 
   Button Pul_Ok{*this, "Pul_Ok", "OK", [this] { Pul_Ok_Click(); }};
   Button Pul_Cancel{*this, "Pul_Cancel", "Cancel", [this] { Pul_Cancel_Click(); }};
+  Button Pul_Help{*this, "Pul_Help", "Help", [this] { Pul_Help_Click(); }};
 
  private:
   void Set_Caption_Texts() override;
@@ -59,6 +60,7 @@ class Dialog_PrefArc : public Form {
   void Check_WavInMp3_Click();
   void Pul_Ok_Click();
   void Pul_Cancel_Click();
+  void Pul_Help_Click();
 
   CatalogueHeader saved_;
   bool filling_ = false;

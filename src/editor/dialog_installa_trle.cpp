@@ -10,6 +10,8 @@
 #include "foundation/services/files.h"
 #include "foundation/services/paths.h"
 #include "foundation/services/strings.h"
+#include "web/dialog_testo.h"
+#include "web/help_topics.h"
 
 namespace vardolin {
 namespace fs = std::filesystem;
@@ -22,7 +24,7 @@ Dialog_InstallaTrle::Dialog_InstallaTrle(Program& program)
   Pul_Cancel.SetCaption("Cancel");
   Pul_Help.SetCaption("Help");
   Label_Lingua.SetCaption("Language");
-  Pul_Help.SetEnabled(false);
+  Pul_Help.SetHandler([this] { ShowHelp(this->program(), help::InstallaTrle); });
   Timer1.SetEnabled(false);
 }
 

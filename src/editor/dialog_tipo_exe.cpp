@@ -8,13 +8,15 @@
 #include "foundation/ports/ui.h"
 #include "foundation/program.h"
 #include "foundation/services/strings.h"
+#include "web/dialog_testo.h"
+#include "web/help_topics.h"
 
 namespace vardolin {
 
 Dialog_TipoExe::Dialog_TipoExe(Program& program)
     : Form(program, "Dialog_TipoExe", " Where are the copied files?") {
   Label_Warning.SetCaption("Warning: click  buttons  only AFTER setup is finished");
-  Pul_Help.SetEnabled(false);
+  Pul_Help.SetHandler([this] { ShowHelp(this->program(), help::TipoExe); });
 }
 
 void Dialog_TipoExe::Set_Caption_Texts() {

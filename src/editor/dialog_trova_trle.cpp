@@ -8,12 +8,14 @@
 #include "foundation/program.h"
 #include "foundation/services/strings.h"
 #include "web/dialog_siti.h"
+#include "web/dialog_testo.h"
+#include "web/help_topics.h"
 
 namespace vardolin {
 
 Dialog_TrovaTrle::Dialog_TrovaTrle(Program& program)
     : Form(program, "Dialog_TrovaTrle", " Where is Tomb Raider Level Editor folder ?") {
-  Pul_Help.SetEnabled(false);
+  Pul_Help.SetHandler([this] { ShowHelp(this->program(), help::TrovaTrle); });
 }
 
 void Dialog_TrovaTrle::Set_Caption_Texts() {

@@ -62,6 +62,12 @@ struct EncoderSettings {
   std::int32_t Mp3Frequency = 0;
 };
 
+// A folder the zip search looked in, and when: an OLE date (days since 30 December 1899).
+struct SearchedFolder {
+  std::string Path;
+  double LastUsed = 0;
+};
+
 class Program {
  public:
   Program(std::filesystem::path home, Ui& ui, Platform& platform);
@@ -117,6 +123,8 @@ class Program {
   std::string LastPackagePath;
   // Set when a level info file was applied to the level being edited.
   bool InfoFileFlag = false;
+  // The folders of the zip search, read from Old_Search.bin while empty, kept for the run.
+  std::vector<SearchedFolder> SearchHistory;
 
   // Set by the archive so that writing the settings first saves or gives up a changed
   // catalogue, without the foundation knowing the catalogue.

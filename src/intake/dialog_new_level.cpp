@@ -18,6 +18,7 @@
 #include "foundation/services/wildcard.h"
 #include "intake/add_files.h"
 #include "intake/apply_level_info.h"
+#include "intake/dialog_cerca_livelli.h"
 #include "intake/level_language.h"
 #include "intake/packed_level_expand.h"
 #include "intake/self_installer.h"
@@ -26,6 +27,8 @@
 #include "intake/text_ids.h"
 #include "play/active_level.h"
 #include "web/dialog_siti.h"
+#include "web/dialog_testo.h"
+#include "web/help_topics.h"
 #include "web/text_ids.h"
 #include "web/zip_layer.h"
 
@@ -71,8 +74,9 @@ Dialog_NewLevel::Dialog_NewLevel(Program& program)
     : Form(program, "Dialog_NewLevel", " Level properties") {
   List_Files.SetDblClickHandler([this] { List_Files_DblClick(); });
   Pul_SetMyLanguage.SetHandler([this] { Pul_SetMyLanguage_Click(); });
-  // Their work comes with the zip search, the compiler and the help.
-  for (Button* b : {&Pul_SearchLevel, &Pul_CompileTom, &Pul_Help}) b->SetEnabled(false);
+  Pul_Help.SetHandler([this] { ShowHelp(this->program(), help::NewLevel); });
+  // Its work comes with the compiler.
+  Pul_CompileTom.SetEnabled(false);
 }
 
 Dialog_NewLevel::~Dialog_NewLevel() {
@@ -282,6 +286,14 @@ void Dialog_NewLevel::AfterAdd(bool added) {
 void Dialog_NewLevel::Pul_AddFile_Click() {
   if (Record().CdNumber != 0 && CheckLevelNotOnCd(program(), LevelIndex)) return;
   AfterAdd(AddFromFile(program(), WorkFolder, &ProgressBar1, &Label_Info, false, {}));
+}
+
+void Dialog_NewLevel::Pul_SearchLevel_Click() {
+  if (Record().CdNumber != 0 && CheckLevelNotOnCd(program(), LevelIndex)) return;
+  Dialog_CercaLivelli search(program());
+  search.ImpostaValori();
+  program().ui().ShowModal(search);
+  if (search.ExitValue) AddPackage(search.Chosen, false);
 }
 
 void Dialog_NewLevel::Pul_AddFolder_Click() {

@@ -72,7 +72,8 @@ class Dialog_NewLevel : public Form {
   Button Pul_Remove{*this, "Pul_Remove", "remove file", [this] { Pul_Remove_Click(); }};
   Button Pul_RimuoviTutti{*this, "Pul_RimuoviTutti", "Remove all files",
                           [this] { Pul_RimuoviTutti_Click(); }};
-  Button Pul_SearchLevel{*this, "Pul_SearchLevel", "Advanced search of zip file in your Pc ", {}};
+  Button Pul_SearchLevel{*this, "Pul_SearchLevel", "Advanced search of zip file in your Pc ",
+                         [this] { Pul_SearchLevel_Click(); }};
   Button Pul_Refresh{*this, "Pul_Refresh", "Refresh", [this] { Pul_Refresh_Click(); }};
   Button Pul_SetMyLanguage{*this, "Pul_SetMyLanguage", "Set my language", {}};
   Button Pul_CompileTom{*this, "Pul_CompileTom", "Compile TOM files and create TR4 files", {}};
@@ -113,6 +114,7 @@ class Dialog_NewLevel : public Form {
 
  private:
   void Pul_AddFile_Click();
+  void Pul_SearchLevel_Click();
   void Pul_AddFolder_Click();
   void Pul_Remove_Click();
   void Pul_RimuoviTutti_Click();

@@ -9,6 +9,8 @@
 #include "foundation/services/strings.h"
 #include "savegames/joystick.h"
 #include "savegames/text_ids.h"
+#include "web/dialog_testo.h"
+#include "web/help_topics.h"
 
 namespace vardolin {
 namespace {
@@ -39,8 +41,7 @@ Dialog_JoyStick::Dialog_JoyStick(Program& program)
   Opt_TestCloseTomb.SetCaption("Option1");
   Opt_TestScreenShot.SetCaption("Option1");
   Timer1.SetInterval(kLearnTickMs);
-  // The help viewer opens its topics from elsewhere; until it comes this button stays grey.
-  Pul_Aiuto.SetEnabled(false);
+  Pul_Aiuto.SetHandler([this] { ShowHelp(this->program(), help::JoyStick); });
 }
 
 void Dialog_JoyStick::Set_Caption_Texts() {

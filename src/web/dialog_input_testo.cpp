@@ -19,6 +19,8 @@ void Dialog_InputTesto::ImpostaValori(const std::string& TitoloFinestra,
   ExitValue = false;
   title_ = TitoloFinestra;
   Text1.SetText(TestoIniziale);
+  // The caret behind the last character, nothing selected: typing goes on from the end.
+  Text1.SetSelection(TestoIniziale.size(), 0);
   SetCaption(title_);
 }
 

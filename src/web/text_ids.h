@@ -109,4 +109,18 @@ inline constexpr std::int32_t UrlListReplaceUnreadable = 9101;  // Yes replaces 
 // No program of the desktop opened a web address.
 inline constexpr std::int32_t NoBrowserAnswered = 9501;  // ~1 = the address
 
+// Help viewer: Dialog_Testo, Dialog_Indice.
+inline constexpr std::int32_t HelpIndexCount = 466;    // the number of rows follows
+inline constexpr std::int32_t HelpIndexNoRow = 467;    // Ok with no row chosen
+inline constexpr std::int32_t HelpFileMissing = 1399;  // the quoted path follows
+inline constexpr std::int32_t TestoCaption = 9601;
+inline constexpr std::int32_t TestoFrame = 9602;
+inline constexpr std::int32_t HelpFind = 9603;         // Pul_Trova, Pul_Find
+inline constexpr std::int32_t HelpIndexButton = 9604;  // Pul_Index
+inline constexpr std::int32_t HelpClose = 9605;        // Pul_Ok of Dialog_Testo
+inline constexpr std::int32_t IndiceCaption = 9606;
+inline constexpr std::int32_t IndiceMainTopics = 9607;  // Opt_Main
+inline constexpr std::int32_t IndiceSubTopics = 9608;   // Opt_Sub
+inline constexpr std::int32_t IndiceShow = 9609;        // Pul_Ok of Dialog_Indice
+
 }  // namespace vardolin::text

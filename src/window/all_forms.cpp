@@ -16,6 +16,7 @@
 #include "foundation/dialogs/dialog_wait.h"
 #include "foundation/settings/dialog_settings.h"
 #include "intake/dialog_autore.h"
+#include "intake/dialog_cerca_livelli.h"
 #include "intake/dialog_new_level.h"
 #include "play/dialog_restore.h"
 #include "savegames/dialog_cattura.h"
@@ -24,8 +25,10 @@
 #include "savegames/dialog_resize.h"
 #include "savegames/dialog_screen_shot.h"
 #include "web/dialog_download.h"
+#include "web/dialog_indice.h"
 #include "web/dialog_input_testo.h"
 #include "web/dialog_siti.h"
+#include "web/dialog_testo.h"
 #include "web/dialog_zip.h"
 #include "window/principale.h"
 
@@ -70,6 +73,9 @@ const std::vector<FormFactory>& AllForms() {
       Entry<Dialog_Siti>("Dialog_Siti"),
       Entry<Dialog_ConvertAudio>("Dialog_ConvertAudio"),
       Entry<Dialog_ConvertiMp3>("Dialog_ConvertiMp3"),
+      Entry<Dialog_CercaLivelli>("Dialog_CercaLivelli"),
+      Entry<Dialog_Testo>("Dialog_Testo"),
+      Entry<Dialog_Indice>("Dialog_Indice"),
   };
   return forms;
 }

@@ -78,6 +78,7 @@ Principale::Principale(Program& program) : Form(program, "Principale", "Vardolin
   Timer_Joystick.SetInterval(kJoystickTickMs);
   WireLevelBrowser();
   WireAddLevel();
+  WireHelpAndSearch();
   WirePlay();
   WireEditorSettings();
   WireEditorInstall();

@@ -220,6 +220,7 @@ class Principale : public Form {
  private:
   void Form_Unload() override;
   void Form_KeyDown(int key_code, int shift) override;
+  bool Form_Help() override;
   void Mnu_Exit_Click();
   void mnu_PrefArchive_Click();
   void Combo_Livelli_Click();
@@ -229,6 +230,8 @@ class Principale : public Form {
 
   // Adding a level and a level's properties (principale_add_level.cpp).
   void WireAddLevel();
+  // The Help menu and the zip search (principale_help.cpp).
+  void WireHelpAndSearch();
   // Play and the game watcher (play/principale_play.cpp).
   void WirePlay();
   void Timer1_Timer();

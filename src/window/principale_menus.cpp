@@ -5,6 +5,8 @@
 #include "foundation/program.h"
 #include "foundation/settings/dialog_settings.h"
 #include "savegames/dialog_joy_stick.h"
+#include "web/dialog_testo.h"
+#include "web/help_topics.h"
 #include "window/principale.h"
 #include "window/principale_savegames.h"
 #include "window/principale_shots_menu.h"
@@ -152,6 +154,7 @@ void Principale::mnu_Settings_Click() {
   settings.ImpostaValori();
   settings.Pul_SetJoy.SetHandler([&p] { OpenJoystickSettings(p); });
   settings.Pul_SetJoy.SetEnabled(true);
+  settings.Pul_Help.SetHandler([&p] { ShowHelp(p, help::Settings); });
   p.ui().ShowModal(settings);
 }
 

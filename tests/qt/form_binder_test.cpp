@@ -7,7 +7,10 @@
 #include <QLineEdit>
 #include <QMenu>
 #include <QMenuBar>
+#include <QMouseEvent>
+#include <QPlainTextEdit>
 #include <QPushButton>
+#include <QTextCursor>
 #include <algorithm>
 #include <filesystem>
 #include <set>
@@ -19,6 +22,7 @@
 #include "foundation/dialogs/message_styles.h"
 #include "qt_test_support.h"
 #include "savegames/dialog_screen_shot.h"
+#include "web/dialog_testo.h"
 #include "window/all_forms.h"
 #include "window_geometry.h"
 
@@ -176,6 +180,31 @@ TEST_F(BinderTest, PicturesKeepTheirShapeWhateverTheWindowsSize) {
     EXPECT_TRUE(drawn.width() >= label->width() - 1 || drawn.height() >= label->height() - 1)
         << "scaled to fill the label one way";
   }
+}
+
+// The help viewer through its window: a double click picks the title under the mouse, and the
+// model's byte positions meet the widget's characters in a text with accents before them.
+TEST_F(BinderTest, DoubleClickInTheManualPicksTheTitleUnderTheMouse) {
+  Dialog_Testo viewer(p.program);
+  viewer.Load();
+  viewer.ImpostaValori("Perch\xC3\xA9 \xC3\xA8 [Hot keys while playing] end", "hot");
+  FormBinder binder(viewer);
+  binder.window()->resize(800, 600);
+  binder.window()->show();
+  QApplication::processEvents();
+  viewer.Timer1.Tick();
+  auto* text = Widget<QPlainTextEdit>(binder, "Text_File");
+  EXPECT_EQ(text->textCursor().selectedText(), QStringLiteral("Hot"));
+  QTextCursor at = text->textCursor();
+  at.setPosition(21);  // inside "while", behind two letters of two bytes each
+  const QPoint where = text->cursorRect(at).center();
+  QMouseEvent dbl(QEvent::MouseButtonDblClick, where, text->viewport()->mapToGlobal(where),
+                  Qt::LeftButton, Qt::LeftButton, Qt::NoModifier);
+  QApplication::sendEvent(text->viewport(), &dbl);
+  EXPECT_EQ(viewer.Text_Trova.Text(), "Hot keys while playing");
+  EXPECT_EQ(text->textCursor().selectedText(), QStringLiteral("Hot keys while playing"));
+  auto* line = Widget<QLineEdit>(binder, "Text_Trova");
+  EXPECT_EQ(line->selectedText(), QStringLiteral("Hot keys while playing"));
 }
 
 }  // namespace

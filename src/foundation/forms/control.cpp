@@ -47,6 +47,12 @@ void Control::SetCaption(std::string caption) {
   Notify(Change::Caption);
 }
 
+void Control::SetToolTip(std::string tip) {
+  if (tip == tool_tip_) return;
+  tool_tip_ = std::move(tip);
+  Notify(Change::ToolTip);
+}
+
 void Control::SetEnabled(bool enabled) {
   if (enabled == enabled_) return;
   enabled_ = enabled;

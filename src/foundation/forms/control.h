@@ -40,7 +40,9 @@ enum class Change {
   Font,
   Interval,
   Picture,
-  Popup
+  Popup,
+  Focus,
+  ToolTip
 };
 
 class Control {
@@ -62,6 +64,8 @@ class Control {
   void SetEnabled(bool enabled);
   bool Visible() const { return visible_; }
   void SetVisible(bool visible);
+  const std::string& ToolTip() const { return tool_tip_; }
+  void SetToolTip(std::string tip);
   int Charset() const { return charset_; }
   void SetCharset(int charset);
   // Controls without a font (timers, progress bars, pictures) ignore the charset.
@@ -78,6 +82,7 @@ class Control {
   std::string name_;
   ControlKind kind_;
   std::string caption_;
+  std::string tool_tip_;
   bool enabled_ = true;
   bool visible_ = true;
   int charset_ = 0;

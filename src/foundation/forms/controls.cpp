@@ -29,6 +29,17 @@ void TextBox::Click() {
   if (Enabled() && on_click_) on_click_();
 }
 
+void TextBox::SetSelection(std::size_t start, std::size_t length) {
+  const std::size_t size = Text().size();
+  sel_start_ = start < size ? start : size;
+  sel_length_ = length < size - sel_start_ ? length : size - sel_start_;
+  Notify(Change::Selection);
+}
+
+void TextBox::DblClick() {
+  if (Enabled() && on_dbl_click_) on_dbl_click_();
+}
+
 void TextBox::SetLocked(bool locked) {
   if (locked == locked_) return;
   locked_ = locked;

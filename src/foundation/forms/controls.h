@@ -2,6 +2,7 @@
 // The simple controls of the form kit. Handlers are plain callables bound by the owning form; a
 // front end calls Click() or the setters when the user acts, exactly as a test does.
 
+#include <cstddef>
 #include <functional>
 #include <string>
 
@@ -34,10 +35,23 @@ class TextBox : public Control {
   // A click of the left button in the box; a disabled box gives none.
   void Click();
   void SetClickHandler(Handler on_click) { on_click_ = std::move(on_click); }
+  // The selection, in bytes of the text counted from 0; a length of 0 is the caret alone. The
+  // front end reports the caret before a double click, so that the handler reads where it was.
+  std::size_t SelStart() const { return sel_start_; }
+  std::size_t SelLength() const { return sel_length_; }
+  void SetSelection(std::size_t start, std::size_t length);
+  void DblClick();
+  void SetDblClickHandler(Handler on_dbl_click) { on_dbl_click_ = std::move(on_dbl_click); }
+  bool HasDblClickHandler() const { return static_cast<bool>(on_dbl_click_); }
+  // Gives the box the keyboard focus.
+  void SetFocus() { Notify(Change::Focus); }
 
  private:
   Handler on_change_;
   Handler on_click_;
+  Handler on_dbl_click_;
+  std::size_t sel_start_ = 0;
+  std::size_t sel_length_ = 0;
   bool locked_ = false;
   bool multi_line_ = false;
 };

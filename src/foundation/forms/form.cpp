@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "foundation/platform/virtual_keys.h"
 #include "foundation/program.h"
 #include "foundation/texts/text_catalogue.h"
 
@@ -81,6 +82,22 @@ void Form::Register(Control* control) {
 void Form::NotifyForm(FormEvent event) {
   auto slots = observers_;
   for (auto& slot : slots) slot.observer(*this, event);
+}
+
+void Form::KeyDown(int key_code, int shift) {
+  if (key_code == vk::kF1 && shift == 0 && Form_Help()) return;
+  Form_KeyDown(key_code, shift);
+}
+
+bool Form::Form_Help() {
+  for (const char* name : {"Pul_Help", "Pul_Aiuto"}) {
+    Button* help = Find<Button>(name);
+    if (help && help->Enabled() && help->Visible()) {
+      help->Click();
+      return true;
+    }
+  }
+  return false;
 }
 
 }  // namespace vardolin

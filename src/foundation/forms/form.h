@@ -47,7 +47,7 @@ class Form {
   // What the front end reports of the window itself: a key pressed (virtual-key code, shift
   // bits 1 Shift, 2 Ctrl, 4 Alt), a click on its surface, and the close box. A false answer of
   // QueryUnload keeps the window up.
-  void KeyDown(int key_code, int shift) { Form_KeyDown(key_code, shift); }
+  void KeyDown(int key_code, int shift);
   void Click() { Form_Click(); }
   virtual bool QueryUnload() { return true; }
 
@@ -76,6 +76,9 @@ class Form {
   // Runs when the form closes; the main window's shut-down lives here.
   virtual void Form_Unload() {}
   virtual void Form_KeyDown(int key_code, int shift) {}
+  // F1: the form's help. By default the press of its enabled help button (Pul_Help or
+  // Pul_Aiuto); false when the form has none.
+  virtual bool Form_Help();
   virtual void Form_Click() {}
 
  private:

@@ -26,6 +26,23 @@ int ListControl::AddItem(std::string text, std::int64_t data, int index) {
   return at;
 }
 
+void ListControl::AddItems(std::vector<std::string> texts) {
+  if (texts.empty()) return;
+  for (std::string& text : texts) {
+    if (sorted_) {
+      auto it = std::upper_bound(
+          items_.begin(), items_.end(), text,
+          [](const std::string& t, const ListItem& item) { return LessNoCase(t, item.text); });
+      const int at = static_cast<int>(it - items_.begin());
+      items_.insert(it, ListItem{std::move(text), 0, false});
+      if (list_index_ >= at) ++list_index_;
+    } else {
+      items_.push_back(ListItem{std::move(text), 0, false});
+    }
+  }
+  Notify(Change::Items);
+}
+
 void ListControl::RemoveItem(int index) {
   if (index < 0 || index >= ListCount()) return;
   items_.erase(items_.begin() + index);

@@ -23,6 +23,9 @@ class ListControl : public Control {
 
   // Adds a row and gives its index. Sorted lists ignore the requested index.
   int AddItem(std::string text, std::int64_t data = 0, int index = -1);
+  // Appends rows at the end (a sorted list places each by its text) with one notification, so a
+  // front end refills its widget once for a batch.
+  void AddItems(std::vector<std::string> texts);
   void RemoveItem(int index);
   void Clear();
   int ListCount() const { return static_cast<int>(items_.size()); }

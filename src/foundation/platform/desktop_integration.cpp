@@ -111,6 +111,14 @@ fs::path DesktopFolder(Program& program) {
   return fs::path(home && *home ? home : ".") / "Desktop";
 }
 
+fs::path DownloadsFolder(Program& program) {
+  bool ran = false;
+  std::string answer = Trim(RunTool(program, "xdg-user-dir", {"DOWNLOAD"}, ran));
+  if (ran && !answer.empty()) return answer;
+  const char* home = std::getenv("HOME");
+  return fs::path(home && *home ? home : ".") / "Downloads";
+}
+
 bool CreateProgramShortcut(Program& program) {
   // The link is named by the program's title and the version as "1.4".
   std::string name = Trim(program.GetText(text::ProgramTitle)) + " 1.4";

@@ -26,6 +26,8 @@ bool RegisterCatalogueType(Program& program);
 bool CreateProgramShortcut(Program& program);
 // The user's desktop folder.
 std::filesystem::path DesktopFolder(Program& program);
+// The user's downloads folder (xdg-user-dir DOWNLOAD, else ~/Downloads).
+std::filesystem::path DownloadsFolder(Program& program);
 // The program's icon in its folder, shipped with it: the desktop entries name it and the window
 // shows it.
 std::filesystem::path ProgramIcon(const Program& program);

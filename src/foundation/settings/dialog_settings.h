@@ -61,6 +61,8 @@ class Dialog_Settings : public Form {
 
   Button Pul_Ok{*this, "Pul_Ok", "OK", [this] { Pul_Ok_Click(); }};
   Button Pul_Cancel{*this, "Pul_Cancel", "Cancel", [this] { Pul_Cancel_Click(); }};
+  // The help viewer lies above the settings: whoever opens the form gives this its handler.
+  Button Pul_Help{*this, "Pul_Help", "Help", {}};
 
  protected:
   void Set_Caption_Texts() override;
