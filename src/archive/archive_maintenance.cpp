@@ -193,7 +193,7 @@ bool MoveArchive(Program& p, const fs::path& given) {
     const std::int32_t code = c.levels[i].Code;
     const fs::path from = HardDiskLevelFolder(p, code);
     const fs::path to = JoinFragment(target, LevelFolderName(p, code));
-    if (!CopyFolderTree(p, from, to, false, true, false)) {
+    if (!CopyFolderTreeToMove(p, from, to, true)) {
       ShowError(p, p.GetText(text::MoveCopyFailed));
       HideProgressDialog(p);
       return false;

@@ -57,7 +57,7 @@ std::string BelowSource(const fs::path& file, const fs::path& source) {
 }
 
 bool CopyTree(Program& program, const fs::path& source, const fs::path& target, ProgressBar* bar,
-              bool ask, bool skip, const TreeCopyTexts& texts) {
+              bool ask, bool skip, const TreeCopyTexts& texts, bool link = false) {
   std::error_code ec;
   if (!FolderExists(target)) {
     fs::create_directories(target, ec);
@@ -96,7 +96,8 @@ bool CopyTree(Program& program, const fs::path& source, const fs::path& target, 
     if (HasMark(below, skip_copied)) continue;
     double size = static_cast<double>(fs::file_size(file, ec));
     bool copy = !(ask && FileExists(destination)) || AskReplaceFile(program, file, destination);
-    if (copy && !CopyFileOver(file, destination, "tree-copy")) {
+    if (copy && !(link ? LinkFileOver(file, destination, "tree-copy")
+                       : CopyFileOver(file, destination, "tree-copy"))) {
       ShowError(program,
                 program.GetText(texts.file_not_copied) + "'" + file.filename().string() + "'");
       return false;
@@ -129,6 +130,11 @@ bool CopyFolderTree(Program& program, const fs::path& source, const fs::path& ta
                      kDialogTexts);
   HideProgressDialog(program);
   return ok;
+}
+
+bool CopyFolderTreeToMove(Program& program, const fs::path& source, const fs::path& target,
+                          bool ask) {
+  return CopyTree(program, source, target, nullptr, ask, false, kDialogTexts, true);
 }
 
 bool BackupComplete(Program& program) {

@@ -47,5 +47,9 @@ bool CopyFolderTree(Program& program, const std::filesystem::path& source,
 // This form shows Dialog_Progress for the time of the copy when `show_progress` is set.
 bool CopyFolderTree(Program& program, const std::filesystem::path& source,
                     const std::filesystem::path& target, bool show_progress, bool ask, bool skip);
+// The copy for a source that is deleted once the copy stands: on one file system each file is
+// given its second name instead of a copy of its bytes, so the copy is whole at once.
+bool CopyFolderTreeToMove(Program& program, const std::filesystem::path& source,
+                          const std::filesystem::path& target, bool ask);
 
 }  // namespace vardolin

@@ -158,11 +158,13 @@ bool DeleteFileForced(const fs::path& path) {
   auto st = fs::symlink_status(real, ec);
   if (!fs::exists(st)) return true;
   if (fs::is_directory(st)) return false;
-  if (!fs::is_symlink(st)) AddOwnerWrite(real);
+  // The file's own mode is left alone unless it is in the way: it may be shared with another
+  // name of the same file (a moved archive) that keeps it.
   if (::unlink(real.c_str()) == 0) return true;
   // A read-only folder doesn't keep a file from being deleted on the system the program was
   // made for; give the folder back its write permission and try once more.
   if (errno == EACCES || errno == EPERM) {
+    if (!fs::is_symlink(st)) AddOwnerWrite(real);
     AddOwnerWrite(real.parent_path().empty() ? fs::path(".") : real.parent_path());
     if (::unlink(real.c_str()) == 0) return true;
   }
@@ -229,6 +231,28 @@ bool MoveFileOver(const fs::path& source, const fs::path& target, const char* fa
   if (::rename(src.c_str(), dst.c_str()) == 0) return true;
   if (errno != EXDEV) return false;
   return CopyFileOver(src, dst) && DeleteFileForced(src);
+}
+
+bool LinkFileOver(const fs::path& source, const fs::path& target, const char* fault_point) {
+  const bool disk_full = fault_point && FaultPoint(fault_point);
+  if (source.empty() || target.empty()) return false;
+  const fs::path src = ResolveCase(source);
+  if (!IsFile(src)) return false;
+  const fs::path dst = ResolveCase(target);
+  if (disk_full) {
+    errno = ENOSPC;
+    return false;
+  }
+  std::error_code ec;
+  if (Stands(dst)) {
+    if (fs::equivalent(src, dst, ec)) return true;
+    if (IsFolder(dst) || !DeleteFileForced(dst)) return false;
+  }
+  // A link to a file gives its file, as the copy would.
+  if (::linkat(AT_FDCWD, src.c_str(), AT_FDCWD, dst.c_str(), AT_SYMLINK_FOLLOW) == 0) return true;
+  // Another file system, or one without hard links (FAT): the bytes must be copied.
+  if (errno != EXDEV && errno != EPERM && errno != EMLINK && errno != EOPNOTSUPP) return false;
+  return CopyFileOver(src, dst);
 }
 
 std::string ReplaceFileQuestion(const fs::path& new_file, const fs::path& old_file) {

@@ -46,6 +46,11 @@ bool CopyFileOver(const std::filesystem::path& source, const std::filesystem::pa
 // new one, never a part), else a copy and a delete. False leaves the source in place.
 bool MoveFileOver(const std::filesystem::path& source, const std::filesystem::path& target,
                   const char* fault_point = nullptr);
+// Gives `target` the source's contents as CopyFileOver does, for a source that goes once the
+// target stands: on one file system the target is a second name of the same file (no byte is
+// copied and the source stays whole until it is deleted), elsewhere a copy.
+bool LinkFileOver(const std::filesystem::path& source, const std::filesystem::path& target,
+                  const char* fault_point = nullptr);
 // Copies the matching files of a folder (sub-folders skipped). With `overwrite` clear, a target
 // that stands is replaced only when AskReplaceFile says so. Stops at the first failed copy;
 // given `failed`, copies the rest and adds the files that failed to it instead.
