@@ -96,6 +96,8 @@ TEST_F(MaintenanceTest, ACatalogueDeletedByHandComesBackAndItsLevelsPlay) {
 }
 
 TEST_F(MaintenanceTest, AMoveIsWholeOrLeavesTheArchiveWhereItWas) {
+  // A read-only level file stays read-only where it goes, though its old name is deleted.
+  fs::permissions(Files(3) / "c.tr4", fs::perms::owner_write, fs::perm_options::remove);
   const auto stores = Snapshot(archive);
   std::map<std::int32_t, std::map<std::string, std::string>> levels;
   for (std::int32_t code : {1, 2, 3}) levels[code] = Snapshot(Files(code));
@@ -138,6 +140,8 @@ TEST_F(MaintenanceTest, AMoveIsWholeOrLeavesTheArchiveWhereItWas) {
       EXPECT_FALSE(fs::exists(JoinFragment(archive, LevelFolderName(program, code))));
       EXPECT_TRUE(fs::is_directory(GetLevelFolder(program, code, false) / "savegames"));
     }
+    EXPECT_EQ(fs::status(Files(3) / "c.tr4").permissions() & fs::perms::owner_write,
+              fs::perms::none);
   }
 }
 
