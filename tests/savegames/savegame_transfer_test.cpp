@@ -4,6 +4,10 @@
 
 #include <gtest/gtest.h>
 
+#include <sys/resource.h>
+
+#include <csignal>
+#include <map>
 #include <tuple>
 
 #include "archive_writer.h"
@@ -11,6 +15,7 @@
 #include "savegame_panel_fixture.h"
 #include "savegames/dialog_list_save_game.h"
 #include "savegames/savegame_transfer.h"
+#include "store_fixture.h"
 #include "web/zip_layer.h"
 
 namespace vardolin {
@@ -134,6 +139,76 @@ TEST(SavegameTransfer, ExportWritesEverySavegameIntoAZipOrAFolderAndLeavesNotesB
   EXPECT_FALSE(fs::exists(saves[0]));
   EXPECT_TRUE(fs::exists(SavegameNoteFile(f.program, saves[0])));
   EXPECT_EQ(f.main->List_SaveGameTomb.ListCount(), 0);
+}
+
+// An export from the window writes none of the program's own files, nothing over a file the user
+// keeps and no zip that lacks a savegame, and no savegame is lost on the way: whatever stood at
+// the target stands as it was.
+TEST(SavegameTransfer, AnExportLeavesTheTargetAsItWasWhenItMayNotWriteItWhole) {
+  struct Case {
+    const char* what;
+    bool save_as, zip, delete_sources;  // Save as: the selected savegame
+    std::int32_t level;                 // 0 is the active one: its slots are the editor folder
+    const char* target;                 // under the test's folder
+    int answer;                         // to the question about a file that stands; 0: none asked
+    const char* told;                   // in the error shown; empty: none shown
+  } cases[] = {
+      {"a zip over a file of the home", false, true, false, 1, "home/no_image.jpg", 0, "own data"},
+      {"Save as over a file of the home", true, false, false, 1, "home/no_image.jpg", 0,
+       "own data"},
+      {"a folder of the archive", false, false, false, 1, "archive", 0, "own data"},
+      {"a folder holding a file the user keeps", false, false, false, 1, "out", msg::kNo, ""},
+      {"the slots themselves, deleting behind", false, false, true, 0, "trle", msg::kYes, ""},
+      {"a zip that can't take one savegame", false, true, false, 1, "out/old.zip", 0, "savegame.2"},
+  };
+  for (const Case& c : cases) {
+    SCOPED_TRACE(c.what);
+    SavegamePanelFixture f;
+    const fs::path slots = SlotFolder(f.program, c.level);
+    f.FillSlots(c.level, {3, 4});
+    testing::WriteBytes(f.Path("out/savegame.0"), "the user's own");
+    testing::WriteBytes(f.Path("out/old.zip"), "an older zip");
+    // Too big for the disk that the file-size limit below stands for.
+    if (std::string(c.told) == "savegame.2")
+      testing::WriteBytes(slots / "savegame.2", std::string(1 << 18, 's'));
+    const fs::path target = f.Path(c.target);
+    const auto state = [&target] {
+      return fs::is_directory(target)
+                 ? testing::Snapshot(target)
+                 : std::map<std::string, std::string>{{"", testing::ReadFile(target)}};
+    };
+    const auto before = state();
+    const auto saved = testing::Snapshot(slots);
+    f.ChooseLevel(c.level);
+    if (!c.save_as) f.ui.OnForm("Dialog_ListSaveGame", ChooseAll(c.zip, c.delete_sources));
+    if (c.zip || c.save_as)
+      f.ui.SaveFile(target.string());
+    else
+      f.ui.Folder(target.string());
+    for (int i = 0; c.answer && i < (c.delete_sources ? 2 : 1); ++i)
+      f.ui.Answer(c.answer, "exists already");
+    if (*c.told) f.ui.Answer(msg::kOk, c.told);
+    rlimit limit{};
+    getrlimit(RLIMIT_FSIZE, &limit);
+    rlimit small = limit;
+    small.rlim_cur = 1 << 17;
+    signal(SIGXFSZ, SIG_IGN);
+    setrlimit(RLIMIT_FSIZE, &small);
+    if (c.save_as) {
+      f.main->List_SaveGameTomb.SetListIndex(0);
+      f.main->mnu_SalvaSavegame.Click();
+    } else {
+      f.main->mnu_ExportSavegame.Click();
+    }
+    setrlimit(RLIMIT_FSIZE, &limit);
+    EXPECT_TRUE(f.ui.Done());
+    EXPECT_EQ(state(), before);
+    EXPECT_EQ(testing::Snapshot(slots), saved);
+    if (std::string(c.told) == "savegame.2") {
+      EXPECT_EQ(f.ui.Messages().back().find("savegame.0"), std::string::npos);
+      EXPECT_FALSE(fs::exists(f.program.Home() / "zip_savegames"));
+    }
+  }
 }
 
 TEST(SavegameTransfer, MailGoesToTheDesktopsMailerOrSaysThereIsNone) {
