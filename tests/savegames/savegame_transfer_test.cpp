@@ -144,7 +144,7 @@ TEST(SavegameTransfer, ExportWritesEverySavegameIntoAZipOrAFolderAndLeavesNotesB
 // keeps and no zip that lacks a savegame, and loses no savegame: the target and the slots stay.
 TEST(SavegameTransfer, AnExportThatMayNotWriteItAllLeavesEverythingAsItWas) {
   const std::tuple<char, const char*, std::int32_t, int, const char*> cases[] = {
-      // zip, save as, folder, delete (into a folder, deleting behind); target; level; answer
+      // z zip, s Save as, f folder, d folder deleting behind; target; level; answer to the text
       {'z', "home/no_image.jpg", 1, msg::kOk, "own data"},
       {'s', "home/no_image.jpg", 1, msg::kOk, "own data"},
       {'f', "archive", 1, msg::kOk, "own data"},
