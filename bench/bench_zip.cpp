@@ -8,6 +8,9 @@
 //             holds them                                  vs unzip -o -q into an empty folder
 //                                                          (goal <= 1: the time grows with the
 //                                                          entries, not with their square)
+//   store     ReplaceStoredFiles of those 10,000 files, unpacked, into a level's store folder
+//                                                          vs cp -r --preserve=timestamps
+//                                                          (goal <= 1, as for small)
 //   pack      ZipFolderToFile of the 40 files               vs zip -r -q (goal <= 1, and the
 //                                                          counter size_vs_zip <= 1.01)
 //
@@ -31,6 +34,7 @@
 #include "bench_program.h"
 #include "bench_tools.h"
 #include "foundation/program.h"
+#include "intake/store_level.h"
 #include "web/zip_layer.h"
 
 namespace vardolin {
@@ -44,7 +48,7 @@ using bench::kFilesPerKind;
 constexpr int kSmallEntries = 10000;
 
 struct Bench : bench::ProgramBench<> {
-  fs::path level, level_zip, small_zip, flat_zip;
+  fs::path level, level_zip, small_zip, flat, flat_zip;
 
   Bench() {
     level = root / "level";
@@ -64,12 +68,11 @@ struct Bench : bench::ProgramBench<> {
     small_zip = root / "small.zip";
     if (!bench::Run({"zip", "-r", "-q", small_zip.string(), "."}, small)) std::abort();
 
-    const fs::path flat = root / "flat";
+    flat = root / "flat";
     for (int i = 0; i < kSmallEntries; ++i)
       bench::Write(flat / ("file" + std::to_string(i) + ".txt"), "entry " + std::to_string(i));
     flat_zip = root / "flat.zip";
     if (!bench::Run({"zip", "-r", "-q", flat_zip.string(), "."}, flat)) std::abort();
-    fs::remove_all(flat);
   }
   fs::path Fresh(const char* name) {
     fs::path p = root / name;
@@ -137,6 +140,24 @@ void BM_ExtractSmallZip(benchmark::State& state) {
        }});
 }
 
+// What the small zip holds, stored as a level's files: in turns with cp, as above.
+void BM_StoreSmallFiles(benchmark::State& state) {
+  Bench& b = TheBench();
+  const fs::path ours = b.root / "store-ours", theirs = b.root / "store-cp";
+  auto clear = [&](const fs::path& p) {
+    std::error_code ec;
+    fs::remove_all(p, ec);
+    return true;
+  };
+  bench::MeasurePair(
+      state, "cp",
+      {[&] { return clear(ours); }, [&] { return ReplaceStoredFiles(b.program, b.flat, ours); }},
+      {[&] { return clear(theirs); },
+       [&] {
+         return bench::Run({"cp", "-r", "--preserve=timestamps", b.flat.string(), theirs.string()});
+       }});
+}
+
 void BM_ListZipEntries(benchmark::State& state) {
   Bench& b = TheBench();
   for (auto _ : state) {
@@ -193,6 +214,7 @@ void BM_ZipRQ(benchmark::State& state) {
 BENCHMARK(BM_UnzipO) FIGURE->Iterations(5);
 BENCHMARK(BM_ExtractZip) FIGURE->Iterations(5);
 BENCHMARK(BM_ExtractSmallZip) FIGURE->Iterations(6);
+BENCHMARK(BM_StoreSmallFiles) FIGURE->Iterations(6);
 BENCHMARK(BM_UnzipZ1) FIGURE->Iterations(20);
 BENCHMARK(BM_ListZipEntries) FIGURE->Iterations(20);
 BENCHMARK(BM_ZipRQ) FIGURE->Iterations(3);

@@ -3,13 +3,11 @@
 #include <algorithm>
 #include <filesystem>
 #include <ostream>
-#include <set>
 #include <string>
 #include <utility>
 #include <vector>
 
 #include "catalogue_commands.h"
-#include "foundation/dialogs/export_target.h"
 #include "foundation/program.h"
 #include "foundation/services/paths.h"
 #include "foundation/services/strings.h"
@@ -117,14 +115,9 @@ int CmdExportSavegames(Program& program, std::int32_t code, const std::string& t
   const std::filesystem::path to = std::filesystem::absolute(target);
   const bool zip =
       EqualsNoCase(ExtractExtension(to.string()), program.GetText(text::SaveSavegameZipExtension));
-  // Each file written is one the user agreed to: never the program's own, never over another
-  // file without a yes.
-  std::set<std::string> asked;
-  for (const auto& file : zip ? std::vector<std::filesystem::path>{to} : files) {
-    const std::filesystem::path written = zip ? to : to / file.filename();
-    if (!asked.insert(ToLower(written.string())).second) continue;
-    if (MayWriteExportTarget(program, written, false)) continue;
-    err << "vardolin-cli: the savegames were not exported: " << written.string()
+  const std::filesystem::path refused = RefusedSavegameTarget(program, to, files, zip, false);
+  if (!refused.empty()) {
+    err << "vardolin-cli: the savegames were not exported: " << refused.string()
         << " is not to be written (the message above says why)\n";
     return 1;
   }

@@ -16,6 +16,7 @@
 #include "foundation/services/atomic_file.h"
 #include "foundation/services/drives.h"
 #include "foundation/services/files.h"
+#include "foundation/services/folder_names.h"
 #include "foundation/services/log.h"
 #include "foundation/services/paths.h"
 #include "foundation/services/safe_join.h"
@@ -74,16 +75,18 @@ bool CopyLevelTree(const fs::path& source, const fs::path& target, std::string_v
   std::error_code ec;
   fs::create_directories(target, ec);
   if (!FolderExists(target)) return false;
+  // The target grows with each file: its names are read once, not once a file.
+  FolderNames names(ResolveCase(target));
   for (fs::directory_iterator it(ResolveCase(source), ec), end; it != end; it.increment(ec)) {
     if (ec) return false;
     std::error_code type_ec;
     if (it->is_symlink(type_ec)) continue;
-    const fs::path name = it->path().filename();
+    const std::string name = it->path().filename().string();
     if (it->is_directory(type_ec)) {
-      if (!CopyLevelTree(it->path(), target / name, skip)) return false;
+      if (!CopyLevelTree(it->path(), names.Place(name), skip)) return false;
     } else if (it->is_regular_file(type_ec)) {
-      if (!skip.empty() && WildcardMatch(name.string(), skip)) continue;
-      if (!CopyFileOver(it->path(), target / name)) return false;
+      if (!skip.empty() && WildcardMatch(name, skip)) continue;
+      if (!CopyFileOverPlaced(it->path(), names.Place(name))) return false;
     }
   }
   return !ec;

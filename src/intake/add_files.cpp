@@ -10,6 +10,7 @@
 #include "foundation/ports/ui.h"
 #include "foundation/program.h"
 #include "foundation/services/files.h"
+#include "foundation/services/folder_names.h"
 #include "foundation/services/log.h"
 #include "foundation/services/paths.h"
 #include "foundation/services/strings.h"
@@ -204,13 +205,15 @@ bool CopyFilesWithProgress(Program& program, const fs::path& source, const fs::p
     bar->SetMax(100);
     bar->SetValue(total > 0 ? static_cast<int>(value * 100 / total) : 0);
   };
+  // The target grows with each file: its names are read once, not once a file.
+  FolderNames names(ResolveCase(target));
   for (const fs::path& f : files) {
-    const fs::path to = target / f.filename();
-    if (!overwrite && FileExists(to) && !AskReplaceFile(program, f, ResolveCase(to))) {
+    const fs::path to = names.Place(f.filename().string());
+    if (!overwrite && fs::is_regular_file(to, ec) && !AskReplaceFile(program, f, to)) {
       done += static_cast<double>(fs::file_size(f, ec));
       continue;
     }
-    if (!CopyFileOver(f, to)) {
+    if (!CopyFileOverPlaced(f, to)) {
       if (!failed) {
         move_bar(0);
         return false;

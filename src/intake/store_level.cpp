@@ -17,6 +17,7 @@
 #include "foundation/ports/ui.h"
 #include "foundation/program.h"
 #include "foundation/services/files.h"
+#include "foundation/services/folder_names.h"
 #include "foundation/services/folder_swap.h"
 #include "foundation/services/paths.h"
 #include "foundation/services/pe_version.h"
@@ -44,8 +45,10 @@ bool ReplaceStoredFiles(Program& program, const fs::path& source, const fs::path
     // A media level's store sub-folder isn't part of the files being replaced: it comes along.
     for (const fs::path& sub : ListSubfolders(target))
       if (!CopyLevelTree(sub, staging / sub.filename())) return false;
+    // The staging folder grows with each file: its names are read once, not once a file.
+    FolderNames names(staging);
     for (const fs::path& f : ListFiles(source, "*"))
-      if (!CopyFileOver(f, staging / f.filename(), "store-copy")) return false;
+      if (!CopyFileOverPlaced(f, names.Place(f.filename().string()), "store-copy")) return false;
     return true;
   });
 }

@@ -101,13 +101,15 @@ void Dialog_ListSaveGame::Export(const std::vector<fs::path>& chosen) {
     request.filter = p.GetText(text::SaveSavegameFilterZip);
     request.start_folder = DesktopFolder(p).string();
     const std::string zip = p.ui().AskSaveFile(request);
-    if (zip.empty()) return;
+    // A place refused leaves the dialog open, as Cancel does, so that another can be chosen.
+    if (zip.empty() || !RefusedSavegameTarget(p, zip, chosen, true, true).empty()) return;
     Finish(ZipSavegames(p, zip, chosen, &Label_Info, &ProgressBar1));
     return;
   }
   const std::string folder =
       p.ui().AskFolder(DesktopFolder(p).string(), p.GetText(text::ExportFolderTitle));
   if (folder.empty()) return Finish(false);
+  if (!RefusedSavegameTarget(p, folder, chosen, false, false).empty()) return;
   ExportSavegamesToFolder(chosen, folder, Check_Elimina.Value());
   Finish(true);
 }

@@ -5,6 +5,7 @@
 
 #include "archive/catalogue_ops.h"
 #include "foundation/dialogs/ask.h"
+#include "foundation/dialogs/export_target.h"
 #include "foundation/dialogs/progress.h"
 #include "foundation/forms/controls.h"
 #include "foundation/ports/platform.h"
@@ -128,14 +129,22 @@ fs::path ExportTarget(const fs::path& folder, const fs::path& file, std::set<std
 
 bool ZipSavegames(Program& p, const fs::path& zip, const std::vector<fs::path>& files, Label* label,
                   ProgressBar* bar) {
-  DeleteFileForced(zip);
   const fs::path work = FreshWorkFolder(p, text::ZipSavegamesFolder);
   std::set<std::string> used;
-  for (const fs::path& f : files) CopyFileOver(f, ExportTarget(work, f, used));
+  std::string failed;
+  for (const fs::path& f : files)
+    if (!CopyFileOver(f, ExportTarget(work, f, used))) failed += kLineEnd + f.string();
+  std::error_code ec;
+  // A zip that lacks a savegame would pass for all of them; the file that stood stays.
+  if (!failed.empty()) {
+    fs::remove_all(work, ec);
+    AskUser(p, p.GetText(text::ZipSavegamesNotCopied) + failed, msg::kError);
+    return false;
+  }
+  DeleteFileForced(zip);
   ShowStatus(label, p.GetText(text::ZipSavegamesZipping) + zip.filename().string());
   const bool zipped = ZipFolderToFile(p, work, zip, bar, false);
   ShowStatus(label, {});
-  std::error_code ec;
   fs::remove_all(work, ec);
   if (!zipped) {
     AskUser(p, p.GetText(text::ZipSavegamesFailed) + kLineEnd + zip.string(), msg::kError);
@@ -147,11 +156,30 @@ bool ZipSavegames(Program& p, const fs::path& zip, const std::vector<fs::path>& 
   return true;
 }
 
+fs::path RefusedSavegameTarget(Program& p, const fs::path& target,
+                               const std::vector<fs::path>& files, bool zip, bool replace_asked) {
+  if (zip) return MayWriteExportTarget(p, target, replace_asked) ? fs::path() : target;
+  // Into a folder each savegame goes under its own name, or under a free one when another took it.
+  std::set<std::string> asked;
+  for (const fs::path& f : files) {
+    const fs::path written = target / f.filename();
+    if (asked.insert(ToLower(written.filename().string())).second &&
+        !MayWriteExportTarget(p, written, false))
+      return written;
+  }
+  return {};
+}
+
 void ExportSavegamesToFolder(const std::vector<fs::path>& files, const fs::path& folder,
                              bool delete_sources) {
   std::set<std::string> used;
-  for (const fs::path& f : files)
-    if (CopyFileOver(f, ExportTarget(folder, f, used)) && delete_sources) DeleteFileForced(f);
+  for (const fs::path& f : files) {
+    const fs::path target = ExportTarget(folder, f, used);
+    std::error_code ec;
+    // Exported onto itself (the active level's slots are the editor folder): it stays.
+    const bool itself = fs::equivalent(f, ResolveCase(target), ec);
+    if (CopyFileOver(f, target) && delete_sources && !itself) DeleteFileForced(f);
+  }
 }
 
 bool MakeRoomForImport(Program& p, std::int32_t code, std::size_t count) {

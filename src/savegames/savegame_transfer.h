@@ -18,13 +18,22 @@ class ProgressBar;
 // Zips the files under their own names; a file whose name another took already gets the next
 // free number behind its stem, so that none is lost. On
 // success the zip's path goes to the clipboard and the user is told; on failure the user is told
-// why. The work folder is gone afterwards either way.
+// why. A file that can't be copied for the zip is named to the user after the rest were tried,
+// and no zip is written: a file that stood at `zip` stays. The work folder is gone afterwards
+// either way.
 bool ZipSavegames(Program& program, const std::filesystem::path& zip,
                   const std::vector<std::filesystem::path>& files, Label* label, ProgressBar* bar);
 
+// Before an export of `files` into the zip `target` or into the folder `target`: the first file
+// it would write that MayWriteExportTarget refuses (the user was told or asked why), empty when
+// it may write them all. `replace_asked`: a file dialog asked about replacing the zip already.
+std::filesystem::path RefusedSavegameTarget(Program& program, const std::filesystem::path& target,
+                                            const std::vector<std::filesystem::path>& files,
+                                            bool zip, bool replace_asked);
+
 // Copies each file into `folder` under its own name (renumbered as in the zip when another took
-// it), deleting the source right behind its copy when `delete_sources`. A failed copy is passed
-// over and keeps its source.
+// it), deleting the source right behind its copy when `delete_sources`; a file that is its own
+// target stays. A failed copy is passed over and keeps its source.
 void ExportSavegamesToFolder(const std::vector<std::filesystem::path>& files,
                              const std::filesystem::path& folder, bool delete_sources);
 

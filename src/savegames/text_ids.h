@@ -213,7 +213,8 @@ inline constexpr std::int32_t ReceiveMask = 2956;         // same as 1684
 inline constexpr std::int32_t ZipSavegamesFolder = 3097;  // fragment behind the program's folder
 inline constexpr std::int32_t ZipSavegamesDone = 3098;    // ~1 the path between line ends
 inline constexpr std::int32_t ZipSavegamesTitle = 3147;
-inline constexpr std::int32_t ImportNotSavegames = 8750;  // the names follow, a line each
+inline constexpr std::int32_t ZipSavegamesNotCopied = 9420;  // the files follow, a line each
+inline constexpr std::int32_t ImportNotSavegames = 8750;     // the names follow, a line each
 // Question, ~1 = the quoted level titles of the savegames, ~2 = the quoted level
 inline constexpr std::int32_t ImportOtherLevel = 9504;
 // Where the note of a savegame the game saved over is kept: a folder of the level's folder, and

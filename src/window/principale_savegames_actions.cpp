@@ -3,6 +3,7 @@
 #include <string>
 
 #include "foundation/dialogs/ask.h"
+#include "foundation/dialogs/export_target.h"
 #include "foundation/platform/desktop_integration.h"
 #include "foundation/ports/ui.h"
 #include "foundation/program.h"
@@ -114,7 +115,7 @@ void SaveSelectedSavegameAs(Principale& main) {
   request.start_folder = DesktopFolder(program).string();
   request.file_name = path.filename().string();
   const std::string chosen = program.ui().AskSaveFile(request);
-  if (chosen.empty()) return;
+  if (chosen.empty() || !MayWriteExportTarget(program, chosen, true)) return;
   const std::string zip = program.GetText(text::SaveSavegameZipExtension);
   if (!zip.empty() && EqualsNoCase(ExtractExtension(chosen), zip)) {
     ZipSavegames(program, chosen, {path}, &main.Label_Info, &main.ProgressBar1);

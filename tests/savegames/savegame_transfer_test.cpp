@@ -4,6 +4,9 @@
 
 #include <gtest/gtest.h>
 
+#include <sys/resource.h>
+
+#include <csignal>
 #include <tuple>
 
 #include "archive_writer.h"
@@ -11,6 +14,7 @@
 #include "savegame_panel_fixture.h"
 #include "savegames/dialog_list_save_game.h"
 #include "savegames/savegame_transfer.h"
+#include "store_fixture.h"
 #include "web/zip_layer.h"
 
 namespace vardolin {
@@ -134,6 +138,50 @@ TEST(SavegameTransfer, ExportWritesEverySavegameIntoAZipOrAFolderAndLeavesNotesB
   EXPECT_FALSE(fs::exists(saves[0]));
   EXPECT_TRUE(fs::exists(SavegameNoteFile(f.program, saves[0])));
   EXPECT_EQ(f.main->List_SaveGameTomb.ListCount(), 0);
+}
+
+// An export from the window writes none of the program's own files, nothing over a file the user
+// keeps and no zip that lacks a savegame, and loses no savegame: the target and the slots stay.
+TEST(SavegameTransfer, AnExportThatMayNotWriteItAllLeavesEverythingAsItWas) {
+  const std::tuple<char, const char*, std::int32_t, int, const char*> cases[] = {
+      // z zip, s Save as, f folder, d folder deleting behind; target; level; answer to the text
+      {'z', "home/no_image.jpg", 1, msg::kOk, "own data"},
+      {'s', "home/no_image.jpg", 1, msg::kOk, "own data"},
+      {'f', "archive", 1, msg::kOk, "own data"},
+      {'f', "out", 1, msg::kNo, "exists already"},
+      {'d', "trle", 0, msg::kYes, "exists already"},  // the active level's own slots
+      {'z', "out/old.zip", 1, msg::kOk, "savegame.2"}};
+  for (const auto& [how, name, level, answer, told] : cases) {
+    SCOPED_TRACE(name);
+    SavegamePanelFixture f;
+    const fs::path slots = SlotFolder(f.program, level), target = f.Path(name);
+    f.FillSlots(level, {3, 4});
+    testing::WriteBytes(f.Path("out/savegame.0"), "the user's own");
+    testing::WriteBytes(f.Path("out/old.zip"), "an older zip");
+    // Bigger than the file-size limit below, which stands for a full disk.
+    if (level) testing::WriteBytes(slots / "savegame.2", std::string(1 << 18, 's'));
+    const auto state = [&] {
+      return std::tuple(testing::Snapshot(target), ReadWholeFile(target), testing::Snapshot(slots));
+    };
+    const auto before = state();
+    if (how != 's') f.ui.OnForm("Dialog_ListSaveGame", ChooseAll(how == 'z', how == 'd'));
+    if (how == 'f' || how == 'd')
+      f.ui.Folder(target.string());
+    else
+      f.ui.SaveFile(target.string());
+    for (int i = how == 'd' ? 0 : 1; i < 2; ++i) f.ui.Answer(answer, told);
+    f.ChooseLevel(level);
+    f.main->List_SaveGameTomb.SetListIndex(0);
+    rlimit limit{};
+    getrlimit(RLIMIT_FSIZE, &limit);
+    const rlimit small{1 << 17, limit.rlim_max};
+    signal(SIGXFSZ, SIG_IGN);
+    setrlimit(RLIMIT_FSIZE, &small);
+    (how == 's' ? f.main->mnu_SalvaSavegame : f.main->mnu_ExportSavegame).Click();
+    setrlimit(RLIMIT_FSIZE, &limit);
+    EXPECT_TRUE(f.ui.Done());
+    EXPECT_EQ(state(), before);
+  }
 }
 
 TEST(SavegameTransfer, MailGoesToTheDesktopsMailerOrSaysThereIsNone) {

@@ -5,6 +5,7 @@
 
 #include <system_error>
 
+#include "foundation/services/atomic_file.h"
 #include "foundation/services/files.h"
 #include "foundation/services/strings.h"
 
@@ -25,7 +26,9 @@ fs::path FolderNames::Place(const std::string& name) {
   return folder_ / by_lower_.emplace(ToLower(name), name).first->second;
 }
 
-bool CopyFileOverPlaced(const fs::path& source, const fs::path& target) {
+bool CopyFileOverPlaced(const fs::path& source, const fs::path& target, const char* fault_point) {
+  // A full disk at this point fails the copy before anything is written (errno is ENOSPC).
+  if (fault_point && FaultPoint(fault_point)) return false;
   std::error_code ec;
   const auto st = fs::symlink_status(target, ec);
   if (fs::exists(st)) {

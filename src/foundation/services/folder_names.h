@@ -24,7 +24,8 @@ class FolderNames {
 
 // Copies one file onto `target` as CopyFileOver does (a file or link standing there is replaced,
 // the source's times are kept, no part of a failed copy stays), for a target whose spelling
-// FolderNames gave: the folder is not searched again.
-bool CopyFileOverPlaced(const std::filesystem::path& source, const std::filesystem::path& target);
+// FolderNames gave: the folder is not searched again. `fault_point` as for CopyFileOver.
+bool CopyFileOverPlaced(const std::filesystem::path& source, const std::filesystem::path& target,
+                        const char* fault_point = nullptr);
 
 }  // namespace vardolin
