@@ -120,19 +120,21 @@ void BM_UnzipO(benchmark::State& state) {
   Label(state, nullptr);
 }
 
-// In turns with unzip: creating 10,000 files right after 10,000 were deleted costs the file
-// system more the more it has deleted, which would weigh on whichever ran second.
+// Takes away what a side made before it runs again. The journal takes the deletions in before
+// the timing starts: ext4 otherwise searches past every inode freed in the running transaction
+// for each file made, which would weigh on whichever side ran second.
+bool ClearForTiming(const fs::path& p) {
+  std::error_code ec;
+  fs::remove_all(p, ec);
+  ::sync();
+  return true;
+}
+
+// In turns with unzip.
 void BM_ExtractSmallZip(benchmark::State& state) {
   Bench& b = TheBench();
   const fs::path ours = b.root / "small-ours", theirs = b.root / "small-unzip";
-  // The journal takes the deletions in before the timing starts: ext4 otherwise searches past
-  // every inode freed in the running transaction for each file made, whoever makes it.
-  auto clear = [&](const fs::path& p) {
-    std::error_code ec;
-    fs::remove_all(p, ec);
-    ::sync();
-    return true;
-  };
+  const auto clear = ClearForTiming;
   bench::MeasurePair(
       state, "unzip",
       {[&] { return clear(ours); },
@@ -147,11 +149,7 @@ void BM_ExtractSmallZip(benchmark::State& state) {
 void BM_StoreSmallFiles(benchmark::State& state) {
   Bench& b = TheBench();
   const fs::path ours = b.root / "store-ours", theirs = b.root / "store-cp";
-  auto clear = [&](const fs::path& p) {
-    std::error_code ec;
-    fs::remove_all(p, ec);
-    return true;
-  };
+  const auto clear = ClearForTiming;
   bench::MeasurePair(
       state, "cp",
       {[&] { return clear(ours); }, [&] { return ReplaceStoredFiles(b.program, b.flat, ours); }},

@@ -29,7 +29,6 @@
 #include "foundation/services/home_lock.h"
 #include "foundation/settings/preferences.h"
 #include "foundation/texts/text_catalogue.h"
-#include "intake/export_level.h"
 #include "level_commands.h"
 #include "maintenance_commands.h"
 #include "play_commands.h"
@@ -425,10 +424,7 @@ int main(int argc, char** argv) {
   }
   vardolin::InstallCatalogueHooks(program);
   // Under the home's lock no other run is at work: whatever a killed one left can go now.
-  if (changes_home) {
-    vardolin::ClearLeftovers(program);
-    vardolin::RemoveExportLeftovers(program);
-  }
+  if (changes_home) vardolin::ClearLeftovers(program);
   const int rc = command.run(program);
   // Writing the settings first saves a changed catalogue, as leaving the program does. A reading
   // command leaves them alone: the window that may hold the home writes them.

@@ -48,15 +48,6 @@ bool SameFolder(const fs::path& a, const fs::path& b) {
   return fs::equivalent(a, b, ec) || fs::weakly_canonical(a, ec) == fs::weakly_canonical(b, ec);
 }
 
-Label* DialogLabel(Program& p) {
-  Dialog_Progress* d = ProgressDialog(p);
-  return d ? &d->Label_Info : nullptr;
-}
-ProgressBar* DialogBar(Program& p) {
-  Dialog_Progress* d = ProgressDialog(p);
-  return d ? &d->ProgressBar1 : nullptr;
-}
-
 }  // namespace
 
 bool HasCdLevels(const Program& program) {
@@ -186,7 +177,7 @@ bool MoveArchive(Program& p, const fs::path& given) {
   }
 
   ShowProgressDialog(p);
-  ShowStatus(DialogLabel(p), p.GetText(text::MoveCopying));
+  ShowStatus(ProgressDialogLabel(p), p.GetText(text::MoveCopying));
   fs::create_directories(target, ec);
   const std::size_t count = c.levels.size();
   for (std::size_t i = 1; i < count; ++i) {
@@ -204,7 +195,7 @@ bool MoveArchive(Program& p, const fs::path& given) {
   const CatalogueHeader before = c.header;
   if (!cd) c.header.MainDir = target.string();
   c.header.SecondaryDir = target.string();
-  ShowStatus(DialogLabel(p), p.GetText(text::MoveMakingFolders));
+  ShowStatus(ProgressDialogLabel(p), p.GetText(text::MoveMakingFolders));
   for (std::size_t i = 1; i < count; ++i) {
     const fs::path level = HardDiskLevelFolder(p, c.levels[i].Code);
     for (std::int32_t id : {text::MoveUserFolder1, text::MoveUserFolder2, text::MoveUserFolder3})
@@ -219,11 +210,11 @@ bool MoveArchive(Program& p, const fs::path& given) {
     ShowError(p, p.GetText(text::CatalogueSaveFailed) + file);
     return false;
   }
-  ShowStatus(DialogLabel(p), p.GetText(text::MoveDeleting));
+  ShowStatus(ProgressDialogLabel(p), p.GetText(text::MoveDeleting));
   for (std::size_t i = 1; i < count; ++i) {
     const fs::path old_level = JoinFragment(old_folder, LevelFolderName(p, c.levels[i].Code));
     FaultPoint("move-delete");
-    if (!DeleteLevelTree(p, old_level, DialogLabel(p), DialogBar(p)))
+    if (!DeleteLevelTree(p, old_level, ProgressDialogLabel(p), ProgressDialogBar(p)))
       ShowError(p, p.GetText(text::MoveDeleteFailed) + old_level.string());
   }
   HideProgressDialog(p);

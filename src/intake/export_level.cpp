@@ -18,6 +18,7 @@
 #include "foundation/services/log.h"
 #include "foundation/services/paths.h"
 #include "foundation/services/strings.h"
+#include "foundation/services/unfinished_work.h"
 #include "intake/add_files.h"
 #include "intake/level_info.h"
 #include "intake/text_ids.h"
@@ -31,22 +32,12 @@ namespace fs = std::filesystem;
 
 constexpr const char* kLineEnd = "\r\n";
 
-// The progress window's controls while it is up; the command line may have none.
-Label* InfoLabel(Program& p) {
-  Dialog_Progress* d = ProgressDialog(p);
-  return d ? &d->Label_Info : nullptr;
-}
-ProgressBar* Bar(Program& p) {
-  Dialog_Progress* d = ProgressDialog(p);
-  return d ? &d->ProgressBar1 : nullptr;
-}
-
 // The expanded copy is thrown away afterwards, so its files are moved rather than copied: on
 // one file system that is a rename, which spares a second pass over a large level.
 void TakeFiles(Program& p, const fs::path& source, const fs::path& target, bool move,
                std::vector<fs::path>& failed) {
   if (!move) {
-    CopyFilesWithProgress(p, source, target, Bar(p), true, "*", &failed);
+    CopyFilesWithProgress(p, source, target, ProgressDialogBar(p), true, "*", &failed);
     return;
   }
   const std::vector<fs::path> files = ListFiles(source, "*");
@@ -54,12 +45,6 @@ void TakeFiles(Program& p, const fs::path& source, const fs::path& target, bool 
     if (!MoveFileOver(files[i], target / files[i].filename())) failed.push_back(files[i]);
     StepProgressDialog(p, static_cast<int>(i + 1), static_cast<int>(files.size()));
   }
-}
-
-// While the zip is written, a note in the home names its part file, so that the run after a
-// killed export can take the part away.
-fs::path PartNote(Program& p) {
-  return p.Home() / "export_level_part.txt";
 }
 
 fs::path PartOf(const fs::path& zip) {
@@ -121,16 +106,19 @@ fs::path ExportLevel(Program& p, std::optional<std::int32_t> code, const ExportC
     return {};
   }
   const fs::path out = JoinFragment(p.Home(), p.GetText(text::ExportFolder));
+  // A killed export leaves this folder and the zip's part behind: the next run that changes the
+  // home takes them away.
+  const UnfinishedWork out_note(p, LeftoverKind::kDelete, out);
   MakeEmptyFolder(out);
   std::error_code ec;
   ShowProgressDialog(p, p.GetText(text::ExportCaption));
-  if (ProgressBar* bar = Bar(p)) bar->SetValue(0);
+  if (ProgressBar* bar = ProgressDialogBar(p)) bar->SetValue(0);
 
   const fs::path level_folder = GetLevelFolder(p, *code, true);
   fs::path temporary;
   auto drop_temporary = [&](std::int32_t say) {
     if (temporary.empty()) return;
-    ShowStatus(InfoLabel(p), p.GetText(say));
+    ShowStatus(ProgressDialogLabel(p), p.GetText(say));
     fs::remove_all(temporary, ec);
   };
   auto give_up = [&](std::int32_t why, int style) {
@@ -157,8 +145,8 @@ fs::path ExportLevel(Program& p, std::optional<std::int32_t> code, const ExportC
   if (HasShots(p, shots) && (choices.shots ? *choices.shots
                                            : AskUser(p, p.GetText(text::ExportShotsQuestion),
                                                      msg::kYesNo) == msg::kYes)) {
-    ShowStatus(InfoLabel(p), p.GetText(text::ExportCopyingShots));
-    CopyFilesWithProgress(p, shots, out, Bar(p), true, "*", &failed);
+    ShowStatus(ProgressDialogLabel(p), p.GetText(text::ExportCopyingShots));
+    CopyFilesWithProgress(p, shots, out, ProgressDialogBar(p), true, "*", &failed);
   }
 
   const fs::path info = JoinFragment(out, p.GetText(text::ExportInfoFile));
@@ -176,12 +164,14 @@ fs::path ExportLevel(Program& p, std::optional<std::int32_t> code, const ExportC
     return {};
   }
 
-  ShowStatus(InfoLabel(p), p.GetText(text::ExportZipping) + zip.string());
-  const bool noted = WriteTextFile(PartNote(p), PartOf(zip).string());
-  const bool zipped = noted && ZipFolderToFile(p, out, zip, Bar(p), false);
-  fs::remove(PartNote(p), ec);
+  ShowStatus(ProgressDialogLabel(p), p.GetText(text::ExportZipping) + zip.string());
+  bool zipped = false;
+  {
+    const UnfinishedWork part_note(p, LeftoverKind::kDelete, PartOf(zip));
+    zipped = ZipFolderToFile(p, out, zip, ProgressDialogBar(p), false);
+  }
   drop_temporary(text::ExportDeleteTemporary);
-  ShowStatus(InfoLabel(p), p.GetText(text::ExportDeleteFolder));
+  ShowStatus(ProgressDialogLabel(p), p.GetText(text::ExportDeleteFolder));
   fs::remove_all(out, ec);
   HideProgressDialog(p);
   if (!zipped) {
@@ -190,24 +180,6 @@ fs::path ExportLevel(Program& p, std::optional<std::int32_t> code, const ExportC
   }
   AskUser(p, p.GetText(text::ExportDone) + zip.string(), msg::kInformation);
   return zip;
-}
-
-void RemoveExportLeftovers(Program& p) {
-  std::error_code ec;
-  const fs::path note = PartNote(p);
-  if (FileExists(note)) {
-    // Only the part file of our own writer: the note names nothing else.
-    const fs::path part = Trim(ReadWholeFile(note));
-    if (part.filename().string().ends_with(".part") && fs::remove(part, ec))
-      WriteLog(p, "Removed the part of a zip that a broken-off export left: " + part.string());
-    fs::remove(note, ec);
-  }
-  const fs::path out = JoinFragment(p.Home(), p.GetText(text::ExportFolder));
-  // Without the texts the name would be the home itself: only a folder within it goes.
-  const fs::path within = out.lexically_relative(p.Home());
-  if (within.empty() || within == "." || within.has_parent_path()) return;
-  if (fs::exists(out, ec) && fs::remove_all(out, ec) > 0)
-    WriteLog(p, "Removed the folder that a broken-off export left: " + out.string());
 }
 
 }  // namespace vardolin

@@ -26,9 +26,4 @@ struct ExportChoices {
 std::filesystem::path ExportLevel(Program& program, std::optional<std::int32_t> code,
                                   const ExportChoices& choices = {});
 
-// What an export that was killed left: its folder in the home, and the part of the zip beside
-// the target, which a note in the home names while the zip is written. Removed, and told in the
-// log; for the clean-up that a command which changes the home runs first.
-void RemoveExportLeftovers(Program& program);
-
 }  // namespace vardolin

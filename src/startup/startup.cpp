@@ -27,7 +27,6 @@
 #include "editor/find_editor.h"
 #include "editor/install_editor.h"
 #include "foundation/dialogs/dialog_progress.h"
-#include "intake/export_level.h"
 #include "play/editor_restore.h"
 #include "play/engine_patch.h"
 #include "play/text_ids.h"
@@ -130,9 +129,8 @@ void CleanUpAfterUpgrade(Program& program) {
   if (AskUser(program, program.GetText(text::UpgradeRestoreAsk, {"\r\n"}), msg::kYesNo) ==
       msg::kYes) {
     ShowProgressDialog(program, program.GetText(text::UpgradeRestoreProgress));
-    Dialog_Progress* dialog = ProgressDialog(program);
-    RestoreEditorConfiguration(program, dialog ? &dialog->Label_Info : nullptr,
-                               dialog ? &dialog->ProgressBar1 : nullptr, false);
+    RestoreEditorConfiguration(program, ProgressDialogLabel(program), ProgressDialogBar(program),
+                               false);
     HideProgressDialog(program);
   }
   RepairLevelStore(program);
@@ -163,8 +161,6 @@ void StartUp(Program& program, const LoadResult& prefs) {
   if (program.main.timer1) program.main.timer1->SetInterval(program.prefs.CheckTenths * 100);
   program.CatalogueDirty = false;
   program.catalogue = Catalogue{};
-  // The home is this process's now: what a killed run left goes first.
-  RemoveExportLeftovers(program);
 
   if (!args.editor_setup.empty() && !InstallFromSetupFolder(program, args.editor_setup)) {
     GiveUp(program);

@@ -149,11 +149,8 @@ TEST_F(MaintenanceTest, AMoveIsWholeOrLeavesTheArchiveWhereItWas) {
 TEST(MoveArchiveCrashChild, Move) {
   const auto job = testing::ReadFaultJob(kChildVariable);
   if (!job) GTEST_SKIP() << "runs only as the child of the crash test";
-  testing::ScriptedUi ui;
-  ui.AllowAnyMessage();
-  testing::RecordingPlatform platform;
-  Program program(job->root / "home", ui, platform);
-  program.texts.EnglishTexts = testing::ReadEnglishForTests();
+  testing::ChildProgram child(job->root / "home");
+  Program& program = child.program;
   program.prefs.AutoSave = true;
   ASSERT_TRUE(LoadCatalogueFile(program, job->root / "home/Vardolin_archive.vdc"));
   MoveArchive(program, job->what);

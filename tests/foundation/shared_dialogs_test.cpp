@@ -85,17 +85,6 @@ TEST_F(DialogSettingsTest, CancelAfterChoosingAGraphicsProgramRestoresIt) {
   EXPECT_EQ(program.prefs.GraphicsProgram, "/usr/bin/old");
 }
 
-TEST(DialogGetDirTest, OkTakesTheHighlightedFolder) {
-  testing::TestProgram t;
-  t.home.Write("start/chosen/file", "x");
-  const std::filesystem::path start = std::filesystem::weakly_canonical(t.home / "start");
-  Dialog_GetDir d(t.program);
-  d.ImpostaValori(start.string());
-  d.Dir1.SetListIndex(d.Dir1.FindText("chosen"));
-  d.OKButton.Click();
-  EXPECT_EQ(d.Path, (start / "chosen").string());
-}
-
 // The folder chooser opens at home, takes a typed folder, and makes a proposal only on Ok.
 TEST(FolderChooser, OpensAtHomeTakesTypedFoldersAndMakesAProposalOnOk) {
   // start below the home ("-": none), typed text ("*": what the chooser typed in), chosen folder
@@ -115,6 +104,15 @@ TEST(FolderChooser, OpensAtHomeTakesTypedFoldersAndMakesAProposalOnOk) {
     EXPECT_EQ(chooser.Path, (chosen.empty() ? user : user / chosen).string()) << start;
     EXPECT_TRUE(std::filesystem::is_directory(chooser.Path));
   }
+  // With nothing typed, a highlighted sub-folder is the one chosen.
+  testing::TestProgram t;
+  t.home.Write("start/chosen/file", "x");
+  const std::filesystem::path start = std::filesystem::weakly_canonical(t.home / "start");
+  Dialog_GetDir d(t.program);
+  d.ImpostaValori(start.string());
+  d.Dir1.SetListIndex(d.Dir1.FindText("chosen"));
+  d.OKButton.Click();
+  EXPECT_EQ(d.Path, (start / "chosen").string());
 }
 
 }  // namespace

@@ -28,11 +28,8 @@ constexpr const char* kChildVariable = "VARDOLIN_ACTIVATION_CHILD";
 TEST(ActivationCrashChild, Activate) {
   const auto job = testing::ReadFaultJob(kChildVariable);
   if (!job) GTEST_SKIP() << "runs only as the child of the crash test";
-  testing::ScriptedUi ui;
-  ui.AllowAnyMessage();
-  testing::RecordingPlatform platform;
-  Program program(job->root / "home", ui, platform);
-  program.texts.EnglishTexts = testing::ReadEnglishForTests();
+  testing::ChildProgram child(job->root / "home");
+  Program& program = child.program;
   testing::ConfigureActivation(program, job->root);
   SetLevelInTrle(program, std::stoi(job->what));
 }

@@ -132,11 +132,8 @@ TEST_F(EditorRestoreTest, EdgeCasesOfTheFullRestoreAndTheBasicFiles) {
 TEST(EditorRestoreCrashChild, Restore) {
   const auto job = testing::ReadFaultJob(kChildVariable);
   if (!job) GTEST_SKIP() << "runs only as the child of the crash test";
-  testing::ScriptedUi ui;
-  ui.AllowAnyMessage();
-  testing::RecordingPlatform platform;
-  Program program(job->root / "home", ui, platform);
-  program.texts.EnglishTexts = testing::ReadEnglishForTests();
+  testing::ChildProgram child(job->root / "home");
+  Program& program = child.program;
   testing::ConfigureActivation(program, job->root);
   RestoreEditorConfiguration(program, nullptr, nullptr, false);
 }

@@ -40,11 +40,8 @@ bool RunOperation(Program& program, const std::string& operation) {
 TEST(SavegameKillChild, Run) {
   const auto job = testing::ReadFaultJob(kChildVariable);
   if (!job) GTEST_SKIP() << "runs only as the child of the kill test";
-  testing::ScriptedUi ui;
-  ui.AllowAnyMessage();
-  testing::RecordingPlatform platform;
-  Program program(job->root / "home", ui, platform);
-  program.texts.EnglishTexts = testing::ReadEnglishForTests();
+  testing::ChildProgram child(job->root / "home");
+  Program& program = child.program;
   Configure(program, job->root);
   EXPECT_TRUE(RunOperation(program, job->what));
 }

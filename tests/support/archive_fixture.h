@@ -35,6 +35,18 @@ inline void MakeTestHome(const std::filesystem::path& home) {
                              home / "no_image.jpg");
 }
 
+// The program of a kill test's child: its home where the parent said, every message let
+// through, the English texts.
+struct ChildProgram {
+  ScriptedUi ui;
+  RecordingPlatform platform;
+  Program program;
+  explicit ChildProgram(const std::filesystem::path& home) : program(home, ui, platform) {
+    ui.AllowAnyMessage();
+    program.texts.EnglishTexts = ReadEnglishForTests();
+  }
+};
+
 struct ArchiveFixture {
   TempDir dir;
   ScriptedUi ui;

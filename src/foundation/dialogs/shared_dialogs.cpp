@@ -34,6 +34,16 @@ Dialog_Progress* ProgressDialog(Program& program) {
   return program.open_forms.Find<Dialog_Progress>("Dialog_Progress");
 }
 
+Label* ProgressDialogLabel(Program& program) {
+  Dialog_Progress* dialog = ProgressDialog(program);
+  return dialog ? &dialog->Label_Info : nullptr;
+}
+
+ProgressBar* ProgressDialogBar(Program& program) {
+  Dialog_Progress* dialog = ProgressDialog(program);
+  return dialog ? &dialog->ProgressBar1 : nullptr;
+}
+
 void StepProgressDialog(Program& program, int value, int max) {
   if (Dialog_Progress* dialog = ProgressDialog(program)) {
     dialog->ProgressBar1.SetMax(max);

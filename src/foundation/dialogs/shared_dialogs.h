@@ -8,6 +8,8 @@ namespace vardolin {
 
 class Program;
 class Dialog_Progress;
+class Label;
+class ProgressBar;
 
 // Shows Dialog_Progress with the caption (empty: text 1556) and its bar at 0. Long operations
 // take its Label_Info and ProgressBar1 from ProgressDialog().
@@ -15,6 +17,9 @@ void ShowProgressDialog(Program& program, const std::string& caption = {});
 void HideProgressDialog(Program& program);
 // The progress window while it is up, else null.
 Dialog_Progress* ProgressDialog(Program& program);
+// Its status line and bar while it is up, else null (the command line may show none).
+Label* ProgressDialogLabel(Program& program);
+ProgressBar* ProgressDialogBar(Program& program);
 // Moves the progress window's bar to `value` of `max`, when the window is up, and lets the
 // interface breathe; long loops call it once per step.
 void StepProgressDialog(Program& program, int value, int max);
