@@ -1,0 +1,57 @@
+#include "cd/cd_plan.h"
+
+#include <gtest/gtest.h>
+
+namespace vardolin {
+namespace {
+
+constexpr double MB = kCdMegabyte;
+
+TEST(CdPlan, SpreadsLevelsInOrderOverCds) {
+  struct Case {
+    const char* what;
+    std::vector<double> sizes;  // of levels 1, 2, 3 ...
+    double room, capacity;
+    std::vector<std::vector<std::int32_t>> plans;  // codes per CD, numbered from 4
+  };
+  const double room = CdCapacityBytes(650) - 2 * MB, capacity = CdCapacityBytes(650);
+  const Case cases[] = {
+      {"no level, no CD", {}, room, capacity, {}},
+      {"all fit on the first", {100 * MB, 200 * MB, 300 * MB}, room, capacity, {{1, 2, 3}}},
+      {"the first CD has 643 MB, the next 645",
+       {600 * MB, 42 * MB, 644 * MB, 1 * MB},
+       room,
+       capacity,
+       {{1, 2}, {3}, {4}}},
+      {"a level that would fill the room to the byte waits for the next CD",
+       {643 * MB, 1 * MB},
+       room,
+       capacity,
+       {{}, {1, 2}}},
+      {"a first level bigger than the room leaves the first CD to the shared items",
+       {700 * MB, 10 * MB},
+       100 * MB,
+       capacity,
+       {{}, {1}, {2}}},
+      {"a level bigger than a CD gets one of its own; the next closes it at once",
+       {10 * MB, 900 * MB, 10 * MB, 10 * MB},
+       room,
+       capacity,
+       {{1}, {2}, {3, 4}}},
+  };
+  for (const Case& c : cases) {
+    std::vector<std::int32_t> codes;
+    for (std::size_t i = 0; i < c.sizes.size(); ++i) codes.push_back(static_cast<int>(i) + 1);
+    const CdSplit split = SplitLevelsOnCds(codes, c.sizes, c.room, c.capacity, 4, "Arc");
+    ASSERT_EQ(split.plans.size(), c.plans.size()) << c.what;
+    for (std::size_t n = 0; n < c.plans.size(); ++n) {
+      EXPECT_EQ(split.plans[n].number, 4 + static_cast<int>(n)) << c.what;
+      EXPECT_EQ(split.plans[n].folder, "Arc" + std::to_string(4 + n)) << c.what;
+      EXPECT_EQ(split.plans[n].codes, c.plans[n]) << c.what;
+      for (std::int32_t code : c.plans[n]) EXPECT_EQ(split.cd_of_level[code - 1], 4 + int(n));
+    }
+  }
+}
+
+}  // namespace
+}  // namespace vardolin
