@@ -55,6 +55,22 @@ class RecordingPlatform : public Platform {
   }
   void Beep(int hz, int ms) override { calls.push_back("beep " + std::to_string(hz)); }
   std::vector<DriveInfo> ListDrives() override { return drives; }
+  // Optical drives: the kernel's drives, the mount table in mountinfo form and each drive's
+  // state by device (a drive not named there can't be asked). Asking the state is recorded as
+  // "status DEVICE", the door as "open DEVICE" and "close DEVICE".
+  std::vector<OpticalDevice> optical;
+  std::string mountinfo;
+  std::map<std::string, int> optical_status;
+  std::vector<OpticalDevice> ListOpticalDevices() override { return optical; }
+  std::string ReadMountInfo() override { return mountinfo; }
+  int OpticalDriveStatus(const std::string& device) override {
+    calls.push_back("status " + device);
+    return optical_status.count(device) ? optical_status.at(device) : kCdStatusUnknown;
+  }
+  bool OpticalDoor(const std::string& device, bool open) override {
+    calls.push_back((open ? "open " : "close ") + device);
+    return optical_status.count(device) > 0;
+  }
   double FreeBytes(const std::filesystem::path&) override { return free_bytes; }
   // False makes the desktop find no program for what is opened.
   bool opener_answers = true;

@@ -1,6 +1,13 @@
 // The Linux platform's drives: the mount points of the machine, and optical drives without a
 // disc.
+#include <fcntl.h>
+#include <linux/cdrom.h>
+#include <sys/ioctl.h>
 #include <sys/statvfs.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <cctype>
 
 #include <map>
 #include <set>
@@ -86,6 +93,45 @@ std::vector<DriveInfo> LinuxPlatform::ListDrives() {
     drives.push_back(std::move(d));
   }
   return drives;
+}
+
+std::vector<OpticalDevice> LinuxPlatform::ListOpticalDevices() {
+  std::vector<OpticalDevice> out;
+  std::error_code ec;
+  for (fs::directory_iterator it(options_.sys_root / "block", ec), end; !ec && it != end;
+       it.increment(ec)) {
+    std::string name = it->path().filename().string();
+    if (name.rfind("sr", 0) != 0) continue;
+    std::string number = ReadWholeFile(it->path() / "dev");
+    while (!number.empty() && std::isspace(static_cast<unsigned char>(number.back())))
+      number.pop_back();
+    out.push_back({name, "/dev/" + name, number});
+  }
+  std::sort(out.begin(), out.end(), [](const OpticalDevice& a, const OpticalDevice& b) {
+    return a.name.size() != b.name.size() ? a.name.size() < b.name.size() : a.name < b.name;
+  });
+  return out;
+}
+
+std::string LinuxPlatform::ReadMountInfo() {
+  return ReadWholeFile(options_.mountinfo_file);
+}
+
+int LinuxPlatform::OpticalDriveStatus(const std::string& device) {
+  // O_NONBLOCK: without it opening a drive with no disc fails, or closes an open tray.
+  int fd = ::open(device.c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC);
+  if (fd < 0) return kCdStatusUnknown;
+  int status = ::ioctl(fd, CDROM_DRIVE_STATUS, CDSL_CURRENT);
+  ::close(fd);
+  return status < 0 ? kCdStatusUnknown : status;
+}
+
+bool LinuxPlatform::OpticalDoor(const std::string& device, bool open) {
+  int fd = ::open(device.c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC);
+  if (fd < 0) return false;
+  int result = ::ioctl(fd, open ? CDROMEJECT : CDROMCLOSETRAY, 0);
+  ::close(fd);
+  return result == 0;
 }
 
 double LinuxPlatform::FreeBytes(const fs::path& any_path) {

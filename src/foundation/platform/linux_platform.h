@@ -32,6 +32,7 @@ class LinuxPlatform : public Platform {
     std::string mailer = "xdg-email";
     // Where the mount table and the kernel's device attributes are read.
     std::filesystem::path mounts_file = "/proc/self/mounts";
+    std::filesystem::path mountinfo_file = "/proc/self/mountinfo";
     std::filesystem::path sys_root = "/sys";
     // How long End waits after SIGTERM before SIGKILL.
     std::chrono::milliseconds end_grace{500};
@@ -76,6 +77,12 @@ class LinuxPlatform : public Platform {
   // Bytes available to the user on the file system of the path (or of its nearest existing
   // folder); -1 when that can't be told.
   double FreeBytes(const std::filesystem::path& any_path) override;
+  // /sys/block/sr*, /proc/self/mountinfo, and the CDROM_DRIVE_STATUS, CDROMEJECT and
+  // CDROMCLOSETRAY requests on the device opened without waiting for a disc.
+  std::vector<OpticalDevice> ListOpticalDevices() override;
+  std::string ReadMountInfo() override;
+  int OpticalDriveStatus(const std::string& device) override;
+  bool OpticalDoor(const std::string& device, bool open) override;
 
   // A program file with parameters is started directly; anything else (a document, an
   // address, a folder) goes to the opener. True when it could be handed over.

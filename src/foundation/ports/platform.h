@@ -58,6 +58,23 @@ struct DriveInfo {
   std::string share_name;
 };
 
+// An optical drive as the kernel names it: "sr0", its device "/dev/sr0" and the device number
+// "11:0" by which the mount table names what is mounted from it.
+struct OpticalDevice {
+  std::string name;
+  std::string device;
+  std::string number;
+};
+
+// What an optical drive says of its disc (the kernel's CDS_ values); kCdStatusUnknown when the
+// drive can't be asked.
+inline constexpr int kCdStatusUnknown = -1;
+inline constexpr int kCdStatusNoInfo = 0;
+inline constexpr int kCdStatusNoDisc = 1;
+inline constexpr int kCdStatusTrayOpen = 2;
+inline constexpr int kCdStatusNotReady = 3;
+inline constexpr int kCdStatusDiscOk = 4;
+
 struct JoystickState {
   std::uint32_t x = 32767;
   std::uint32_t y = 32767;
@@ -113,6 +130,15 @@ class Platform {
   // Drives: the mount points of the machine.
   virtual std::vector<DriveInfo> ListDrives() = 0;
   virtual double FreeBytes(const std::filesystem::path& any_path) = 0;
+
+  // Optical drives, raw: the drives the kernel knows, its mount table (mountinfo form), a drive's
+  // state and its door. The CD subsystem makes drives and mount points of them. A platform
+  // without optical drives keeps these answers.
+  virtual std::vector<OpticalDevice> ListOpticalDevices() { return {}; }
+  virtual std::string ReadMountInfo() { return {}; }
+  virtual int OpticalDriveStatus(const std::string& /*device*/) { return kCdStatusUnknown; }
+  // Opens the door (ejecting the disc) or closes it; false when the drive refused.
+  virtual bool OpticalDoor(const std::string& /*device*/, bool /*open*/) { return false; }
 
   // Desktop.
   virtual bool ShellOpen(const std::string& document, const std::string& parameters,

@@ -62,10 +62,6 @@ int DriveTypeOfPath(Platform& platform, const fs::path& path) {
   return kDriveUnknown;
 }
 
-std::vector<std::string> ListCdDrives(Platform& platform) {
-  return DrivesOfType(platform, kDriveCdRom);
-}
-
 std::vector<std::string> ListFixedDrives(Platform& platform) {
   return DrivesOfType(platform, kDriveFixed);
 }

@@ -22,8 +22,7 @@ std::string DriveOfPath(Platform& platform, const std::filesystem::path& path);
 bool GetDriveInfo(Platform& platform, const std::string& letter, DriveInfo& info);
 // The type of the drive holding `path`; kDriveUnknown when none does.
 int DriveTypeOfPath(Platform& platform, const std::filesystem::path& path);
-// The optical drives, and the fixed drives, in the platform's order.
-std::vector<std::string> ListCdDrives(Platform& platform);
+// The fixed drives, in the platform's order.
 std::vector<std::string> ListFixedDrives(Platform& platform);
 // Bytes free on the drive of `any_path`; when the platform can't tell, DriveFreeBytes.
 double DiskFreeBytes(Platform& platform, const std::filesystem::path& any_path);
