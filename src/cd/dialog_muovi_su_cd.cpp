@@ -5,6 +5,7 @@
 #include "archive/catalogue_file.h"
 #include "archive/level_store.h"
 #include "cd/cd_copy_check.h"
+#include "cd/cd_drives.h"
 #include "cd/cd_images.h"
 #include "cd/text_ids.h"
 #include "foundation/dialogs/ask.h"
@@ -108,7 +109,7 @@ bool Dialog_MuoviSuCd::PrepareForm() {
     Combo_Unita.AddItem(WriterName(engine_.FoundWriters[i]), static_cast<std::int64_t>(i));
   Combo_Unita.AddItem(p.GetText(text::MuoviImageRow), kImageFilesRow);
   Combo_Lettera.Clear();
-  for (const std::string& drive : ListCdDrives(p.platform())) Combo_Lettera.AddItem(drive);
+  for (const CdDrive& drive : ListCdDrives(p.platform())) Combo_Lettera.AddItem(CdDriveUnit(drive));
   if (!engine_.ChosenUnit.empty())
     Combo_Lettera.SetListIndex(Combo_Lettera.FindText(engine_.ChosenUnit));
   Combo_Mb.Clear();

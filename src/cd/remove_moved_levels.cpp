@@ -3,7 +3,9 @@
 #include "archive/catalogue_file.h"
 #include "archive/level_store.h"
 #include "cd/cd_copy_check.h"
+#include "cd/cd_drives.h"
 #include "cd/cd_images.h"
+#include "cd/cd_plan.h"
 #include "cd/text_ids.h"
 #include "foundation/dialogs/ask.h"
 #include "foundation/dialogs/shared_dialogs.h"
@@ -93,10 +95,10 @@ bool RemoveMovedLevels(Program& program) {
   }
   HideProgressDialog(program);
   if (!done) return false;
-  const std::vector<std::string> drives = ListCdDrives(program.platform());
+  const std::vector<CdDrive> drives = ListCdDrives(program.platform());
   CatalogueHeader& h = c.header;
   if (!drives.empty())
-    h.MainDir = (fs::path(drives.front()) / ExtractFileName(Trim(h.MainDir))).string();
+    h.MainDir = (fs::path(CdDriveUnit(drives.front())) / ExtractFileName(Trim(h.MainDir))).string();
   h.OnCd = false;
   program.CatalogueDirty = true;
   return SaveCatalogueFile(program, program.prefs.LastArchive);
