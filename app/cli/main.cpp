@@ -19,6 +19,7 @@
 #include "archive/leftovers.h"
 #include "audio_commands.h"
 #include "catalogue_commands.h"
+#include "cd_commands.h"
 #include "demo_home.h"
 #include "editor_commands.h"
 #include "equal_commands.h"
@@ -366,6 +367,22 @@ int main(int argc, char** argv) {
   convert->add_option("--rate", encoder.Mp3Frequency, "MP3 rate in Hz (the source's)");
   convert->add_option("FILE", audio_files, "audio files")->required();
   convert->add_option("--out", audio_out, "target folder")->required();
+
+  // Level CDs and CD images: what the burn engine reports of an image here; planning, making,
+  // burning and attaching them stand under the same group.
+  CLI::App* cd = app.add_subcommand("cd", "level CDs and CD images");
+  cd->require_subcommand(1);
+  std::string cd_kind, cd_image;
+  auto* cd_report = add_under(
+      cd, "report", "list the files of an ISO image", false,
+      [&](vardolin::Program& p) { return vardolin::CmdCdReport(p, cd_kind, cd_image, out, err); });
+  cd_report
+      ->add_option("KIND", cd_kind,
+                   "FlatList (one path a line), TreeList (indented under their folders) or "
+                   "ReferenceList (path, size and date)")
+      ->required()
+      ->check(CLI::IsMember({"FlatList", "TreeList", "ReferenceList"}, CLI::ignore_case));
+  cd_report->add_option("IMAGE", cd_image, "the ISO image file")->required();
 
   try {
     app.parse(argc, argv);
