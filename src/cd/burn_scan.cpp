@@ -7,6 +7,7 @@
 
 #include "cd/burn_engine.h"
 #include "cd/burn_output.h"
+#include "cd/cd_drives.h"
 #include "foundation/dialogs/progress.h"
 #include "foundation/forms/controls.h"
 #include "foundation/ports/ui.h"
@@ -22,7 +23,9 @@ namespace fs = std::filesystem;
 
 bool BurnEngine::ScanBus() {
   FoundWriters.clear();
-  const std::vector<std::string> units = ListCdDrives(program_.platform());
+  std::vector<std::string> units;
+  for (const CdDrive& drive : ListCdDrives(program_.platform()))
+    units.push_back(drive.mount_point.empty() ? drive.device : drive.mount_point);
   if (!RunTool(kCdrecordTool, {"-scanbus"})) {
     if (ErrorCode != kBurnStopped)
       ErrorCode = kBurnNoWriter, ErrorTitle = "Impossible find cd writer";

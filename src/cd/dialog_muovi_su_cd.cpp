@@ -120,12 +120,13 @@ bool Dialog_MuoviSuCd::PrepareForm() {
   for (int row = 0; row < kSpeedRows; ++row)
     Combo_Speed.AddItem(std::to_string((row + 1) * 2) + p.GetText(text::MuoviSpeedSuffix),
                         (row + 1) * 2);
-  saved_ = p.catalogue;
-  saved_last_archive_ = p.prefs.LastArchive;
-
   ShowProgressDialog(p, p.GetText(text::MuoviMeasuringLevels));
   levels_ = MeasureLevelsToMove(p);
   HideProgressDialog(p);
+  // Taken behind the measuring: a cancel or a failure goes back to the archive as it is, with
+  // its levels' sizes as they are now.
+  saved_ = p.catalogue;
+  saved_last_archive_ = p.prefs.LastArchive;
 
   Check_CreaImage.SetValue(true);
   Check_Archivio.SetValue(true);

@@ -71,10 +71,12 @@ TEST(MakeCds, WithoutAWriterEachCdBecomesAnImageThatHoldsItsLevels) {
   EXPECT_EQ(RememberedCdImage(f.program, 2), image);
   EXPECT_FALSE(FolderExists(f.Path("home/cd_temp")));
 
-  ASSERT_TRUE(RemoveMovedLevels(f.program));
+  // Level 3's CD 1 isn't at hand: the run stops there, what was done stays done.
+  f.ui.Answer(msg::kOk, "The CD was not given");
+  EXPECT_FALSE(RemoveMovedLevels(f.program));
   EXPECT_FALSE(FolderExists(f.FilesOf(1)));
   EXPECT_FALSE(FolderExists(f.FilesOf(2)));
-  EXPECT_TRUE(FolderExists(f.FilesOf(3))) << "its CD isn't at hand";
+  EXPECT_TRUE(FolderExists(f.FilesOf(3)));
 }
 
 TEST(MakeCds, NoToLeavingTheDiskPutsTheCatalogueBack) {
