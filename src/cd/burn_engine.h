@@ -194,6 +194,9 @@ class BurnEngine : public BurnState {
   std::vector<std::string> CdrecordArguments(const std::string& image) const;
   bool CheckBurnResult();
   void ClearProgress();
+  // After a failed RunTool: true when the tool ran and failed, so that the command may give the
+  // failure its own code; false for a stop or a missing tool, which keep theirs.
+  bool ToolItselfFailed() const;
 
   // Scan, verify, reports, doors (burn_scan.cpp).
   bool ScanBus();

@@ -117,6 +117,10 @@ long long NumberBehind(std::string_view text, std::string_view label) {
 }
 
 bool BurnSucceeded(std::string_view output, std::int32_t& last_speed) {
+  // A writer that lost the data half-way still tells both times, often above 2 seconds.
+  if (FindNoCase(output, "write track data: error") != std::string_view::npos ||
+      FindNoCase(output, "A write error occured") != std::string_view::npos)
+    return false;
   if (NumberBehind(output, "Writing  time:") < 2) return false;
   if (NumberBehind(output, "Fixating time:") < 2) return false;
   const long long speed = NumberBehind(output, "at speed");
@@ -181,6 +185,9 @@ std::vector<std::string> ParseScanBus(std::string_view output,
     const std::string rest = from < line.size() ? line.substr(from) : std::string();
     if (StartsWithNoCase(rest, "HOST ADAPTOR") || line.find("NON CCS Disk") != std::string::npos)
       continue;
+    // On Linux every disk of the machine answers the scan (SATA disks are SCSI devices to the
+    // kernel); only an optical drive can be the writer, and only optical drives take the units.
+    if (rest.find("CD-ROM") == std::string::npos) continue;
     const std::vector<std::string> fields = Split(line, '\t');
     if (fields.size() < 2) continue;
     const std::vector<std::string> address = Split(fields[1], ',');

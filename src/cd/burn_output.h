@@ -33,8 +33,8 @@ class ToolLineSplitter {
 // when the label or the digits are missing.
 long long NumberBehind(std::string_view text, std::string_view label);
 
-// A burn's text: both the writing and the fixating time read at least 2 seconds. The speed it
-// started at goes into `last_speed` (left alone when not told).
+// A burn's text: both the writing and the fixating time read at least 2 seconds, and no write
+// error is told. The speed it started at goes into `last_speed` (left alone when not told).
 bool BurnSucceeded(std::string_view output, std::int32_t& last_speed);
 // The writer's error lines ("wodim:" or "cdrecord:", without the unofficial-build warning), one a
 // line; when there is none, the rest of the "Sense Code:" line.
@@ -52,8 +52,9 @@ bool TrackProgress(std::string_view line, double expected_mb, double& written, d
 // -1 for any other line.
 int PercentDone(std::string_view line);
 
-// The writers in a "-scanbus" text, as device strings bus'target'lun'unit'description. The n-th
-// writer takes the n-th of `units` (the optical drives' mount points), "X:" once they run out.
+// The writers in a "-scanbus" text, as device strings bus'target'lun'unit'description: the
+// optical drives (free ids, the host adaptor and disks are passed over). The n-th writer takes
+// the n-th of `units` (the optical drives' mount points), "X:" once they run out.
 std::vector<std::string> ParseScanBus(std::string_view output,
                                       const std::vector<std::string>& units);
 // The fields of a device string; valid when it has 8 fields or more and the first three are

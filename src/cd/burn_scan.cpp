@@ -27,8 +27,7 @@ bool BurnEngine::ScanBus() {
   for (const CdDrive& drive : ListCdDrives(program_.platform()))
     units.push_back(drive.mount_point.empty() ? drive.device : drive.mount_point);
   if (!RunTool(kCdrecordTool, {"-scanbus"})) {
-    if (ErrorCode != kBurnStopped)
-      ErrorCode = kBurnNoWriter, ErrorTitle = "Impossible find cd writer";
+    if (ToolItselfFailed()) ErrorCode = kBurnNoWriter, ErrorTitle = "Impossible find cd writer";
     return false;
   }
   // The scan is read as the tool wrote it: its lines are told apart by their tabs.
@@ -193,13 +192,13 @@ bool BurnEngine::ReportIsoFileList(const std::string& kind, const std::string& g
                 "'ReferenceList'");
   if (ProgressEnabled) ShowStatus(ProgressLabel, "File scan in progress ...");
   if (!RunTool(kIsoinfoTool, {"-f", "-J", "-i", image})) {
-    if (ErrorCode != kBurnStopped) ErrorTitle = "Error scanning ISO image";
+    if (ToolItselfFailed()) ErrorTitle = "Error scanning ISO image";
     return false;
   }
   const double expected =
       static_cast<double>(std::count(last_raw_output_.begin(), last_raw_output_.end(), '\n'));
   if (!RunTool(kIsoinfoTool, {"-J", reference ? "-l" : "-f", "-i", image}, expected)) {
-    if (ErrorCode != kBurnStopped)
+    if (ToolItselfFailed())
       ErrorCode = kBurnReportFailed, ErrorTitle = "Creation report list failed from ISO image";
     return false;
   }

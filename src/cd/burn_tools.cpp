@@ -96,6 +96,11 @@ std::int32_t MissingToolCode(const std::string& tool) {
                                 : kBurnNoIsoinfo;
 }
 
+bool BurnEngine::ToolItselfFailed() const {
+  return ErrorCode != kBurnStopped && ErrorCode != kBurnNoCdrecord && ErrorCode != kBurnNoMkisofs &&
+         ErrorCode != kBurnNoIsoinfo;
+}
+
 void BurnEngine::ClearProgress() {
   if (ProgressLabel) ProgressLabel->SetCaption("");
   if (ProgressBar) ProgressBar->SetValue(0);
@@ -264,7 +269,7 @@ bool BurnEngine::CreateIso() {
 }
 
 bool BurnEngine::CheckBurnResult() {
-  if (BurnSucceeded(ToolOutput, LastSpeed)) return true;
+  if (BurnSucceeded(ToolOutput, LastSpeed) && last_exit_code_ == 0) return true;
   const std::string errors = CdrecordErrors(ToolOutput);
   return Fail(kBurnFailed, "Burning CD failed",
               errors.empty() ? MkisofsErrors(ToolOutput) : errors);
@@ -292,7 +297,7 @@ bool BurnEngine::BurnWithoutIso() {
     return Fail(kBurnNoCdrecord, MissingToolText(kCdrecordTool), MissingToolText(kCdrecordTool));
   const std::vector<std::string> writer_arguments = CdrecordArguments("-");
   if (!RunTool(kCdrecordTool, image_arguments, 0, &writer_arguments)) {
-    if (ErrorCode != kBurnStopped) ErrorCode = kBurnWithoutImageFailed;
+    if (ToolItselfFailed()) ErrorCode = kBurnWithoutImageFailed;
     return false;
   }
   if (CheckBurnResult()) return true;
@@ -307,7 +312,7 @@ bool BurnEngine::Erase(const std::string& how) {
                 "The command CancellaCdRiscrivibile allows only operand 'ALL' or 'FAST'");
   std::vector<std::string> arguments = CdrecordArguments("blank=" + ToLower(how));
   if (!RunTool(kCdrecordTool, arguments)) {
-    if (ErrorCode != kBurnStopped) ErrorCode = kBurnEraseFailed, ErrorTitle = "Erase CD failed";
+    if (ToolItselfFailed()) ErrorCode = kBurnEraseFailed, ErrorTitle = "Erase CD failed";
     return false;
   }
   if (NumberBehind(ToolOutput, "Blanking time:") >= 4) {
