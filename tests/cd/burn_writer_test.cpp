@@ -194,8 +194,9 @@ TEST_F(WriterFixture, ErasingNeedsItsTimeAndAKnownWay) {
 
 TEST_F(WriterFixture, ScanGivesTheWritersWithTheirDrives) {
   Script(ReadWholeFile(fs::path(VARDOLIN_SOURCE_DIR) / "tests/cd/data/cdrecord_two_drives.txt"));
-  t.platform.drives = {testing::MakeDrive("/", kDriveFixed),
-                       testing::MakeDrive("/media/cdrom", kDriveCdRom)};
+  // One optical drive, its disc mounted at /media/cdrom.
+  t.platform.optical = {{"sr0", "/dev/sr0", "11:0"}};
+  t.platform.mountinfo = "36 25 11:0 / /media/cdrom ro - iso9660 /dev/sr0 ro\n";
   ASSERT_TRUE(engine.BurnCommand(cw_ScanBus)) << engine.ErrorMessage();
   EXPECT_EQ(engine.ResultNumber(), 2);
   EXPECT_EQ(Arguments(), std::vector<std::string>{"-scanbus"});
