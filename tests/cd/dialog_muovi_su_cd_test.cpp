@@ -10,6 +10,7 @@
 #include "foundation/ports/ui.h"
 #include "foundation/services/files.h"
 #include "level_cd_fixture.h"
+#include "window/principale.h"
 
 namespace vardolin {
 namespace {
@@ -90,6 +91,29 @@ TEST(MakeCds, NoToLeavingTheDiskPutsTheCatalogueBack) {
   EXPECT_EQ(f.program.catalogue.levels, before.levels);
   EXPECT_FALSE(f.program.catalogue.header.OnCd);
   EXPECT_TRUE(FolderExists(f.FilesOf(1)));
+}
+
+// Tools > Create Vardolin CD opens the form; a Yes at the end takes the files off the disk.
+TEST(MakeCds, TheMenuEntryMovesTheLevelsOntoImages) {
+  testing::LevelCdFixture f({2000, 4000});
+  Principale window(f.program);
+  ASSERT_TRUE(window.mnu_MoveOnCd.Enabled());
+  f.ui.OnForm("Dialog_MuoviSuCd",
+              [&](Form& form) {
+                auto& cds = static_cast<Dialog_MuoviSuCd&>(form);
+                cds.ImageFolder = f.Path("images").string();
+                cds.Pul_Start.Click();
+              })
+      .Answer(msg::kYes, "discs")
+      .Answer(msg::kOk, "image files")
+      .Answer(msg::kYes, "levels now");
+
+  window.mnu_MoveOnCd.Click();
+
+  EXPECT_FALSE(FolderExists(f.FilesOf(1)));
+  EXPECT_FALSE(FolderExists(f.FilesOf(2)));
+  EXPECT_FALSE(f.program.catalogue.header.OnCd);
+  EXPECT_TRUE(FileExists(f.Path("images/Levels1.iso")));
 }
 
 }  // namespace
