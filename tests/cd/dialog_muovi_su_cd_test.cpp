@@ -17,13 +17,18 @@ namespace {
 namespace fs = std::filesystem;
 
 // What the real isoinfo lists of an image, one path a line.
-std::string IsoListing(const fs::path& image) {
+std::string IsoListing(const fs::path& image, const std::string& what = "-f") {
   std::string text;
-  const std::string command = "isoinfo -J -f -i '" + image.string() + "'";
+  const std::string command = "isoinfo -J " + what + " -i '" + image.string() + "'";
   std::unique_ptr<FILE, int (*)(FILE*)> pipe(popen(command.c_str(), "r"), pclose);
   char buffer[4096];
   while (pipe && fgets(buffer, sizeof buffer, pipe.get())) text += buffer;
   return text;
+}
+
+// One file of an image, as the real isoinfo extracts it.
+std::string IsoFile(const fs::path& image, const std::string& path) {
+  return IsoListing(image, "-x '" + path + "'");
 }
 
 struct ImageRun : testing::LevelCdFixture {
@@ -78,6 +83,36 @@ TEST(MakeCds, WithoutAWriterEachCdBecomesAnImageThatHoldsItsLevels) {
   EXPECT_FALSE(FolderExists(f.FilesOf(1)));
   EXPECT_FALSE(FolderExists(f.FilesOf(2)));
   EXPECT_TRUE(FolderExists(f.FilesOf(3)));
+}
+
+// The installer and the editor ride on the first CD, with the start file that names them and
+// the autorun.inf that opens the start program.
+TEST(MakeCds, TheFirstCdCarriesTheInstallerTheEditorAndTheStartFile) {
+  ImageRun f;
+  f.program.prefs.EditorFolder = f.Path("trle").string();
+  fs::create_directories(f.Path("trle"));
+  WriteTextFile(f.Path("trle/tomb4.exe"), "game");
+  WriteTextFile(f.Path("vardolin_1.4_amd64.deb"), "package");
+  fs::copy_file(fs::path(VARDOLIN_RESOURCES_DIR) / "cd_start.sh", f.Path("home/cd_start.sh"));
+  f.form.MakeEditorClean = [](Program&) { return true; };
+  f.form.Check_Vardolin.SetValue(true);
+  f.form.Check_Trle.SetValue(true);
+  f.ui.Answer(msg::kOk, "the Vardolin installer")
+      .OpenFile(f.Path("vardolin_1.4_amd64.deb").string())
+      .Answer(msg::kYes, "discs")
+      .Answer(msg::kOk, "image files")
+      .Answer(msg::kNo, "levels now");
+
+  f.form.Pul_Start.Click();
+
+  ASSERT_TRUE(f.form.Made);
+  const fs::path image = f.Path("images/Levels2.iso");
+  EXPECT_EQ(IsoFile(image, "/vardolin_cd.txt"),
+            "EDITOR=\"TRLE\"\r\nVARDOLIN=\"Vardolin_setup\"\r\n"
+            "ARCHIVE=\"\\Vardolin_archive.vdc\"\r\n");
+  EXPECT_EQ(IsoFile(image, "/autorun.inf"), "[autorun]\r\nOPEN=cd_start.sh\r\n");
+  EXPECT_EQ(IsoFile(image, "/Vardolin_setup/vardolin_1.4_amd64.deb"), "package");
+  EXPECT_EQ(IsoFile(image, "/TRLE/tomb4.exe"), "game");
 }
 
 TEST(MakeCds, NoToLeavingTheDiskPutsTheCatalogueBack) {
