@@ -115,6 +115,25 @@ TEST(MakeCds, TheFirstCdCarriesTheInstallerTheEditorAndTheStartFile) {
   EXPECT_EQ(IsoFile(image, "/TRLE/tomb4.exe"), "game");
 }
 
+// Stop while the image is made: the run fails, the form stays for another try, and Cancel puts
+// the archive back as the form found it.
+TEST(MakeCds, StopThenCancelLeavesTheArchiveAsItWas) {
+  ImageRun f;
+  const Catalogue before = f.program.catalogue;
+  f.ui.on_events = [&] { f.form.Pul_Start.Click(); };
+  f.ui.Answer(msg::kYes, "discs").Answer(msg::kOk, "stopped by user");
+
+  f.form.Pul_Start.Click();
+
+  EXPECT_FALSE(f.form.Made);
+  EXPECT_EQ(f.form.Pul_Start.Caption(), "Start");
+  EXPECT_TRUE(f.form.Pul_Cancel.Enabled());
+  EXPECT_TRUE(RememberedCdImage(f.program, 2).empty());
+  f.form.Pul_Cancel.Click();
+  EXPECT_EQ(f.program.catalogue, before);
+  EXPECT_FALSE(FolderExists(f.Path("home/cd_temp")));
+}
+
 TEST(MakeCds, NoToLeavingTheDiskPutsTheCatalogueBack) {
   ImageRun f;
   const Catalogue before = f.program.catalogue;
