@@ -150,15 +150,14 @@ TEST_F(WriterFixture, StopEndsEveryToolOfTheRun) {
   }
 }
 
-TEST_F(WriterFixture, ScanGivesTheWritersWithTheirDrives) {
-  // The scan's lines are told apart by their tabs, which the lines for the label lose.
+TEST_F(WriterFixture, ScanGivesTheWritersOfTheToolsText) {
+  // The scan's lines are told apart by their tabs, which the lines for the label lose. (Which
+  // drive takes which writer is the parser's table; this machine's drives don't matter here.)
   Script(ReadWholeFile(fs::path(VARDOLIN_SOURCE_DIR) / "tests/cd/data/cdrecord_two_drives.txt"));
-  t.platform.drives = {testing::MakeDrive("/", kDriveFixed),
-                       testing::MakeDrive("/media/cdrom", kDriveCdRom)};
   ASSERT_TRUE(engine.BurnCommand(cw_ScanBus)) << engine.ErrorMessage();
   EXPECT_EQ(Arguments(), std::vector<std::string>{"-scanbus"});
   ASSERT_EQ(engine.ResultNumber(), 2);
-  EXPECT_TRUE(engine.FoundWriters[0].starts_with("0'0'0'/media/cdrom''LG"));
+  EXPECT_TRUE(engine.FoundWriters[1].starts_with("0'1'0'X:''PIONEER"));
   testing::ScopedEnv no_path{"PATH", src.path().string()};
   EXPECT_FALSE(engine.BurnCommand(cw_ScanBus));
   EXPECT_EQ(engine.ErrorTitle, "In application path is missing 'wodim' utility");
