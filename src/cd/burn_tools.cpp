@@ -196,10 +196,8 @@ bool BurnEngine::RunTool(const std::string& tool, const std::vector<std::string>
   splitter.Finish(on_line);
   ToolOutput = run.text;
   ClearProgress();
-  if (end == ToolProcessEnd::Stopped) {
-    StopRequested = false;
-    return Fail(kBurnStopped, "Operation stopped by user", "");
-  }
+  StopRequested = false;
+  if (end == ToolProcessEnd::Stopped) return Fail(kBurnStopped, "Operation stopped by user", "");
   if (end == ToolProcessEnd::NotStarted)
     return Fail(run.failure_code, run.failure_title,
                 error + "\r\nWith command line: \"" + Join(arguments) + "\"");

@@ -19,25 +19,23 @@ TEST(CdCommands, ReportListsAnImageOrSaysWhyNot) {
 
   testing::CliHome at;
   std::filesystem::create_directories(at.home);
+  const std::string image = engine.IsoPath, none = (src / "none.iso").string();
   const struct {
     std::vector<std::string> args;
     int code;
     std::string says;
   } cases[] = {
-      {{"FlatList", engine.IsoPath},
+      {{"cd", "report", "FlatList", image},
        0,
        "/LEVEL_0001\n/LEVEL_0001/data\n/LEVEL_0001/data/level.tr4\n"},
-      {{"treelist", engine.IsoPath}, 0, "/LEVEL_0001\n            data\n"},
-      {{"ReferenceList", engine.IsoPath}, 0, "/LEVEL_0001/data/level.tr4\t5\t"},
-      {{"Sizes", engine.IsoPath}, 2, "KIND"},
-      {{"FlatList", (src / "none.iso").string()}, 1, "Missing ISO image to analyse ("},
+      {{"cd", "report", "ReferenceList", image}, 0, "/LEVEL_0001/data/level.tr4\t5\t"},
+      {{"cd", "report", "Sizes", image}, 2, "KIND"},
+      {{"cd", "report", "FlatList", none}, 1, "Missing ISO image to analyse (" + none},
   };
   for (const auto& c : cases) {
-    std::vector<std::string> args = {"cd", "report"};
-    args.insert(args.end(), c.args.begin(), c.args.end());
-    const testing::CliResult r = at.RunAt(args);
-    EXPECT_EQ(r.code, c.code) << c.args[0] << r.err;
-    EXPECT_NE(r.Said().find(c.says), std::string::npos) << c.args[0] << ": " << r.Said();
+    const testing::CliResult r = at.RunAt(c.args);
+    EXPECT_EQ(r.code, c.code) << c.args[2] << r.err;
+    EXPECT_NE(r.Said().find(c.says), std::string::npos) << c.args[2] << ": " << r.Said();
   }
 }
 
