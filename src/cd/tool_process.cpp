@@ -152,7 +152,9 @@ ToolProcessEnd RunToolProcesses(const ToolProcessRun& run, std::string& error, i
   CloseFd(output[0]);
   const int first_code = Reap(first);
   const int second_code = Reap(second);
-  exit_code = stopped ? -1 : joined ? second_code : first_code;
+  // A writer fed by an image maker that gave up would burn a cut image: the pair fails with
+  // either tool.
+  exit_code = stopped ? -1 : first_code != 0 || !joined ? first_code : second_code;
   return stopped ? ToolProcessEnd::Stopped : ToolProcessEnd::Finished;
 }
 

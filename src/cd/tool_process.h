@@ -33,7 +33,8 @@ struct ToolProcessRun {
 enum class ToolProcessEnd { Finished, Stopped, NotStarted };
 
 // Runs until the tools have ended and their pipe is drained, or until `keep_going` says no. On
-// NotStarted `error` says why. `exit_code` is the last tool's, -1 when it didn't end by itself.
+// NotStarted `error` says why. `exit_code` is the first failing tool's (else 0), -1 for one that
+// didn't end by itself.
 ToolProcessEnd RunToolProcesses(const ToolProcessRun& run, std::string& error, int& exit_code);
 
 }  // namespace vardolin

@@ -1,10 +1,12 @@
-// Burning, erasing, scanning and verifying with the writer replaced by the wodim stand-in on
-// PATH (tests/support/programs/standin_wodim.cpp), which records what it was given and prints
-// what it is told.
+// The image made by the real genisoimage and listed by the real isoinfo; burning, erasing,
+// scanning and verifying with the writer replaced by the wodim stand-in on PATH
+// (tests/support/programs/standin_wodim.cpp), which records what it was given and prints what
+// it is told.
 #include <gtest/gtest.h>
 #include <signal.h>
 
 #include <cerrno>
+#include <set>
 #include <sstream>
 
 #include "cd/burn_engine.h"
@@ -41,7 +43,7 @@ struct WriterFixture : ::testing::Test {
     for (const testing::TempDir* d : {&src, &cd}) {
       d->Write((d == &cd ? "Arc1/" : "") + std::string("LEVEL_0001/data/level.tr4"),
                std::string(300000, 'L'));
-      d->Write((d == &cd ? "Arc1/" : "") + std::string("LEVEL_0001/data/notes.txt"), "notes");
+      d->Write((d == &cd ? "Arc1/" : "") + std::string("LEVEL_0001/data/old's notes.txt"), "notes");
     }
     ASSERT_TRUE(engine.BurnCommand(cw_Init, "1'0'0'" + cd.path().string() + "''HL' 'DVD' ", "16"));
     ASSERT_TRUE(engine.BurnCommand(cw_AddItem, "Arc1/LEVEL_0001/=" + level));
@@ -66,6 +68,45 @@ struct WriterFixture : ::testing::Test {
     };
   }
 };
+
+TEST_F(WriterFixture, ImageHoldsTheItemsUnderTheirTargetsWithoutTheLeftOutOnes) {
+  src.Write("readme.txt", "hello");
+  src.Write("LEVEL_0001/data/secret.txt", "left out");
+  ASSERT_TRUE(engine.BurnCommand(cw_AddItem, (src / "readme.txt").string()));
+  ASSERT_TRUE(engine.BurnCommand(cw_AddNoItem, level + "/data/secret.txt"));
+  engine.VolumeId = "Level CD 7";
+  ASSERT_TRUE(engine.BurnCommand(cw_CreateIso)) << engine.ErrorMessage();
+  EXPECT_EQ(engine.ErrorCode, kBurnNoError) << engine.ErrorMessage();
+  EXPECT_EQ(engine.TotalSize, static_cast<double>(fs::file_size(engine.IsoPath)));
+  EXPECT_EQ(ReadWholeFile(t.home / "mkiso.src"), "PREP=Tarnbrook\nVOLI=Level CD 7\n");
+  // The files on the image are the files the engine's own report plans for the CD.
+  std::set<std::string> made, planned;
+  ASSERT_TRUE(engine.BurnCommand(cw_ReportIsoFileList, "ReferenceList"));
+  for (const ReportItem& r : engine.ReportItems)
+    if (r.size > 0) made.insert(r.path + " " + std::to_string(r.size));
+  ASSERT_TRUE(engine.BurnCommand(cw_ReportItemsFileList, "Target"));
+  for (const ReportItem& r : engine.ReportItems)
+    if (r.path.back() != '/') planned.insert(r.path + " " + std::to_string(r.size));
+  EXPECT_EQ(made, (std::set<std::string>{"/Arc1/LEVEL_0001/data/level.tr4 300000",
+                                         "/Arc1/LEVEL_0001/data/old's notes.txt 5",
+                                         "/" + src.path().filename().string() + "/readme.txt 5"}));
+  EXPECT_EQ(made, planned);
+  // The image maker counts its extents; each adds 11.3 bytes to the files' own sizes.
+  ASSERT_TRUE(engine.BurnCommand(cw_ComputeSizeWithFs)) << engine.ErrorMessage();
+  EXPECT_GT(engine.ResultNumber(), 300010 + 11.3 * 20);
+}
+
+TEST_F(WriterFixture, FailedImagesLeaveNoFileAndSayWhy) {
+  // Two items whose files meet under one name on the CD: the image maker refuses.
+  src.Write("other/LEVEL_0001/data/level.tr4", "clash");
+  ASSERT_TRUE(
+      engine.BurnCommand(cw_AddItem, "Arc1/LEVEL_0001/=" + (src / "other/LEVEL_0001").string()));
+  WriteTextFile(engine.IsoPath, "an old image");
+  EXPECT_FALSE(engine.BurnCommand(cw_CreateIso));
+  EXPECT_EQ(engine.ErrorTitle, "Creation ISO image failed");
+  EXPECT_NE(engine.ErrorText.find("level.tr4"), std::string::npos) << engine.ErrorText;
+  EXPECT_FALSE(fs::exists(engine.IsoPath));
+}
 
 TEST_F(WriterFixture, GoodBurnGivesTheImageToTheWriterAndFollowsItsProgress) {
   ASSERT_TRUE(engine.BurnCommand(cw_CreateIso)) << engine.ErrorMessage();
@@ -174,15 +215,15 @@ TEST_F(WriterFixture, VerifyWantsEveryFileOnTheCdWithItsSize) {
   ASSERT_TRUE(engine.BurnCommand(cw_VerifyCd, "All")) << engine.ErrorMessage();
   EXPECT_EQ(doors, (std::vector<std::pair<std::string, bool>>{{cd.path().string(), true},
                                                               {cd.path().string(), false}}));
-  const fs::path notes = cd / "Arc1/LEVEL_0001/data/notes.txt";
+  const fs::path notes = cd / "Arc1/LEVEL_0001/data/old's notes.txt";
   const std::string on_cd = "\"/Arc1/LEVEL_0001/data/";
   const struct {
     std::function<void()> change;
     std::string text;
   } cases[] = {
       {[&] { WriteTextFile(notes, "notes!"); },
-       "Full path" + on_cd + "notes.txt\" has on CD a different size than source"},
-      {[&] { fs::remove(notes); }, "Full path" + on_cd + "notes.txt\" is missing on CD"},
+       "Full path" + on_cd + "old's notes.txt\" has on CD a different size than source"},
+      {[&] { fs::remove(notes); }, "Full path" + on_cd + "old's notes.txt\" is missing on CD"},
       {[&] { fs::remove_all(notes.parent_path()); }, "Folder " + on_cd + "\" is missing on CD"},
   };
   for (const auto& c : cases) {
