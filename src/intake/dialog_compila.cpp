@@ -37,6 +37,7 @@ fs::path InEditor(const Program& p, std::int32_t fragment, const fs::path& name)
 
 Dialog_Compila::Dialog_Compila(Program& program)
     : Form(program, "Dialog_Compila", " Compile the level sources") {
+  Text_InfoCompile.SetMultiLine(true);
   Text_InfoCompile.SetLocked(true);
 }
 

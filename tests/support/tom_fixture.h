@@ -5,6 +5,7 @@
 
 #include <chrono>
 #include <filesystem>
+#include <map>
 #include <string>
 #include <vector>
 
@@ -38,6 +39,38 @@ inline std::string TomSource(const std::string& mode) {
   return "tom2pc " + mode + "\nproject bytes of the level editor\n";
 }
 
+// Every file and folder below a folder, by its path relative to it, with a file's bytes.
+inline std::map<std::string, std::string> FolderState(const std::filesystem::path& folder) {
+  std::map<std::string, std::string> out;
+  std::error_code ec;
+  for (auto it = std::filesystem::recursive_directory_iterator(folder, ec);
+       !ec && it != std::filesystem::recursive_directory_iterator(); it.increment(ec)) {
+    const std::string rel = std::filesystem::relative(it->path(), folder).generic_string();
+    out[rel] = it->is_directory() ? "<folder>" : ReadFile(it->path());
+  }
+  return out;
+}
+
+// The folders of a compile below `root`: the editor ("trle") whose converter is the stand-in,
+// its safe copy and the home ("home") that allows the stand-in.
+inline void PrepareTomScene(const std::filesystem::path& root) {
+  namespace fs = std::filesystem;
+  MakeTestHome(root / "home");
+  BuildEditorFolder(root / "trle");
+  fs::copy_file(Standin("standin_tom2pc"), root / "trle/tom2pc.exe",
+                fs::copy_options::overwrite_existing);
+  AllowNativeProgram(root / "home", root / "trle/tom2pc.exe");
+  fs::copy(root / "trle", root / "home/backup_trle", fs::copy_options::recursive);
+}
+
+// The program of such a scene: real processes, the English texts, the lists of start-up.
+inline void SetUpTomProgram(Program& program, const std::filesystem::path& root) {
+  program.texts.EnglishTexts = ReadEnglishForTests();
+  program.lists = BuildDataLists();
+  program.prefs.EditorFolder = (root / "trle").string();
+  program.BackupFolder = (root / "home/backup_trle").string();
+}
+
 struct TomFixture {
   TempDir dir;
   ScriptedUi ui;
@@ -48,17 +81,8 @@ struct TomFixture {
   std::filesystem::path backup = dir / "home/backup_trle";
 
   TomFixture() {
-    namespace fs = std::filesystem;
-    MakeTestHome(dir / "home");
-    program.texts.EnglishTexts = ReadEnglishForTests();
-    program.lists = BuildDataLists();
-    BuildEditorFolder(editor);
-    fs::copy_file(Standin("standin_tom2pc"), editor / "tom2pc.exe",
-                  fs::copy_options::overwrite_existing);
-    AllowNativeProgram(program.Home(), editor / "tom2pc.exe");
-    fs::copy(editor, backup, fs::copy_options::recursive);
-    program.prefs.EditorFolder = editor.string();
-    program.BackupFolder = backup.string();
+    PrepareTomScene(dir.path());
+    SetUpTomProgram(program, dir.path());
     program.SetWatchClock(&clock);
   }
 };
