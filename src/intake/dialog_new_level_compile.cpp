@@ -16,7 +16,8 @@ namespace vardolin {
 
 void Dialog_NewLevel::CompileTom() {
   Program& p = program();
-  if (!CheckLevelNotOnCd(p, LevelIndex)) return;
+  // True when the level lives on a CD, which can't take the compiled files.
+  if (CheckLevelNotOnCd(p, LevelIndex)) return;
   bool ready = CheckListedFiles(*this, true);
   while (!ready) {
     Dialog_Assistant assistant(p);
