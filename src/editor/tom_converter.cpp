@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "editor/text_ids.h"
+#include "foundation/data_lists.h"
 #include "foundation/dialogs/ask.h"
 #include "foundation/platform/linux_platform.h"
 #include "foundation/platform/wine_registry.h"
@@ -77,6 +78,8 @@ bool MayStart(Program& program, const fs::path& file) {
 
 bool IsWadSetFile(Program& program, const fs::path& path) {
   const std::string name = path.filename().string();
+  // The lists come with start-up; a command that needs no start-up builds them here.
+  if (!program.lists.Built()) program.lists = BuildDataLists();
   for (const std::string& extension : program.lists.WadFileExtensions)
     if (EndsWithNoCase(name, extension)) return true;
   if (!EndsWithNoCase(name, program.GetText(text::WadSetSideExtension1)) &&
