@@ -83,18 +83,19 @@ void Dialog_Compila::ImpostaValori(const fs::path& folder, std::int32_t level_in
   }
   AllFiles = usable;
 
+  // Two paragraphs of three texts each, the editor folder, then the sources one a line.
   std::string info;
-  for (std::int32_t id = text::CompilaInfo1; id < text::CompilaInfo8; ++id)
-    info += p.GetText(id) + "\r\n";
-  info += p.GetText(text::CompilaInfo8) + " \"" + EditorFolderPath(p).string() + "\"\r\n";
+  for (std::int32_t id = text::CompilaInfo1; id < text::CompilaInfo8 - 1; ++id)
+    info += p.GetText(id) + ((id - text::CompilaInfo1) % 3 == 2 ? "\r\n\r\n" : " ");
+  info += p.GetText(text::CompilaInfo8 - 1) + " \"" + EditorFolderPath(p).string() + "\"\r\n";
+  info += p.GetText(text::CompilaInfo8) + "\r\n";
   for (const fs::path& tom : TomFiles) info += " * " + tom.filename().string() + "\r\n";
   Text_InfoCompile.SetText(info);
 
   if (!LendFiles()) return;
   if (p.prefs.NoAutoCompile) return;
   for (const fs::path& tom : TomFiles) {
-    const fs::path lent = InEditor(p, text::CompilaSourcesFolder, tom);
-    if (!loan_->Put(tom, lent) || !RunTomConverterAsking(p, lent)) {
+    if (!RunTomConverterAsking(p, InEditor(p, text::CompilaSourcesFolder, tom))) {
       AskUser(p, p.GetText(text::CompilaConverterFailed), msg::kWarning);
       return;
     }
@@ -122,6 +123,10 @@ bool Dialog_Compila::LendFiles() {
               msg::kError);
       return false;
     }
+  // The sources stand where the editor keeps its maps, for the converter and for the user who
+  // runs it by hand.
+  for (const fs::path& tom : TomFiles)
+    if (!loan_->Put(tom, InEditor(p, text::CompilaSourcesFolder, tom))) return false;
   for (const fs::path& audio : AudioFiles)
     if (!loan_->Put(ResolveCase(source_of(audio)), audio)) {
       AskUser(p,

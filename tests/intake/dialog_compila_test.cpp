@@ -93,6 +93,7 @@ TEST(DialogCompila, EveryWayOutGivesTheEditorFolderBack) {
         // While the dialog is up the editor holds the level's set, not its own.
         EXPECT_EQ(ReadFile(t.editor / "graphics/wads/castle.was"), "the level's wad");
         EXPECT_EQ(ReadFile(t.editor / "graphics/wads/castle.txt"), "the level's sound list");
+        EXPECT_EQ(ReadFile(t.editor / "maps/castle.tom"), TomSource(c.mode));
         c.act(d);
       }
     }
