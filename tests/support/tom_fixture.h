@@ -78,7 +78,6 @@ struct TomFixture {
   Program program{dir / "home", ui, platform};
   ScaledWatchClock clock;
   std::filesystem::path editor = dir / "trle";
-  std::filesystem::path backup = dir / "home/backup_trle";
 
   TomFixture() {
     PrepareTomScene(dir.path());
