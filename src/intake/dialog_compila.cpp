@@ -1,15 +1,18 @@
 #include "intake/dialog_compila.h"
 
+#include <optional>
 #include <string>
 
 #include "audio/wave_header.h"
 #include "editor/tom_converter.h"
 #include "foundation/dialogs/ask.h"
+#include "foundation/platform/linux_platform.h"
 #include "foundation/ports/platform.h"
 #include "foundation/ports/ui.h"
 #include "foundation/program.h"
 #include "foundation/services/files.h"
 #include "foundation/services/folder_loan.h"
+#include "foundation/services/native_programs.h"
 #include "foundation/services/paths.h"
 #include "foundation/services/strings.h"
 #include "intake/text_ids.h"
@@ -188,8 +191,15 @@ void Dialog_Compila::Pul_Compila_Click() {
     converter = chosen;
     p.prefs.CompilerName = ExtractFileName(chosen);
   }
-  // The converter is a Windows program: opened as a document it starts through Wine.
-  if (!p.platform().ShellOpen(converter.string(), {}, editor))
+  // The converter is a Windows program that starts through Wine, without a source it shows its
+  // own window; a native one only when the home allows its very bytes.
+  StartRequest request;
+  request.program = converter;
+  request.working_folder = editor;
+  std::optional<Process> started;
+  if (IsWindowsProgram(converter) || IsAllowedNativeProgram(p.Home(), converter))
+    started = p.platform().Start(request);
+  if (!started || !started->Valid())
     AskUser(p, p.GetText(text::CompilaProgramNotStarted) + converter.string(), msg::kError);
 }
 
