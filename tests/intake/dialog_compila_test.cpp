@@ -8,6 +8,8 @@
 #include <functional>
 #include <map>
 #include <string>
+#include <utility>
+#include <vector>
 
 #include "archive/leftovers.h"
 #include "editor/tom_converter.h"
@@ -37,44 +39,37 @@ void PrepareLevel(const fs::path& root, const std::string& mode) {
 }
 
 TEST(DialogCompila, EveryWayOutGivesTheEditorFolderBack) {
+  using Answers = std::vector<std::pair<int, const char*>>;
+  const Answers gave_up = {{msg::kNo, "\"castle.tom\""}, {msg::kOk, "did not compile"}};
   struct Case {
     const char* name;
     std::string mode;
-    bool no_auto_compile;
-    std::function<void(testing::TomFixture&)> script;  // answers, before the dialog prepares
-    std::function<void(Dialog_Compila&)> act;          // what the user does in the dialog
+    Answers answers;
+    std::function<void(Dialog_Compila&)> act;  // the user in the dialog; none: done at once
     bool compiled;
   };
   const Case cases[] = {
-      {"compiled at once", "normal", false, [](auto&) {}, nullptr, true},
-      {"converter fails, cancelled", "nooutput", false,
-       [](testing::TomFixture& t) {
-         t.ui.Answer(msg::kNo, "\"castle.tom\"").Answer(msg::kOk, "did not compile");
-       },
-       [](Dialog_Compila& d) { d.Pul_Annulla.Click(); }, false},
-      {"stuck converter stopped, closed", "hang", false,
-       [](testing::TomFixture& t) {
-         t.ui.Answer(msg::kYes, "stuck").Answer(msg::kNo, "Keep");
-         t.ui.Answer(msg::kNo, "\"castle.tom\"").Answer(msg::kOk, "did not compile");
-       },
-       [](Dialog_Compila& d) { d.Unload(); }, false},
-      {"crashed converter, Done then Cancel", "crash", false,
-       [](testing::TomFixture& t) {
-         t.ui.Answer(msg::kNo, "\"castle.tom\"").Answer(msg::kOk, "did not compile");
-         t.ui.Answer(msg::kOk, "\"castle.tr4\"");
-       },
-       [](Dialog_Compila& d) {
+      {"compiled at once", "normal", {}, nullptr, true},
+      {"no output, cancelled", "nooutput", gave_up, [](auto& d) { d.Pul_Annulla.Click(); }},
+      {"stuck, stopped, closed",
+       "hang",
+       {{msg::kYes, "stuck"}, {msg::kNo, "Keep"}, gave_up[0], gave_up[1]},
+       [](auto& d) { d.Unload(); }},
+      {"crashed, Done stays, Cancel",
+       "crash",
+       {gave_up[0], gave_up[1], {msg::kOk, "castle.tr4"}},
+       [](auto& d) {
          d.Pul_Done.Click();
-         EXPECT_FALSE(d.ReportedDone);
          d.Pul_Annulla.Click();
-       },
-       false},
-      {"no auto compile: the user runs the converter, Done", "normal", true, [](auto&) {},
-       [](Dialog_Compila& d) {
+       }},
+      // With auto-compile off the user runs the converter on the source lent to the maps.
+      {"by hand, Done",
+       "normal",
+       {},
+       [](auto& d) {
          ASSERT_TRUE(
              RunTomConverter(d.program(), d.program().prefs.EditorFolder + "/maps/castle.tom"));
          d.Pul_Done.Click();
-         EXPECT_TRUE(d.ReportedDone);
        },
        true},
   };
@@ -82,33 +77,30 @@ TEST(DialogCompila, EveryWayOutGivesTheEditorFolderBack) {
     SCOPED_TRACE(c.name);
     testing::TomFixture t;
     PrepareLevel(t.dir.path(), c.mode);
-    t.program.prefs.NoAutoCompile = c.no_auto_compile;
+    t.program.prefs.NoAutoCompile = c.name == std::string("by hand, Done");
     const auto before = testing::FolderState(t.editor);
-    c.script(t);
+    for (const auto& [result, contains] : c.answers) t.ui.Answer(result, contains);
     {
       Dialog_Compila d(t.program);
       d.ImpostaValori(t.dir / "level", 1);
-      EXPECT_EQ(d.ReportedDone, !c.act);
       if (c.act) {
         // While the dialog is up the editor holds the level's set, not its own.
         EXPECT_EQ(ReadFile(t.editor / "graphics/wads/castle.was"), "the level's wad");
         EXPECT_EQ(ReadFile(t.editor / "graphics/wads/castle.txt"), "the level's sound list");
-        EXPECT_EQ(ReadFile(t.editor / "maps/castle.tom"), TomSource(c.mode));
         c.act(d);
       }
+      EXPECT_EQ(d.ReportedDone, c.compiled);
     }
     EXPECT_EQ(testing::FolderState(t.editor), before);
     EXPECT_TRUE(t.ui.Done());
+    // A compiled level keeps no sources and no wad set; the readme stays either way.
     const fs::path level = t.dir / "level";
-    EXPECT_EQ(fs::exists(level / "castle.tr4"), c.compiled);
-    // A compiled level keeps no sources and no wad set; readme stays either way.
     EXPECT_EQ(fs::exists(level / "castle.tom"), !c.compiled);
     EXPECT_EQ(fs::exists(level / "castle.was"), !c.compiled);
     EXPECT_TRUE(fs::exists(level / "readme.txt"));
-    if (c.compiled) {
-      const std::string tr4 = ReadFile(level / "castle.tr4");
-      EXPECT_NE(tr4.find("the level's wad"), std::string::npos);
-    }
+    EXPECT_EQ(
+        ReadFile(level / "castle.tr4"),
+        c.compiled ? "TR4 stand-in level castle\n" + TomSource(c.mode) + "the level's wad" : "");
   }
 }
 
