@@ -244,6 +244,17 @@ int CmdDemo(Program& program, const fs::path& game, std::ostream& out, std::ostr
     err << "vardolin-cli: cannot write " << AllowedProgramsFile(home).string() << "\n";
     return 1;
   }
+  // The editor's converter is the stand-in converter built beside the game, allowed likewise,
+  // so that the package of level sources compiles.
+  const fs::path converter = game.parent_path() / "standin_tom2pc";
+  std::error_code converter_copied;
+  fs::copy_file(converter, editor / "tom2pc.exe", fs::copy_options::overwrite_existing,
+                converter_copied);
+  if (converter_copied || !AllowNativeProgram(home, editor / "tom2pc.exe")) {
+    err << "vardolin-cli: the stand-in converter " << converter.string()
+        << " isn't built (build the target standin_tom2pc)\n";
+    return 1;
+  }
   // The media level is played through play_the_game.exe, which the program's folder gives the
   // editor folder: the stand-in game stands in for it too.
   std::error_code copied;

@@ -168,6 +168,24 @@ bool WriteDemoPackages(Program& program, const fs::path& folder, std::ostream& e
   if (!ok || !ZipStaging(program, staging, folder / "Grey Ruins.zip"))
     failed.push_back("Grey Ruins.zip");
 
+  // A level as its author's sources: two maps, the wad set of each, a readme that names them.
+  const fs::path towers = staging / "Twin Towers";
+  bool sources_ok = true;
+  for (const auto& [name, bytes] : std::vector<std::pair<std::string, std::string>>{
+           {"north.tom", "project of the north tower\r\n"},
+           {"north.was", "north tower wad\r\n"},
+           {"north.wad", "north tower objects\r\n"},
+           {"south.tom", "project of the south tower\r\n"},
+           {"south.was", "south tower wad\r\n"},
+           {"south.swd", "south tower sprites\r\n"},
+           {"script.dat", "script of the twin towers\r\n"},
+           {"Readme.txt",
+            "Twin Towers\r\nCompile north.tom with north.was and south.tom with "
+            "south.was.\r\n"}})
+    sources_ok = sources_ok && WriteBytes(towers / name, bytes);
+  if (!sources_ok || !ZipStaging(program, staging, folder / "Twin Towers.zip"))
+    failed.push_back("Twin Towers.zip");
+
   for (const std::string& name : failed)
     err << "vardolin-cli: the demo package " << (folder / name).string() << " wasn't written\n";
   return failed.empty();

@@ -20,6 +20,9 @@ int CmdAdd(Program& program, const std::vector<std::string>& sources, const std:
 
 // One line per stored file of the level: its name, its size and whether it is packed; or a
 // JSON array of the same.
+// Compiles the level sources (.tom) a stored level holds and stores the compiled levels in their
+// place, as the level properties' compile and Done do.
+int CmdCompile(Program& program, std::int32_t code, std::ostream& out, std::ostream& err);
 int CmdFiles(Program& program, std::int32_t code, bool json, std::ostream& out, std::ostream& err);
 
 }  // namespace vardolin

@@ -217,6 +217,11 @@ int main(int argc, char** argv) {
       ->required();
   add_level->add_option("--name", level_name, "the level's name (else the package's name)");
   add_level->add_option("--note", level_note, "the level's one-line note");
+  code_option(add("compile",
+                  "compile the level sources (.tom) of a stored level with the editor's "
+                  "converter and store the compiled levels",
+                  true,
+                  [&](vardolin::Program& p) { return vardolin::CmdCompile(p, code, out, err); }));
   auto* files =
       add("files", "list a level's stored files, their sizes and whether packed", false,
           [&](vardolin::Program& p) { return vardolin::CmdFiles(p, code, json, out, err); });

@@ -86,12 +86,13 @@ std::optional<std::int32_t> AddLevel(Program& program, const std::string& packag
   return code;
 }
 
-bool EditLevelProperties(Program& program, std::int32_t index) {
+bool EditLevelProperties(Program& program, std::int32_t index,
+                         const std::function<void(Dialog_NewLevel&)>& act) {
   if (index < 0 || static_cast<std::size_t>(index) >= program.catalogue.levels.size()) return false;
   Dialog_NewLevel form(program);
   form.Load();
   form.ImpostaValori(index);
-  if (!form.Failed && form.IsLoaded()) program.ui().ShowModal(form);
+  if (!form.Failed && form.IsLoaded()) act ? act(form) : program.ui().ShowModal(form);
   if (form.IsLoaded()) form.Unload();
   CatalogueChanged(program);
   program.notify.LevelListChanged();

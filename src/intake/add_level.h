@@ -20,7 +20,9 @@ std::optional<std::int32_t> AddLevel(Program& program, const std::string& packag
                                      const std::function<void(Dialog_NewLevel&)>& act = {});
 
 // The level properties of the level at `index`; the catalogue is marked changed afterwards,
-// whatever the user did. False when the form couldn't be shown.
-bool EditLevelProperties(Program& program, std::int32_t index);
+// whatever the user did. `act`, when given, runs on the form instead of showing it. False when
+// the form couldn't be shown.
+bool EditLevelProperties(Program& program, std::int32_t index,
+                         const std::function<void(Dialog_NewLevel&)>& act = {});
 
 }  // namespace vardolin

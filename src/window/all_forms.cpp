@@ -16,8 +16,10 @@
 #include "foundation/dialogs/dialog_splash.h"
 #include "foundation/dialogs/dialog_wait.h"
 #include "foundation/settings/dialog_settings.h"
+#include "intake/dialog_assistant.h"
 #include "intake/dialog_autore.h"
 #include "intake/dialog_cerca_livelli.h"
+#include "intake/dialog_compila.h"
 #include "intake/dialog_new_level.h"
 #include "play/dialog_restore.h"
 #include "savegames/dialog_cattura.h"
@@ -78,6 +80,8 @@ const std::vector<FormFactory>& AllForms() {
       Entry<Dialog_Testo>("Dialog_Testo"),
       Entry<Dialog_Indice>("Dialog_Indice"),
       Entry<Dialog_MuoviSuCd>("Dialog_MuoviSuCd"),
+      Entry<Dialog_Compila>("Dialog_Compila"),
+      Entry<Dialog_Assistant>("Dialog_Assistant"),
   };
   return forms;
 }
