@@ -19,6 +19,8 @@
 #include "archive/leftovers.h"
 #include "audio_commands.h"
 #include "catalogue_commands.h"
+#include "cd/dialog_insert_cd.h"
+#include "cd_commands.h"
 #include "demo_home.h"
 #include "editor_commands.h"
 #include "equal_commands.h"
@@ -367,6 +369,18 @@ int main(int argc, char** argv) {
   convert->add_option("FILE", audio_files, "audio files")->required();
   convert->add_option("--out", audio_out, "target folder")->required();
 
+  CLI::App* cd = app.add_subcommand("cd", "level CDs and their images");
+  cd->require_subcommand(1);
+  std::int32_t cd_number = 0;
+  std::string cd_where;
+  CLI::App* cd_attach = add_under(
+      cd, "attach", "tell where CD N of the archive is: an ISO image file, or a disc's mount point",
+      true, [&](vardolin::Program& p) {
+        return vardolin::CmdCdAttach(p, cd_number, cd_where, out, err);
+      });
+  cd_attach->add_option("N", cd_number, "the CD's number")->required();
+  cd_attach->add_option("IMAGE|MOUNTPOINT", cd_where, "image file or folder")->required();
+
   try {
     app.parse(argc, argv);
   } catch (const CLI::CallForHelp& e) {
@@ -423,6 +437,7 @@ int main(int argc, char** argv) {
     return 1;
   }
   vardolin::InstallCatalogueHooks(program);
+  vardolin::InstallCdLevels(program);
   // Under the home's lock no other run is at work: whatever a killed one left can go now.
   if (changes_home) vardolin::ClearLeftovers(program);
   const int rc = command.run(program);

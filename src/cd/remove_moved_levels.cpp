@@ -3,6 +3,7 @@
 #include "archive/catalogue_file.h"
 #include "archive/level_store.h"
 #include "cd/cd_copy_check.h"
+#include "cd/cd_drives.h"
 #include "cd/cd_images.h"
 #include "cd/text_ids.h"
 #include "foundation/dialogs/ask.h"
@@ -93,10 +94,12 @@ bool RemoveMovedLevels(Program& program) {
   }
   HideProgressDialog(program);
   if (!done) return false;
-  const std::vector<std::string> drives = ListCdDrives(program.platform());
   CatalogueHeader& h = c.header;
-  if (!drives.empty())
-    h.MainDir = (fs::path(drives.front()) / ExtractFileName(Trim(h.MainDir))).string();
+  for (const CdDrive& drive : ListCdDrives(program.platform()))
+    if (drive.Ready()) {
+      h.MainDir = (fs::path(drive.mount_point) / ExtractFileName(Trim(h.MainDir))).string();
+      break;
+    }
   h.OnCd = false;
   program.CatalogueDirty = true;
   return SaveCatalogueFile(program, program.prefs.LastArchive);

@@ -97,5 +97,20 @@ inline constexpr std::int32_t RemoveMovedDiffers = 9961;
 inline constexpr std::int32_t MuoviWritingImage = 9962;
 
 // Levels on CD at run time: asking for a disc or an image, setting a CD up.
+inline constexpr std::int32_t InsertCdMessage = 473;
+inline constexpr std::int32_t InsertCdLevelFiles = 474;  // fragment behind a level's folder
+inline constexpr std::int32_t InsertCdNoDrive = 475;
+inline constexpr std::int32_t InsertCdDriveGone = 476;
+inline constexpr std::int32_t InsertCdNotReady = 477;
+inline constexpr std::int32_t InsertCdWrongCd = 2493;
+inline constexpr std::int32_t InsertCdCaption = 9970;
+inline constexpr std::int32_t InsertCdLabelDrive = 9971;
+inline constexpr std::int32_t InsertCdOk = 9972;
+inline constexpr std::int32_t InsertCdCancel = 9973;
+inline constexpr std::int32_t InsertCdImage = 9974;
+inline constexpr std::int32_t InsertCdImageTitle = 9975;
+inline constexpr std::int32_t InsertCdImageFilter = 9976;
+inline constexpr std::int32_t CdImageUnreadable = 9977;
+inline constexpr std::int32_t CdImageFetchFailed = 9978;
 
 }  // namespace vardolin::text

@@ -1,0 +1,138 @@
+#include "cd/cd_image_reader.h"
+
+#include <archive.h>
+#include <archive_entry.h>
+#include <fcntl.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <cctype>
+#include <memory>
+#include <vector>
+
+#include "archive/level_store.h"
+#include "foundation/services/safe_join.h"
+
+namespace vardolin {
+namespace fs = std::filesystem;
+
+namespace {
+
+constexpr std::size_t kBlock = 1 << 20;
+
+using ArchivePtr = std::unique_ptr<archive, decltype(&archive_read_free)>;
+
+ArchivePtr OpenImage(const fs::path& image, std::string& error) {
+  ArchivePtr a(archive_read_new(), archive_read_free);
+  archive_read_support_format_iso9660(a.get());
+  if (archive_read_open_filename(a.get(), image.c_str(), kBlock) != ARCHIVE_OK) {
+    error = archive_error_string(a.get());
+    return ArchivePtr(nullptr, archive_read_free);
+  }
+  return a;
+}
+
+std::string Damaged(archive* a) {
+  const char* why = archive_error_string(a);
+  return why ? why : "damaged entry";
+}
+
+bool SameNoCase(char x, char y) {
+  return std::tolower(static_cast<unsigned char>(x)) == std::tolower(static_cast<unsigned char>(y));
+}
+
+enum class Written { Ok, ReadFailed, WriteFailed };
+
+std::string Normalised(std::string name) {
+  while (name.rfind("./", 0) == 0) name.erase(0, 2);
+  while (!name.empty() && name.front() == '/') name.erase(0, 1);
+  while (!name.empty() && name.back() == '/') name.pop_back();
+  return name;
+}
+
+Written WriteEntry(archive* a, const fs::path& path, std::vector<char>& buffer) {
+  std::error_code ec;
+  fs::create_directories(path.parent_path(), ec);
+  const int fd = ::open(path.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC, 0644);
+  if (fd < 0) return Written::WriteFailed;
+  Written result = Written::Ok;
+  while (result == Written::Ok) {
+    const la_ssize_t got = archive_read_data(a, buffer.data(), buffer.size());
+    if (got < 0) result = Written::ReadFailed;
+    if (got <= 0) break;
+    for (la_ssize_t done = 0; done < got && result == Written::Ok;) {
+      const ssize_t put = ::write(fd, buffer.data() + done, static_cast<std::size_t>(got - done));
+      if (put <= 0) result = Written::WriteFailed;
+      done += put;
+    }
+  }
+  if (::close(fd) != 0 && result == Written::Ok) result = Written::WriteFailed;
+  return result;
+}
+
+}  // namespace
+
+ImageLevel FindLevelInImage(const fs::path& image, std::int32_t code) {
+  ImageLevel found;
+  ArchivePtr a = OpenImage(image, found.error);
+  if (!a) return found;
+  archive_entry* entry = nullptr;
+  int status = ARCHIVE_OK;
+  while ((status = archive_read_next_header(a.get(), &entry)) == ARCHIVE_OK) {
+    const std::string name = Normalised(archive_entry_pathname(entry));
+    const std::size_t slash = name.find('/');
+    if (slash == std::string::npos || slash == 0) continue;
+    const std::size_t end = name.find('/', slash + 1);
+    const std::string level =
+        name.substr(slash + 1, end == std::string::npos ? end : end - slash - 1);
+    std::int64_t number = -1;
+    if (IsLevelFolderName(level) && LevelNumberOf(level, number) && number == code) {
+      found.readable = true;
+      found.folder = name.substr(0, end);
+      return found;
+    }
+  }
+  found.readable = status == ARCHIVE_EOF;
+  if (!found.readable) found.error = Damaged(a.get());
+  return found;
+}
+
+bool ExtractImageFolder(const fs::path& image, const std::string& folder_in_image,
+                        const fs::path& target, std::string& error) {
+  ArchivePtr a = OpenImage(image, error);
+  if (!a) return false;
+  const std::string prefix = Normalised(folder_in_image) + "/";
+  std::vector<char> buffer(kBlock);
+  archive_entry* entry = nullptr;
+  int status = ARCHIVE_OK;
+  while ((status = archive_read_next_header(a.get(), &entry)) == ARCHIVE_OK) {
+    const std::string name = Normalised(archive_entry_pathname(entry));
+    // ISO 9660 names keep their case on Joliet and Rock Ridge discs, but a plain disc's names
+    // are upper case: the folder is looked for without regard to case, as on the disc.
+    if (name.size() <= prefix.size() ||
+        !std::equal(prefix.begin(), prefix.end(), name.begin(), SameNoCase))
+      continue;
+    const SafeJoinResult joined = SafeJoin(target, name.substr(prefix.size()));
+    if (!joined) {
+      error = joined.error;
+      return false;
+    }
+    const auto type = archive_entry_filetype(entry);
+    if (type == AE_IFDIR) {
+      std::error_code ec;
+      fs::create_directories(joined.path, ec);
+    } else if (type == AE_IFREG) {
+      const Written written = WriteEntry(a.get(), joined.path, buffer);
+      if (written == Written::Ok) continue;
+      error = written == Written::ReadFailed ? Damaged(a.get()) : joined.path.string();
+      return false;
+    }
+  }
+  if (status != ARCHIVE_EOF) {
+    error = Damaged(a.get());
+    return false;
+  }
+  return true;
+}
+
+}  // namespace vardolin
