@@ -62,8 +62,14 @@ struct Bench : bench::ProgramBench<> {
     }
     // The level's files go onto the image and leave the disk; its user folders stay.
     const fs::path files = root / "disc" / inside;
-    for (int i = 0; i < 2 * bench::kFilesPerKind; ++i)
-      bench::Write(files / ("room" + std::to_string(i) + ".tr4"), bench::ReferenceFileBytes(i));
+    for (int i = 0; i < 2 * bench::kFilesPerKind; ++i) {
+      const std::string name = i == 0       ? "title.tr4"
+                               : i == 1     ? "script.dat"
+                               : i == 2     ? "english.dat"
+                               : i % 4 == 3 ? "track" + std::to_string(i) + ".wav"
+                                            : "room" + std::to_string(i) + ".tr4";
+      bench::Write(files / name, bench::ReferenceFileBytes(i));
+    }
     image = root / "archive1.iso";
     if (!bench::Run({"genisoimage", "-quiet", "-J", "-R", "-o", image.string(),
                      (root / "disc").string()}) ||

@@ -50,21 +50,30 @@ std::string Normalised(std::string name) {
   return name;
 }
 
-Written WriteEntry(archive* a, const fs::path& path, std::vector<char>& buffer) {
+// The reader's own blocks go straight to the file: no copy through a buffer of ours.
+Written WriteEntry(archive* a, const fs::path& path) {
   std::error_code ec;
   fs::create_directories(path.parent_path(), ec);
   const int fd = ::open(path.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC, 0644);
   if (fd < 0) return Written::WriteFailed;
   Written result = Written::Ok;
-  while (result == Written::Ok) {
-    const la_ssize_t got = archive_read_data(a, buffer.data(), buffer.size());
-    if (got < 0) result = Written::ReadFailed;
-    if (got <= 0) break;
-    for (la_ssize_t done = 0; done < got && result == Written::Ok;) {
-      const ssize_t put = ::write(fd, buffer.data() + done, static_cast<std::size_t>(got - done));
-      if (put <= 0) result = Written::WriteFailed;
-      done += put;
+  const void* block = nullptr;
+  std::size_t size = 0;
+  la_int64_t offset = 0;
+  for (;;) {
+    const int status = archive_read_data_block(a, &block, &size, &offset);
+    if (status == ARCHIVE_EOF) break;
+    if (status != ARCHIVE_OK) {
+      result = Written::ReadFailed;
+      break;
     }
+    const char* data = static_cast<const char*>(block);
+    for (std::size_t done = 0; done < size && result == Written::Ok;) {
+      const ssize_t put = ::pwrite(fd, data + done, size - done, offset + done);
+      if (put <= 0) result = Written::WriteFailed;
+      done += static_cast<std::size_t>(put);
+    }
+    if (result != Written::Ok) break;
   }
   if (::close(fd) != 0 && result == Written::Ok) result = Written::WriteFailed;
   return result;
@@ -102,7 +111,6 @@ bool ExtractImageFolder(const fs::path& image, const std::string& folder_in_imag
   ArchivePtr a = OpenImage(image, error);
   if (!a) return false;
   const std::string prefix = Normalised(folder_in_image) + "/";
-  std::vector<char> buffer(kBlock);
   archive_entry* entry = nullptr;
   int status = ARCHIVE_OK;
   while ((status = archive_read_next_header(a.get(), &entry)) == ARCHIVE_OK) {
@@ -122,7 +130,7 @@ bool ExtractImageFolder(const fs::path& image, const std::string& folder_in_imag
       std::error_code ec;
       fs::create_directories(joined.path, ec);
     } else if (type == AE_IFREG) {
-      const Written written = WriteEntry(a.get(), joined.path, buffer);
+      const Written written = WriteEntry(a.get(), joined.path);
       if (written == Written::Ok) continue;
       error = written == Written::ReadFailed ? Damaged(a.get()) : joined.path.string();
       return false;

@@ -5,6 +5,7 @@
 #include <functional>
 
 #include "activation_fixture.h"
+#include "archive/archive_maintenance.h"
 #include "cd/cd_images.h"
 #include "cd/dialog_insert_cd.h"
 #include "foundation/ports/ui.h"
@@ -173,6 +174,43 @@ TEST(CdRequest, AnImageDamagedBehindTheLevelsFolderWritesNothingInTheEditor) {
   EXPECT_FALSE(SetLevelInTrle(f.program, 1));
   EXPECT_FALSE(f.InEditor());
   EXPECT_FALSE(fs::exists(f.editor / "french.dat"));
+}
+
+}  // namespace
+}  // namespace vardolin
+
+namespace vardolin {
+namespace {
+
+// Levels 1 and 2 on CDs 1 and 2, whose images may be known: each level that arrives on the disk
+// leaves its CD at once, so a CD refused halfway keeps only the levels not yet brought.
+TEST(CdRequest, BringingCdLevelsToDiskStopsAtARefusedCdKeepingWhatArrived) {
+  for (const bool second_known : {true, false}) {
+    SCOPED_TRACE(second_known ? "both images known" : "the second CD refused");
+    CdLevel f;
+    Program& p = f.program;
+    p.catalogue.levels[2].CdNumber = 2;
+    p.catalogue.levels[3].CdNumber = 0;
+    p.catalogue.header.CdCount = 2;
+    p.prefs.LastArchive = f.Path("home/Vardolin_archive.vdc").string();
+    const auto level2 = Snapshot(f.Files(2));
+    fs::rename(f.Files(2), f.Path("level2 files"));
+    ASSERT_TRUE(testing::MakeIso(
+        f.other_image, {"archive2/LEVEL_0002/files/=" + f.Path("level2 files").string()}));
+    RememberCdImage(p, 1, f.image);
+    if (second_known) {
+      RememberCdImage(p, 2, f.other_image);
+    } else {
+      f.ui.OnForm("Dialog_InsertCd", [](Form& form) { Press(form, "Pul_Cancel"); })
+          .Answer(msg::kOk, "A CD was not given");
+    }
+    EXPECT_EQ(BringCdLevelsToDisk(p), second_known);
+    EXPECT_EQ(p.catalogue.levels[1].CdNumber, 0);
+    EXPECT_EQ(p.catalogue.levels[2].CdNumber, second_known ? 0 : 2);
+    EXPECT_TRUE(Snapshot(f.Files(1)) == f.level_files);
+    EXPECT_EQ(Snapshot(f.Files(2)).size(), second_known ? level2.size() : 0u);
+    EXPECT_EQ(p.catalogue.header.CdCount, second_known ? 0 : 2);
+  }
 }
 
 }  // namespace
