@@ -1,0 +1,20 @@
+// The mountinfo reader over arbitrary text: every entry has a device number and an absolute
+// mount point, and no mount point is given twice.
+#include <cstdint>
+#include <cstdlib>
+#include <set>
+#include <string_view>
+
+#include "cd/cd_drives.h"
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+  const auto mounts =
+      vardolin::ParseMountInfo(std::string_view(reinterpret_cast<const char*>(data), size));
+  std::set<std::string> seen;
+  for (const auto& m : mounts) {
+    if (m.number.find(':') == std::string::npos || m.mount_point.empty() ||
+        m.mount_point[0] != '/' || !seen.insert(m.mount_point).second)
+      std::abort();
+  }
+  return 0;
+}
