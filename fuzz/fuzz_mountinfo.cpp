@@ -1,8 +1,7 @@
 // The mountinfo reader over arbitrary text: every entry has a device number and an absolute
-// mount point, and no mount point is given twice.
+// mount point.
 #include <cstdint>
 #include <cstdlib>
-#include <set>
 #include <string_view>
 
 #include "cd/cd_drives.h"
@@ -10,11 +9,8 @@
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   const auto mounts =
       vardolin::ParseMountInfo(std::string_view(reinterpret_cast<const char*>(data), size));
-  std::set<std::string> seen;
-  for (const auto& m : mounts) {
-    if (m.number.find(':') == std::string::npos || m.mount_point.empty() ||
-        m.mount_point[0] != '/' || !seen.insert(m.mount_point).second)
+  for (const auto& m : mounts)
+    if (m.number.find(':') == std::string::npos || m.mount_point.empty() || m.mount_point[0] != '/')
       std::abort();
-  }
   return 0;
 }

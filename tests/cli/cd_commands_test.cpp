@@ -1,7 +1,7 @@
 // The level-CD commands from a script, on the demo home.
-
 #include <gtest/gtest.h>
 
+#include <cstdlib>
 #include <filesystem>
 
 #include "cli_runner.h"
@@ -10,37 +10,18 @@
 namespace vardolin {
 namespace {
 
-namespace fs = std::filesystem;
-
+// An image is remembered for its CD; a mount point given later takes its place.
 TEST(CdCommands, AttachRemembersAnImageOrTakesAMountPoint) {
   testing::CliHome h;
   ASSERT_EQ(h.RunAt({"demo"}).code, 0);
-  const fs::path image = h.dir / "cd1.iso";
-  const fs::path disc = h.dir / "disc";
+  const auto disc = h.dir / "disc", image = h.dir / "cd1.iso";
   testing::WriteBytes(disc / "Levels1/LEVEL_0001/files/a.tr4", "level");
   ASSERT_EQ(
-      std::system(
-          ("genisoimage -quiet -J -R -o '" + image.string() + "' '" + disc.string() + "'").c_str()),
-      0);
-  const fs::path broken = h.dir / "broken.iso";
-  testing::WriteBytes(broken, std::string(70000, 'x'));
-  struct Case {
-    std::string where;
-    int code;
-    std::string said;
-  };
-  const Case cases[] = {
-      {broken.string(), 1, "broken.iso can't be read"},
-      {(h.dir / "nowhere").string(), 1, "neither an image file nor a folder"},
-      {image.string(), 0, "cd 1: " + image.string()},
-      {disc.string(), 0, "cd 1: " + disc.string()},
-  };
-  for (const Case& c : cases) {
-    const testing::CliResult r = h.RunAt({"cd", "attach", "1", c.where});
-    EXPECT_EQ(r.code, c.code) << c.where << r.err;
-    EXPECT_NE(r.Said().find(c.said), std::string::npos) << r.Said();
+      std::system(("genisoimage -quiet -R -o " + image.string() + " " + disc.string()).c_str()), 0);
+  for (const auto& where : {image, disc}) {
+    const testing::CliResult r = h.RunAt({"cd", "attach", "1", where.string()});
+    EXPECT_EQ(r.out, "cd 1: " + where.string() + "\n") << r.err;
   }
-  // The mount point took the place of the image.
   EXPECT_EQ(testing::ReadFile(h.home / "cd_images.txt").find("cd1.iso"), std::string::npos);
 }
 
