@@ -4,6 +4,8 @@
 //
 //   activate/image   SetLevelInTrle of a level whose files lie only    vs bsdtar -xf of its files
 //                    in a remembered ISO image                            folder (goal <= 1.0)
+//   fetch/image      LevelFolderOnCd alone: the files fetched out of    vs the same
+//                    the image into the home
 //
 // Each iteration times ours and the reference in turns (bench::MeasurePair); ours starts from
 // the base level in the editor folder, the reference from an empty folder.
@@ -108,7 +110,24 @@ void BM_ActivateFromImage(benchmark::State& state) {
   SetLevelInTrle(b.program, 0);
 }
 
+// The fetch alone, without the rest of the activation: where the time of the figure above goes.
+void BM_FetchFromImage(benchmark::State& state) {
+  Bench& b = TheBench();
+  fs::path target;
+  bench::MeasurePair(
+      state, "bsdtar -xf",
+      {[] { return true; }, [&] { return !LevelFolderOnCd(b.program, kCdLevel).empty(); }},
+      {[&] {
+         target = b.FreshTarget();
+         return true;
+       },
+       [&] {
+         return bench::Run({"bsdtar", "-xf", b.image.string(), "-C", target.string(), b.inside});
+       }});
+}
+
 BENCHMARK(BM_ActivateFromImage)->UseManualTime()->Unit(benchmark::kMillisecond)->Iterations(7);
+BENCHMARK(BM_FetchFromImage)->UseManualTime()->Unit(benchmark::kMillisecond)->Iterations(7);
 
 }  // namespace
 }  // namespace vardolin
