@@ -2,10 +2,10 @@
 
 #include <filesystem>
 #include <ostream>
-
 #include "archive/catalogue_file.h"
 #include "archive/level_store.h"
 #include "catalogue_commands.h"
+#include "cd/burn_engine.h"
 #include "cd/cd_image_reader.h"
 #include "cd/cd_images.h"
 #include "foundation/program.h"
@@ -15,6 +15,18 @@
 
 namespace vardolin {
 namespace fs = std::filesystem;
+
+int CmdCdReport(Program& program, const std::string& kind, const std::string& image,
+                std::ostream& out, std::ostream& err) {
+  BurnEngine engine(program);
+  if (!engine.BurnCommand(cw_ReportIsoFileList, kind, image)) {
+    err << "vardolin-cli: " << engine.ErrorMessage() << " (" << image << ")\n";
+    return 1;
+  }
+  // The engine's reports end their lines as the CD's own system does; a terminal wants LF.
+  out << ReplaceAll(engine.ResultText(), "\r\n", "\n");
+  return 0;
+}
 
 int CmdCdAttach(Program& program, std::int32_t number, const std::string& where, std::ostream& out,
                 std::ostream& err) {

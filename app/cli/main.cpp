@@ -21,6 +21,7 @@
 #include "catalogue_commands.h"
 #include "cd/dialog_insert_cd.h"
 #include "cd_commands.h"
+#include "cd_make_commands.h"
 #include "demo_home.h"
 #include "editor_commands.h"
 #include "equal_commands.h"
@@ -369,8 +370,47 @@ int main(int argc, char** argv) {
   convert->add_option("FILE", audio_files, "audio files")->required();
   convert->add_option("--out", audio_out, "target folder")->required();
 
-  CLI::App* cd = app.add_subcommand("cd", "level CDs and their images");
+  // Level CDs and CD images: what the burn engine reports of an image here; planning, making,
+  // burning and attaching them stand under the same group.
+  CLI::App* cd = app.add_subcommand("cd", "level CDs and CD images");
   cd->require_subcommand(1);
+  std::string cd_kind, cd_image;
+  auto* cd_report = add_under(
+      cd, "report", "list the files of an ISO image", false,
+      [&](vardolin::Program& p) { return vardolin::CmdCdReport(p, cd_kind, cd_image, out, err); });
+  cd_report
+      ->add_option("KIND", cd_kind,
+                   "FlatList (one path a line), TreeList (indented under their folders) or "
+                   "ReferenceList (path, size and date)")
+      ->required()
+      ->check(CLI::IsMember({"FlatList", "TreeList", "ReferenceList"}, CLI::ignore_case));
+  cd_report->add_option("IMAGE", cd_image, "the ISO image file")->required();
+  // Making level CDs: the plan, the CDs as image files, or burned.
+  int cd_mb = 650, cd_speed = 4;
+  std::string cd_folder;
+  const auto cd_mb_option = [&](CLI::App* sub) {
+    sub->add_option("--mb", cd_mb, "the discs' capacity in megabytes: 650, 700 or 4700 (DVD)")
+        ->check(CLI::IsMember({650, 700, 4700}));
+  };
+  cd_mb_option(
+      add_under(cd, "plan", "tell which levels still on disk go on which new CD", false,
+                [&](vardolin::Program& p) { return vardolin::CmdCdPlan(p, cd_mb, out, err); }));
+  auto* cd_image_cmd = add_under(
+      cd, "image",
+      "write each planned CD as an ISO image into FOLDER and mark its levels; a level's files "
+      "leave the disk once they were found whole in its image",
+      true, [&](vardolin::Program& p) {
+        return vardolin::CmdCdImage(p, *terminal, cd_folder, cd_mb, out, err);
+      });
+  cd_image_cmd->add_option("FOLDER", cd_folder, "where the images go")->required();
+  cd_mb_option(cd_image_cmd);
+  auto* cd_burn = add_under(
+      cd, "burn",
+      "burn the planned CDs on the first writer (answer its questions with --answer or --yes)",
+      true,
+      [&](vardolin::Program& p) { return vardolin::CmdCdBurn(p, cd_speed, cd_mb, out, err); });
+  cd_burn->add_option("--speed", cd_speed, "burning speed, 2 to 64 (4)")->check(CLI::Range(2, 64));
+  cd_mb_option(cd_burn);
   std::int32_t cd_number = 0;
   std::string cd_where;
   CLI::App* cd_attach = add_under(

@@ -4,6 +4,7 @@
 
 #include "archive/catalogue_ops.h"
 #include "archive/level_store.h"
+#include "cd/cd_drives.h"
 #include "foundation/program.h"
 #include "foundation/services/files.h"
 #include "foundation/services/paths.h"
@@ -59,6 +60,10 @@ LevelsToMove MeasureLevelsToMove(Program& program) {
     program.CatalogueDirty = true;
   }
   return levels;
+}
+
+std::string CdDriveUnit(const CdDrive& drive) {
+  return drive.mount_point.empty() ? drive.device : drive.mount_point;
 }
 
 std::string CdArchiveName(const Program& program) {

@@ -15,6 +15,7 @@
 namespace vardolin {
 
 class Program;
+struct CdDrive;
 
 // One megabyte as the capacities count it.
 inline constexpr double kCdMegabyte = 1048576.0;
@@ -53,6 +54,10 @@ struct LevelsToMove {
 // Measures each such level's folder. Each record's UserSize becomes what lies there beside its
 // files; the catalogue counts as changed when one moved.
 LevelsToMove MeasureLevelsToMove(Program& program);
+
+// What stands for a drive where the program would keep its letter: the mount point of its disc,
+// or the drive's device while nothing is mounted (a blank disc in a writer).
+std::string CdDriveUnit(const CdDrive& drive);
 
 // The archive's name on its CDs: the last component of MainDir.
 std::string CdArchiveName(const Program& program);

@@ -72,6 +72,7 @@ inline constexpr std::int32_t MuoviRootFolderTarget = 2571;
 inline constexpr std::int32_t MuoviScanFailed = 2614;
 inline constexpr std::int32_t MuoviNoWriterFound = 2615;
 inline constexpr std::int32_t MuoviNoDrive = 2650;
+inline constexpr std::int32_t MuoviUnpackingInstaller = 1467;
 inline constexpr std::int32_t MuoviCaption = 9940;
 inline constexpr std::int32_t MuoviFrameComandi = 9941;
 inline constexpr std::int32_t MuoviLabelUnita = 9942;

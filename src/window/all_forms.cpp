@@ -5,6 +5,7 @@
 #include "audio/dialog_convert_audio.h"
 #include "audio/dialog_converti_mp3.h"
 #include "cd/dialog_insert_cd.h"
+#include "cd/dialog_muovi_su_cd.h"
 #include "editor/dialog_compare_trle.h"
 #include "editor/dialog_installa_trle.h"
 #include "editor/dialog_tipo_exe.h"
@@ -78,6 +79,7 @@ const std::vector<FormFactory>& AllForms() {
       Entry<Dialog_Testo>("Dialog_Testo"),
       Entry<Dialog_Indice>("Dialog_Indice"),
       Entry<Dialog_InsertCd>("Dialog_InsertCd"),
+      Entry<Dialog_MuoviSuCd>("Dialog_MuoviSuCd"),
   };
   return forms;
 }

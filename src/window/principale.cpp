@@ -98,6 +98,7 @@ Principale::Principale(Program& program) : Form(program, "Principale", "Vardolin
   WireLanguage();
   WireUrlList();
   WireMaintenance();
+  WireMoveOnCd();
   DisableMissingWork();
   program.main = {this, &Label_Info, &ProgressBar1, &Timer1};
   program.notify.level_list_changed = [this] { RefreshLevelList(*this); };

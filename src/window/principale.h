@@ -285,6 +285,8 @@ class Principale : public Form {
   void WireUrlList();
   // Archive maintenance and the editor's restore (principale_maintenance.cpp).
   void WireMaintenance();
+  // Tools > Create Vardolin CD: the levels still on disk go onto level CDs or their images.
+  void WireMoveOnCd();
 };
 
 }  // namespace vardolin
