@@ -12,6 +12,8 @@
 
 #include "archive/level_store.h"
 #include "foundation/services/safe_join.h"
+#include "foundation/services/strings.h"
+#include "foundation/services/wildcard.h"
 
 namespace vardolin {
 namespace fs = std::filesystem;
@@ -104,6 +106,32 @@ ImageLevel FindLevelInImage(const fs::path& image, std::int32_t code) {
   found.readable = status == ARCHIVE_EOF;
   if (!found.readable) found.error = Damaged(a.get());
   return found;
+}
+
+bool ListLevelsInImage(const fs::path& image, const std::string& files, const std::string& pattern,
+                       std::vector<std::int32_t>& codes) {
+  std::string error;
+  ArchivePtr a = OpenImage(image, error);
+  if (!a) return false;
+  archive_entry* entry = nullptr;
+  int status = ARCHIVE_OK;
+  while ((status = archive_read_next_header(a.get(), &entry)) == ARCHIVE_OK) {
+    // root/LEVEL_nnnn/files/name
+    const std::string name = Normalised(archive_entry_pathname(entry));
+    std::vector<std::string> parts;
+    for (std::size_t start = 0, end; start <= name.size(); start = end + 1) {
+      end = std::min(name.find('/', start), name.size());
+      parts.push_back(name.substr(start, end - start));
+    }
+    std::int64_t number = -1;
+    if (parts.size() != 4 || archive_entry_filetype(entry) != AE_IFREG ||
+        !IsLevelFolderName(parts[1]) || !LevelNumberOf(parts[1], number) ||
+        !EqualsNoCase(parts[2], files) || !WildcardMatch(parts[3], pattern))
+      continue;
+    if (std::find(codes.begin(), codes.end(), number) == codes.end())
+      codes.push_back(static_cast<std::int32_t>(number));
+  }
+  return status == ARCHIVE_EOF;
 }
 
 bool ExtractImageFolder(const fs::path& image, const std::string& folder_in_image,

@@ -6,6 +6,7 @@
 #include <cstdint>
 #include <filesystem>
 #include <string>
+#include <vector>
 
 namespace vardolin {
 
@@ -18,6 +19,11 @@ struct ImageLevel {
 // Looks for the level's folder one folder below the image's root, as FindLevelOnCd does on a
 // disc. A damaged image (or no image at all) is not readable.
 ImageLevel FindLevelInImage(const std::filesystem::path& image, std::int32_t code);
+
+// The codes of the levels whose files folder (`files`, a name) holds a file matching `pattern`,
+// one folder below the image's root. False when the image can't be read.
+bool ListLevelsInImage(const std::filesystem::path& image, const std::string& files,
+                       const std::string& pattern, std::vector<std::int32_t>& codes);
 
 // Writes the files below `folder_in_image` of the image into `target`, keeping their relative
 // names; every name goes through SafeJoin. False with `error` when the image is damaged (the

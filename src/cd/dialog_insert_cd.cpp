@@ -83,9 +83,9 @@ bool Dialog_InsertCd::ImpostaValori(int index, std::int32_t number) {
 
   // The image remembered for the CD answers before any drive: it is what the user chose last.
   const fs::path image = RememberedCdImage(p, number_);
-  if (ordinary_ && !image.empty()) {
-    const ImageLevel in_image = FindLevelInImage(image, code_);
-    if (!in_image.folder.empty()) {
+  if (!image.empty()) {
+    const ImageLevel in_image = FindLevelInImage(image, ordinary_ ? code_ : -1);
+    if (ordinary_ ? !in_image.folder.empty() : in_image.readable) {
       Found.image = image;
       Found.folder_in_image = in_image.folder;
       CdFound = true;

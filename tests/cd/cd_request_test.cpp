@@ -7,6 +7,7 @@
 #include "activation_fixture.h"
 #include "archive/archive_maintenance.h"
 #include "cd/cd_images.h"
+#include "cd/correggi_archivio_cd.h"
 #include "cd/dialog_insert_cd.h"
 #include "foundation/ports/ui.h"
 #include "foundation/services/paths.h"
@@ -189,6 +190,31 @@ TEST(CdRequest, BringingCdLevelsToDiskStopsAtARefusedCdKeepingWhatArrived) {
     EXPECT_EQ(Snapshot(f.Files(2)).size(), second_known ? 5u : 0u);
     EXPECT_EQ(p.catalogue.header.CdCount, second_known ? 0 : 2);
   }
+}
+
+// CD 1's image holds levels 1 and 2; level 2 has its files on the disk too, level 3 nowhere:
+// level 1 takes the CD's number, level 2 is asked about and stays on disk, level 3 is offered
+// for removal and kept.
+TEST(CdRequest, CorrectionMatchesTheRecordsWithTheCdsAndTheDisk) {
+  CdLevel f;
+  Program& p = f.program;
+  p.catalogue.levels[1].CdNumber = 0;
+  p.catalogue.levels[2].CdNumber = 1;
+  p.catalogue.levels[3].CdNumber = 0;
+  p.prefs.LastArchive = f.Path("home/Vardolin_archive.vdc").string();
+  testing::WriteBytes(f.disc / "archive1/LEVEL_0002/files/b.tr4", "b");
+  ASSERT_TRUE(testing::MakeIso(f.image, {"archive1/=" + (f.disc / "archive1").string()}));
+  RememberCdImage(p, 1, f.image);
+  f.ui.Answer(msg::kOk)
+      .Input("1")
+      .Answer(msg::kYes, "\"Level 2\" has its files on the hard disk")
+      .Answer(msg::kNo, "\"Level 3\" are neither")
+      .Answer(msg::kOk, "2 records were corrected");
+  std::vector<int> removed;
+  CorreggiArchivioCD(p, nullptr, nullptr, [&](int index) { removed.push_back(index); });
+  EXPECT_EQ(p.catalogue.levels[1].CdNumber, 1);
+  EXPECT_EQ(p.catalogue.levels[2].CdNumber, 0);
+  EXPECT_TRUE(removed.empty());
 }
 
 }  // namespace
