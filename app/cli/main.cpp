@@ -19,6 +19,7 @@
 #include "archive/leftovers.h"
 #include "audio_commands.h"
 #include "catalogue_commands.h"
+#include "cd/dialog_insert_cd.h"
 #include "cd_commands.h"
 #include "cd_make_commands.h"
 #include "demo_home.h"
@@ -415,6 +416,15 @@ int main(int argc, char** argv) {
       [&](vardolin::Program& p) { return vardolin::CmdCdBurn(p, cd_speed, cd_mb, out, err); });
   cd_burn->add_option("--speed", cd_speed, "burning speed, 2 to 64 (4)")->check(CLI::Range(2, 64));
   cd_mb_option(cd_burn);
+  std::int32_t cd_number = 0;
+  std::string cd_where;
+  CLI::App* cd_attach = add_under(
+      cd, "attach", "tell where CD N of the archive is: an ISO image file, or a disc's mount point",
+      true, [&](vardolin::Program& p) {
+        return vardolin::CmdCdAttach(p, cd_number, cd_where, out, err);
+      });
+  cd_attach->add_option("N", cd_number, "the CD's number")->required();
+  cd_attach->add_option("IMAGE|MOUNTPOINT", cd_where, "image file or folder")->required();
 
   try {
     app.parse(argc, argv);
@@ -472,6 +482,7 @@ int main(int argc, char** argv) {
     return 1;
   }
   vardolin::InstallCatalogueHooks(program);
+  vardolin::InstallCdLevels(program);
   // Under the home's lock no other run is at work: whatever a killed one left can go now.
   if (changes_home) vardolin::ClearLeftovers(program);
   const int rc = command.run(program);

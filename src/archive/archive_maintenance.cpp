@@ -154,6 +154,12 @@ RecoverResult RecoverArchive(Program& p, const fs::path& given) {
 bool MoveArchive(Program& p, const fs::path& given) {
   Catalogue& c = p.catalogue;
   const bool cd = HasCdLevels(p);
+  if (cd) {
+    const int answer =
+        AskUser(p, p.GetText(text::MoveWithCdLevels, {kLineEnd, kLineEnd}), msg::kYesNoCancel);
+    if (answer == msg::kCancel) return false;
+    if (answer == msg::kYes) return BringCdLevelsToDisk(p);
+  }
   const double need = c.header.TotalUserSize + (cd ? 0 : c.header.TotalFilesSize);
   const fs::path old_folder = Trim(c.header.SecondaryDir);
   std::error_code ec;

@@ -1,7 +1,7 @@
 #pragma once
 // Repairs and moves of a whole archive (Tools > Archive maintenance) on hard disk: the full
-// backup of the editor folder made afresh, a catalogue rebuilt from the level folders, and the
-// archive moved to another folder. The CD branches come with the level CDs.
+// backup of the editor folder made afresh, a catalogue rebuilt from the level folders, the
+// archive moved to another folder, and the levels on CD brought back onto the hard disk.
 
 #include <filesystem>
 #include <string>
@@ -31,10 +31,18 @@ struct RecoverResult {
 // its code and gets a name of its position. The open catalogue is saved first if changed.
 RecoverResult RecoverArchive(Program& program, const std::filesystem::path& folder = {});
 
-// mnu_MoveArc: the levels' folders go to `folder` (asked for when empty; with too little room
-// or the archive's own folder the choice is asked again, or, given, refused). Every level is
-// copied and the catalogue saved pointing there before any old folder is deleted: a kill at any
-// moment leaves a catalogue on disk whose every level has its folder.
+// Copies the files of every level on CD (asking for each CD, or reading its image) into the
+// level's folder on hard disk, where its user folders already are; each level that arrived
+// loses its CdNumber at once, so a CD refused halfway (text 1322) leaves the others on CD and
+// the arrived ones on disk. True when no level is left on CD.
+bool BringCdLevelsToDisk(Program& program);
+
+// mnu_MoveArc: with levels on CD the user chooses first between bringing them onto the disk
+// (and nothing more) and moving only what lies on the disk. The levels' folders go to `folder`
+// (asked for when empty; with too little room or the archive's own folder the choice is asked
+// again, or, given, refused). Every level is copied and the catalogue saved pointing there before
+// any old folder is deleted: a kill at any moment leaves a catalogue on disk whose every level has
+// its folder.
 bool MoveArchive(Program& program, const std::filesystem::path& folder = {});
 
 }  // namespace vardolin

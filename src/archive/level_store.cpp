@@ -26,28 +26,6 @@ namespace {
 // "LEVEL_" as folder names on a CD begin, without the leading backslash of the fragment.
 constexpr std::string_view kLevelNameStart = kLevelFolderPrefix.substr(1);
 
-bool StartsWithNoCase(std::string_view name, std::string_view start) {
-  if (name.size() < start.size()) return false;
-  for (std::size_t i = 0; i < start.size(); ++i)
-    if (std::tolower(static_cast<unsigned char>(name[i])) !=
-        std::tolower(static_cast<unsigned char>(start[i])))
-      return false;
-  return true;
-}
-
-bool IsLevelFolderName(std::string_view name) {
-  return StartsWithNoCase(name, kLevelNameStart);
-}
-
-// The number behind LEVEL_; false when anything but digits follows. Codes of more than four
-// digits are written in full, so the whole run of digits counts, not just the last four.
-bool LevelNumberOf(std::string_view name, std::int64_t& number) {
-  std::string_view digits = name.substr(kLevelNameStart.size());
-  if (digits.empty() || digits.size() > 12) return false;
-  auto [end, ec] = std::from_chars(digits.data(), digits.data() + digits.size(), number);
-  return ec == std::errc() && end == digits.data() + digits.size();
-}
-
 std::vector<fs::path> SortedSubfolders(const fs::path& folder) {
   std::vector<fs::path> out = ListSubfolders(folder);
   std::sort(out.begin(), out.end());
@@ -71,6 +49,19 @@ void RemoveLinksIn(const fs::path& folder) {
 
 }  // namespace
 
+bool IsLevelFolderName(std::string_view name) {
+  return StartsWithNoCase(name, kLevelNameStart);
+}
+
+// The number behind LEVEL_; false when anything but digits follows. Codes of more than four
+// digits are written in full, so the whole run of digits counts, not just the last four.
+bool LevelNumberOf(std::string_view name, std::int64_t& number) {
+  std::string_view digits = name.substr(kLevelNameStart.size());
+  if (digits.empty() || digits.size() > 12) return false;
+  auto [end, ec] = std::from_chars(digits.data(), digits.data() + digits.size(), number);
+  return ec == std::errc() && end == digits.data() + digits.size();
+}
+
 fs::path HardDiskLevelFolder(const Program& program, std::int32_t code) {
   fs::path base =
       code == 0 ? program.Home() : fs::path(Trim(program.catalogue.header.SecondaryDir));
@@ -84,14 +75,15 @@ std::string LevelFolderName(const Program& program, std::int32_t code) {
 
 fs::path GetLevelFolder(Program& program, std::int32_t code, bool use_cd) {
   program.CdRefused = false;
+  program.CdFetchedCopy = false;
   if (code == 0) return JoinFragment(program.Home(), LevelFolderName(program, 0));
   int index = FindLevelIndex(program.catalogue, code);
   if (use_cd && index >= 0 &&
       program.catalogue.levels[static_cast<std::size_t>(index)].CdNumber > 0) {
-    // The CD request window belongs to the CD work; until it exists the CD counts as refused,
-    // which every caller already handles.
-    program.CdRefused = true;
-    return {};
+    fs::path folder;
+    if (program.level_folder_on_cd) folder = program.level_folder_on_cd(program, code);
+    program.CdRefused = folder.empty();
+    return folder;
   }
   // Without an archive folder the level's folder would lie wherever the program happens to
   // run; callers stop on an empty answer instead of making or deleting folders there.

@@ -6,6 +6,7 @@
 #include <cstdint>
 #include <filesystem>
 #include <string>
+#include <string_view>
 
 namespace vardolin {
 
@@ -21,10 +22,10 @@ std::filesystem::path HardDiskLevelFolder(const Program& program, std::int32_t c
 std::string LevelFolderName(const Program& program, std::int32_t code);
 
 // The level's folder. With `use_cd` and a level whose CdNumber is above 0 the folder lies on
-// the CD; asking for that CD isn't possible in this build, so such a level gives an empty
-// folder with `program.CdRefused` set. A code not in the table gives the folder of a level to
-// come. CdRefused is cleared first. A catalogue whose SecondaryDir is blank or relative gives an
-// empty folder for every level but the base level.
+// the CD (program.level_folder_on_cd, which asks for it); a CD not given, or a program without
+// CDs, gives an empty folder with `program.CdRefused` set. A code not in the table gives the
+// folder of a level to come. CdRefused and CdFetchedCopy are cleared first. A catalogue whose
+// SecondaryDir is blank or relative gives an empty folder for every level but the base level.
 std::filesystem::path GetLevelFolder(Program& program, std::int32_t code, bool use_cd);
 // The level's files folder (GetLevelFolder + `\files`); empty when the folder is.
 std::filesystem::path GetLevelFilesFolder(Program& program, std::int32_t code, bool use_cd);
@@ -39,6 +40,11 @@ bool CreateLevelFolders(Program& program, const std::filesystem::path& level_fol
 // `deleting_text` is the label's text once the listing is done; 0 for the level store's own.
 bool DeleteLevelTree(Program& program, const std::filesystem::path& folder, Label* label,
                      ProgressBar* bar, std::int32_t deleting_text = 0);
+
+// Folder names on a CD: LEVEL_ and the code (case ignored). LevelNumberOf gives the code; false
+// when anything but digits follows.
+bool IsLevelFolderName(std::string_view name);
+bool LevelNumberOf(std::string_view name, std::int64_t& number);
 
 // The folder just below the drive's root that holds sub-folders named LEVEL_... (case ignored);
 // empty when none does. Level CDs keep their levels one folder deep.

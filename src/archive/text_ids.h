@@ -358,7 +358,16 @@ inline constexpr std::int32_t MoveUserFolder3 = 1919;  // fragment, same as 1634
 inline constexpr std::int32_t MoveDeleting = 1920;
 inline constexpr std::int32_t MoveDeleteFailed = 1921;  // the folder follows
 inline constexpr std::int32_t MoveDone = 1922;
-inline constexpr std::int32_t MoveSameFolder = 9710;  // the folder follows
+inline constexpr std::int32_t MoveSameFolder = 9710;    // the folder follows
+inline constexpr std::int32_t MoveWithCdLevels = 1911;  // ~1, ~2 CR LF
+
+// Archive maintenance: bringing the levels on CD onto the hard disk.
+inline constexpr std::int32_t ToDiskNoRoom = 1318;  // ~1 drive, ~2 size, ~3 CR LF
+inline constexpr std::int32_t ToDiskProgress = 1320;
+inline constexpr std::int32_t ToDiskSourceFiles = 1321;  // fragment, same as 1631
+inline constexpr std::int32_t ToDiskCdRefused = 1322;
+inline constexpr std::int32_t ToDiskTargetFiles = 1323;  // fragment, same as 1631
+inline constexpr std::int32_t ToDiskCopyFailed = 1324;   // the source and "]" follow
 
 // Archive maintenance: recovering a catalogue from the level folders.
 inline constexpr std::int32_t RecoverAsk = 1948;

@@ -9,8 +9,8 @@ namespace vardolin {
 class Program;
 
 // For each level with a CdNumber whose files folder still holds level files. At the end MainDir
-// takes the first CD drive (when the machine has one), OnCd is cleared and the catalogue saved.
-// False when the run stopped early.
+// takes the first CD drive with a disc mounted (when there is one), OnCd is cleared and the
+// catalogue saved. False when the run stopped early.
 bool RemoveMovedLevels(Program& program);
 
 }  // namespace vardolin

@@ -98,5 +98,38 @@ inline constexpr std::int32_t RemoveMovedDiffers = 9961;
 inline constexpr std::int32_t MuoviWritingImage = 9962;
 
 // Levels on CD at run time: asking for a disc or an image, setting a CD up.
+inline constexpr std::int32_t InsertCdMessage = 473;
+inline constexpr std::int32_t InsertCdLevelFiles = 474;  // fragment behind a level's folder
+inline constexpr std::int32_t InsertCdNoDrive = 475;
+inline constexpr std::int32_t InsertCdDriveGone = 476;
+inline constexpr std::int32_t InsertCdNotReady = 477;
+inline constexpr std::int32_t InsertCdWrongCd = 2493;
+inline constexpr std::int32_t InsertCdCaption = 9970;
+inline constexpr std::int32_t InsertCdLabelDrive = 9971;
+inline constexpr std::int32_t InsertCdOk = 9972;
+inline constexpr std::int32_t InsertCdCancel = 9973;
+inline constexpr std::int32_t InsertCdImage = 9974;
+inline constexpr std::int32_t InsertCdImageTitle = 9975;
+inline constexpr std::int32_t InsertCdImageFilter = 9976;
+inline constexpr std::int32_t CdImageUnreadable = 9977;
+inline constexpr std::int32_t CdImageFetchFailed = 9978;
+
+// Correction of a CD archive.
+inline constexpr std::int32_t CorrectAsk = 2282;
+inline constexpr std::int32_t CorrectDiskFiles = 2283;    // fragment behind a level's folder
+inline constexpr std::int32_t CorrectDiskPattern = 2284;  // a level file in it
+inline constexpr std::int32_t CorrectOnBoth = 2285;       // ~1 name, ~2 drive and CR LF
+inline constexpr std::int32_t CorrectCancelled = 2286;
+inline constexpr std::int32_t CorrectNowhere = 2289;  // ~1 name, ~2 CR LF
+inline constexpr std::int32_t CorrectStopped = 2290;
+inline constexpr std::int32_t CorrectCdCount = 2479;
+inline constexpr std::int32_t CorrectCdCountTitle = 2480;
+inline constexpr std::int32_t CorrectNotNumeric = 2481;
+inline constexpr std::int32_t CorrectNoLevels = 2482;
+inline constexpr std::int32_t CorrectReadingCd = 2483;
+inline constexpr std::int32_t CorrectCdFiles = 2484;    // fragment behind a level's folder
+inline constexpr std::int32_t CorrectCdPattern = 2485;  // a level file in it
+inline constexpr std::int32_t CorrectChecking = 2486;
+inline constexpr std::int32_t CorrectDone = 2487;  // ~1 CR LF; the count stands before
 
 }  // namespace vardolin::text

@@ -100,6 +100,10 @@ class Program {
   bool NewWindowsFamily = true;
   bool CatalogueDirty = false;
   bool CdRefused = false;
+  // Set with the folder of a CD level that was fetched out of a disc image: the folder is a copy
+  // of the program's own that the caller may empty (activation moves its files instead of
+  // copying them). Cleared where CdRefused is.
+  bool CdFetchedCopy = false;
   bool GameRunning = false;
   bool MediaPlay = false;
   EncoderSettings encoder;
@@ -133,6 +137,10 @@ class Program {
   // Set by the archive so that writing the settings first saves or gives up a changed
   // catalogue, without the foundation knowing the catalogue.
   std::function<void(Program&)> before_save_preferences;
+  // Set by the CD subsystem so that the level store reaches a level on CD without knowing CDs:
+  // the level's folder on its disc (or fetched from its image), asking for the CD when needed;
+  // empty when the user doesn't give it.
+  std::function<std::filesystem::path(Program&, std::int32_t code)> level_folder_on_cd;
 
  private:
   std::filesystem::path home_;

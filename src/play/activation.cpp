@@ -352,6 +352,7 @@ bool PutLevelInTrle(Program& program, std::int32_t code) {
   fs::path temporary;
   if (code != 0) {
     const fs::path files = GetLevelFilesFolder(program, code, true);
+    const bool fetched_copy = program.CdFetchedCopy;
     if (program.CdRefused) {
       ShowActivationError(program, program.GetText(text::LevelCdRefused));
       BringBaseBack(program, false);
@@ -369,6 +370,8 @@ bool PutLevelInTrle(Program& program, std::int32_t code) {
       BringBaseBack(program, true);
       return false;
     }
+    // Files fetched out of a CD image are the program's own copy: they move in like expanded ones.
+    if (temporary.empty() && fetched_copy) temporary = files;
     source = temporary.empty() ? ResolveCase(files) : temporary;
     const std::string complete = program.GetText(text::CompleteLevelFile);
     if (missing.empty() && !FileExists(JoinFragment(source, complete)))

@@ -2,6 +2,7 @@
 
 #include "archive/catalogue_file.h"
 #include "archive/leftovers.h"
+#include "cd/dialog_insert_cd.h"
 #include "foundation/dialogs/shared_dialogs.h"
 #include "foundation/program.h"
 #include "foundation/texts/text_catalogue.h"
@@ -21,6 +22,7 @@ void MainWindow::Form_Load() {
   // Start-up may stop before it chooses the panel; the window never shows both.
   ShowChosenPanel();
   InstallCatalogueHooks(program());
+  InstallCdLevels(program());
   // The window holds the home's lock: whatever a killed run left can go now.
   ClearLeftovers(program());
   StartUp(program(), PrefsLoad);

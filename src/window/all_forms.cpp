@@ -4,6 +4,7 @@
 #include "archive/dialog_pref_arc.h"
 #include "audio/dialog_convert_audio.h"
 #include "audio/dialog_converti_mp3.h"
+#include "cd/dialog_insert_cd.h"
 #include "cd/dialog_muovi_su_cd.h"
 #include "editor/dialog_compare_trle.h"
 #include "editor/dialog_installa_trle.h"
@@ -79,6 +80,7 @@ const std::vector<FormFactory>& AllForms() {
       Entry<Dialog_CercaLivelli>("Dialog_CercaLivelli"),
       Entry<Dialog_Testo>("Dialog_Testo"),
       Entry<Dialog_Indice>("Dialog_Indice"),
+      Entry<Dialog_InsertCd>("Dialog_InsertCd"),
       Entry<Dialog_MuoviSuCd>("Dialog_MuoviSuCd"),
       Entry<Dialog_Compila>("Dialog_Compila"),
       Entry<Dialog_Assistant>("Dialog_Assistant"),

@@ -3,9 +3,11 @@
 #include "archive/archive_maintenance.h"
 #include "archive/catalogue_sizes.h"
 #include "archive/text_ids.h"
+#include "cd/correggi_archivio_cd.h"
 #include "foundation/dialogs/ask.h"
 #include "foundation/ports/ui.h"
 #include "foundation/program.h"
+#include "intake/remove_level.h"
 #include "play/activation.h"
 #include "play/dialog_restore.h"
 #include "window/principale.h"
@@ -27,6 +29,13 @@ void Principale::WireMaintenance() {
       RecoverArchive(program());
   });
   mnu_MoveArc.SetHandler([this] { MoveArchive(program()); });
+  mnu_CorrectArchiveCD.SetHandler([this] {
+    CorreggiArchivioCD(program(), &Label_Info, &ProgressBar1, [this](int index) {
+      const auto& levels = program().catalogue.levels;
+      RemoveLevel(program(), levels[static_cast<std::size_t>(index)].Code, &Label_Info,
+                  &ProgressBar1);
+    });
+  });
 }
 
 }  // namespace vardolin

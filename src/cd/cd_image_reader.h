@@ -1,0 +1,34 @@
+#pragma once
+// A level CD kept as an ISO image file is read straight out of the file through libarchive: no
+// mounting, no root. Its layout is the disc's: one folder below the root holds the LEVEL_
+// folders.
+
+#include <cstdint>
+#include <filesystem>
+#include <string>
+#include <vector>
+
+namespace vardolin {
+
+struct ImageLevel {
+  bool readable = false;
+  std::string error;   // why the image can't be read; empty when readable
+  std::string folder;  // "Levels1/LEVEL_0012" ('/' separated), empty when the image lacks it
+};
+
+// Looks for the level's folder one folder below the image's root, as FindLevelOnCd does on a
+// disc. A damaged image (or no image at all) is not readable.
+ImageLevel FindLevelInImage(const std::filesystem::path& image, std::int32_t code);
+
+// The codes of the levels whose files folder (`files`, a name) holds a file matching `pattern`,
+// one folder below the image's root. False when the image can't be read.
+bool ListLevelsInImage(const std::filesystem::path& image, const std::string& files,
+                       const std::string& pattern, std::vector<std::int32_t>& codes);
+
+// Writes the files below `folder_in_image` of the image into `target`, keeping their relative
+// names; every name goes through SafeJoin. False with `error` when the image is damaged (the
+// reader's reason) or a file can't be written (its path).
+bool ExtractImageFolder(const std::filesystem::path& image, const std::string& folder_in_image,
+                        const std::filesystem::path& target, std::string& error);
+
+}  // namespace vardolin
