@@ -119,5 +119,6 @@ inline constexpr std::int32_t ExportTargetLink = 9402;     // ~1 the link, ~2 wh
 // What a run that was killed left behind, cleared by the next one (log lines, the path follows).
 inline constexpr std::int32_t LeftoverRemoved = 9300;
 inline constexpr std::int32_t LeftoverSwapFinished = 9301;
+inline constexpr std::int32_t LeftoverListRemoved = 9440;
 
 }  // namespace vardolin::text
