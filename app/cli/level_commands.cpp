@@ -15,39 +15,42 @@
 #include "intake/dialog_new_level.h"
 #include "intake/text_ids.h"
 #include "json_text.h"
+#include "terminal_ui.h"
 
 namespace vardolin {
 
 namespace fs = std::filesystem;
 
-int CmdAdd(Program& program, const std::vector<std::string>& sources, const std::string& name,
-           const std::string& note, std::ostream& out, std::ostream& err) {
+int CmdAdd(Program& program, TerminalUi& ui, const std::vector<std::string>& sources,
+           const std::string& name, const std::string& note, std::ostream& out, std::ostream& err) {
   if (!OpenLastCatalogue(program, err)) return 1;
   for (const std::string& s : sources)
     if (!FileExists(s) && !FolderExists(s)) {
       err << "vardolin-cli: there is no file or folder " << s << "\n";
       return 1;
     }
+  ui.HoldErrors();
   const auto code = AddLevel(program, {}, [&](Dialog_NewLevel& form) {
     // A package that couldn't be added, or a level that gave itself up on the way (a wad it
-    // can't do without), is not added with what is left: the message said why, once.
+    // can't do without), is not added with what is left. Closing the form gives it up as Cancel
+    // does, without Cancel's offer of the web's level sites.
     for (const std::string& s : sources)
-      if (!form.AddSource(s) || !form.IsLoaded()) {
-        if (form.IsLoaded()) form.Pul_Cancel.Click();
-        return;
-      }
+      if (!form.AddSource(s) || !form.IsLoaded()) return;
     if (!name.empty()) form.Text_NameLevel.SetText(name);
     if (!note.empty()) form.Text_Note.SetText(note);
+    // A check that failed leaves the form open for the user to mend the folder: here that gives
+    // the level up.
     form.Pul_Ok.Click();
-    // A check that failed left the form open for the user to mend the folder: here that gives
-    // the level up, as Cancel would.
-    if (form.IsLoaded()) form.Pul_Cancel.Click();
   });
   if (!code) {
-    err << "vardolin-cli: the level was not added from " << (sources.empty() ? "" : sources[0])
-        << " (the messages above say why)\n";
+    const std::string& why = ui.HeldErrors();
+    err << "vardolin-cli: "
+        << (why.empty() ? "the level was not added from " + (sources.empty() ? "" : sources[0])
+                        : why)
+        << "\n";
     return 1;
   }
+  if (!ui.HeldErrors().empty()) err << ui.HeldErrors() << "\n";
   out << *code << "\n";
   return 0;
 }

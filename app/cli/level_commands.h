@@ -10,13 +10,14 @@
 namespace vardolin {
 
 class Program;
+class TerminalUi;
 
 // Adds one level made of the packages and folders given, in order: the first file package is
 // added as the level's package (its name becomes the level's name), the rest are added to it.
 // `name` and `note`, when given, replace what the packages suggested. Questions are answered by
-// --answer. Prints the new level's code.
-int CmdAdd(Program& program, const std::vector<std::string>& sources, const std::string& name,
-           const std::string& note, std::ostream& out, std::ostream& err);
+// --answer. Prints the new level's code; a level not added ends with one line that says why.
+int CmdAdd(Program& program, TerminalUi& ui, const std::vector<std::string>& sources,
+           const std::string& name, const std::string& note, std::ostream& out, std::ostream& err);
 
 // One line per stored file of the level: its name, its size and whether it is packed; or a
 // JSON array of the same.

@@ -207,10 +207,11 @@ int main(int argc, char** argv) {
 
   std::vector<std::string> sources;
   std::string level_name, level_note;
-  auto* add_level = add("add", "add a level made of packages and folders; prints its new code",
-                        true, [&](vardolin::Program& p) {
-                          return vardolin::CmdAdd(p, sources, level_name, level_note, out, err);
-                        });
+  auto* add_level =
+      add("add", "add a level made of packages and folders; prints its new code", true,
+          [&](vardolin::Program& p) {
+            return vardolin::CmdAdd(p, *terminal, sources, level_name, level_note, out, err);
+          });
   add_level
       ->add_option("PACKAGE", sources,
                    "zip or other archive, file or folder; several go "

@@ -84,6 +84,15 @@ std::string TerminalUi::NextAnswer(const std::string& prompt) {
 
 int TerminalUi::AskUser(const std::string& text, int style, const std::string& title) {
   auto buttons = ButtonsOfStyle(style);
+  if (hold_errors_ && buttons.size() == 1 && IconOfStyle(style) == MessageIcon::Error) {
+    std::string line;
+    for (char c : held_.empty() ? text : " " + text) {
+      const bool blank = c == '\r' || c == '\n' || c == ' ';
+      if (!blank || line.empty() || line.back() != ' ') line += blank ? ' ' : c;
+    }
+    held_ += line;
+    return buttons.front();
+  }
   out_ << (title.empty() ? "" : title + ": ") << text << "\n";
   if (buttons.size() == 1) return buttons.front();
   std::string choices;

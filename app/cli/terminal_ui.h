@@ -20,6 +20,11 @@ class TerminalUi : public Ui {
   // Puts an answer before the others: what a command's own option says (a folder) answers the
   // question that it stands for.
   void AnswerNext(const std::string& answer) { answers_.push_front(answer); }
+  // From now on an error that only tells (one button) is kept instead of printed, for a command
+  // whose own last line gives the reason: said once, on one line.
+  void HoldErrors() { hold_errors_ = true; }
+  // The errors kept so far, one line, each message's line breaks folded into blanks.
+  const std::string& HeldErrors() const { return held_; }
 
   int AskUser(const std::string& text, int style, const std::string& title) override;
   std::string AskInput(const std::string& prompt, const std::string& title,
@@ -50,6 +55,8 @@ class TerminalUi : public Ui {
   std::deque<std::string> answers_;
   bool interactive_;
   bool yes_to_all_;
+  bool hold_errors_ = false;
+  std::string held_;
   std::string clipboard_;
 };
 

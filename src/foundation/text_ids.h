@@ -120,5 +120,6 @@ inline constexpr std::int32_t ExportTargetLink = 9402;     // ~1 the link, ~2 wh
 inline constexpr std::int32_t LeftoverRemoved = 9300;
 inline constexpr std::int32_t LeftoverSwapFinished = 9301;
 inline constexpr std::int32_t LeftoverLoanReturned = 9800;
+inline constexpr std::int32_t LeftoverListRemoved = 9440;
 
 }  // namespace vardolin::text

@@ -21,11 +21,13 @@
 #include "foundation/dialogs/ask.h"
 #include "foundation/ports/ui.h"
 #include "foundation/program.h"
+#include "foundation/services/atomic_file.h"
 #include "foundation/services/codepage.h"
 #include "foundation/services/drives.h"
 #include "foundation/services/paths.h"
 #include "foundation/services/safe_join.h"
 #include "foundation/services/strings.h"
+#include "foundation/services/unfinished_work.h"
 #include "web/text_ids.h"
 #include "web/utf8_locale.h"
 
@@ -192,11 +194,12 @@ constexpr double kBytesPerFile = 4096;
 // The share of the disk's free space an unpacking leaves for everything else.
 constexpr double kFreeMargin = 0.02;
 
+// A file read whole. A name the folder didn't hold is written in place (`temp` empty); one that
+// stood waits under a temporary name until the whole archive has been read.
 struct Pending {
   fs::path temp;
   fs::path final;
   std::string name;  // as the archive gave it, for messages
-  bool existed = false;
 };
 
 class Unpacker {
@@ -215,7 +218,10 @@ class Unpacker {
     MappedFile file;
     std::string error;
     if (!file.Open(archive_path_, error)) return Fail(UnpackFailure::Unreadable, error);
+    made_.emplace(program_);
     if (!MakeDestination()) return Fail(UnpackFailure::CannotWrite, error_);
+    joiner_.emplace(destination_);
+    known_folders_.insert(destination_.native());
     Reader a = OpenReader(options_.kinds);
     password_.program = &program_;
     archive_read_set_passphrase_callback(a.get(), &password_, &PasswordQuestion::Callback);
@@ -231,9 +237,10 @@ class Unpacker {
                 total += static_cast<double>(e.size);
                 files += e.folder ? 0 : 1;
               },
-              why) &&
-          !RoomFor(total, files))
-        return Fail(failure_, error_);
+              why)) {
+        if (!RoomFor(total, files)) return Fail(failure_, error_);
+        total_checked_ = true;
+      }
     }
 
     archive_entry* e = nullptr;
@@ -283,9 +290,11 @@ class Unpacker {
   // Makes the missing folders down to `path`'s parent, remembering them so that a failure can
   // take them back. False when something that is not a folder stands in the way.
   bool MakeParents(const fs::path& path) {
+    const fs::path parent = path.parent_path();
+    if (known_folders_.count(parent.native())) return true;
     std::vector<fs::path> missing;
     std::error_code ec;
-    for (fs::path dir = path.parent_path(); !dir.empty(); dir = dir.parent_path()) {
+    for (fs::path dir = parent; !dir.empty(); dir = dir.parent_path()) {
       auto st = fs::status(dir, ec);
       if (fs::is_directory(st)) break;
       if (fs::exists(st)) return false;
@@ -293,9 +302,15 @@ class Unpacker {
       if (dir == dir.parent_path()) break;
     }
     for (auto it = missing.rbegin(); it != missing.rend(); ++it) {
-      if (::mkdir(it->c_str(), 0755) != 0 && errno != EEXIST) return false;
+      made_->Add(*it);
+      if (::mkdir(it->c_str(), 0755) != 0) {
+        if (errno != EEXIST) return false;
+        continue;
+      }
       created_folders_.push_back(*it);
+      if (joiner_) joiner_->Made(*it, true);
     }
+    known_folders_.insert(parent.native());
     return true;
   }
 
@@ -365,7 +380,7 @@ class Unpacker {
     if (options_.space_to_underscore)
       for (char& c : name)
         if (c == ' ') c = '_';
-    SafeJoinResult joined = SafeJoin(destination_, name);
+    SafeJoinResult joined = joiner_->Join(name);
     if (!joined) {
       Refuse(stored, joined.error);
       return true;
@@ -380,82 +395,110 @@ class Unpacker {
       Refuse(stored, "a file stands where a folder of the name goes");
       return true;
     }
-    if (copy_of) return CopyEarlier(stored, copy_of, joined.path);
-    return WriteFile(a, e, stored, joined.path);
+    if (copy_of) return CopyEarlier(stored, copy_of, joined);
+    return WriteFile(a, e, stored, joined);
   }
 
   struct Claimed {
     int fd = -1;
-    fs::path temp;
+    fs::path temp;  // empty: written in place
     fs::path final;
     std::string key;
   };
 
-  // Opens the temporary file that will become `place` once the archive has been read, after
-  // checking that `size` bytes fit on the disk. False when the unpacking must stop.
-  bool Claim(const std::string& stored, const fs::path& place, double size, bool exec, Claimed& c) {
+  // Opens the file that `place` gets, after checking that `size` bytes fit on the disk. False
+  // when the unpacking must stop.
+  bool Claim(const std::string& stored, const SafeJoinResult& place, double size, bool exec,
+             Claimed& c) {
     // Names that differ only in case are one file, as on Windows: the later entry wins.
-    c.key = ToLower(place.string());
+    c.key = ToLower(place.path.string());
     auto seen = by_name_.find(c.key);
-    c.final = seen == by_name_.end() ? place : pending_[seen->second].final;
+    c.final = seen == by_name_.end() ? place.path : pending_[seen->second].final;
 
     declared_ += size;
-    const double free = DiskFreeBytes(program_.platform(), c.final.parent_path());
-    if (size > free)
-      return Stop(UnpackFailure::NoSpace,
-                  Quoted(stored) + " of " + Quoted(archive_name_) + " needs " +
-                      FormatFileSize(size) + " and the disk has " + FormatFileSize(free) + " free");
+    if (!total_checked_) {
+      const double free = DiskFreeBytes(program_.platform(), c.final.parent_path());
+      if (size > free)
+        return Stop(UnpackFailure::NoSpace, Quoted(stored) + " of " + Quoted(archive_name_) +
+                                                " needs " + FormatFileSize(size) +
+                                                " and the disk has " + FormatFileSize(free) +
+                                                " free");
+    }
     // Kinds that declare no total are asked about once what they have brought passes the mark.
     if (!AskIfFar(declared_)) return false;
+    const mode_t mode = exec ? 0755 : 0644;
 
-    // The files wait in a folder of their own until the end, so the folders they go to hold
-    // only what stood there before while each further name is looked up in them: a look-up
-    // then costs what the destination held, not what the archive has brought so far.
+    // A name the folder didn't hold is nobody's but this unpacking's: it is written where it
+    // goes, named first in the list that a kill leaves for the next run to clear.
+    if (seen == by_name_.end() && !place.stood) {
+      made_->Add(c.final);
+      c.fd = ::open(c.final.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC, mode);
+      if (c.fd < 0)
+        return Stop(UnpackFailure::CannotWrite,
+                    Quoted(stored) + " can't be written: " + std::strerror(errno));
+      return true;
+    }
+    // What stands is replaced only once the whole archive has been read: until then the new
+    // bytes wait in a folder of their own.
     if (staging_.empty()) {
       std::string pattern = (destination_ / ".vardolin-unzip-XXXXXX").string();
       if (!::mkdtemp(pattern.data()))
         return Stop(UnpackFailure::CannotWrite,
                     Quoted(destination_.string()) + " can't be written: " + std::strerror(errno));
       staging_ = pattern;
+      made_->Add(staging_, true);
     }
     c.temp = staging_ / std::to_string(temps_made_++);
-    c.fd = ::open(c.temp.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, exec ? 0755 : 0644);
+    c.fd = ::open(c.temp.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, mode);
     if (c.fd < 0)
       return Stop(UnpackFailure::CannotWrite,
                   Quoted(stored) + " can't be written: " + std::strerror(errno));
     return true;
   }
 
-  // The whole file is in its temporary: it goes in place with the others at the end.
-  void Keep(const Claimed& c, const std::string& stored) {
+  // The whole file is written. False when a later entry of a name can't take the earlier one's
+  // place.
+  bool Keep(const Claimed& c, const std::string& stored) {
     auto seen = by_name_.find(c.key);
     if (seen != by_name_.end()) {
-      ::unlink(pending_[seen->second].temp.c_str());
-      pending_[seen->second].temp = c.temp;
-      pending_[seen->second].name = stored;
+      Pending& p = pending_[seen->second];
+      if (!p.temp.empty()) {
+        ::unlink(p.temp.c_str());
+        p.temp = c.temp;
+      } else if (::rename(c.temp.c_str(), p.final.c_str()) != 0) {
+        // The earlier one is this unpacking's own, in place: the later one takes it over now.
+        ::unlink(c.temp.c_str());
+        return Stop(UnpackFailure::CannotWrite,
+                    Quoted(stored) + " can't be put in place: " + std::strerror(errno));
+      }
+      p.name = stored;
     } else {
-      std::error_code ec;
       by_name_.emplace(c.key, pending_.size());
-      pending_.push_back({c.temp, c.final, stored, fs::exists(fs::symlink_status(c.final, ec))});
+      pending_.push_back({c.temp, c.final, stored});
+      if (c.temp.empty()) joiner_->Made(c.final, false);
     }
     ++result_.files_done;
+    FaultPoint("unpack-entry");  // the kill tests break an unpacking off here
+    return true;
   }
 
   static void Drop(Claimed& c) {
     if (c.fd >= 0) ::close(c.fd);
     c.fd = -1;
-    ::unlink(c.temp.c_str());
+    ::unlink((c.temp.empty() ? c.final : c.temp).c_str());
   }
 
-  bool CopyEarlier(const std::string& stored, const std::string& target, const fs::path& place) {
+  bool CopyEarlier(const std::string& stored, const std::string& target,
+                   const SafeJoinResult& place) {
     SafeJoinResult from =
-        SafeJoin(destination_, options_.honor_directories ? target : ExtractFileName(target));
+        joiner_->Join(options_.honor_directories ? target : ExtractFileName(target));
     auto source = from ? by_name_.find(ToLower(from.path.string())) : by_name_.end();
     if (source == by_name_.end()) {
       Refuse(stored, "a link to a file the archive doesn't bring before it");
       return true;
     }
-    const fs::path source_temp = pending_[source->second].temp;
+    const Pending& earlier = pending_[source->second];
+    const fs::path source_temp = earlier.temp.empty() ? earlier.final : earlier.temp;
     std::error_code ec;
     const auto size = fs::file_size(source_temp, ec);
     Claimed c;
@@ -474,11 +517,11 @@ class Unpacker {
       Drop(c);
       return Stop(UnpackFailure::CannotWrite, Quoted(stored) + " can't be written");
     }
-    Keep(c, stored);
-    return true;
+    return Keep(c, stored);
   }
 
-  bool WriteFile(archive* a, archive_entry* e, const std::string& stored, const fs::path& place) {
+  bool WriteFile(archive* a, archive_entry* e, const std::string& stored,
+                 const SafeJoinResult& place) {
     const bool exec = (archive_entry_perm(e) & 0111) != 0;
     Claimed c;
     if (!Claim(stored, place,
@@ -545,23 +588,20 @@ class Unpacker {
       Drop(c);
       return Stop(UnpackFailure::CannotWrite, Quoted(stored) + " can't be written");
     }
-    Keep(c, stored);
-    return true;
+    return Keep(c, stored);
   }
 
+  // The files that replace others go in place; Fail takes back the rest when one can't.
   bool PutInPlace() {
-    for (std::size_t i = 0; i < pending_.size(); ++i) {
-      if (::rename(pending_[i].temp.c_str(), pending_[i].final.c_str()) != 0) {
-        error_ = Quoted(pending_[i].name) + " of " + Quoted(archive_name_) +
+    for (Pending& p : pending_) {
+      if (p.temp.empty()) continue;
+      if (::rename(p.temp.c_str(), p.final.c_str()) != 0) {
+        error_ = Quoted(p.name) + " of " + Quoted(archive_name_) +
                  " can't be put in place: " + std::strerror(errno);
-        // Files already renamed that were new go again; replaced ones can't come back.
-        for (std::size_t j = 0; j < i; ++j)
-          if (!pending_[j].existed) ::unlink(pending_[j].final.c_str());
-        for (std::size_t j = i; j < pending_.size(); ++j) ::unlink(pending_[j].temp.c_str());
-        pending_.clear();
-        RemoveStaging();
         return false;
       }
+      p.temp.clear();
+      p.final.clear();  // replaced: it can't come back, and it isn't taken away either
     }
     pending_.clear();
     RemoveStaging();
@@ -581,7 +621,9 @@ class Unpacker {
   }
 
   UnpackResult Fail(UnpackFailure failure, const std::string& why) {
-    for (const Pending& p : pending_) ::unlink(p.temp.c_str());
+    // New files go again, waiting ones with their folder.
+    for (const Pending& p : pending_)
+      if (p.temp.empty() && !p.final.empty()) ::unlink(p.final.c_str());
     RemoveStaging();
     for (auto it = created_folders_.rbegin(); it != created_folders_.rend(); ++it)
       ::rmdir(it->c_str());
@@ -608,11 +650,15 @@ class Unpacker {
   std::unordered_map<std::string, std::size_t> by_name_;
   std::unordered_set<std::string> links_;
   std::vector<fs::path> created_folders_;
-  fs::path staging_;  // where the files wait, inside the destination
+  std::unordered_set<std::string> known_folders_;  // folders that stand, made or found
+  std::optional<SafeJoiner> joiner_;
+  std::optional<UnfinishedList> made_;  // what this unpacking made, for a kill's clean-up
+  fs::path staging_;                    // where the files wait, inside the destination
   double archive_size_ = 0;
   double declared_ = 0;  // the sizes of the files met so far
   bool asked_size_ = false;
-  bool stop_reading_ = false;  // the archive can't be read past the entry that failed
+  bool total_checked_ = false;  // the zip's declared total fits on the disk
+  bool stop_reading_ = false;   // the archive can't be read past the entry that failed
   // Headers that fail one by one; past this many the archive is read no further.
   static constexpr int kMaxFailedHeaders = 64;
 };

@@ -8,10 +8,11 @@
 // in the same archive is refused too (links themselves are never made). A refused name is
 // skipped and told in the result; the other files still come in.
 //
-// An unpacking either completes or leaves the destination as it found it: every file is written
-// under a temporary name beside its place and renamed into place only once the whole archive
-// has been read, so a wrong password or a full disk takes back all it wrote. Damage costs only
-// the entries it touches.
+// An unpacking either completes or leaves the destination as it found it: a file that stands is
+// replaced only once the whole archive has been read (the new bytes wait under a temporary name
+// beside it), and the files it writes under new names go again when it fails, so a wrong
+// password or a full disk takes back all it wrote. A kill leaves the list of those new names to
+// the next run's clean-up (UnfinishedList). Damage costs only the entries it touches.
 
 #include <cstdint>
 #include <filesystem>

@@ -10,6 +10,8 @@
 #include "../../bench/bench_data.h"
 #include "archive_fixture.h"
 #include "archive_writer.h"
+#include "fault_child.h"
+#include "foundation/services/unfinished_work.h"
 #include "test_program.h"
 #include "web/zip_classes.h"
 
@@ -210,6 +212,51 @@ TEST(HostileArchives, NothingLandsOutsideTheDestination) {
                              "through.txt", "through2.txt"})
       EXPECT_TRUE(!zip || why.find(name) != std::string::npos) << name << " in " << why;
   }
+}
+
+constexpr const char* kKillChildVariable = "VARDOLIN_UNPACK_KILL_JOB";
+
+// Runs only as the child: one unpacking into the folder the parent filled, killed where it says.
+TEST(UnpackKillChild, Unpack) {
+  const auto job = testing::ReadFaultJob(kKillChildVariable);
+  if (!job) GTEST_SKIP() << "runs only as the child of the kill test";
+  testing::ChildProgram child(job->root / "home");
+  ExtractZip(child.program, job->root / "level.zip", job->root / "dest", nullptr, true, false);
+}
+
+// New names are written in place: a kill at any entry leaves them to the next run's clean-up,
+// which puts the folder back as it was, while a file that stood is replaced only at the end.
+TEST(ExtractZip, AKilledUnpackingIsTakenBackByTheNextRun) {
+  TempDir dir;
+  WriteArchive(dir / "level.zip", {{"one.txt", "new one"},
+                                   {"two.txt", CompressibleBytes(20000, 8)},
+                                   {"sub/deeper/three.txt", "3"},
+                                   {"Keep.TXT", "replaces the user's"},
+                                   {"four.txt", "4"}});
+  const std::map<std::string, std::string> users = {{"keep.txt", "the user's"},
+                                                    {"sub/mine.txt", "mine"}};
+  int kills = 0;
+  for (int n = 1; n <= 6; ++n) {
+    SCOPED_TRACE(n);
+    std::error_code ec;
+    fs::remove_all(dir / "dest", ec);
+    for (const auto& [name, bytes] : users) dir.Write("dest/" + name, bytes);
+    const int killed = testing::RunFaultChild("UnpackKillChild.Unpack", kKillChildVariable,
+                                              "unpack|" + dir.path().string(),
+                                              "unpack-entry:" + std::to_string(n));
+    kills += killed;
+    testing::ChildProgram next(dir / "home");
+    EXPECT_EQ(ClearUnfinishedWork(next.program), killed);
+    if (!killed) {
+      EXPECT_EQ(Tree(dir / "dest").size(), 6u);
+      EXPECT_EQ(ReadFile(dir / "dest/keep.txt"), "replaces the user's");
+      break;
+    }
+    EXPECT_EQ(Tree(dir / "dest"), users);
+    EXPECT_FALSE(fs::exists(dir / "dest/sub/deeper"));
+    EXPECT_EQ(std::distance(fs::directory_iterator(dir / "dest"), fs::directory_iterator()), 2);
+  }
+  EXPECT_EQ(kills, 5);
 }
 
 TEST(ExtractWithTool, UnpacksEveryKindAndNamesWhatItCantRead) {

@@ -3,7 +3,6 @@
 #include <unistd.h>
 
 #include <climits>
-#include <optional>
 #include <vector>
 
 #include "foundation/services/strings.h"
@@ -59,16 +58,6 @@ fs::path RealPath(const fs::path& path) {
   return RealPath(path, budget);
 }
 
-std::optional<std::string> FindNoCase(const fs::path& dir, const std::string& name) {
-  std::error_code ec;
-  std::optional<std::string> found;
-  for (fs::directory_iterator it(dir, ec), end; !ec && it != end; it.increment(ec)) {
-    std::string candidate = it->path().filename().string();
-    if (EqualsNoCase(candidate, name) && (!found || candidate < *found)) found = candidate;
-  }
-  return found;
-}
-
 // The longest single name the file system under `folder` takes. A longer part could never be
 // written, and the file system functions fail on it ("File name too long").
 std::size_t LongestName(fs::path folder) {
@@ -80,8 +69,41 @@ std::size_t LongestName(fs::path folder) {
 
 }  // namespace
 
-SafeJoinResult SafeJoin(const fs::path& target_folder, std::string_view name) {
-  if (target_folder.empty()) return Refuse(name, "no target folder");
+SafeJoiner::SafeJoiner(const fs::path& target_folder) : given_(target_folder) {
+  if (target_folder.empty()) return;
+  std::error_code ec;
+  fs::path absolute = fs::absolute(target_folder, ec);
+  if (ec) return;
+  given_ = std::move(absolute);
+  base_ = RealPath(given_);
+  if (!base_.empty()) longest_ = LongestName(base_);
+}
+
+const SafeJoiner::Listing& SafeJoiner::List(const fs::path& folder) {
+  Listing& l = listings_[folder.native()];
+  std::error_code ec;
+  for (fs::directory_iterator it(folder, ec), end; !ec && it != end; it.increment(ec)) {
+    std::string name = it->path().filename().string();
+    l.names.emplace(name, it->is_symlink(ec));
+    // Of names that differ only in case the first in byte order is taken.
+    auto [at, added] = l.by_lower.emplace(ToLower(name), name);
+    if (!added && name < at->second) at->second = name;
+  }
+  return l;
+}
+
+void SafeJoiner::Made(const fs::path& path, bool new_folder) {
+  auto l = listings_.find(path.parent_path().native());
+  if (l != listings_.end()) {
+    const std::string name = path.filename().string();
+    l->second.names.emplace(name, false);
+    l->second.by_lower.emplace(ToLower(name), name);
+  }
+  if (new_folder) listings_.emplace(path.native(), Listing{});
+}
+
+SafeJoinResult SafeJoiner::Join(std::string_view name) {
+  if (given_.empty()) return Refuse(name, "no target folder");
   if (name.empty()) return Refuse(name, "empty name");
   if (name.find('\0') != std::string_view::npos) return Refuse(name, "NUL in the name");
   if (name.front() == '/' || name.front() == '\\') return Refuse(name, "absolute name");
@@ -99,43 +121,59 @@ SafeJoinResult SafeJoin(const fs::path& target_folder, std::string_view name) {
     }
   }
   if (parts.empty()) return Refuse(name, "empty name");
-
   // Links are judged against the target's real place; the answer keeps the target's spelling.
-  std::error_code ec;
-  fs::path given = fs::absolute(target_folder, ec);
-  fs::path base = ec ? fs::path() : RealPath(given);
-  if (ec || base.empty()) return Refuse(name, "target folder unusable");
-  const std::size_t longest = LongestName(base);
+  if (base_.empty()) return Refuse(name, "target folder unusable");
   for (const std::string& p : parts)
-    if (p.size() > longest)
-      return Refuse(name, "a part is too long: the file system takes " + std::to_string(longest) +
+    if (p.size() > longest_)
+      return Refuse(name, "a part is too long: the file system takes " + std::to_string(longest_) +
                               " bytes at most");
 
-  fs::path out = given;
+  fs::path out = given_;
   bool on_disk = true;  // whether `out` still stands, so that its parts may be looked up
+  std::error_code ec;
   for (const std::string& p : parts) {
     fs::path next = out / p;
-    if (on_disk && !fs::exists(fs::symlink_status(next, ec))) {
-      auto match = FindNoCase(out, p);
-      if (match) next = out / *match;
+    bool link = false;
+    if (on_disk) {
+      // A folder read once answers for itself; another is asked only for names it lacks.
+      auto listed = listings_.find(out.native());
+      const Listing* l = listed == listings_.end() ? nullptr : &listed->second;
+      if (!l) {
+        auto st = fs::symlink_status(next, ec);
+        on_disk = fs::exists(st);
+        link = fs::is_symlink(st);
+        if (!on_disk) l = &List(out);
+      }
+      if (l) {
+        auto exact = l->names.find(p);
+        if (exact == l->names.end()) {
+          auto match = l->by_lower.find(ToLower(p));
+          if (match != l->by_lower.end()) exact = l->names.find(match->second);
+        }
+        on_disk = exact != l->names.end();
+        if (on_disk) {
+          next = out / exact->first;
+          link = exact->second;
+        }
+      }
     }
     out = std::move(next);
-    auto st = fs::symlink_status(out, ec);
-    if (on_disk && fs::exists(st)) {
-      if (fs::is_symlink(st)) {
-        fs::path real = RealPath(out);
-        if (real.empty() || !Inside(base, real))
-          return Refuse(name, "a link leads out of the folder");
-      }
-    } else {
-      on_disk = false;
+    if (link) {
+      fs::path real = RealPath(out);
+      if (real.empty() || !Inside(base_, real))
+        return Refuse(name, "a link leads out of the folder");
     }
   }
   if (out.native().size() >= PATH_MAX) return Refuse(name, "the whole path is too long");
   SafeJoinResult r;
   r.ok = true;
+  r.stood = on_disk;
   r.path = std::move(out);
   return r;
+}
+
+SafeJoinResult SafeJoin(const fs::path& target_folder, std::string_view name) {
+  return SafeJoiner(target_folder).Join(name);
 }
 
 }  // namespace vardolin
