@@ -120,4 +120,7 @@ inline constexpr std::int32_t ExportTargetLink = 9402;     // ~1 the link, ~2 wh
 inline constexpr std::int32_t LeftoverRemoved = 9300;
 inline constexpr std::int32_t LeftoverSwapFinished = 9301;
 
+// A report that the printer could not print.
+inline constexpr std::int32_t PrintFailed = 9866;
+
 }  // namespace vardolin::text

@@ -15,9 +15,11 @@
 #include "foundation/dialogs/dialog_splash.h"
 #include "foundation/dialogs/dialog_wait.h"
 #include "foundation/settings/dialog_settings.h"
+#include "intake/dialog_add_wads.h"
 #include "intake/dialog_autore.h"
 #include "intake/dialog_cerca_livelli.h"
 #include "intake/dialog_new_level.h"
+#include "intake/dialog_scambia_nomi.h"
 #include "play/dialog_restore.h"
 #include "savegames/dialog_cattura.h"
 #include "savegames/dialog_joy_stick.h"
@@ -76,6 +78,8 @@ const std::vector<FormFactory>& AllForms() {
       Entry<Dialog_CercaLivelli>("Dialog_CercaLivelli"),
       Entry<Dialog_Testo>("Dialog_Testo"),
       Entry<Dialog_Indice>("Dialog_Indice"),
+      Entry<Dialog_AddWads>("Dialog_AddWads"),
+      Entry<Dialog_ScambiaNomi>("Dialog_ScambiaNomi"),
   };
   return forms;
 }
