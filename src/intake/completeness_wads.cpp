@@ -97,8 +97,7 @@ bool RequireNewWad(Program& program, const std::string& tomName) {
 bool RequireRevisedWads(Program& program, const fs::path& folder) {
   if (!DocumentsMentionRevisedWads(program, folder)) return true;
   const std::string address = kRevisedWadsPackUrl;
-  if (AskUser(program, program.GetText(text::NeedRevisedWads, {address}), msg::kYesNo) ==
-      msg::kNo)
+  if (AskUser(program, program.GetText(text::NeedRevisedWads, {address}), msg::kYesNo) == msg::kNo)
     return false;
   const std::string zip =
       AskForZipFile(program, program.GetText(text::WadDownloadRevisedPrompt), address);

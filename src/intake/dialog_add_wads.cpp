@@ -57,8 +57,7 @@ void Dialog_AddWads::ImpostaValori(const std::string& zip) {
   else
     MakeFolder(ImportFolder);
   Pul_Cancel.SetCaption(p.GetText(text::WadCloseCaption));
-  if (!ResetToBaseLevel(p))
-    AskUser(p, p.GetText(text::WadResetFailed, {"\r\n"}), msg::kError);
+  if (!ResetToBaseLevel(p)) AskUser(p, p.GetText(text::WadResetFailed, {"\r\n"}), msg::kError);
   if (!NomeFileWad.empty()) {
     ShowStatus(&Label_Info, p.GetText(text::UnpackingArchiveNamed, {ExtractFileName(NomeFileWad)}));
     // Flat: the import sorts files by their names alone, wherever the zip kept them.
@@ -133,7 +132,9 @@ void Dialog_AddWads::Pul_Print_Click() {
   PrintReport(p, Caption(), Text_Prospetto.Text());
 }
 
-void Dialog_AddWads::Pul_Help_Click() { ShowHelp(program(), help::AddWads); }
+void Dialog_AddWads::Pul_Help_Click() {
+  ShowHelp(program(), help::AddWads);
+}
 
 void Dialog_AddWads::InstallEditorFile(const fs::path& source, const std::string& subfolder,
                                        std::string& report) {

@@ -14,7 +14,8 @@
 namespace vardolin {
 
 // The two packs of wads on the maker's download host.
-inline constexpr const char* kNewWadsPackUrl = "https://vardolin.sourceforge.io/download/new_wads_all.zip";
+inline constexpr const char* kNewWadsPackUrl =
+    "https://vardolin.sourceforge.io/download/new_wads_all.zip";
 inline constexpr const char* kRevisedWadsPackUrl =
     "https://vardolin.sourceforge.io/download/revised_wads_all.zip";
 

@@ -43,6 +43,8 @@ void Dialog_ScambiaNomi::Pul_Ok_Click() {
   Unload();
 }
 
-void Dialog_ScambiaNomi::Pul_Help_Click() { ShowHelp(program(), help::ScambiaNomi); }
+void Dialog_ScambiaNomi::Pul_Help_Click() {
+  ShowHelp(program(), help::ScambiaNomi);
+}
 
 }  // namespace vardolin

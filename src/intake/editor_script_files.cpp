@@ -51,8 +51,8 @@ bool BlockKeys(std::string_view block, const ScriptKeys& keys, std::string& name
   at = block.find('\\', at + keys.file_key.size());
   if (at == std::string_view::npos) return false;
   ++at;
-  file = std::string(block.substr(at, block.find_first_of(",\r\n", at) - at)) +
-         keys.level_extension;
+  file =
+      std::string(block.substr(at, block.find_first_of(",\r\n", at) - at)) + keys.level_extension;
   return true;
 }
 

@@ -46,9 +46,8 @@ std::vector<std::string> ParseLanguageText(std::string_view bytes, const Languag
 // A file that can't be read gives nothing and empty texts.
 std::vector<std::string> ReadScriptFile(const Program& program, const std::filesystem::path& path,
                                         std::string& head);
-std::vector<std::string> ReadLanguageText(const Program& program,
-                                          const std::filesystem::path& path, std::string& head,
-                                          std::string& tail);
+std::vector<std::string> ReadLanguageText(const Program& program, const std::filesystem::path& path,
+                                          std::string& head, std::string& tail);
 // Each item is written as a line of its own; false when the file couldn't be written whole.
 bool WriteScriptFile(const std::filesystem::path& path, const std::vector<std::string>& entries,
                      const std::string& head);

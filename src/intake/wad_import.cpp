@@ -7,6 +7,7 @@
 
 #include "archive/editor_backup.h"
 #include "audio/wave_header.h"
+#include "foundation/data_lists.h"
 #include "foundation/dialogs/ask.h"
 #include "foundation/dialogs/progress.h"
 #include "foundation/ports/ui.h"
@@ -77,6 +78,7 @@ void Dialog_AddWads::Pul_Import_Click() {
   std::string report;
   const fs::path mirror = EditorBackupFolder(p);
   const fs::path editor = EditorFolderPath(p);
+  if (!p.lists.Built()) p.lists = BuildDataLists();
 
   // Preparation: what the mirror held before, so that only new levels get blocks.
   std::vector<std::string> baseline;
