@@ -11,6 +11,7 @@
 #include "editor/find_editor.h"
 #include "editor/install_clock.h"
 #include "editor/text_ids.h"
+#include "editor/tom_converter.h"
 #include "foundation/data_lists.h"
 #include "foundation/dialogs/ask.h"
 #include "foundation/forms/controls.h"
@@ -219,16 +220,12 @@ bool EditorInstall::CompileDemos() {
   std::string kept = p_.prefs.EditorFolder;
   p_.prefs.EditorFolder = target_.string();
   Show(T(text::InstallDemos));
-  fs::path converter = ResolveCase(JoinFragment(target_, T(text::InstallConverter)));
   bool go_on = true;
   for (const fs::path& tom :
        ListFiles(ResolveCase(JoinFragment(target_, T(text::InstallDemosFolder))),
                  T(text::InstallDemosMask))) {
-    StartRequest request{converter, {tom.string()}, {}, true};
-    std::optional<Process> run = p_.platform().Start(request);
-    bool compiled = run && p_.platform().Wait(*run, std::chrono::minutes(5)) == WaitResult::Ended &&
-                    p_.platform().ExitCode(*run) == 0;
-    if (!compiled && ShowErrore(T(text::InstallDemoFailed) + "'" + tom.filename().string() + "'")) {
+    if (!RunTomConverterAsking(p_, tom) &&
+        ShowErrore(T(text::InstallDemoFailed) + "'" + tom.filename().string() + "'")) {
       go_on = false;
       break;
     }

@@ -200,4 +200,18 @@ inline constexpr std::int32_t InstallaCancel = 8567;
 inline constexpr std::int32_t InstallaHelp = 8568;
 inline constexpr std::int32_t InstallaLanguage = 8569;
 
+// The converter of level sources (tom2pc.exe) and its watch.
+inline constexpr std::int32_t WadSetSideExtension1 = 1563;      // fragment ".txt"
+inline constexpr std::int32_t WadSetSideExtension2 = 1564;      // fragment ".tga"
+inline constexpr std::int32_t WadSetMainExtension1 = 1565;      // fragment ".wad"
+inline constexpr std::int32_t WadSetMainExtension2 = 1566;      // fragment ".was"
+inline constexpr std::int32_t ConverterOutputFolder = 1575;     // fragment "\data"
+inline constexpr std::int32_t ConverterWorkExtension = 1576;    // fragment ".tmp"
+inline constexpr std::int32_t ConverterOutputExtension = 2557;  // fragment ".tr4"
+inline constexpr std::int32_t ConverterStuck = 2558;            // ~1 line ends
+inline constexpr std::int32_t ConverterKeepPartial = 2559;      // ~1 name, ~2 size
+inline constexpr std::int32_t ConverterWindowTitle = 2560;
+inline constexpr std::int32_t ConverterFailedRetry = 2561;  // ~1 name, ~2 line end
+inline constexpr std::int32_t ConverterCommand = 2639;      // fragment and fixed arguments
+
 }  // namespace vardolin::text

@@ -12,6 +12,7 @@
 #include "foundation/data_lists.h"
 #include "foundation/forms/open_forms.h"
 #include "foundation/ports/platform.h"
+#include "foundation/ports/watch_clock.h"
 #include "foundation/settings/preferences.h"
 #include "foundation/texts/text_catalogue.h"
 
@@ -74,6 +75,9 @@ class Program {
 
   Ui& ui() const { return ui_; }
   Platform& platform() const { return platform_; }
+  // The clock that watch loops wait on: the real one unless a test set its own.
+  WatchClock& watch_clock() const { return clock_ ? *clock_ : real_clock_; }
+  void SetWatchClock(WatchClock* clock) { clock_ = clock; }
   // The program's folder: settings, language files, backups, the log.
   const std::filesystem::path& Home() const { return home_; }
 
@@ -134,6 +138,8 @@ class Program {
   std::filesystem::path home_;
   Ui& ui_;
   Platform& platform_;
+  WatchClock* clock_ = nullptr;
+  mutable RealWatchClock real_clock_;
 };
 
 }  // namespace vardolin

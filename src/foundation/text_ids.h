@@ -119,6 +119,7 @@ inline constexpr std::int32_t ExportTargetLink = 9402;     // ~1 the link, ~2 wh
 // What a run that was killed left behind, cleared by the next one (log lines, the path follows).
 inline constexpr std::int32_t LeftoverRemoved = 9300;
 inline constexpr std::int32_t LeftoverSwapFinished = 9301;
+inline constexpr std::int32_t LeftoverLoanReturned = 9800;
 
 // A report that the printer could not print.
 inline constexpr std::int32_t PrintFailed = 9866;

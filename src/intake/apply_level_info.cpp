@@ -79,6 +79,10 @@ void ApplyLevelInfo(Dialog_NewLevel& form) {
     form.SelectMoreInfo(ExtractFileName(r.MoreInfoFile));
     p.InfoFileFlag = true;
     ShowStatus(&form.Label_Info, {});
+    if (from_script && !has_info && CheckListedFiles(form, false) &&
+        !ListFiles(form.WorkFolder, WithoutLeadingSeparators(p.GetText(text::TomToCompile)))
+             .empty())
+      form.CompileTom();
   }
   if (!p.InfoFileFlag) OfferKnownPatch(form);
 }
@@ -143,19 +147,21 @@ bool FetchMediaFiles(Dialog_NewLevel& form) {
   return true;
 }
 
-void ApplyTomLinks(Dialog_NewLevel& form) {
-  Program& p = form.program();
-  const std::vector<std::string> links = SplitNulList(form.Info.TomLinks);
-  const fs::path wads = JoinFragment(p.prefs.EditorFolder, p.GetText(text::TomLinkWadsFolder));
-  for (std::size_t i = 0; i + 1 < links.size(); i += 2) {
-    std::vector<fs::path> found = ListFiles(wads, links[i + 1]);
-    if (found.empty()) found = ListFiles(form.WorkFolder, links[i + 1]);
-    for (const fs::path& f : found) {
-      const fs::path target =
-          InFolder(form.WorkFolder, links[i] + ExtractExtension(f.filename().string()));
-      if (!target.empty() && !FileExists(target)) CopyFileOver(f, target);
-    }
+void LinkWadForTom(Program& p, const fs::path& folder, const std::string& pattern,
+                   const std::string& baseName) {
+  std::vector<fs::path> found =
+      ListFiles(JoinFragment(p.prefs.EditorFolder, p.GetText(text::TomLinkWadsFolder)), pattern);
+  if (found.empty()) found = ListFiles(folder, pattern);
+  for (const fs::path& f : found) {
+    const fs::path target = InFolder(folder, baseName + ExtractExtension(f.filename().string()));
+    if (!target.empty() && !FileExists(target)) CopyFileOver(f, target);
   }
+}
+
+void ApplyTomLinks(Dialog_NewLevel& form) {
+  const std::vector<std::string> links = SplitNulList(form.Info.TomLinks);
+  for (std::size_t i = 0; i + 1 < links.size(); i += 2)
+    LinkWadForTom(form.program(), form.WorkFolder, links[i + 1], links[i]);
 }
 
 bool CheckListedFiles(Dialog_NewLevel& form, bool ask) {

@@ -3,6 +3,7 @@
 // an export wrote (or an author's install script), the wads and files it asks for, and a patch
 // that the URL list knows for its files.
 
+#include <filesystem>
 #include <string>
 
 namespace vardolin {
@@ -23,6 +24,10 @@ bool ApplyCopies(Dialog_NewLevel& form);
 bool FetchMediaFiles(Dialog_NewLevel& form);
 // Copies the wads that the info links to the level sources, under the sources' names.
 void ApplyTomLinks(Dialog_NewLevel& form);
+// Copies the wad set of `pattern` (from the editor's wads, else from the folder) into the folder
+// under the level source's base name, each file with its own extension; a name that stands stays.
+void LinkWadForTom(Program& program, const std::filesystem::path& folder,
+                   const std::string& pattern, const std::string& baseName);
 
 // The files the info lists stand in the folder with their sizes, and every .tom has its wad.
 bool CheckListedFiles(Dialog_NewLevel& form, bool ask);

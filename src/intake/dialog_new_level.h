@@ -76,7 +76,8 @@ class Dialog_NewLevel : public Form {
                          [this] { Pul_SearchLevel_Click(); }};
   Button Pul_Refresh{*this, "Pul_Refresh", "Refresh", [this] { Pul_Refresh_Click(); }};
   Button Pul_SetMyLanguage{*this, "Pul_SetMyLanguage", "Set my language", {}};
-  Button Pul_CompileTom{*this, "Pul_CompileTom", "Compile TOM files and create TR4 files", {}};
+  Button Pul_CompileTom{*this, "Pul_CompileTom", "Compile TOM files and create TR4 files",
+                        [this] { CompileTom(); }};
   Button Pul_Help{*this, "Pul_Help", "Help", {}};
   Button Pul_Ok{*this, "Pul_Ok", "Done", [this] { Pul_Ok_Click(); }};
   Button Pul_Cancel{*this, "Pul_Cancel", "Cancel", [this] { Pul_Cancel_Click(); }};
@@ -99,6 +100,9 @@ class Dialog_NewLevel : public Form {
   // Runs a setup program that the work folder holds, and takes in what it wrote; Cancel stops
   // it while it runs. `destination` is where the level says its setup installs, if it says.
   void RunSetup(std::string destination);
+  // Compiles the level sources of the work folder with the editor's converter, after making
+  // sure each has its wad set (the assistant helps find them).
+  void CompileTom();
   // Whether the work folder differs from what it was when the form opened.
   bool FolderChanged() const;
   // Chooses the more-info entry of that file name, when the list has one.

@@ -48,9 +48,9 @@ bool Dialog_NewLevel::PassesChecks() {
   if (AnyMatch(WorkFolder, p.GetText(text::TomPatternInFolder))) {
     if (AskUser(p, p.GetText(text::CompileTomQuestion), msg::kOkCancel) == msg::kCancel)
       return false;
-    // The sources stand still: compiling them comes with the compiler's work.
-    AskUser(p, p.GetText(text::CannotCompileTomYet), msg::kInformation);
-    return false;
+    CompileTom();
+    Refresh();
+    if (AnyMatch(WorkFolder, p.GetText(text::TomPatternInFolder))) return false;
   }
 
   if (!AnyMatch(WorkFolder, p.GetText(text::LevelFilePattern)) &&

@@ -169,7 +169,6 @@ inline constexpr std::int32_t TravellingProgram = 3102;
 inline constexpr std::int32_t EditorTravellingProgram = 3103;
 inline constexpr std::int32_t ShotPattern = 3110;
 inline constexpr std::int32_t PackageFilter = 3156;
-inline constexpr std::int32_t CannotCompileTomYet = 8652;
 // The level info file.
 inline constexpr std::int32_t InfoFileMissing = 1390;       // ~1 = the path
 inline constexpr std::int32_t InfoFileOpenFailed = 1391;    // the path follows
@@ -640,5 +639,68 @@ inline constexpr std::int32_t ScriptNameKey = 1638;
 inline constexpr std::int32_t ScriptNameSkip = 1639;
 inline constexpr std::int32_t ScriptFileKey = 1640;
 inline constexpr std::int32_t ScriptLevelExtension = 1641;
+// Compiling level sources: Dialog_Compila.
+inline constexpr std::int32_t CompilaSourceExtension = 312;  // fragment ".tom"
+inline constexpr std::int32_t CompilaNoSources = 313;        // a line end follows
+inline constexpr std::int32_t CompilaLevelsFolder = 314;     // fragment
+inline constexpr std::int32_t CompilaLevelExtension = 315;   // fragment
+inline constexpr std::int32_t CompilaWadsFolder = 316;       // fragment
+inline constexpr std::int32_t CompilaSoundExtension = 317;   // fragment
+inline constexpr std::int32_t CompilaSoundsFolder = 318;     // fragment
+inline constexpr std::int32_t CompilaInfo1 = 319;            // 319 to 326: the instructions
+inline constexpr std::int32_t CompilaInfo8 = 326;
+inline constexpr std::int32_t CompilaWadCopyFailed = 327;    // ~1 from, ~2 to
+inline constexpr std::int32_t CompilaSoundCopyFailed = 328;  // ~1 from, ~2 to
+inline constexpr std::int32_t CompilaConverterFailed = 329;
+inline constexpr std::int32_t CompilaCollectFailed = 330;
+inline constexpr std::int32_t CompilaProgram = 331;  // fragment
+inline constexpr std::int32_t CompilaProgramName = 332;
+inline constexpr std::int32_t CompilaProgramMissing = 333;  // the path follows
+inline constexpr std::int32_t CompilaProgramTitle = 334;
+inline constexpr std::int32_t CompilaProgramFilter = 335;
+inline constexpr std::int32_t CompilaProgramNotStarted = 336;  // the path follows
+inline constexpr std::int32_t CompilaBackupLevels = 337;       // fragment
+inline constexpr std::int32_t CompilaBackupWads = 338;         // fragment
+inline constexpr std::int32_t CompilaBackupSounds = 339;       // fragment
+inline constexpr std::int32_t CompilaSourcesFolder = 340;      // fragment
+inline constexpr std::int32_t CompilaLevelMissing = 341;       // the quoted name follows
+inline constexpr std::int32_t CompilaLevelCopyFailed = 342;    // the path follows
+inline constexpr std::int32_t CompilaWadsLinked = 612;
+inline constexpr std::int32_t CompilaProgramFirst = 2649;  // fragment
+inline constexpr std::int32_t CompilaCaption = 9801;
+inline constexpr std::int32_t CompilaButtonStart = 9802;
+inline constexpr std::int32_t CompilaButtonDone = 9803;
+inline constexpr std::int32_t CompilaButtonCancel = 9804;
+inline constexpr std::int32_t CompilaButtonHelp = 9805;
+
+// Dialog_Assistant: which wad set a level source is compiled with.
+inline constexpr std::int32_t AssistantSourcePattern = 214;  // fragment
+inline constexpr std::int32_t AssistantEditorWads = 215;     // fragment
+inline constexpr std::int32_t AssistantEditorWadPattern = 216;
+inline constexpr std::int32_t AssistantLevelWadPattern = 217;
+inline constexpr std::int32_t AssistantNothingMissing = 218;
+inline constexpr std::int32_t AssistantNotAllFound = 219;
+inline constexpr std::int32_t AssistantFound = 220;
+inline constexpr std::int32_t AssistantFoundPair = 221;  // ~1 source, ~2 wad set
+inline constexpr std::int32_t AssistantFoundApply = 222;
+inline constexpr std::int32_t AssistantCancelChanged = 223;
+inline constexpr std::int32_t AssistantCancelOffer = 224;
+inline constexpr std::int32_t AssistantNothingDone = 225;
+inline constexpr std::int32_t AssistantCheckPattern = 226;  // fragment
+inline constexpr std::int32_t AssistantNoWadChosen = 231;   // the name follows
+inline constexpr std::int32_t AssistantLinked = 232;        // the name follows
+inline constexpr std::int32_t AssistantNoDocument = 2243;
+inline constexpr std::int32_t AssistantAnalyse = 2244;  // ~1 the document
+inline constexpr std::int32_t AssistantByHand = 2245;
+inline constexpr std::int32_t AssistantNoSources = 2246;
+inline constexpr std::int32_t AssistantCaption = 9806;
+inline constexpr std::int32_t AssistantReadFile = 9807;
+inline constexpr std::int32_t AssistantAutoAnalyse = 9808;
+inline constexpr std::int32_t AssistantSourceLabel = 9809;
+inline constexpr std::int32_t AssistantWadLabel = 9810;
+inline constexpr std::int32_t AssistantEssential = 9811;
+inline constexpr std::int32_t AssistantPerform = 9812;
+inline constexpr std::int32_t AssistantDone = 9813;
+inline constexpr std::int32_t AssistantCancel = 9814;
 
 }  // namespace vardolin::text

@@ -32,6 +32,9 @@ TEST(SetupCommand, AScriptInstallsTheEditorSetsUpAddsPlaysAndExports) {
   testing::ScopedWinePrefix prefix{at.dir / "wine"};
   testing::ScopedEnv data{"XDG_DATA_HOME", (at.dir / "xdg").string()};
   testing::ScopedEnv config{"XDG_CONFIG_HOME", (at.dir / "config").string()};
+  // The editor's converter is the stand-in, which compiles the demo level as it installs.
+  fs::create_directories(at.home);
+  ASSERT_TRUE(AllowNativeProgram(at.home, testing::Standin("standin_tom2pc")));
   std::vector<std::string> install = {"install-editor", "--answer", "yes"};  // Ok to Ok/Cancel
   {
     testing::ScriptedUi ui;

@@ -10,6 +10,7 @@
 #include "editor_test_fixture.h"
 #include "foundation/forms/controls.h"
 #include "foundation/platform/linux_platform.h"
+#include "foundation/services/native_programs.h"
 #include "test_program.h"
 
 namespace vardolin::testing {
@@ -34,6 +35,7 @@ struct InstallTest {
     MakeTestHome(dir / "home");
     CopyInstalledList(dir / "home");
     program.texts.EnglishTexts = ReadEnglishForTests();
+    AllowNativeProgram(program.Home(), Standin("standin_tom2pc"));
   }
   bool Install(const std::vector<fs::path>& zips, int language) {
     std::vector<std::string> names;
@@ -57,6 +59,7 @@ TEST(InstallEditorTest, TheCompressedSetupInstallsRegistersAndMakesTheMenu) {
   EXPECT_EQ(FindEditorInRegistry(t.program), t.target.string());
   // Italian: its language file, its manual only, the splash as a bitmap, the sets in place.
   EXPECT_EQ(ReadFile(t.target / "italian.dat"), "testi");
+  EXPECT_TRUE(ReadFile(t.target / "data/demo.tr4").starts_with("TR4 stand-in level demo"));
   EXPECT_TRUE(fs::exists(t.target / "docs/manual_ita.pdf"));
   EXPECT_FALSE(fs::exists(t.target / "docs/manual_eng.pdf"));
   EXPECT_TRUE(fs::exists(t.target / "load.bmp"));

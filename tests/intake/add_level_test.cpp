@@ -235,7 +235,6 @@ TEST(AddLevel, DoneStaysOpenUntilTheFolderHoldsAPlayableLevel) {
   const std::vector<Case> cases = {
       {"no name", {{"a/level.tr4", "x"}, {"a/script.dat", "s"}}, " ", {}, "Type a name"},
       {"no level file", {{"a/readme.txt", "x"}}, "L", {}, "has no level file"},
-      {"sources only", {{"a/level.tom", "x"}}, "L", {msg::kOk, msg::kOk}, "can't be compiled"},
       {"sources kept", {{"a/level.tom", "x"}}, "L", {msg::kCancel}, "not compiled yet"},
       {"two level files", {{"a/one.tr4", "1"}, {"a/two.tr4", "2"}}, "L", {}, "has a name"},
   };

@@ -18,7 +18,7 @@ std::vector<std::string> StageEditorPackage(const fs::path& core,
                                             const EditorPackageOptions& options) {
   BuildEditorFolder(core / "trle");
   std::error_code ec;
-  fs::copy_file(Standin("standin_echo"), core / "trle/tom2pc.exe",
+  fs::copy_file(Standin("standin_tom2pc"), core / "trle/tom2pc.exe",
                 fs::copy_options::overwrite_existing, ec);
   std::string jpeg;
   WriteJpeg(Bitmap::Make(8, 8), 80, jpeg);
@@ -33,6 +33,7 @@ std::vector<std::string> StageEditorPackage(const fs::path& core,
       {"trle/load_fr.jpg", jpeg},
       {"trle/audio_set/046.mp3", "an MP3 the music's mask leaves out"},
       {"trle/maps/demo.tom", "demo project"},
+      {"trle/graphics/wads/demo.was", "demo wad"},
       {"Core Design on the web.url", "[InternetShortcut]\r\nURL=https://example.org/core\r\n"},
       {"Tomb Raider on the web.url", "[InternetShortcut]\r\nURL=https://example.org/tr\r\n"}};
   for (const auto& [rel, bytes] : extra) WriteBytes(core / rel, bytes);

@@ -9,6 +9,7 @@
 #include "foundation/program.h"
 #include "foundation/services/atomic_file.h"
 #include "foundation/services/files.h"
+#include "foundation/services/folder_loan.h"
 #include "foundation/services/folder_swap.h"
 #include "foundation/services/log.h"
 #include "foundation/text_ids.h"
@@ -22,6 +23,7 @@ namespace {
 constexpr const char* kNotesFolder = "unfinished";
 constexpr const char* kDeleteWord = "delete";
 constexpr const char* kSwapWord = "swap";
+constexpr const char* kLoanWord = "loan";
 
 fs::path NotesFolder(const Program& program) {
   return program.Home() / kNotesFolder;
@@ -35,7 +37,9 @@ UnfinishedWork::UnfinishedWork(const Program& program, LeftoverKind kind, const 
   std::error_code ec;
   fs::create_directories(folder, ec);
   note_ = folder / (std::to_string(::getpid()) + "-" + std::to_string(counter++) + ".txt");
-  const std::string word = kind == LeftoverKind::kSwap ? kSwapWord : kDeleteWord;
+  const std::string word = kind == LeftoverKind::kSwap   ? kSwapWord
+                           : kind == LeftoverKind::kLoan ? kLoanWord
+                                                         : kDeleteWord;
   // Not flushed: a killed program leaves the note behind all the same, and a swap noted here is
   // also put right by the next replacement of the same folder.
   if (!AtomicWriteFile(note_, word + "\n" + fs::absolute(path, ec).string(), false)) note_.clear();
@@ -58,6 +62,12 @@ int ClearUnfinishedWork(Program& program) {
     if (path.is_absolute() && word == kSwapWord) {
       if (RecoverFolderSwap(path)) {
         WriteLog(program, program.GetText(text::LeftoverSwapFinished) + path.string());
+        ++found;
+      }
+    } else if (path.is_absolute() && word == kLoanWord) {
+      if (fs::exists(path, ec)) {
+        ReturnFolderLoan(path);
+        WriteLog(program, program.GetText(text::LeftoverLoanReturned) + path.string());
         ++found;
       }
     } else if (path.is_absolute() && word == kDeleteWord &&

@@ -13,6 +13,7 @@ enum class LeftoverKind {
   kDelete,  // a work folder or file of the run's own: it goes
   kSwap,    // a folder being replaced whole (ReplaceFolderWhole): the replacement is finished or
             // undone
+  kLoan,    // a folder lent out (FolderLoan): what it holds goes back where it came from
 };
 
 class UnfinishedWork {
