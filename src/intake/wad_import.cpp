@@ -7,6 +7,7 @@
 
 #include "archive/editor_backup.h"
 #include "audio/wave_header.h"
+#include "editor/tom_converter.h"
 #include "foundation/data_lists.h"
 #include "foundation/dialogs/ask.h"
 #include "foundation/dialogs/progress.h"
@@ -33,20 +34,6 @@ constexpr const char* kCrLf = "\r\n";
 
 std::string LastChars(const std::string& name, std::size_t n) {
   return name.size() <= n ? name : name.substr(name.size() - n);
-}
-
-bool IsWadSet(const Program& p, const fs::path& file) {
-  const std::string name = file.filename().string();
-  for (const std::string& ext : p.lists.WadFileExtensions)
-    if (EndsWithNoCase(name, ext)) return true;
-  return false;
-}
-
-// The converter routine comes with the compilation of level sources; until it is wired here a
-// map is reported as not compiled, and the log says why.
-bool CompileMap(Program& p, const fs::path& map) {
-  WriteLog(p, "wad import: no converter to compile " + map.string());
-  return false;
 }
 
 int IndexOfLine(const std::vector<std::string>& lines, const std::string& line) {
@@ -104,7 +91,7 @@ void Dialog_AddWads::Pul_Import_Click() {
     auto beside = [&](std::int32_t id) { return FileExists(folder / (base + T(id))); };
     bool handled = false;
     if (is(text::WadMapExt)) maps.push_back(name);
-    if (IsWadSet(p, f)) {
+    if (IsWadSetFile(p, f)) {
       InstallEditorFile(f, T(text::WadSetFolder), report);
       handled = true;
     }
@@ -186,7 +173,7 @@ void Dialog_AddWads::Pul_Import_Click() {
       } else {
         const fs::path output = JoinFragment(editor, T(text::WadEditorLevels)) / ready.filename();
         const fs::path map = JoinFragment(editor, T(text::WadEditorMapsCompiled)) / entry;
-        if (!CompileMap(p, map)) {
+        if (!RunTomConverterAsking(p, map)) {
           report += entry + T(text::WadReportNotCompiled) + kCrLf;
         } else {
           report += entry + T(text::WadReportCompiled) + kCrLf;

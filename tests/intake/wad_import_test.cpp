@@ -1,12 +1,12 @@
 #include <gtest/gtest.h>
 
 #include "archive/editor_backup.h"
-#include "editor_test_fixture.h"
 #include "foundation/services/files.h"
 #include "intake/dialog_add_wads.h"
 #include "intake/dialog_scambia_nomi.h"
 #include "intake/editor_script_files.h"
 #include "store_fixture.h"
+#include "tom_fixture.h"
 #include "web/zip_layer.h"
 
 namespace vardolin {
@@ -95,16 +95,18 @@ TEST(WriteScriptFile, EachItemIsALineOfItsOwn) {
   EXPECT_FALSE(WriteScriptFile(dir / "missing" / "script.txt", {}, ""));
 }
 
-// An editor folder with its script and texts, its backup made from it, and a package to import.
-struct WadImport : testing::EditorTest {
+// An editor folder with its script and texts, the safe copy of its files, the stand-in
+// converter, and a package to import.
+struct WadImport : testing::TomFixture {
   fs::path mirror = EditorBackupFolder(program);
-  fs::path pack = Path("pack");
+  fs::path pack = dir / "pack";
   WadImport() {
-    WriteBytes(editor / "script" / "script.txt",
-               "; the editor's script\r\n[Level]\r\nName=Tutorial\r\nLevel=DATA\\TUT1,101\r\n");
-    WriteBytes(editor / "script" / "english.txt",
-               "[General]\r\n[Strings]\r\nTutorial\r\nLara's Home\r\n[PSXStrings]\r\n");
-    fs::copy(editor, mirror, fs::copy_options::recursive);
+    for (const fs::path& root : {editor, mirror}) {
+      WriteBytes(root / "script" / "script.txt",
+                 "; the editor's script\r\n[Level]\r\nName=Tutorial\r\nLevel=DATA\\TUT1,101\r\n");
+      WriteBytes(root / "script" / "english.txt",
+                 "[General]\r\n[Strings]\r\nTutorial\r\nLara's Home\r\n[PSXStrings]\r\n");
+    }
     fs::create_directories(pack);
   }
   // The pack's script pieces: a block and a name for each level file.
@@ -145,7 +147,8 @@ TEST(WadImport, EachFileGoesToItsPlaceInTheEditorAndItsBackup) {
     const char* report;
   } cases[] = {
       {"temple.was", "graphics/wads/temple.was", "temple.was -> editor\\graphics\\wads\\  [ok]"},
-      {"temple.tom", "graphics/wads/temple.tom", "temple.tom -> editor backup"},
+      {"temple.tom", "graphics/wads/temple.tom", "temple.tom  -> compiled"},
+      {"broken.tom", "graphics/wads/broken.tom", "broken.tom  -> NOT compiled"},
       {"temple.prj", "maps/temple/temple.prj", "temple.prj -> editor\\maps\\temple\\"},
       {"tem_rock.tga", "maps/temple/tem_rock.tga", "tem_rock.tga -> editor"},
       {"zzz_sky.tga", "", "zzz_sky.tga  -> not used"},
@@ -160,7 +163,8 @@ TEST(WadImport, EachFileGoesToItsPlaceInTheEditorAndItsBackup) {
   std::string wave =
       "RIFF\x24\0\0\0WAVEfmt \x14\0\0\0\x02\0\x02\0\x44\xac\0\0\0\0\0\0\0\x08\x04\0"s;
   WriteBytes(t.pack / "044.wav", wave);
-  t.ui.Answer(msg::kOk, "no level block");
+  WriteBytes(t.pack / "broken.tom", testing::TomSource("nooutput"));
+  t.ui.Answer(msg::kNo, "\"broken.tom\"").Answer(msg::kOk, "no level block");
   const std::string report = t.Import();
   for (const auto& c : cases) {
     if (*c.report) EXPECT_NE(report.find(c.report), std::string::npos) << c.file << "\n" << report;
@@ -170,6 +174,7 @@ TEST(WadImport, EachFileGoesToItsPlaceInTheEditorAndItsBackup) {
   }
   EXPECT_EQ(report.find("readme.txt"), std::string::npos);
   EXPECT_EQ(ReadFile(t.editor / "graphics/wads/temple.was"), "new temple.was");
+  EXPECT_TRUE(FileExists(t.mirror / "data/temple.tr4"));
 }
 
 TEST(WadImport, AMarkedWaveLeavesTheImportFolderOnly) {
@@ -192,14 +197,14 @@ TEST(WadImport, AMarkedWaveLeavesTheImportFolderOnly) {
   EXPECT_TRUE(t.ui.Done());
 }
 
-// Through the zip, as the level intake hands one over: the dialog runs by itself.
+// Through the zip, as the level intake hands one over: the dialog runs by itself, the map is
+// compiled with the wad that came with it.
 TEST(WadImport, AZipsLevelBlockAndNameAreMergedIntoTheEditorsTexts) {
   WadImport t;
   t.PackScript({{"MINE", "My Temple"}});
-  WriteBytes(t.pack / "mine.tom", "map");
+  WriteBytes(t.pack / "mine.tom", testing::TomSource("normal"));
   WriteBytes(t.pack / "mine.was", "wad");
-  WriteBytes(t.pack / "mine.tr4", "level");
-  const fs::path zip = t.Path("mine_wads.zip");
+  const fs::path zip = t.dir / "mine_wads.zip";
   ASSERT_TRUE(ZipFolderToFile(t.program, t.pack, zip, nullptr, false));
   std::string proposed;
   t.ui.OnForm("Dialog_AddWads", [](Form& f) { f.Find<Timer>("Timer1")->Tick(); })
@@ -225,7 +230,10 @@ TEST(WadImport, AZipsLevelBlockAndNameAreMergedIntoTheEditorsTexts) {
     EXPECT_EQ(ReadFile(root / "script" / "script.txt"), script) << root;
     EXPECT_EQ(ReadFile(root / "script" / "english.txt"), names) << root;
     EXPECT_EQ(ReadFile(root / "english.txt"), names) << root;
-    EXPECT_EQ(ReadFile(root / "data" / "mine.tr4"), "level") << root;
+    // The stand-in converter's level holds the map and its wad.
+    const std::string level = ReadFile(root / "data" / "mine.tr4");
+    EXPECT_NE(level.find("tom2pc normal"), std::string::npos) << root;
+    EXPECT_NE(level.find("wad"), std::string::npos) << root;
     EXPECT_EQ(ReadFile(root / "graphics" / "wads" / "mine.was"), "wad") << root;
   }
 }
