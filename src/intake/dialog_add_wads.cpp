@@ -143,20 +143,45 @@ void Dialog_AddWads::InstallEditorFile(const fs::path& source, const std::string
   auto copy_to = [&](const fs::path& root, std::int32_t target, std::int32_t ok,
                      std::int32_t failed) {
     report += name + " -> " + p.GetText(target) + subfolder;
-    // The name came from a package: it lands below the root or nowhere.
-    const SafeJoinResult where = SafeJoin(root, WithoutLeadingSeparators(subfolder) + name);
-    bool copied = false;
-    if (where.ok) {
-      std::error_code ec;
-      fs::create_directories(where.path.parent_path(), ec);
-      copied = CopyFileOver(source, where.path);
-    }
-    report += p.GetText(copied ? ok : failed) + "\r\n";
+    const fs::path where = TargetFor(root, subfolder, name);
+    report +=
+        p.GetText(!where.empty() && CopyFileOverAsSpelled(source, where) ? ok : failed) + "\r\n";
   };
   copy_to(EditorBackupFolder(p), text::WadReportMirror, text::WadReportMirrorCopied,
           text::WadReportMirrorNotCopied);
   copy_to(EditorFolderPath(p), text::WadReportEditor, text::WadReportEditorCopied,
           text::WadReportEditorNotCopied);
+}
+
+std::map<std::string, std::string>& Dialog_AddWads::NamesIn(const fs::path& folder) {
+  fs::path key = folder.lexically_normal();
+  if (!key.has_filename()) key = key.parent_path();
+  auto [it, added] = known_names_.try_emplace(key);
+  if (added)
+    for (const fs::path& f : ListFiles(folder, "*"))
+      it->second.emplace(ToLower(f.filename().string()), f.filename().string());
+  return it->second;
+}
+
+fs::path Dialog_AddWads::TargetFor(const fs::path& root, const std::string& subfolder,
+                                   const std::string& name) {
+  // The sub-folder may hold a project's name from the package: it lands below the root or
+  // nowhere. The name is one entry of the import folder's own listing.
+  if (name.empty() || name == "." || name == ".." ||
+      name.find_first_of(std::string("/\\:\0", 4)) != std::string::npos)
+    return {};
+  fs::path folder = ResolveCase(root);
+  const std::string sub = WithoutLeadingSeparators(subfolder);
+  if (!sub.empty()) {
+    const SafeJoinResult joined = SafeJoin(folder, sub);
+    if (!joined) return {};
+    folder = joined.path;
+  }
+  std::error_code ec;
+  fs::create_directories(folder, ec);
+  auto& names = NamesIn(folder);
+  auto [it, added] = names.try_emplace(ToLower(name), name);
+  return folder / it->second;
 }
 
 bool ImportWadZip(Program& program, const fs::path& zip) {

@@ -6,6 +6,7 @@
 
 #include <cstdint>
 #include <filesystem>
+#include <map>
 #include <string>
 #include <vector>
 
@@ -68,6 +69,13 @@ class Dialog_AddWads : public Form {
   void Pul_Help_Click();
   void Timer1_Tick();
   void List_Files_DblClick();
+  // The names that stand in a folder the import writes into, by their lower-case spelling. Read
+  // once per import: a folder of thousands of wads isn't read again for every file.
+  std::map<std::string, std::string>& NamesIn(const std::filesystem::path& folder);
+  // Where a file of that name goes below `root` + `subfolder`; empty when refused.
+  std::filesystem::path TargetFor(const std::filesystem::path& root, const std::string& subfolder,
+                                  const std::string& name);
+  std::map<std::filesystem::path, std::map<std::string, std::string>> known_names_;
 };
 
 // Runs the wad import on a zip as the level intake wants it: the dialog unpacks it and imports

@@ -56,12 +56,25 @@ bool BlockKeys(std::string_view block, const ScriptKeys& keys, std::string& name
   return true;
 }
 
-bool WriteItems(const fs::path& path, const std::vector<const std::string*>& items) {
+bool WriteItems(const fs::path& path, const std::vector<std::string_view>& items) {
+  std::string bytes;
+  std::size_t size = 0;
+  for (std::string_view item : items) size += item.size() + 2;
+  bytes.reserve(size);
+  for (std::string_view item : items) bytes.append(item).append(kCrLf);
   std::ofstream out(path, std::ios::binary | std::ios::trunc);
   if (!out) return false;
-  for (const std::string* item : items) out << *item << kCrLf;
+  out.write(bytes.data(), static_cast<std::streamsize>(bytes.size()));
   out.close();
   return !out.fail();
+}
+
+// The block's text of an entry, without a copy.
+std::string_view BlockOf(const std::string& entry) {
+  const std::size_t first = entry.find('\0');
+  const std::size_t second = first == std::string::npos ? first : entry.find('\0', first + 1);
+  return second == std::string::npos ? std::string_view()
+                                     : std::string_view(entry).substr(second + 1);
 }
 
 }  // namespace
@@ -155,19 +168,17 @@ std::vector<std::string> ReadLanguageText(const Program& program, const fs::path
 
 bool WriteScriptFile(const fs::path& path, const std::vector<std::string>& entries,
                      const std::string& head) {
-  std::vector<std::string> blocks;
-  blocks.reserve(entries.size());
-  for (const std::string& entry : entries) blocks.push_back(ScriptEntryField(entry, 2));
-  std::vector<const std::string*> items{&head};
-  for (const std::string& block : blocks) items.push_back(&block);
+  std::vector<std::string_view> items{head};
+  items.reserve(entries.size() + 1);
+  for (const std::string& entry : entries) items.push_back(BlockOf(entry));
   return WriteItems(ResolveCase(path), items);
 }
 
 bool WriteLanguageText(const fs::path& path, const std::vector<std::string>& lines,
                        const std::string& head, const std::string& tail) {
-  std::vector<const std::string*> items{&head};
-  for (const std::string& line : lines) items.push_back(&line);
-  items.push_back(&tail);
+  std::vector<std::string_view> items{head};
+  for (const std::string& line : lines) items.push_back(line);
+  items.push_back(tail);
   return WriteItems(ResolveCase(path), items);
 }
 

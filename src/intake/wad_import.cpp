@@ -63,6 +63,7 @@ void Dialog_AddWads::Pul_Import_Click() {
   Program& p = program();
   auto T = [&](std::int32_t id) { return p.GetText(id); };
   std::string report;
+  known_names_.clear();
   const fs::path mirror = EditorBackupFolder(p);
   const fs::path editor = EditorFolderPath(p);
   if (!p.lists.Built()) p.lists = BuildDataLists();
@@ -159,7 +160,8 @@ void Dialog_AddWads::Pul_Import_Click() {
     for (const std::string& m : maps) listed = listed || EqualsNoCase(ExtractBaseName(m), base);
     if (listed) continue;
     const std::string map = base + T(text::WadTouchedMapExt);
-    if (FileExists(JoinFragment(editor, T(text::WadEditorMaps)) / map)) maps.push_back(map);
+    if (NamesIn(ResolveCase(JoinFragment(editor, T(text::WadEditorMaps)))).count(ToLower(map)))
+      maps.push_back(map);
   }
 
   if (!maps.empty()) {
@@ -277,6 +279,7 @@ void Dialog_AddWads::Pul_Import_Click() {
   DeleteFolderTree(merge);
   report += std::string(kCrLf) + T(text::WadReportEnd) + kCrLf;
   Text_Prospetto.SetText(report);
+  known_names_.clear();
   ProgressBar1.SetValue(0);
   ShowStatus(&Label_Info, {});
   AskUser(p, T(text::WadFinished), msg::kInformation);
