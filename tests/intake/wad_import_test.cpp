@@ -2,6 +2,7 @@
 
 #include "archive/editor_backup.h"
 #include "foundation/services/files.h"
+#include "intake/completeness.h"
 #include "intake/dialog_add_wads.h"
 #include "intake/dialog_scambia_nomi.h"
 #include "intake/editor_script_files.h"
@@ -335,6 +336,25 @@ TEST(WadImport, TheReportIsPrintedInItsFont) {
   t.ui.Answer(msg::kOk, "could not be printed");
   dialog->Pul_Print.Click();
   EXPECT_TRUE(t.ui.Done());
+}
+
+// A level source that needs one of the editor's standard wads fetches the pack the user has
+// and imports it; another name has no pack to come from.
+TEST(RequireNewWad, TheStandardWadsComeThroughTheImport) {
+  WadImport t;
+  WriteBytes(t.pack / "angkor.was", "the pack's wad");
+  const fs::path zip = t.dir / "new_wads_all.zip";
+  ASSERT_TRUE(ZipFolderToFile(t.program, t.pack, zip, nullptr, false));
+  EXPECT_FALSE(RequireNewWad(t.program, "mine.tom"));
+  t.ui.Answer(msg::kYes, "angkor.wad")
+      .Answer(msg::kYes, "new_wads_all.zip")
+      .OpenFile(zip.string())
+      .OnForm("Dialog_AddWads", [](Form& f) { f.Find<Timer>("Timer1")->Tick(); })
+      .Answer(msg::kOk, "no level block")
+      .Answer(msg::kOk, "finished");
+  EXPECT_TRUE(RequireNewWad(t.program, "angkor.tom"));
+  EXPECT_TRUE(t.ui.Done());
+  EXPECT_EQ(ReadFile(t.editor / "graphics/wads/angkor.was"), "the pack's wad");
 }
 
 TEST(ScambiaNomi, AnEmptyNameIsRefused) {
