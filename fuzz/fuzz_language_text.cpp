@@ -14,10 +14,7 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
   static const vardolin::LanguageMarks marks{"[Strings]", "[PSXStrings]"};
   std::string head, tail;
   const auto list = vardolin::ParseLanguageText(bytes, marks, head, tail);
-  if (list.empty()) {
-    if (!tail.empty()) std::abort();
-    return 0;
-  }
+  if (list.empty()) return 0;
   if (!vardolin::EqualsNoCase(vardolin::Trim(list[0]), marks.section_start)) std::abort();
   for (std::size_t i = 1; i < list.size(); ++i)
     if (list[i].empty() || list[i][0] == ';' || list[i].find('\n') != std::string::npos)
