@@ -21,9 +21,7 @@ namespace fs = std::filesystem;
 const ScriptKeys kKeys{"[Level]", "Name=", 5, "Level=", ".tr4"};
 const LanguageMarks kMarks{"[Strings]", "[PSXStrings]"};
 
-std::string Entry(const std::string& file, const std::string& name, const std::string& block) {
-  return MakeScriptEntry(file, name, block);
-}
+constexpr auto& Entry = MakeScriptEntry;
 
 TEST(ParseScriptFile, BlocksWithTheirFileAndName) {
   const std::string temple = "[Level]\r\nName=\t My Temple\r\nLevel=DATA\\MINE,105\r\n";
@@ -233,81 +231,57 @@ TEST(WadImport, MergeEdgeCases) {
   const struct {
     const char* what;
     std::vector<std::pair<std::string, std::string>> blocks;  // file, name in the pack's script
-    std::vector<std::string> levels;  // compiled levels that come with their maps
-    const char* editor_names;         // the editor's list of strings, lines after its marker
-    std::vector<std::string> told;
-    std::string merged_block_name;  // of the one block merged, empty: none
-    std::string names;              // the editor's list afterwards
+    const char* level;                                        // compiled, it comes with its map
+    const char* before;  // the editor's list of strings after its marker; null: can't be written
+    const char* told;
+    const char* merged;  // the name of the one block merged, empty: none
+    const char* after;   // the editor's list afterwards
   } cases[] = {
-      {"two blocks for one file: the first wins",
+      {"first of two blocks wins",
        {{"MINE", "A"}, {"MINE", "B"}},
-       {"mine.tr4"},
-       "Tutorial\r\nX\r\n",
-       {},
-       "A",
-       "[Strings]\r\nTutorial\r\nA\r\n"},
-      {"a level of the baseline gets no block",
-       {{"TUT1", "A"}},
-       {"tut1.tr4"},
-       "Tutorial\r\n",
-       {},
+       "mine",
+       "T\r\nX\r\n",
        "",
-       "[Strings]\r\nTutorial\r\n"},
-      {"a short editor list gets the name appended",
+       "A",
+       "T\r\nA\r\n"},
+      {"a level of the baseline gets no block", {{"TUT1", "A"}}, "tut1", "T\r\n", "", "", "T\r\n"},
+      {"a short editor list gets the name appended", {{"MINE", "A"}}, "mine", "", "", "A", "A\r\n"},
+      {"a new level without a block", {{"OTHER", "A"}}, "mine", "T\r\n", "mine.tr4", "", "T\r\n"},
+      {"a language text that can't be written",
        {{"MINE", "A"}},
-       {"mine.tr4"},
-       "",
-       {},
+       "mine",
+       nullptr,
+       "english could not be written",
        "A",
-       "[Strings]\r\nA\r\n"},
-      {"a new level without a block",
-       {{"OTHER", "A"}},
-       {"mine.tr4"},
-       "T\r\n",
-       {"mine.tr4"},
-       "",
-       "[Strings]\r\nT\r\n"},
+       nullptr},
   };
   for (const auto& c : cases) {
     WadImport t;
-    WriteBytes(t.editor / "script" / "english.txt",
-               std::string("[Strings]\r\n") + c.editor_names + "[PSXStrings]\r\n");
-    t.PackScript(c.blocks);
-    // A map whose compiled level comes along: the level is taken as it is.
-    for (const std::string& level : c.levels) {
-      WriteBytes(t.pack / level, "new " + level);
-      WriteBytes(t.pack / (level.substr(0, level.size() - 4) + ".tom"), "map");
+    const fs::path names_file = t.editor / "script" / "english.txt";
+    if (c.before) {
+      WriteBytes(names_file, std::string("[Strings]\r\n") + c.before + "[PSXStrings]\r\n");
+    } else {  // a folder in its place: nothing can write over it
+      fs::remove(names_file);
+      fs::create_directory(names_file);
     }
-    for (const std::string& text : c.told) t.ui.Answer(msg::kOk, text);
-    if (!c.merged_block_name.empty())
+    t.PackScript(c.blocks);
+    WriteBytes(t.pack / (std::string(c.level) + ".tr4"), "new level");
+    WriteBytes(t.pack / (std::string(c.level) + ".tom"), "map");
+    if (*c.merged)
       t.ui.OnForm("Dialog_ScambiaNomi", [](Form& f) { f.Find<Button>("Pul_UsaOld")->Click(); });
+    if (*c.told) t.ui.Answer(msg::kOk, c.told);
     t.Import();
     EXPECT_TRUE(t.ui.Done()) << c.what;
     std::string head, tail;
     const auto blocks = ReadScriptFile(t.program, t.editor / "script" / "script.txt", head);
-    ASSERT_EQ(blocks.size(), c.merged_block_name.empty() ? 1u : 2u) << c.what;
-    if (!c.merged_block_name.empty())
-      EXPECT_EQ(ScriptEntryField(blocks[1], 1), c.merged_block_name) << c.what;
-    const auto names = ReadLanguageText(t.program, t.editor / "script" / "english.txt", head, tail);
+    ASSERT_EQ(blocks.size(), *c.merged ? 2u : 1u) << c.what;
+    if (*c.merged) EXPECT_EQ(ScriptEntryField(blocks[1], 1), c.merged) << c.what;
+    if (!c.after) continue;
     std::string list;
-    for (const std::string& line : names) list += line + "\r\n";
-    EXPECT_EQ(list, c.names) << c.what;
+    for (const std::string& line : ReadLanguageText(t.program, names_file, head, tail))
+      list += line + "\r\n";
+    EXPECT_EQ(list, std::string("[Strings]\r\n") + c.after) << c.what;
   }
-}
-
-TEST(WadImport, ALanguageTextThatCantBeWrittenIsToldAndTheRestGoesOn) {
-  WadImport t;
-  t.PackScript({{"MINE", "A"}});
-  WriteBytes(t.pack / "mine.tr4", "level");
-  WriteBytes(t.pack / "mine.tom", "map");
-  // A folder where the language text should be: nothing can write over it.
-  fs::remove(t.editor / "script" / "english.txt");
-  fs::create_directory(t.editor / "script" / "english.txt");
-  t.ui.OnForm("Dialog_ScambiaNomi", [](Form& f) { f.Find<Button>("Pul_UsaOld")->Click(); })
-      .Answer(msg::kOk, "english could not be written");
-  t.Import();
-  EXPECT_TRUE(t.ui.Done());
-  EXPECT_NE(ReadFile(t.editor / "script" / "script.txt").find("Name=A"), std::string::npos);
 }
 
 TEST(WadImport, TheReportGoesToThePrinter) {
