@@ -1,5 +1,4 @@
-// The editor's script and language texts come in wad packages: their readers must take any
-// bytes, and what they give must stand as the writer writes it.
+// A wad package's script: any bytes give blocks and a head whose lines end as they're written.
 #include <cstddef>
 #include <cstdint>
 #include <cstdlib>

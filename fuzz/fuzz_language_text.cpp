@@ -1,5 +1,4 @@
-// A language text of a wad package: the reader must take any bytes and give a list whose first
-// line is the marker, with no empty line or comment after it.
+// A wad package's language text: any bytes give a list led by its marker, without blank lines.
 #include <cstddef>
 #include <cstdint>
 #include <cstdlib>
