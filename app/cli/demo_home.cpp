@@ -104,6 +104,16 @@ bool BuildEditorFolder(const fs::path& folder, const fs::path& game, std::ostrea
       return false;
     }
   }
+  // The script and its texts as the editor ships them, for the wad import to merge into.
+  if (!WriteBytes(folder / "script/script.txt",
+                  "; the level editor's script\r\n[PCExtensions]\r\nLevel=.TR4\r\n\r\n"
+                  "[Level]\r\nName=Playable Tutorial Level\r\nLevel=DATA\\TUT1,101\r\n") ||
+      !WriteBytes(folder / "script/english.txt",
+                  "[Language]\r\nEnglish\r\n[Strings]\r\nPlayable Tutorial Level\r\n"
+                  "Lara's Home\r\n[PSXStrings]\r\n")) {
+    err << "vardolin-cli: cannot write the editor's script\n";
+    return false;
+  }
   if (!WriteLoadPicture(folder / "load.bmp", 200, 160, 90)) {
     err << "vardolin-cli: cannot write the editor's loading picture\n";
     return false;

@@ -185,6 +185,22 @@ bool WriteDemoPackages(Program& program, const fs::path& folder, std::ostream& e
     sources_ok = sources_ok && WriteBytes(towers / name, bytes);
   if (!sources_ok || !ZipStaging(program, staging, folder / "Twin Towers.zip"))
     failed.push_back("Twin Towers.zip");
+  // Wads for the level editor (Level editor > Import wads): a wad set with its map, the level
+  // compiled from them, and the script pieces that name it.
+  const fs::path wads = staging / "Temple Wads";
+  if (!WriteBytes(wads / "temple.was", LevelBytes(101, 40000)) ||
+      !WriteBytes(wads / "temple.wad", LevelBytes(102, 80000)) ||
+      !WriteBytes(wads / "temple.tom", LevelBytes(103, 20000)) ||
+      !WriteBytes(wads / "temple.tr4", LevelBytes(104, 300000)) ||
+      !WriteBytes(wads / "script.txt",
+                  "; the temple's script pieces\r\n[Level]\r\nName=Temple of the Wads\r\n"
+                  "Level=DATA\\TEMPLE,105\r\nHorizon=ENABLED\r\n") ||
+      !WriteBytes(wads / "english.txt",
+                  "[Language]\r\nEnglish\r\n[Strings]\r\nPlayable Tutorial Level\r\n"
+                  "Temple of the Wads\r\n[PSXStrings]\r\n") ||
+      !WriteBytes(wads / "Readme.txt", "Import these wads into the level editor.\r\n") ||
+      !ZipStaging(program, staging, folder / "Temple Wads.zip"))
+    failed.push_back("Temple Wads.zip");
 
   for (const std::string& name : failed)
     err << "vardolin-cli: the demo package " << (folder / name).string() << " wasn't written\n";

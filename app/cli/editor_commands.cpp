@@ -13,6 +13,8 @@
 #include "foundation/services/paths.h"
 #include "foundation/services/strings.h"
 #include "foundation/text_ids.h"
+#include "intake/add_files.h"
+#include "intake/dialog_add_wads.h"
 #include "play/engine_patch.h"
 #include "play/text_ids.h"
 
@@ -91,6 +93,39 @@ int CmdPatchEngine(Program& program, std::ostream& out, std::ostream& err) {
   }
   out << "patched: " << game.string() << "\n";
   return 0;
+}
+
+int CmdImportWads(Program& program, const std::vector<std::string>& sources, std::ostream& out,
+                  std::ostream& err) {
+  program.BackupFolder =
+      JoinFragment(program.Home(), program.GetText(text::BackupFolderName)).string();
+  if (!EditorFolderStands(program, err) || !OpenLastCatalogue(program, err)) return 1;
+  Dialog_AddWads dialog(program);
+  dialog.Load();
+  dialog.ImpostaValori({});
+  for (const std::string& source : sources) {
+    std::string why;
+    const bool added =
+        FolderExists(source)
+            ? CopyMatchingFiles(program, source, dialog.ImportFolder, true, "*")
+            : FileExists(source) && AddFileToFolder(program, source, dialog.ImportFolder, true,
+                                                    nullptr, nullptr, &why);
+    if (added) continue;
+    err << "vardolin-cli: nothing could be taken from " << source << (why.empty() ? "" : ": " + why)
+        << "\n";
+    dialog.Pul_Cancel.Click();
+    return 1;
+  }
+  dialog.RefreshFileList();
+  if (dialog.ImportFiles.empty()) {
+    err << "vardolin-cli: there are no files to import in " << sources.front() << "\n";
+    dialog.Pul_Cancel.Click();
+    return 1;
+  }
+  dialog.Pul_Import.Click();
+  out << ReplaceAll(dialog.Text_Prospetto.Text(), "\r\n", "\n");
+  dialog.Pul_Cancel.Click();
+  return dialog.ImportDone ? 0 : 1;
 }
 
 }  // namespace vardolin

@@ -18,6 +18,9 @@ int CmdInstallEditor(Program& program, const std::vector<std::string>& sources, 
 // the backup of its files.
 int CmdCompareEditor(Program& program, const std::vector<std::string>& folders, bool full,
                      std::ostream& out, std::ostream& err);
+// Brings the wads, maps and script pieces of zips and folders into the editor; prints the report.
+int CmdImportWads(Program& program, const std::vector<std::string>& sources, std::ostream& out,
+                  std::ostream& err);
 // Patches the game in the backup of the editor's files and puts it into the editor folder.
 int CmdPatchEngine(Program& program, std::ostream& out, std::ostream& err);
 

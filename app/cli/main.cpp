@@ -194,6 +194,11 @@ int main(int argc, char** argv) {
                    "SOURCE (the trusted copy) and TARGET (the folder examined)")
       ->expected(2);
   compare_editor->add_flag("--full", full_compare, "every file, not only root, wads and data");
+  std::vector<std::string> wad_sources;
+  add("import-wads", "bring wads, maps and script pieces into the level editor; prints the report",
+      true, [&](vardolin::Program& p) { return vardolin::CmdImportWads(p, wad_sources, out, err); })
+      ->add_option("ZIP_OR_FOLDER", wad_sources, "wad zips and folders of wad files")
+      ->required();
   add("patch-engine", "patch the game for fast loading", true,
       [&](vardolin::Program& p) { return vardolin::CmdPatchEngine(p, out, err); });
   auto* shots =

@@ -44,6 +44,8 @@ class QtUi : public Ui {
   bool ClipboardImage(Bitmap& out) override;
   bool SetClipboardImage(const Bitmap& picture) override;
   void ClearClipboard() override;
+  // The desktop's print dialog, then the text on the chosen printer (qt_print.cpp).
+  PrintResult PrintText(const PrintRequest& request) override;
 
   // The window that shows the form while it is up modelessly, else null.
   QWidget* WindowOf(const Form& form) const;

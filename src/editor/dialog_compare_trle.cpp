@@ -66,7 +66,6 @@ Dialog_CompareTrle::Dialog_CompareTrle(Program& program)
   Pul_Print.SetCaption("Print");
   Pul_Copy.SetCaption("Copy");
   Pul_Close.SetCaption("Close");
-  Pul_Print.SetEnabled(false);
 }
 
 void Dialog_CompareTrle::Set_Caption_Texts() {
@@ -226,7 +225,10 @@ void Dialog_CompareTrle::StampaProspetto(bool TestAppunti) {
                        p.GetText(text::CompareReportTarget) + Trim(Label_DirDest.Caption()) +
                        kLineEnd + kLineEnd;
   for (const ListItem& row : List_Prospetto.Items()) report += row.text + kLineEnd;
-  if (!TestAppunti) return;
+  if (!TestAppunti) {
+    PrintReport(p, Caption(), report);
+    return;
+  }
   p.ui().ClearClipboard();
   p.ui().SetClipboardText(report);
   AskUser(p, p.GetText(text::CompareCopied), msg::kInformation);

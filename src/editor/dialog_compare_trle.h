@@ -37,7 +37,7 @@ class Dialog_CompareTrle : public Form {
   void CompareFolders();
   // Compares `target` with the source and gives the names of its changed and new files.
   std::vector<std::string> ListChangedFiles(const std::string& target, bool full);
-  // Puts the report on the clipboard (the printer is not reached from here).
+  // Puts the report on the clipboard, or without `TestAppunti` prints it.
   void StampaProspetto(bool TestAppunti);
 
   std::int32_t CountOk = 0;
@@ -57,8 +57,7 @@ class Dialog_CompareTrle : public Form {
   CheckBox Check_NotOk{*this, "Check_NotOk"};
   Button Pul_Compare{*this, "Pul_Compare", [this] { CompareFolders(); }};
   ListBox List_Prospetto{*this, "List_Prospetto"};
-  // Printing goes through the desktop's own programs: the report is copied and pasted there.
-  Button Pul_Print{*this, "Pul_Print"};
+  Button Pul_Print{*this, "Pul_Print", [this] { StampaProspetto(false); }};
   Button Pul_Copy{*this, "Pul_Copy", [this] { StampaProspetto(true); }};
   Button Pul_Close{*this, "Pul_Close", [this] { Unload(); }};
   ProgressBar ProgressBar1{*this, "ProgressBar1"};

@@ -122,4 +122,7 @@ inline constexpr std::int32_t LeftoverSwapFinished = 9301;
 inline constexpr std::int32_t LeftoverLoanReturned = 9800;
 inline constexpr std::int32_t LeftoverListRemoved = 9440;
 
+// A report that the printer could not print.
+inline constexpr std::int32_t PrintFailed = 9866;
+
 }  // namespace vardolin::text

@@ -16,6 +16,7 @@
 #include "foundation/services/strings.h"
 #include "foundation/services/wildcard.h"
 #include "intake/completeness.h"
+#include "intake/dialog_add_wads.h"
 #include "intake/dialog_new_level.h"
 #include "intake/install_script.h"
 #include "intake/level_info.h"
@@ -106,9 +107,11 @@ bool RequireListedWads(Dialog_NewLevel& form) {
     form.Pul_Cancel.Click();
     return false;
   }
-  // The wads come as the user gave them; bringing them into the editor is for the wad import.
-  AskUser(p, p.GetText(text::WadImportNotYet, {zip}), msg::kInformation);
-  return false;
+  ShowStatus(&form.Label_Info, p.GetText(text::ImportingWads));
+  const bool imported = ImportWadZip(p, zip);
+  ShowStatus(&form.Label_Info, {});
+  if (!imported) form.Pul_Cancel.Click();
+  return imported;
 }
 
 bool ApplyCopies(Dialog_NewLevel& form) {

@@ -12,7 +12,9 @@
 #include "foundation/services/files.h"
 #include "foundation/services/paths.h"
 #include "foundation/services/strings.h"
+#include "intake/apply_level_info.h"
 #include "intake/completeness.h"
+#include "intake/dialog_add_wads.h"
 #include "intake/text_ids.h"
 #include "play/active_level.h"
 
@@ -22,8 +24,6 @@ namespace fs = std::filesystem;
 
 namespace {
 
-// The pack whose wads replace the editor's own ones, on the maker's download host.
-constexpr const char* kRevisedWadsPack = "revised_wads_all.zip";
 constexpr double kRevisedWadsMinBytes = 3000000;
 
 }  // namespace
@@ -74,17 +74,35 @@ bool WasFileForTomExists(Program& program, const fs::path& tom, bool message) {
   return false;
 }
 
-bool RequireNewWad(Program&, const std::string&) {
-  // Fetching and importing the editor's standard wads comes with the wad import; until then a
-  // missing wad is the user's to install, as CheckWadsForToms tells.
-  return false;
+bool RequireNewWad(Program& program, const std::string& tomName) {
+  static const std::array<const char*, 5> standard = {"newcity", "angkor", "guard", "library",
+                                                      "cleopal"};
+  const std::string base = ExtractBaseName(tomName);
+  bool known = false;
+  for (const char* name : standard) known = known || EqualsNoCase(base, name);
+  if (!known) return false;
+  const std::string address = kNewWadsPackUrl;
+  if (AskUser(program, program.GetText(text::NeedNewWad, {base, ".wad", "\r\n" + address + "\r\n"}),
+              msg::kYesNo) == msg::kNo)
+    return false;
+  const std::string zip =
+      AskForZipFile(program, program.GetText(text::WadDownloadNewPrompt), address);
+  if (zip.empty()) {
+    AskUser(program, program.GetText(text::NewWadsNotGiven), msg::kError);
+    return false;
+  }
+  return ImportWadZip(program, zip);
 }
 
 bool RequireRevisedWads(Program& program, const fs::path& folder) {
   if (!DocumentsMentionRevisedWads(program, folder)) return true;
-  AskUser(program, program.GetText(text::RevisedWadsNoImport, {kRevisedWadsPack, "\r\n"}),
-          msg::kWarning);
-  return false;
+  const std::string address = kRevisedWadsPackUrl;
+  if (AskUser(program, program.GetText(text::NeedRevisedWads, {address}), msg::kYesNo) == msg::kNo)
+    return false;
+  const std::string zip =
+      AskForZipFile(program, program.GetText(text::WadDownloadRevisedPrompt), address);
+  if (zip.empty()) return false;
+  return ImportWadZip(program, zip);
 }
 
 void CheckWadsForToms(Program& program, const fs::path& folder, bool ask, bool& result) {

@@ -18,10 +18,12 @@
 #include "foundation/dialogs/dialog_wait.h"
 #include "foundation/settings/dialog_settings.h"
 #include "intake/dialog_assistant.h"
+#include "intake/dialog_add_wads.h"
 #include "intake/dialog_autore.h"
 #include "intake/dialog_cerca_livelli.h"
 #include "intake/dialog_compila.h"
 #include "intake/dialog_new_level.h"
+#include "intake/dialog_scambia_nomi.h"
 #include "play/dialog_restore.h"
 #include "savegames/dialog_cattura.h"
 #include "savegames/dialog_joy_stick.h"
@@ -84,6 +86,8 @@ const std::vector<FormFactory>& AllForms() {
       Entry<Dialog_MuoviSuCd>("Dialog_MuoviSuCd"),
       Entry<Dialog_Compila>("Dialog_Compila"),
       Entry<Dialog_Assistant>("Dialog_Assistant"),
+      Entry<Dialog_AddWads>("Dialog_AddWads"),
+      Entry<Dialog_ScambiaNomi>("Dialog_ScambiaNomi"),
   };
   return forms;
 }

@@ -74,6 +74,14 @@ TEST_F(DemoHomeTest, TheWindowOpensOnTheDemoAndEveryPackageBecomesALevel) {
   files = RunAt({"files", code}).out;
   EXPECT_NE(files.find("annex.tr4"), std::string::npos) << files;
   EXPECT_EQ(files.find("annex.tom"), std::string::npos) << files;
+  // The demo's wads go into its editor, their level's name into its texts.
+  const testing::CliResult wads =
+      RunAt({"import-wads", (home / "packages" / "Temple Wads.zip").string(), "--yes"});
+  EXPECT_EQ(wads.code, 0) << wads.err;
+  EXPECT_NE(wads.out.find("temple.was -> editor\\graphics\\wads\\  [ok]"), std::string::npos)
+      << wads.out;
+  EXPECT_NE(testing::ReadFile(home / "trle/script/english.txt").find("Temple of the Wads"),
+            std::string::npos);
 }
 
 }  // namespace

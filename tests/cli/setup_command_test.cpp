@@ -1,5 +1,6 @@
-// A headless machine from nothing to a played level, by a script: install-editor, setup, add,
-// play, and the level sent out again by export, each a child process on one fresh home.
+// A headless machine from nothing to a played level, by a script: install-editor, setup,
+// import-wads, add, play, and the level sent out again by export, each a child process on one
+// fresh home.
 
 #include <gtest/gtest.h>
 
@@ -57,6 +58,12 @@ TEST(SetupCommand, AScriptInstallsTheEditorSetsUpAddsPlaysAndExports) {
   Expect(at.RunAt({"setup", "--yes", "--archive", levels}), 0, "editor: " + editor.string(),
          "setup");
   EXPECT_TRUE(fs::exists(at.home / "backup_trle/tomb4.exe") && fs::exists(at.home / "LEVEL_0000"));
+
+  at.dir.Write("wads/temple.was", "a wad");
+  Expect(at.RunAt({"import-wads", (at.dir / "wads").string(), "--yes"}), 0,
+         "temple.was -> editor\\graphics\\wads\\  [ok]", "import-wads");
+  EXPECT_TRUE(fs::exists(editor / "graphics/wads/temple.was") &&
+              fs::exists(at.home / "backup_trle/graphics/wads/temple.was"));
 
   at.dir.Write("Script Tomb/tomb.tr4", "a level");
   at.dir.Write("Script Tomb/script.dat", "its script");

@@ -116,16 +116,22 @@ TEST(CheckWadsForToms, ALevelSourceWithoutItsWadStopsTheLevel) {
   const struct {
     std::vector<std::string> files;
     std::string readme;
-    std::vector<std::string> told;
+    std::vector<std::pair<int, std::string>> told;
     bool result;
   } cases[] = {
-      {{"mine.tom", "mine.was"}, "", {"level sources"}, true},
-      {{"mine.tom", "other.was"}, "", {"level sources", "\"mine.tom\""}, false},
-      {{"readme.txt"}, "needs the Revised Wads", {"revised_wads_all.zip", "not installed"}, false},
+      {{"mine.tom", "mine.was"}, "", {{msg::kOk, "level sources"}}, true},
+      {{"mine.tom", "other.was"},
+       "",
+       {{msg::kOk, "level sources"}, {msg::kOk, "\"mine.tom\""}},
+       false},
+      {{"readme.txt"},
+       "needs the Revised Wads",
+       {{msg::kNo, "revised_wads_all.zip"}, {msg::kOk, "not installed"}},
+       false},
   };
   for (const auto& c : cases) {
     Level l(c.files, c.readme);
-    for (const std::string& text : c.told) l.ui.Answer(msg::kOk, text);
+    for (const auto& [answer, text] : c.told) l.ui.Answer(answer, text);
     bool result = !c.result;
     CheckWadsForToms(l.program, l.folder, false, result);
     EXPECT_EQ(result, c.result) << c.files.back();

@@ -111,6 +111,14 @@ class ScriptedUi : public Ui {
     ++clipboard_clears_;
   }
   int ClipboardClears() const { return clipboard_clears_; }
+  // The machine has no printer: what would have gone to it is kept, and the test says how the
+  // desktop's print dialog ends.
+  PrintResult PrintText(const PrintRequest& request) override {
+    printed.push_back(request);
+    return print_result;
+  }
+  std::vector<PrintRequest> printed;
+  PrintResult print_result = PrintResult::Printed;
   int EventsRun() const { return events_; }
 
  private:

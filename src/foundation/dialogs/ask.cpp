@@ -17,4 +17,13 @@ std::string AskInput(Program& program, const std::string& prompt, const std::str
                                initial);
 }
 
+bool PrintReport(Program& program, const std::string& title, const std::string& text) {
+  PrintRequest request;
+  request.title = title;
+  request.text = text;
+  const PrintResult result = program.ui().PrintText(request);
+  if (result == PrintResult::Failed) AskUser(program, program.GetText(text::PrintFailed), 16);
+  return result == PrintResult::Printed;
+}
+
 }  // namespace vardolin

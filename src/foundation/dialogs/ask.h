@@ -14,4 +14,8 @@ int AskUser(Program& program, const std::string& text, int style, const std::str
 std::string AskInput(Program& program, const std::string& prompt, const std::string& title = {},
                      const std::string& initial = {});
 
+// Prints a report through the Ui port; a printer that fails is told (text 9866). True when it
+// printed.
+bool PrintReport(Program& program, const std::string& title, const std::string& text);
+
 }  // namespace vardolin

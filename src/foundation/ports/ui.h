@@ -39,6 +39,16 @@ struct FileRequest {
   std::string file_name;     // proposed name for a save
 };
 
+// A text to print as it stands, one line a line, in the font of the control that showed it.
+struct PrintRequest {
+  std::string title;  // the document's name, as the print queue shows it
+  std::string text;
+  std::string font_family = "Monospace";
+  int point_size = 9;
+};
+
+enum class PrintResult { Printed, Cancelled, Failed };
+
 class Ui {
  public:
   virtual ~Ui() = default;
@@ -73,6 +83,10 @@ class Ui {
   virtual bool SetClipboardImage(const Bitmap& picture) = 0;
   // Empties the clipboard of whatever it holds.
   virtual void ClearClipboard() = 0;
+
+  // Prints through the desktop's print dialog. A front end without a printer has nothing to
+  // print on.
+  virtual PrintResult PrintText(const PrintRequest&) { return PrintResult::Failed; }
 };
 
 }  // namespace vardolin

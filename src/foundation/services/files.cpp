@@ -187,12 +187,13 @@ bool DeleteFolderTree(const fs::path& folder) {
   return ::rmdir(real.c_str()) == 0;
 }
 
-bool CopyFileOver(const fs::path& source, const fs::path& target, const char* fault_point) {
+namespace {
+
+bool CopyResolved(const fs::path& source, const fs::path& dst, const char* fault_point) {
   const bool disk_full = fault_point && FaultPoint(fault_point);
-  if (source.empty() || target.empty()) return false;
+  if (source.empty() || dst.empty()) return false;
   fs::path src = ResolveCase(source);
   if (!IsFile(src)) return false;
-  fs::path dst = ResolveCase(target);
   std::error_code ec;
   if (Stands(dst)) {
     if (fs::equivalent(src, dst, ec)) return true;  // removing it would lose the source
@@ -214,6 +215,16 @@ bool CopyFileOver(const fs::path& source, const fs::path& target, const char* fa
   fs::remove(dst, ec);
   errno = disk_full ? ENOSPC : error;
   return false;
+}
+
+}  // namespace
+
+bool CopyFileOver(const fs::path& source, const fs::path& target, const char* fault_point) {
+  return CopyResolved(source, target.empty() ? target : ResolveCase(target), fault_point);
+}
+
+bool CopyFileOverAsSpelled(const fs::path& source, const fs::path& target) {
+  return CopyResolved(source, target, nullptr);
 }
 
 bool MoveFileOver(const fs::path& source, const fs::path& target, const char* fault_point) {

@@ -41,6 +41,11 @@ bool DeleteFolderTree(const std::filesystem::path& folder);
 // names the test hook of the caller's step (see FaultPoint), reached as the copy begins.
 bool CopyFileOver(const std::filesystem::path& source, const std::filesystem::path& target,
                   const char* fault_point = nullptr);
+// CopyFileOver onto a target that the caller has spelled as it stands on disk, or that stands
+// in no spelling: for loops over many files into one folder, which is then not read again for
+// each name.
+bool CopyFileOverAsSpelled(const std::filesystem::path& source,
+                           const std::filesystem::path& target);
 // Moves one file onto `target` as CopyFileOver would copy it, for a source that is not wanted
 // afterwards: a rename when both lie on one file system (the target is then the old file or the
 // new one, never a part), else a copy and a delete. False leaves the source in place.
