@@ -39,8 +39,8 @@ struct WriterFixture : ::testing::Test {
   void SetUp() override {
     fs::create_symlink(testing::Standin("standin_wodim"), bin / "wodim");
     for (const fs::path at : {src.path(), cd / "Arc1"}) {
-      WriteTextFile(at / "LEVEL_0001/data/level.tr4", std::string(300000, 'L'));
-      WriteTextFile(at / "LEVEL_0001/data/old's notes.txt", "notes");
+      testing::WriteBytes(at / "LEVEL_0001/data/level.tr4", std::string(300000, 'L'));
+      testing::WriteBytes(at / "LEVEL_0001/data/old's notes.txt", "notes");
     }
     ASSERT_TRUE(engine.BurnCommand(cw_Init, "1'0'0'" + cd.path().string() + "''HL' 'DVD' ", "16"));
     ASSERT_TRUE(engine.BurnCommand(cw_AddItem, "Arc1/LEVEL_0001/=" + level));

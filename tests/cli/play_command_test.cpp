@@ -7,6 +7,8 @@
 #include <signal.h>
 #include <sys/wait.h>
 
+#include <fstream>
+
 #include "archive/catalogue_file.h"
 #include "archive/level_store.h"
 #include "archive_fixture.h"
