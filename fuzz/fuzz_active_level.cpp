@@ -1,8 +1,5 @@
 // The marker of the active level is read back from the editor folder, where anything may have
 // been written into it: its reader must take any bytes.
-#include <cstddef>
-#include <cstdint>
-#include <string_view>
 
 #include "play/active_level_file.h"
 

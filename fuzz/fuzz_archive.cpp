@@ -1,13 +1,9 @@
 // Listing and unpacking arbitrary bytes as a zip and as any archive: every input must give a
 // result, never a crash, and nothing may appear outside the scratch destination, whatever
 // names, links or sizes the bytes claim.
-#include <cstddef>
-#include <cstdint>
-#include <cstdlib>
-#include <filesystem>
+
 #include <fstream>
 #include <set>
-#include <string>
 
 #include "../bench/bench_ports.h"
 #include "foundation/program.h"

@@ -1,8 +1,4 @@
 // The BMP reader on any bytes; a picture it accepts must be whole and write back out.
-#include <cstddef>
-#include <cstdint>
-#include <string>
-#include <string_view>
 
 #include "foundation/pictures/bmp_codec.h"
 

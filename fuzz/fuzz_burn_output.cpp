@@ -1,11 +1,6 @@
 // A burn's text fed in pieces of any size (the first byte chooses): the lines come out the same
 // however the bytes are cut, none empty or longer than the line buffer, and the readers of
 // progress, results and errors take them all.
-#include <cstddef>
-#include <cstdint>
-#include <string>
-#include <string_view>
-#include <vector>
 
 #include "cd/burn_output.h"
 

@@ -1,12 +1,6 @@
 // The catalogue reader on any bytes: it must neither crash nor size its table from the header's
 // count, and whatever it accepts must write back into an image that reads as the same catalogue.
 
-#include <cstddef>
-#include <cstdint>
-#include <cstdlib>
-#include <string>
-#include <string_view>
-
 #include "foundation/catalogue_records.h"
 
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {

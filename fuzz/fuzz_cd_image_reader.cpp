@@ -2,11 +2,7 @@
 // files never crashes and never writes outside the target folder.
 #include <unistd.h>
 
-#include <cstdint>
-#include <cstdlib>
-#include <filesystem>
 #include <fstream>
-#include <string>
 
 #include "cd/cd_image_reader.h"
 

@@ -1,7 +1,4 @@
 // cd_images.txt may hold any bytes: what the reader keeps is written back and read again alike.
-#include <cstdint>
-#include <cstdlib>
-#include <string_view>
 
 #include "cd/cd_images.h"
 

@@ -1,8 +1,5 @@
 // The engine patch over arbitrary program files, and the Wine registry writer over arbitrary
 // registry text: no crash, a written row reads as done, a written value reads back.
-#include <cstdint>
-#include <cstdlib>
-#include <string>
 
 #include "foundation/platform/wine_registry.h"
 #include "foundation/platform/wine_registry_write.h"

@@ -1,8 +1,5 @@
 // The manual is any text: the index keeps its titles whole with their brackets, the sub-topics
 // once each, and a double click anywhere picks a word inside the text or none.
-#include <cstdint>
-#include <cstdlib>
-#include <string_view>
 #include <unordered_set>
 
 #include "web/help_text.h"

@@ -1,8 +1,5 @@
 // The lock file of a home is written by whichever process holds it, and by hand by nobody: but a
 // reader must still give either a holder with a real pid and a one-line name, or none at all.
-#include <cstdint>
-#include <cstdlib>
-#include <string_view>
 
 #include "foundation/services/home_lock.h"
 

@@ -1,8 +1,5 @@
 // Install scripts are plain text from a package: any text must parse without a crash, and the
 // tom links must come in whole pairs.
-#include <cstddef>
-#include <cstdint>
-#include <string_view>
 
 #include "intake/install_script.h"
 

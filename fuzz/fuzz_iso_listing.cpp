@@ -1,10 +1,7 @@
 // The image listings of isoinfo over any text: every record of the long listing stands once,
 // with no negative size, and the tree listing takes any flat one.
-#include <cstddef>
-#include <cstdint>
+
 #include <set>
-#include <string>
-#include <string_view>
 
 #include "cd/burn_output.h"
 

@@ -1,7 +1,4 @@
 // The JPEG reader on any bytes: libjpeg's errors must come back as results.
-#include <cstddef>
-#include <cstdint>
-#include <string_view>
 
 #include "foundation/pictures/jpeg_codec.h"
 

@@ -1,11 +1,6 @@
 // A level's list of level files may be left damaged by a crash or copied in from anywhere: the
 // reader must take any bytes, never size its list from the count, and what it accepts must write
 // back into an image that reads as the same list.
-#include <cstddef>
-#include <cstdint>
-#include <cstdlib>
-#include <string>
-#include <string_view>
 
 #include "intake/level_file_list.h"
 

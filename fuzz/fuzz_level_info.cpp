@@ -1,9 +1,5 @@
 // The level info file comes inside a package: any bytes must read without a crash, and what
 // reads must come back the same through the writer once its fields are in their written form.
-#include <cstddef>
-#include <cstdint>
-#include <string>
-#include <string_view>
 
 #include "intake/level_info.h"
 

@@ -1,8 +1,5 @@
 // The mountinfo reader over arbitrary text: every entry has a device number and an absolute
 // mount point.
-#include <cstdint>
-#include <cstdlib>
-#include <string_view>
 
 #include "cd/cd_drives.h"
 

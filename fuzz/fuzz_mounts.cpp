@@ -1,7 +1,4 @@
 // The mount-table reader over arbitrary text: every entry it gives has an absolute mount point.
-#include <cstdint>
-#include <cstdlib>
-#include <string_view>
 
 #include "foundation/platform/mounts.h"
 

@@ -1,7 +1,4 @@
 // The MP3 length estimate over any first bytes: never below one second, never a crash.
-#include <cstddef>
-#include <cstdint>
-#include <string_view>
 
 #include "audio/mp3_duration.h"
 

@@ -1,10 +1,6 @@
 // A packed level and its header file come in a package. The first byte chooses which reader
 // gets the rest. A directory that reads must write back to the bytes it was read from, and its
 // contents must fit the file when the check of its length passes.
-#include <cstddef>
-#include <cstdint>
-#include <string>
-#include <string_view>
 
 #include "intake/byte_source.h"
 #include "intake/packed_level_directory.h"

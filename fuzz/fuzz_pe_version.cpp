@@ -1,6 +1,4 @@
 // The version-resource reader over arbitrary bytes: no crash, no read out of bounds.
-#include <cstdint>
-#include <string_view>
 
 #include "foundation/services/pe_version.h"
 

@@ -1,9 +1,5 @@
 // The settings file may be of any length and content: it is parsed, never refused.
 
-#include <cstddef>
-#include <cstdint>
-#include <string_view>
-
 #include "foundation/settings/preferences.h"
 
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {

@@ -1,8 +1,5 @@
 // The readme analysis searches a package's document, any bytes an author wrote, for the names of
 // the level sources and the wad sets near them.
-#include <cstddef>
-#include <cstdint>
-#include <string>
 
 #include "intake/dialog_assistant.h"
 

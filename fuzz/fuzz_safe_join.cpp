@@ -2,11 +2,6 @@
 // target pointing inside, outside and nowhere.
 #include <unistd.h>
 
-#include <cstdint>
-#include <cstdlib>
-#include <filesystem>
-#include <string>
-
 #include "foundation/services/safe_join.h"
 
 namespace fs = std::filesystem;

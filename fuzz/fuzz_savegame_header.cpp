@@ -1,9 +1,5 @@
 // Savegame files are the game's, and a crash of the game or a copy from anywhere can leave any
 // bytes under a savegame's name: the header reader must take them all.
-#include <cstddef>
-#include <cstdint>
-#include <cstdlib>
-#include <string_view>
 
 #include "savegames/savegame_header.h"
 

@@ -1,8 +1,5 @@
 // The journal of the savegame work folder is read back after a crash, when it may have been cut
 // anywhere: its reader must take any bytes.
-#include <cstddef>
-#include <cstdint>
-#include <string_view>
 
 #include "savegames/savegame_journal.h"
 

@@ -1,8 +1,5 @@
 // The writer's bus scan over any text: every writer is a device string that reads back with
 // the unit it was given, the first drive's mount point and then "X:".
-#include <cstddef>
-#include <cstdint>
-#include <string_view>
 
 #include "cd/burn_output.h"
 

@@ -1,10 +1,5 @@
 // A level's compiled script comes from its package: the reader of its level paths must take any
 // bytes and give only plain file names, at most one for each path the header counts.
-#include <cstddef>
-#include <cstdint>
-#include <cstdlib>
-#include <string>
-#include <string_view>
 
 #include "intake/completeness.h"
 

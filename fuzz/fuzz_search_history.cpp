@@ -1,8 +1,5 @@
 // Old_Search.bin may be cut short, padded with old bytes or hold any count: the reader gives no
 // more entries than the bytes carry, and what it gives is written back and read again alike.
-#include <cstdint>
-#include <cstdlib>
-#include <string_view>
 
 #include "intake/search_history.h"
 

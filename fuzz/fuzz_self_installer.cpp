@@ -1,9 +1,5 @@
 // A self-installer's trailer is read from any program in a package: any bytes must give a
 // result without a crash, and every entry taken must lie inside the file, before its tail.
-#include <cstddef>
-#include <cstdint>
-#include <string_view>
-#include <vector>
 
 #include "intake/byte_source.h"
 #include "intake/self_installer.h"

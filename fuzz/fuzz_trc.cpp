@@ -1,9 +1,5 @@
 // Language files come from translators and downloads: any bytes must parse or fail cleanly.
 
-#include <cstddef>
-#include <cstdint>
-#include <string_view>
-
 #include "foundation/texts/text_catalogue.h"
 
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {

@@ -1,8 +1,5 @@
 // The URL list comes from the web: whatever its bytes, the reader gives a whole list or none, and
 // a list it gives is written back to the very same bytes.
-#include <cstdint>
-#include <cstdlib>
-#include <string_view>
 
 #include "web/url_list.h"
 

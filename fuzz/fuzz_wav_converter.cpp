@@ -1,9 +1,5 @@
 // The wave converter's reader over any bytes, in each mode: a result or a message, and a result
 // always has the head of the form the mode asks for.
-#include <cstddef>
-#include <cstdint>
-#include <string>
-#include <string_view>
 
 #include "audio/wav_converter.h"
 #include "audio/wave_header.h"

@@ -1,8 +1,5 @@
 // The wave head reader: it reads a fixed place, so what follows the first 36 bytes never
 // changes what it gives.
-#include <cstddef>
-#include <cstdint>
-#include <string_view>
 
 #include "audio/wave_header.h"
 

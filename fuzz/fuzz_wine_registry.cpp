@@ -1,9 +1,5 @@
 // The Wine registry reader over arbitrary text: no crash, and whatever a walk finds can be
 // found again by key and name.
-#include <cstdint>
-#include <cstdlib>
-#include <optional>
-#include <string_view>
 
 #include "foundation/platform/wine_registry.h"
 

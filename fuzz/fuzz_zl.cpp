@@ -1,9 +1,5 @@
 // Expansion of a `.zl` image from memory: any bytes must give a result, never a crash, and a
 // result of Ok must mean the promised length came out.
-#include <cstddef>
-#include <cstdint>
-#include <string>
-#include <string_view>
 
 #include "web/zlib_tool.h"
 

@@ -4,9 +4,6 @@
 
 #include <gtest/gtest.h>
 
-#include <filesystem>
-#include <string>
-
 #include "activation_fixture.h"
 #include "archive/catalogue_file.h"
 #include "archive/catalogue_ops.h"
@@ -19,7 +16,6 @@ namespace vardolin {
 namespace {
 
 namespace fs = std::filesystem;
-using testing::ReadFile;
 using testing::Snapshot;
 using testing::WriteBytes;
 

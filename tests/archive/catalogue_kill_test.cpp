@@ -3,8 +3,6 @@
 
 #include <gtest/gtest.h>
 
-#include <set>
-
 #include "archive/catalogue_file.h"
 #include "archive_fixture.h"
 #include "fault_child.h"

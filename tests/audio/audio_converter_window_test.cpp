@@ -2,8 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include <algorithm>
-
 #include "audio/dialog_convert_audio.h"
 #include "audio/dialog_converti_mp3.h"
 #include "audio_fixture.h"

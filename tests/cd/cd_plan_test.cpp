@@ -11,48 +11,27 @@ TEST(CdPlan, SpreadsLevelsInOrderOverCds) {
   struct Case {
     const char* what;
     std::vector<double> sizes;  // of levels 1, 2, 3 ...
-    double room, capacity;
+    double room;
     std::vector<std::vector<std::int32_t>> plans;  // codes per CD, numbered from 4
     double left;  // a folder of the user's bigger than this goes on a CD of its own
   };
-  const double room = CdCapacityBytes(650) - 2 * MB, capacity = CdCapacityBytes(650);
+  const double capacity = CdCapacityBytes(650), room = capacity - 2 * MB;
   const Case cases[] = {
-      {"no level, no CD", {}, room, capacity, {}, 0},
-      {"all fit on the first",
-       {100 * MB, 200 * MB, 300 * MB},
-       room,
-       capacity,
-       {{1, 2, 3}},
-       43 * MB},
-      {"the first CD has 643 MB, the next 645",
-       {600 * MB, 42 * MB, 644 * MB, 1 * MB},
-       room,
-       capacity,
-       {{1, 2}, {3}, {4}},
-       644 * MB},
-      {"a level that would fill the room to the byte waits for the next CD",
-       {643 * MB, 1 * MB},
-       room,
-       capacity,
-       {{}, {1, 2}},
-       1 * MB},
-      {"a first level bigger than the room leaves the first CD to the shared items",
-       {700 * MB, 10 * MB},
-       100 * MB,
-       capacity,
-       {{}, {1}, {2}},
-       635 * MB},
-      {"a level bigger than a CD gets one of its own; the next closes it at once",
-       {10 * MB, 900 * MB, 10 * MB, 10 * MB},
-       room,
-       capacity,
-       {{1}, {2}, {3, 4}},
-       625 * MB},
+      {"no level, no CD", {}, room, {}, 0},
+      {"all fit on the first", {100 * MB, 200 * MB, 300 * MB}, room, {{1, 2, 3}}, 43 * MB},
+      // The first CD has 643 MB, the next 645.
+      {"643, 645", {600 * MB, 42 * MB, 644 * MB, 1 * MB}, room, {{1, 2}, {3}, {4}}, 644 * MB},
+      // A level that would fill the room to the byte waits for the next CD.
+      {"to the byte", {643 * MB, 1 * MB}, room, {{}, {1, 2}}, 1 * MB},
+      // A first level bigger than the room leaves the first CD to the shared items.
+      {"first beyond the room", {700 * MB, 10 * MB}, 100 * MB, {{}, {1}, {2}}, 635 * MB},
+      // A level bigger than a CD gets one of its own; the next closes it at once.
+      {"beyond a CD", {10 * MB, 900 * MB, 10 * MB, 10 * MB}, room, {{1}, {2}, {3, 4}}, 625 * MB},
   };
   for (const Case& c : cases) {
     std::vector<std::int32_t> codes;
     for (std::size_t i = 0; i < c.sizes.size(); ++i) codes.push_back(static_cast<int>(i) + 1);
-    const CdSplit split = SplitLevelsOnCds(codes, c.sizes, c.room, c.capacity, 4, "Arc");
+    const CdSplit split = SplitLevelsOnCds(codes, c.sizes, c.room, capacity, 4, "Arc");
     ASSERT_EQ(split.plans.size(), c.plans.size()) << c.what;
     EXPECT_DOUBLE_EQ(split.left, c.left) << c.what;
     for (std::size_t n = 0; n < c.plans.size(); ++n) {

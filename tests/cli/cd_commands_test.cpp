@@ -1,10 +1,6 @@
 // The cd command group of vardolin-cli: reports of an image made by the real genisoimage.
 #include <gtest/gtest.h>
 
-#include <filesystem>
-
-#include <cstdlib>
-
 #include "cd/burn_engine.h"
 #include "cli_runner.h"
 #include "test_program.h"

@@ -3,10 +3,6 @@
 
 #include <gtest/gtest.h>
 
-#include <algorithm>
-#include <chrono>
-#include <fstream>
-
 #include "archive_writer.h"
 #include "cli_runner.h"
 #include "foundation/program.h"

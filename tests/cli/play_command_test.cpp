@@ -7,10 +7,7 @@
 #include <signal.h>
 #include <sys/wait.h>
 
-#include <chrono>
-#include <filesystem>
 #include <fstream>
-#include <string>
 
 #include "archive/catalogue_file.h"
 #include "archive/level_store.h"

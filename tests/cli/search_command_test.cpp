@@ -2,8 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include <filesystem>
-
 #include "archive_writer.h"
 #include "cli_runner.h"
 

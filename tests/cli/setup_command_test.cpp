@@ -4,10 +4,6 @@
 
 #include <gtest/gtest.h>
 
-#include <filesystem>
-#include <string>
-#include <vector>
-
 #include "cli_runner.h"
 #include "editor_package.h"
 #include "editor_test_fixture.h"

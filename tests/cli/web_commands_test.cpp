@@ -1,7 +1,5 @@
 #include <gtest/gtest.h>
 
-#include <filesystem>
-
 #include "cli_runner.h"
 #include "foundation/services/files.h"
 #include "local_http_server.h"

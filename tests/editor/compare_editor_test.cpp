@@ -1,9 +1,5 @@
 #include <gtest/gtest.h>
 
-#include <algorithm>
-#include <chrono>
-#include <sstream>
-
 #include "editor/dialog_compare_trle.h"
 #include "editor_test_fixture.h"
 

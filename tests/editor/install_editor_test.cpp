@@ -1,7 +1,5 @@
 #include <gtest/gtest.h>
 
-#include <algorithm>
-
 #include "audio/wave_header.h"
 #include "editor/dialog_installa_trle.h"
 #include "editor/find_editor.h"

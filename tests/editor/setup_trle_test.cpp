@@ -4,10 +4,6 @@
 
 #include <gtest/gtest.h>
 
-#include <algorithm>
-#include <filesystem>
-#include <string>
-
 #include "editor/text_ids.h"
 #include "foundation/services/log.h"
 #include "play/activation.h"
@@ -18,7 +14,6 @@
 namespace vardolin {
 namespace {
 
-namespace fs = std::filesystem;
 using testing::PlayFixture;
 using testing::ReadFile;
 
@@ -34,7 +29,7 @@ TEST(SetupTrle, TheGameStartsInItsSetupModeOnlyAfterOkAndIsWatchedAsAGame) {
     SCOPED_TRACE(c.what);
     PlayFixture f({"Base level", "Beta"});
     ASSERT_TRUE(SetLevelInTrle(f.program, 1));
-    if (!c.game_present) fs::remove(f.editor / "tomb4.exe");
+    if (!c.game_present) std::filesystem::remove(f.editor / "tomb4.exe");
     const auto before = testing::Snapshot(f.editor);
     f.main->Timer1.SetInterval(700);
     ResetLog(f.program);

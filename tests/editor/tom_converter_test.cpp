@@ -4,11 +4,6 @@
 
 #include <gtest/gtest.h>
 
-#include <chrono>
-#include <filesystem>
-#include <string>
-#include <vector>
-
 #include "tom_fixture.h"
 
 namespace vardolin {

@@ -1,5 +1,4 @@
 #include <gtest/gtest.h>
-#include <algorithm>
 
 #include "foundation/services/files.h"
 #include "test_program.h"

@@ -1,6 +1,4 @@
 #include <gtest/gtest.h>
-#include <filesystem>
-#include <map>
 #include <regex>
 
 #include "foundation/program.h"

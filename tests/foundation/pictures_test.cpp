@@ -1,13 +1,5 @@
 #include <gtest/gtest.h>
 
-#include <array>
-#include <cstdlib>
-#include <cstring>
-#include <filesystem>
-#include <functional>
-#include <string>
-#include <vector>
-
 #include "foundation/pictures/bmp_codec.h"
 #include "foundation/pictures/jpeg_codec.h"
 #include "foundation/pictures/picture_file.h"
@@ -17,7 +9,6 @@
 namespace vardolin {
 namespace {
 
-namespace fs = std::filesystem;
 using testing::ReadFile;
 using testing::TempDir;
 using Rgb = std::array<std::uint8_t, 3>;
@@ -265,7 +256,7 @@ TEST(PictureFiles, ConvertPictureFileChoosesTheTargetKindByExtension) {
   EXPECT_LT(difference / back.pixels.size(), 4.0);
 
   // A bitmap saved under a .jpg name still reads: the bytes tell the kind.
-  fs::copy_file(dir / "shot.BMP", dir / "misnamed.jpg");
+  std::filesystem::copy_file(dir / "shot.BMP", dir / "misnamed.jpg");
   EXPECT_TRUE(ConvertPictureFile(dir / "misnamed.jpg", dir / "fixed.jpeg", 60));
 }
 

@@ -1,7 +1,5 @@
 #include <gtest/gtest.h>
 
-#include <filesystem>
-
 #include "foundation/services/binary_io.h"
 #include "foundation/settings/preferences.h"
 

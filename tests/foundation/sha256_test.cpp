@@ -3,8 +3,6 @@
 
 #include <gtest/gtest.h>
 
-#include <string>
-
 #include "temp_dir.h"
 
 namespace vardolin {

@@ -1,7 +1,5 @@
 #include <gtest/gtest.h>
 
-#include <array>
-
 #include "environment.h"
 #include "foundation/dialogs/dialog_get_dir.h"
 #include "foundation/platform/wine_registry.h"

@@ -3,10 +3,6 @@
 
 #include <gtest/gtest.h>
 
-#include <string>
-#include <tuple>
-#include <vector>
-
 #include "archive_fixture.h"
 #include "foundation/services/strings.h"
 #include "intake/dialog_autore.h"

@@ -4,11 +4,6 @@
 
 #include <gtest/gtest.h>
 
-#include <filesystem>
-#include <functional>
-#include <optional>
-#include <string>
-
 #include "archive/level_store.h"
 #include "archive_writer.h"
 #include "foundation/services/native_programs.h"
@@ -17,14 +12,12 @@
 #include "intake/dialog_new_level.h"
 #include "play/active_level.h"
 #include "play_fixture.h"
-#include "store_fixture.h"
 #include "tom_fixture.h"
 
 namespace vardolin {
 namespace {
 
 namespace fs = std::filesystem;
-using testing::Member;
 using testing::ReadFile;
 using testing::TomSource;
 
@@ -50,7 +43,7 @@ struct CompileFixture : testing::PlayFixture {
 
 TEST(CompileLevel, APackageOfTwoSourcesAndTheirWadSetsBecomesALevelThatPlays) {
   CompileFixture f;
-  const auto editor_before = testing::FolderState(f.editor);
+  const auto editor_before = testing::Snapshot(f.editor, true);
   const fs::path zip = f.dir / "Twin Towers.zip";
   testing::WriteArchive(zip, {{"Twin Towers/north.tom", TomSource("normal")},
                               {"Twin Towers/north.was", "north wad"},
@@ -66,9 +59,9 @@ TEST(CompileLevel, APackageOfTwoSourcesAndTheirWadSetsBecomesALevelThatPlays) {
   });
   ASSERT_TRUE(code);
   const fs::path files = GetLevelFolder(f.program, *code, false) / "files";
-  EXPECT_EQ(testing::Names(testing::FolderState(files)),
+  EXPECT_EQ(testing::Names(testing::Snapshot(files)),
             (std::vector<std::string>{"north.tr4", "readme.txt", "script.dat", "south.tr4"}));
-  EXPECT_EQ(testing::FolderState(f.editor), editor_before);
+  EXPECT_EQ(testing::Snapshot(f.editor, true), editor_before);
   // It plays: the game finds the level the stand-in converter made in the editor folder.
   RefreshLevelList(*f.main);
   f.main->Combo_Livelli.SetListIndex(f.main->Combo_Livelli.FindData(*code));

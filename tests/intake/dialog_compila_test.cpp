@@ -4,13 +4,6 @@
 
 #include <gtest/gtest.h>
 
-#include <filesystem>
-#include <functional>
-#include <map>
-#include <string>
-#include <utility>
-#include <vector>
-
 #include "archive/leftovers.h"
 #include "editor/tom_converter.h"
 #include "fault_child.h"
@@ -78,7 +71,7 @@ TEST(DialogCompila, EveryWayOutGivesTheEditorFolderBack) {
     testing::TomFixture t;
     PrepareLevel(t.dir.path(), c.mode);
     t.program.prefs.NoAutoCompile = c.name == std::string("by hand, Done");
-    const auto before = testing::FolderState(t.editor);
+    const auto before = testing::Snapshot(t.editor, true);
     for (const auto& [result, contains] : c.answers) t.ui.Answer(result, contains);
     {
       Dialog_Compila d(t.program);
@@ -91,7 +84,7 @@ TEST(DialogCompila, EveryWayOutGivesTheEditorFolderBack) {
       }
       EXPECT_EQ(d.ReportedDone, c.compiled);
     }
-    EXPECT_EQ(testing::FolderState(t.editor), before);
+    EXPECT_EQ(testing::Snapshot(t.editor, true), before);
     EXPECT_TRUE(t.ui.Done());
     // A compiled level keeps no sources and no wad set; the readme stays either way.
     const fs::path level = t.dir / "level";
@@ -133,14 +126,14 @@ TEST(DialogCompila, AKilledCompileIsPutRightByTheNextStart) {
     testing::TempDir dir;
     testing::PrepareTomScene(dir.path());
     PrepareLevel(dir.path(), "normal");
-    const auto before = testing::FolderState(dir / "trle");
+    const auto before = testing::Snapshot(dir / "trle", true);
     const int killed = testing::RunFaultChild("DialogCompilaKillChild.Compile", kChildVariable,
                                               "compile|" + dir.path().string(),
                                               "folder-loan:" + std::to_string(n));
     kills += killed;
     testing::ChildProgram next(dir / "home");
     EXPECT_EQ(ClearLeftovers(next.program) > 0, killed == 1);
-    EXPECT_EQ(testing::FolderState(dir / "trle"), before);
+    EXPECT_EQ(testing::Snapshot(dir / "trle", true), before);
     if (!killed) break;
   }
   EXPECT_GE(kills, 8);

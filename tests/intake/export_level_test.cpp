@@ -6,8 +6,6 @@
 #include <sys/resource.h>
 
 #include <csignal>
-#include <filesystem>
-#include <string>
 
 #include "archive/catalogue_ops.h"
 #include "archive/level_store.h"

@@ -3,9 +3,6 @@
 
 #include <gtest/gtest.h>
 
-#include <string>
-#include <vector>
-
 #include "archive/editor_backup.h"
 #include "foundation/program.h"
 #include "foundation/services/files.h"
@@ -69,16 +66,6 @@ TEST(LevelLanguage, EachRefusalSaysWhyAndChangesNothing) {
   }
 }
 
-// Setting the language a second time finds nothing to do, and says so as news, not as an error.
-TEST(LevelLanguage, ASecondSettingIsToldAsInformation) {
-  LanguageFixture f;
-  f.ui.Answer(msg::kOk, "is now set");
-  ASSERT_TRUE(SetLanguageOfLevel(f.program, 1, false));
-  f.ui.Answer(msg::kOk, "is already set");
-  EXPECT_FALSE(SetLanguageOfLevel(f.program, 1, false));
-  EXPECT_EQ(f.ui.Questions().back().style, msg::kInformation);
-}
-
 TEST(LevelLanguage, SetAndRestoreGiveTheLevelBackAsItWasInEitherStoreForm) {
   for (bool packed : {false, true}) {
     SCOPED_TRACE(packed ? "packed store" : "plain store");
@@ -122,6 +109,10 @@ TEST(LevelLanguage, AllLevelsSkipTheBaseLevelAndCountTheRefusedAgainst) {
   EXPECT_EQ(ChangeLanguageOfAllLevels(f.program, false, nullptr, nullptr), 1);
   EXPECT_EQ(ReadWholeFile(f.files[1] / "german.dat"), "my english");
   EXPECT_EQ(Snapshot(f.files[0]), base);
+  // Setting it a second time finds nothing to do, and says so as news, not as an error.
+  f.ui.Answer(msg::kOk, "is already set");
+  EXPECT_FALSE(SetLanguageOfLevel(f.program, 1, false));
+  EXPECT_EQ(f.ui.Questions().back().style, msg::kInformation);
   f.ui.Answer(msg::kOk, "base level keeps");
   EXPECT_FALSE(SetLanguageOfLevel(f.program, 0, false));
   EXPECT_EQ(ChangeLanguageOfAllLevels(f.program, true, nullptr, nullptr), 1);

@@ -1,7 +1,5 @@
 #include <gtest/gtest.h>
 
-#include <map>
-
 #include "archive/editor_backup.h"
 #include "editor_test_fixture.h"
 #include "foundation/platform/linux_platform.h"

@@ -4,11 +4,6 @@
 // editor folder back to its base state without losing any level's store or savegame.
 #include <gtest/gtest.h>
 
-#include <cstdio>
-#include <filesystem>
-#include <map>
-#include <string>
-
 #include "activation_fixture.h"
 #include "archive/leftovers.h"
 #include "archive/level_files.h"

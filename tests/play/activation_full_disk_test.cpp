@@ -4,11 +4,6 @@
 // one would.
 #include <gtest/gtest.h>
 
-#include <cstdlib>
-#include <filesystem>
-#include <map>
-#include <string>
-
 #include "activation_fixture.h"
 #include "play/activation.h"
 #include "play/active_level.h"
@@ -17,7 +12,6 @@
 namespace vardolin {
 namespace {
 
-namespace fs = std::filesystem;
 using testing::Snapshot;
 
 struct FullDiskTest : ::testing::Test, testing::ActivationFixture {
@@ -26,7 +20,7 @@ struct FullDiskTest : ::testing::Test, testing::ActivationFixture {
     // Level 2 is kept compressed: its files are expanded into a temporary folder first.
     for (const std::string& name : LevelFiles().at(2)) {
       testing::Pack(Files(2) / name, Files(2) / (name + ".zl"));
-      fs::remove(Files(2) / name);
+      std::filesystem::remove(Files(2) / name);
     }
   }
   ~FullDiskTest() override { unsetenv("VARDOLIN_FAULT_POINT"); }

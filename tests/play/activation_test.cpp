@@ -5,10 +5,6 @@
 
 #include <gtest/gtest.h>
 
-#include <filesystem>
-#include <map>
-#include <string>
-
 #include "archive/level_files.h"
 #include "editor_folder_fixture.h"
 #include "foundation/services/paths.h"
@@ -20,7 +16,6 @@ namespace vardolin {
 namespace {
 
 namespace fs = std::filesystem;
-using testing::Names;
 using testing::ReadFile;
 using testing::Snapshot;
 using testing::WriteBytes;

@@ -4,10 +4,6 @@
 
 #include <gtest/gtest.h>
 
-#include <optional>
-#include <string>
-#include <vector>
-
 namespace vardolin {
 namespace {
 

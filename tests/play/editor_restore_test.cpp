@@ -5,10 +5,6 @@
 
 #include <gtest/gtest.h>
 
-#include <filesystem>
-#include <map>
-#include <string>
-
 #include "activation_fixture.h"
 #include "archive/standard_files.h"
 #include "fault_child.h"

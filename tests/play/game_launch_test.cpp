@@ -4,12 +4,6 @@
 
 #include <gtest/gtest.h>
 
-#include <chrono>
-#include <filesystem>
-#include <fstream>
-#include <string>
-#include <vector>
-
 #include "foundation/services/log.h"
 #include "play/game_launch.h"
 #include "play_fixture.h"

@@ -2,14 +2,6 @@
 // and F9 and F11 pressed while it runs: not one savegame may be lost on the way.
 #include <gtest/gtest.h>
 
-#include <algorithm>
-#include <filesystem>
-#include <map>
-#include <set>
-#include <string>
-#include <utility>
-#include <vector>
-
 #include "play/active_level.h"
 #include "play_fixture.h"
 #include "savegame_bytes.h"
@@ -20,7 +12,6 @@ namespace {
 
 namespace fs = std::filesystem;
 using testing::ReadFile;
-using testing::WriteBytes;
 
 constexpr int kF9 = 120;
 constexpr int kF11 = 122;

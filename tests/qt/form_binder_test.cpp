@@ -11,9 +11,6 @@
 #include <QPlainTextEdit>
 #include <QPushButton>
 #include <QTextCursor>
-#include <algorithm>
-#include <filesystem>
-#include <set>
 
 #include "bare_main_window.h"
 #include "form_binder.h"
@@ -29,7 +26,6 @@
 namespace vardolin {
 namespace {
 
-namespace fs = std::filesystem;
 using qt::FormBinder;
 
 template <class W>
@@ -158,7 +154,7 @@ TEST_F(BinderTest, PicturesKeepTheirShapeWhateverTheWindowsSize) {
   testing::TempDir dir;
   QImage red(320, 240, QImage::Format_RGB32);
   red.fill(Qt::red);
-  const fs::path picture = dir.path() / "shot.png";
+  const std::filesystem::path picture = dir.path() / "shot.png";
   ASSERT_TRUE(red.save(QString::fromStdString(picture.string())));
   Dialog_ScreenShot zoom(p.program);
   zoom.Load();

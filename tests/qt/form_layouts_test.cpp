@@ -9,8 +9,6 @@
 #include <QMenu>
 #include <QPushButton>
 #include <QWidget>
-#include <memory>
-#include <set>
 
 #include "form_binder.h"
 #include "form_layout.h"

@@ -9,7 +9,6 @@
 #include <QScreen>
 #include <QStyle>
 #include <QWidget>
-#include <filesystem>
 
 #include "bare_main_window.h"
 #include "foundation/pictures/bitmap.h"
@@ -18,8 +17,6 @@
 
 namespace vardolin {
 namespace {
-
-namespace fs = std::filesystem;
 
 // The window of the named form that is up now.
 QWidget* OpenWindow(const char* form_name) {
@@ -138,7 +135,7 @@ TEST(WindowGeometry, AWindowLargerThanTheScreenOrBesideItIsBroughtIn) {
 TEST(WindowGeometry, TheWindowComesBackWhereItWasLeft) {
   testing::App();
   testing::TempDir home;
-  const fs::path file = qt::WindowGeometryFile(home.path());
+  const std::filesystem::path file = qt::WindowGeometryFile(home.path());
   QWidget left;
   left.setGeometry(40, 50, 420, 310);
   left.show();

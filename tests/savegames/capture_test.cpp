@@ -4,9 +4,6 @@
 
 #include <gtest/gtest.h>
 
-#include <algorithm>
-#include <set>
-
 #include "capture_fixture.h"
 #include "foundation/services/files.h"
 

@@ -4,8 +4,6 @@
 
 #include <gtest/gtest.h>
 
-#include <algorithm>
-
 #include "capture_fixture.h"
 #include "savegames/capture.h"
 #include "window/principale.h"

@@ -4,9 +4,6 @@
 #include <gtest/gtest.h>
 
 #include <csignal>
-#include <cstdio>
-#include <cstdlib>
-#include <set>
 
 #include "fault_child.h"
 #include "foundation/services/files.h"

@@ -1,7 +1,5 @@
 #include <gtest/gtest.h>
 
-#include <tuple>
-
 #include "savegame_panel_fixture.h"
 
 namespace vardolin {

@@ -4,9 +4,7 @@
 // oldest first where the operation says so, and every note stays with its savegame.
 #include <gtest/gtest.h>
 
-#include <cstdio>
 #include <random>
-#include <set>
 
 #include "foundation/services/files.h"
 #include "savegame_fixture.h"

@@ -9,7 +9,6 @@
 namespace vardolin {
 namespace {
 
-namespace fs = std::filesystem;
 using testing::ReadFile;
 
 struct SavegameStore : ::testing::Test, testing::SavegameFixture {};

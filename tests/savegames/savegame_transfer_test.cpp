@@ -7,7 +7,6 @@
 #include <sys/resource.h>
 
 #include <csignal>
-#include <tuple>
 
 #include "archive_writer.h"
 #include "environment.h"

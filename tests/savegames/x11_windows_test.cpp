@@ -3,8 +3,6 @@
 #include <gtest/gtest.h>
 #include <unistd.h>
 
-#include <filesystem>
-
 #include "environment.h"
 #include "foundation/pictures/bitmap.h"
 #include "foundation/platform/linux_platform.h"

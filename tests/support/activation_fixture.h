@@ -2,11 +2,6 @@
 // An editor folder with its safe copy and an archive whose levels overwrite the editor's files,
 // for the tests that activate levels under faults.
 
-#include <filesystem>
-#include <map>
-#include <string>
-#include <vector>
-
 #include "editor_folder_fixture.h"
 #include "store_fixture.h"
 

@@ -2,11 +2,6 @@
 // A program for archive tests: its own home in a temporary folder, the scripted Ui, the
 // recording platform and the English texts of resources/english.trc.
 
-#include <filesystem>
-#include <fstream>
-#include <string>
-#include <vector>
-
 #include "archive/level_store.h"
 #include "foundation/catalogue_records.h"
 #include "foundation/program.h"

@@ -4,10 +4,6 @@
 
 #include <gtest/gtest.h>
 
-#include <cstdlib>
-#include <filesystem>
-#include <string>
-
 #include "archive_fixture.h"
 #include "foundation/platform/linux_platform.h"
 

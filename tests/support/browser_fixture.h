@@ -2,11 +2,6 @@
 // The main window over a small catalogue whose levels live in a real archive folder, with an
 // editor folder beside it, for the tests of the level browser.
 
-#include <filesystem>
-#include <memory>
-#include <string>
-#include <vector>
-
 #include "archive/level_store.h"
 #include "archive_fixture.h"
 #include "foundation/services/paths.h"

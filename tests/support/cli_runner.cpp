@@ -1,11 +1,8 @@
 #include "cli_runner.h"
 
 #include <fcntl.h>
-#include <poll.h>
 #include <sys/wait.h>
 #include <unistd.h>
-
-#include <cstdlib>
 
 namespace vardolin::testing {
 
@@ -30,42 +27,30 @@ pid_t Spawn(const std::vector<std::string>& args, int out, int err) {
   return pid;
 }
 
+// The child's output goes to files, where it can't block as it would on a full pipe.
+int OpenOutput(const std::filesystem::path& file) {
+  return open(file.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC, 0644);
+}
+
 }  // namespace
 
 CliResult RunCli(const std::vector<std::string>& args) {
+  TempDir dir;
+  const int out = OpenOutput(dir / "out"), err = OpenOutput(dir / "err");
+  const pid_t pid = Spawn(args, out, err);
+  close(out);
+  close(err);
   CliResult result;
-  int out_pipe[2], err_pipe[2];
-  if (pipe2(out_pipe, O_CLOEXEC) != 0 || pipe2(err_pipe, O_CLOEXEC) != 0) return result;
-  const pid_t pid = Spawn(args, out_pipe[1], err_pipe[1]);
-  close(out_pipe[1]);
-  close(err_pipe[1]);
-  // Both pipes are drained together: a child that fills one while we wait on the other would
-  // never end.
-  pollfd fds[2] = {{out_pipe[0], POLLIN, 0}, {err_pipe[0], POLLIN, 0}};
-  std::string* sinks[2] = {&result.out, &result.err};
-  int open_pipes = 2;
-  while (open_pipes > 0 && poll(fds, 2, -1) > 0) {
-    for (int i = 0; i < 2; ++i) {
-      if (fds[i].fd < 0 || !(fds[i].revents & (POLLIN | POLLHUP | POLLERR))) continue;
-      char buf[4096];
-      const ssize_t n = read(fds[i].fd, buf, sizeof buf);
-      if (n > 0) {
-        sinks[i]->append(buf, static_cast<std::size_t>(n));
-      } else {
-        close(fds[i].fd);
-        fds[i].fd = -1;
-        --open_pipes;
-      }
-    }
-  }
   int status = 0;
   if (pid > 0 && waitpid(pid, &status, 0) == pid && WIFEXITED(status))
     result.code = WEXITSTATUS(status);
+  result.out = ReadFile(dir / "out");
+  result.err = ReadFile(dir / "err");
   return result;
 }
 
 pid_t StartCli(const std::vector<std::string>& args, const std::filesystem::path& output) {
-  const int fd = open(output.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC, 0644);
+  const int fd = OpenOutput(output);
   const pid_t pid = Spawn(args, fd, fd);
   close(fd);
   return pid;

@@ -4,8 +4,6 @@
 
 #include <sys/types.h>
 
-#include <filesystem>
-#include <string>
 #include <vector>
 
 #include "temp_dir.h"

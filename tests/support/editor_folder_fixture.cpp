@@ -1,7 +1,6 @@
 #include "editor_folder_fixture.h"
 
 #include <fstream>
-#include <system_error>
 
 namespace vardolin::testing {
 namespace fs = std::filesystem;

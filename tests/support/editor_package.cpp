@@ -1,9 +1,5 @@
 #include "editor_package.h"
 
-#include <algorithm>
-#include <cstdlib>
-#include <system_error>
-
 #include "editor_folder_fixture.h"
 #include "environment.h"
 #include "foundation/pictures/bitmap.h"

@@ -3,11 +3,7 @@
 // its backup whose tomb4.exe is the stand-in game, an archive with a few levels, and the main
 // window over them. Processes are real; only the Ui is scripted.
 
-#include <filesystem>
 #include <fstream>
-#include <memory>
-#include <string>
-#include <vector>
 
 #include "archive/level_store.h"
 #include "archive_fixture.h"

@@ -1,14 +1,4 @@
 #pragma once
-// Wine for one test alone: its own prefix in the test's folder, quiet, without a window.
-
-#include <unistd.h>
-
-#include <chrono>
-#include <cstdlib>
-#include <filesystem>
-#include <sstream>
-#include <string>
-#include <vector>
 
 #include <gtest/gtest.h>
 
@@ -21,11 +11,7 @@ namespace vardolin::testing {
 namespace fs = std::filesystem;
 
 inline bool OnPath(const std::string& name) {
-  const char* path = std::getenv("PATH");
-  std::istringstream folders(path ? path : "");
-  for (std::string folder; std::getline(folders, folder, ':');)
-    if (!folder.empty() && ::access((fs::path(folder) / name).c_str(), X_OK) == 0) return true;
-  return false;
+  return std::system(("command -v '" + name + "' >/dev/null 2>&1").c_str()) == 0;
 }
 
 // Wine for the test alone: its own prefix, quiet, without a window (no display, no offer to

@@ -2,10 +2,6 @@
 // A Platform for tests that touch no process, drive or shell: it records what was asked and
 // answers as a machine without that hardware would. Keys and joystick can be held by the test.
 
-#include <map>
-#include <string>
-#include <vector>
-
 #include "foundation/pictures/bitmap.h"
 #include "foundation/platform/linux_platform.h"
 #include "foundation/ports/platform.h"

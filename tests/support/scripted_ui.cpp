@@ -2,8 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include <algorithm>
-
 #include "foundation/dialogs/message_styles.h"
 
 namespace vardolin::testing {

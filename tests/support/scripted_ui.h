@@ -4,10 +4,7 @@
 // the ScriptedUi goes away, fails the running test.
 
 #include <deque>
-#include <functional>
-#include <string>
 #include <utility>
-#include <vector>
 
 #include "foundation/forms/form.h"
 #include "foundation/pictures/bitmap.h"

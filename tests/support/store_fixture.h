@@ -3,9 +3,7 @@
 // folder, a few levels in the table, and helpers to fill a level's files folder and compare
 // folders file by file.
 
-#include <map>
 #include <random>
-#include <string>
 
 #include "archive/level_store.h"
 #include "archive_fixture.h"
@@ -14,14 +12,17 @@
 
 namespace vardolin::testing {
 
-// Every file below a folder, by its path relative to it, with its bytes.
-inline std::map<std::string, std::string> Snapshot(const std::filesystem::path& folder) {
+// Every file below a folder, by its path relative to it, with its bytes; with `folders`, each
+// folder too (as "<folder>"), so that one left behind shows.
+inline std::map<std::string, std::string> Snapshot(const std::filesystem::path& folder,
+                                                   bool folders = false) {
   std::map<std::string, std::string> out;
   std::error_code ec;
   for (auto it = std::filesystem::recursive_directory_iterator(folder, ec);
        !ec && it != std::filesystem::recursive_directory_iterator(); it.increment(ec))
-    if (it->is_regular_file())
-      out[std::filesystem::relative(it->path(), folder).generic_string()] = ReadFile(it->path());
+    if (it->is_regular_file() || (folders && it->is_directory()))
+      out[std::filesystem::relative(it->path(), folder).generic_string()] =
+          it->is_directory() ? "<folder>" : ReadFile(it->path());
   return out;
 }
 

@@ -3,12 +3,6 @@
 // converter, allowed by the home, with the safe copy of the editor beside it. Its watch clock
 // runs a minute in a few milliseconds, so that the converter's rules about minutes take no time.
 
-#include <chrono>
-#include <filesystem>
-#include <map>
-#include <string>
-#include <vector>
-
 #include "archive_fixture.h"
 #include "editor_folder_fixture.h"
 #include "environment.h"
@@ -16,6 +10,7 @@
 #include "foundation/platform/linux_platform.h"
 #include "foundation/ports/watch_clock.h"
 #include "foundation/services/native_programs.h"
+#include "store_fixture.h"
 
 namespace vardolin::testing {
 
@@ -37,18 +32,6 @@ class ScaledWatchClock : public WatchClock {
 // The first line of a level source tells the stand-in converter how to behave.
 inline std::string TomSource(const std::string& mode) {
   return "tom2pc " + mode + "\nproject bytes of the level editor\n";
-}
-
-// Every file and folder below a folder, by its path relative to it, with a file's bytes.
-inline std::map<std::string, std::string> FolderState(const std::filesystem::path& folder) {
-  std::map<std::string, std::string> out;
-  std::error_code ec;
-  for (auto it = std::filesystem::recursive_directory_iterator(folder, ec);
-       !ec && it != std::filesystem::recursive_directory_iterator(); it.increment(ec)) {
-    const std::string rel = std::filesystem::relative(it->path(), folder).generic_string();
-    out[rel] = it->is_directory() ? "<folder>" : ReadFile(it->path());
-  }
-  return out;
 }
 
 // The folders of a compile below `root`: the editor ("trle") whose converter is the stand-in,

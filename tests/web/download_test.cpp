@@ -1,8 +1,5 @@
 #include <gtest/gtest.h>
 
-#include <chrono>
-#include <functional>
-
 #include "archive_fixture.h"
 #include "environment.h"
 #include "foundation/services/files.h"

@@ -3,10 +3,6 @@
 #include <gtest/gtest.h>
 #include <zlib.h>
 
-#include <filesystem>
-#include <string>
-#include <vector>
-
 #include "../../bench/bench_data.h"
 #include "foundation/program.h"
 #include "recording_platform.h"
