@@ -1,8 +1,11 @@
-// A CD image may be any file the user chose: looking for a level in it and fetching the level's
-// files never crashes and never writes outside the target folder.
+// A CD image may be any file the user chose: looking for a level in it, reading its root (the
+// catalogue's copy) and fetching the level's files never crashes and never writes outside the
+// target folder.
 #include <unistd.h>
 
 #include <fstream>
+#include <string>
+#include <vector>
 
 #include "cd/cd_image_reader.h"
 
@@ -16,6 +19,9 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   std::ofstream(image, std::ios::binary)
       .write(reinterpret_cast<const char*>(data), static_cast<std::streamsize>(size));
   const auto found = vardolin::FindLevelInImage(image, 1);
+  std::vector<std::string> folders;
+  std::string catalogue;
+  vardolin::ReadImageRoot(image, "*.vdc", folders, catalogue);
   std::string error;
   vardolin::ExtractImageFolder(image, found.folder.empty() ? "a/LEVEL_0001" : found.folder,
                                dir / "target", error);

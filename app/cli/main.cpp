@@ -19,6 +19,7 @@
 #include "archive/leftovers.h"
 #include "audio_commands.h"
 #include "catalogue_commands.h"
+#include "cd/cd_catalogue.h"
 #include "cd/dialog_insert_cd.h"
 #include "cd_commands.h"
 #include "cd_make_commands.h"
@@ -489,6 +490,7 @@ int main(int argc, char** argv) {
   }
   vardolin::InstallCatalogueHooks(program);
   vardolin::InstallCdLevels(program);
+  vardolin::InstallCdCatalogue(program);
   // Under the home's lock no other run is at work: whatever a killed one left can go now.
   if (changes_home) vardolin::ClearLeftovers(program);
   const int rc = command.run(program);

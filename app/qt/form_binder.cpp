@@ -2,6 +2,7 @@
 
 #include <QAction>
 #include <QCheckBox>
+#include <QColor>
 #include <QComboBox>
 #include <QCoreApplication>
 #include <QCursor>
@@ -15,6 +16,7 @@
 #include <QMenu>
 #include <QMouseEvent>
 #include <QPainter>
+#include <QPalette>
 #include <QPixmap>
 #include <QPlainTextEdit>
 #include <QProgressBar>
@@ -275,6 +277,9 @@ void FormBinder::Connect(Control& control, QObject* object) {
     case ControlKind::Image:
       object->installEventFilter(this);
       break;
+    case ControlKind::Label:
+      if (static_cast<Label&>(control).Clickable()) object->installEventFilter(this);
+      break;
     default:
       break;
   }
@@ -355,6 +360,16 @@ void FormBinder::Push(Control& control, QObject* object, Change change) {
           qbar->setValue(bar.Value());
           break;
         }
+        case ControlKind::Label:
+          if (auto* label = qobject_cast<QLabel*>(object)) {
+            const std::uint32_t rgb = static_cast<Label&>(control).BackColor();
+            label->setAutoFillBackground(rgb != Label::kNoBackColor);
+            QPalette palette = label->palette();
+            if (rgb != Label::kNoBackColor)
+              palette.setColor(QPalette::Window, QColor::fromRgb(static_cast<QRgb>(rgb)));
+            label->setPalette(palette);
+          }
+          break;
         case ControlKind::Menu:
           if (action && static_cast<Menu&>(control).Checked()) action->setCheckable(true);
           if (action && action->isCheckable())
@@ -474,6 +489,11 @@ bool FormBinder::eventFilter(QObject* watched, QEvent* event) {
     if (b.control->Kind() == ControlKind::TextBox && event->type() == QEvent::KeyPress &&
         PressEnterButton(static_cast<QKeyEvent*>(event), watched))
       return true;
+    if (b.control->Kind() == ControlKind::Label && event->type() == QEvent::MouseButtonRelease &&
+        static_cast<QMouseEvent*>(event)->button() == Qt::LeftButton) {
+      static_cast<Label*>(b.control)->Click();
+      return false;
+    }
     if (b.control->Kind() == ControlKind::ListBox && event->type() == QEvent::MouseButtonPress) {
       // A right press opens the list's menu and leaves its selection alone.
       if (static_cast<QMouseEvent*>(event)->button() != Qt::RightButton) return false;

@@ -43,6 +43,80 @@ bool CodeOfFolder(const std::string& name, std::size_t prefix, std::int32_t& cod
   return ec == std::errc() && end == last && code > 0;
 }
 
+// The folder of the first CD's levels less its "1"; empty when its name doesn't end so.
+std::string CdBaseOf(std::string first) {
+  while (first.size() > 1 && (first.back() == '/' || first.back() == '\\')) first.pop_back();
+  if (first.empty() || first.back() != '1') return {};
+  first.pop_back();
+  return first;
+}
+
+// The level folders of `folder` by their code, in the listing's order; the names of the pattern
+// that give no code (or one given twice) go to `skipped`.
+std::vector<std::pair<std::int32_t, std::string>> LevelFoldersIn(
+    const Program& p, const fs::path& folder, std::int32_t pattern_id,
+    std::vector<std::string>* skipped) {
+  const std::string pattern = WithoutLeadingSeparators(p.GetText(pattern_id));
+  const std::size_t prefix = pattern.size() - 1;  // the pattern is the prefix and '*'
+  std::vector<std::pair<std::int32_t, std::string>> found;
+  std::set<std::int32_t> codes;
+  for (const fs::path& sub : ListSubfolders(folder)) {
+    const std::string name = sub.filename().string();
+    if (!WildcardMatch(name, pattern)) continue;
+    std::int32_t code = 0;
+    if (CodeOfFolder(name, prefix, code) && codes.insert(code).second)
+      found.emplace_back(code, name);
+    else if (skipped)
+      skipped->push_back(name);
+  }
+  return found;
+}
+
+// The CDs of a recovered archive, read one after the other from the folder of the first one's
+// levels with the CD's number: each level found there takes the CD's number and the size of its
+// files, unless its files stand on the hard disk too. False when the user gave up.
+bool ReadRecoveredCds(Program& p, Catalogue& c, std::size_t most) {
+  const std::string base = Trim(c.header.MainDir);
+  std::int32_t read = 0;
+  for (std::size_t n = 1; n <= most; ++n) {
+    const fs::path folder = base + std::to_string(n);
+    if (!FolderExists(folder)) {
+      if (AskUser(p, p.GetText(text::RecoverInsertCd) + std::to_string(n), msg::kOkCancel) ==
+          msg::kCancel)
+        return false;
+      if (!FolderExists(folder)) {
+        ShowError(p, p.GetText(text::RecoverCdMissing) + folder.filename().string());
+        break;
+      }
+    }
+    read = static_cast<std::int32_t>(n);
+    for (const auto& [code, name] : LevelFoldersIn(p, folder, text::RecoverCdPattern, nullptr)) {
+      const int index = FindLevelIndex(c, code);
+      // A level on CD that the hard disk doesn't know has no record to take it.
+      if (index < 1) continue;
+      LevelRecord& r = c.levels[static_cast<std::size_t>(index)];
+      r.CdNumber = read;
+      r.FilesSize = ToRecordSize(
+          FolderSizeBytes(JoinFragment(folder / name, p.GetText(text::RecoverCdFiles)), "*"));
+    }
+    if (AskUser(p, p.GetText(text::RecoverNextCd) + std::to_string(n + 1) + " ?", msg::kYesNo) ==
+        msg::kNo)
+      break;
+  }
+  c.header.CdCount = read;
+  for (std::size_t i = 1; i < c.levels.size(); ++i) {
+    LevelRecord& r = c.levels[i];
+    if (r.CdNumber == 0) continue;
+    const fs::path files =
+        JoinFragment(JoinFragment(Trim(c.header.SecondaryDir), LevelFolderName(p, r.Code)),
+                     p.GetText(text::RecoverDiskFiles));
+    if (!ListFiles(files, p.GetText(text::RecoverDiskData)).empty() ||
+        !ListFiles(files, p.GetText(text::RecoverDiskPacked)).empty())
+      r.CdNumber = 0;
+  }
+  return true;
+}
+
 bool SameFolder(const fs::path& a, const fs::path& b) {
   std::error_code ec;
   return fs::equivalent(a, b, ec) || fs::weakly_canonical(a, ec) == fs::weakly_canonical(b, ec);
@@ -95,7 +169,7 @@ bool MakeFullBackup(Program& p, bool replace, Label* label, ProgressBar* bar) {
   return ok;
 }
 
-RecoverResult RecoverArchive(Program& p, const fs::path& given) {
+RecoverResult RecoverArchive(Program& p, const fs::path& given, const fs::path& given_first_cd) {
   RecoverResult result;
   SaveIfChanged(p);
   std::error_code ec;
@@ -103,29 +177,32 @@ RecoverResult RecoverArchive(Program& p, const fs::path& given) {
       given.empty() ? p.ui().AskFolder(fs::current_path(ec).string(), p.GetText(text::RecoverTitle))
                     : given.string();
   if (hd.empty()) return result;
-  // Whether the levels lie on CDs too is asked with the level CDs; until then they don't.
-  const std::string pattern = WithoutLeadingSeparators(p.GetText(text::RecoverPattern));
-  const std::size_t prefix = pattern.size() - 1;  // the pattern is the prefix and '*'
-  std::vector<std::pair<std::int32_t, std::string>> found;
-  std::set<std::int32_t> codes;
-  for (const fs::path& folder : ListSubfolders(hd)) {
-    const std::string name = folder.filename().string();
-    if (!WildcardMatch(name, pattern)) continue;
-    std::int32_t code = 0;
-    if (!CodeOfFolder(name, prefix, code) || !codes.insert(code).second)
-      result.skipped.push_back(name);
-    else
-      found.emplace_back(code, name);
+  // The CDs' folders are the first one's name with the CD's number in place of its "1".
+  std::string cd_base = hd;
+  if (!given_first_cd.empty()) {
+    cd_base = CdBaseOf(given_first_cd.string());
+    if (cd_base.empty()) return result;
+  } else if (given.empty() && AskUser(p, p.GetText(text::RecoverOnCd), msg::kYesNo) == msg::kYes) {
+    for (;;) {
+      const std::string first = p.ui().AskFolder(hd, p.GetText(text::RecoverCdTitle));
+      if (first.empty()) return result;
+      cd_base = CdBaseOf(first);
+      if (!cd_base.empty()) break;
+      ShowError(p, p.GetText(text::RecoverCdNotFirst) + fs::path(first).filename().string());
+    }
   }
+  const std::vector<std::pair<std::int32_t, std::string>> found =
+      LevelFoldersIn(p, hd, text::RecoverPattern, &result.skipped);
   if (found.empty()) {
     ShowError(p, p.GetText(text::RecoverNoLevels) + hd);
     return result;
   }
+  // Built apart: a CD given up on the way leaves the open catalogue as it was.
   // The header's own flags (compression, MP3) stay as the open catalogue had them.
-  Catalogue& c = p.catalogue;
+  Catalogue c = p.catalogue;
   const LevelRecord base = c.levels.empty() ? BaseLevelRecord(p) : c.levels.front();
   c.levels = {base};
-  c.header.MainDir = hd;
+  c.header.MainDir = cd_base;
   c.header.SecondaryDir = hd;
   c.header.Version = 1;
   c.header.TotalFilesSize = c.header.TotalUserSize = 0;
@@ -137,6 +214,8 @@ RecoverResult RecoverArchive(Program& p, const fs::path& given) {
     r.Name = p.GetText(text::RecoverLevelName) + std::to_string(i + 1);
   }
   c.header.LevelCount = static_cast<std::int32_t>(c.levels.size());
+  if (!EqualsNoCase(cd_base, hd) && !ReadRecoveredCds(p, c, found.size())) return result;
+  p.catalogue = std::move(c);
   p.prefs.LastArchive = FreeCatalogueName(p).string();
   p.CatalogueDirty = true;
   RecomputeAllSizes(p, true);

@@ -28,8 +28,12 @@ struct RecoverResult {
   std::vector<std::string> skipped;  // folders whose names don't end in a level code
 };
 // A new catalogue from the level folders of `folder` (asked for when empty): each level keeps
-// its code and gets a name of its position. The open catalogue is saved first if changed.
-RecoverResult RecoverArchive(Program& program, const std::filesystem::path& folder = {});
+// its code and gets a name of its position. The open catalogue is saved first if changed. When
+// the levels lie on CDs too (asked when `folder` is, or given as `first_cd`, the folder of the
+// first CD's levels, whose name ends in "1"), the CDs are read one by one and their levels take
+// their CD's number.
+RecoverResult RecoverArchive(Program& program, const std::filesystem::path& folder = {},
+                             const std::filesystem::path& first_cd = {});
 
 // Copies the files of every level on CD (asking for each CD, or reading its image) into the
 // level's folder on hard disk, where its user folders already are; each level that arrived

@@ -3,6 +3,7 @@
 
 #include <fstream>
 #include <string>
+#include <utility>
 
 #include "archive/catalogue_folders.h"
 #include "archive/catalogue_ops.h"
@@ -90,12 +91,21 @@ LevelRecord BaseLevelRecord(Program& program) {
 bool LoadCatalogueFile(Program& program, const fs::path& path) {
   SaveIfChanged(program);
   std::string bytes;
-  if (!ReadWhole(path, bytes)) return false;
+  const bool image = program.catalogue_in_image && program.catalogue_in_image(program, path, bytes);
+  if (!image && !ReadWhole(path, bytes)) return false;
   Catalogue loaded;
   if (!ParseCatalogue(bytes, loaded, program.texts.CodePage).ok()) return false;
-  program.catalogue = std::move(loaded);
-  program.prefs.LastArchive = path.string();
+  Catalogue before = std::exchange(program.catalogue, std::move(loaded));
+  const std::string last_before = std::exchange(program.prefs.LastArchive, path.string());
   program.CatalogueDirty = false;
+  bool go_on = true;
+  if (program.cd_catalogue && !program.cd_catalogue(program, path, go_on) && go_on) {
+    // A catalogue on CD that wasn't set up on the disk: the one open before stays open.
+    program.catalogue = std::move(before);
+    program.prefs.LastArchive = last_before;
+    program.CatalogueDirty = false;
+    return false;
+  }
   if (!CheckCatalogueFolders(program)) {
     program.ClosingDown = true;
     return false;

@@ -14,7 +14,8 @@ class Program;
 // Opens a catalogue. A file that can't be read or that is refused (see catalogue_records.h)
 // gives false with the catalogue in memory unchanged; the caller tells the user. When its
 // archive folders are gone and the user gives no new one, ClosingDown is set and the result is
-// false.
+// false. A catalogue on a CD (or a CD image opened in its place) is set up on the hard disk
+// first, when the CD subsystem has installed its hooks; given up, it leaves the open catalogue.
 bool LoadCatalogueFile(Program& program, const std::filesystem::path& path);
 // Writes exactly header and records, replacing the file atomically. On success LastArchive
 // takes the path and the catalogue counts as saved.

@@ -7,8 +7,8 @@ class Program;
 
 // True when the catalogue can be used: its writable folder stands, or the user gave a new one.
 // A missing read-only folder is asked for too, but giving none doesn't stop the catalogue.
-// Catalogues opened from a CD drive or marked as moved to CD are not told apart yet: every
-// catalogue goes through the questions here.
+// A catalogue opened from a CD comes here only once it was set up on the hard disk
+// (program.cd_catalogue, run before).
 bool CheckCatalogueFolders(Program& program);
 
 }  // namespace vardolin

@@ -376,6 +376,17 @@ inline constexpr std::int32_t RecoverPattern = 1357;    // fragment
 inline constexpr std::int32_t RecoverNoLevels = 1358;   // the folder follows
 inline constexpr std::int32_t RecoverLevelName = 1359;  // the number follows
 inline constexpr std::int32_t RecoverSkipped = 9711;    // the names follow, one a line
+inline constexpr std::int32_t RecoverOnCd = 1354;
+inline constexpr std::int32_t RecoverCdTitle = 1355;
+inline constexpr std::int32_t RecoverCdNotFirst = 1356;  // the folder's name follows
+inline constexpr std::int32_t RecoverInsertCd = 1360;    // the number follows
+inline constexpr std::int32_t RecoverCdMissing = 1361;   // the folder's name follows
+inline constexpr std::int32_t RecoverCdPattern = 1362;   // fragment
+inline constexpr std::int32_t RecoverCdFiles = 1363;     // fragment
+inline constexpr std::int32_t RecoverNextCd = 1364;      // the number and " ?" follow
+inline constexpr std::int32_t RecoverDiskFiles = 1365;   // fragment
+inline constexpr std::int32_t RecoverDiskData = 1366;    // pattern
+inline constexpr std::int32_t RecoverDiskPacked = 1367;  // pattern
 
 // The package of the editor's basic files, made from its backup.
 inline constexpr std::int32_t StandardFilesPackage = 9707;  // fragment

@@ -135,10 +135,13 @@ bool ListLevelsInImage(const fs::path& image, const std::string& files, const st
 }
 
 bool ExtractImageFolder(const fs::path& image, const std::string& folder_in_image,
-                        const fs::path& target, std::string& error) {
+                        const fs::path& target, std::string& error,
+                        const std::function<bool(const std::string& relative)>& take) {
   ArchivePtr a = OpenImage(image, error);
   if (!a) return false;
-  const std::string prefix = Normalised(folder_in_image) + "/";
+  // The image's root is the folder "".
+  std::string prefix = Normalised(folder_in_image);
+  if (!prefix.empty()) prefix += "/";
   archive_entry* entry = nullptr;
   int status = ARCHIVE_OK;
   while ((status = archive_read_next_header(a.get(), &entry)) == ARCHIVE_OK) {
@@ -148,7 +151,9 @@ bool ExtractImageFolder(const fs::path& image, const std::string& folder_in_imag
     if (name.size() <= prefix.size() ||
         !std::equal(prefix.begin(), prefix.end(), name.begin(), SameNoCase))
       continue;
-    const SafeJoinResult joined = SafeJoin(target, name.substr(prefix.size()));
+    const std::string relative = name.substr(prefix.size());
+    if (take && !take(relative)) continue;
+    const SafeJoinResult joined = SafeJoin(target, relative);
     if (!joined) {
       error = joined.error;
       return false;
@@ -169,6 +174,36 @@ bool ExtractImageFolder(const fs::path& image, const std::string& folder_in_imag
     return false;
   }
   return true;
+}
+
+bool ReadImageRoot(const fs::path& image, const std::string& file_pattern,
+                   std::vector<std::string>& folders, std::string& file) {
+  std::string error;
+  ArchivePtr a = OpenImage(image, error);
+  if (!a) return false;
+  bool file_read = file_pattern.empty();
+  archive_entry* entry = nullptr;
+  int status = ARCHIVE_OK;
+  while ((status = archive_read_next_header(a.get(), &entry)) == ARCHIVE_OK) {
+    const std::string name = Normalised(archive_entry_pathname(entry));
+    const std::size_t slash = name.find('/');
+    const auto type = archive_entry_filetype(entry);
+    if (type == AE_IFDIR && slash == std::string::npos && !name.empty()) {
+      if (std::find(folders.begin(), folders.end(), name) == folders.end()) folders.push_back(name);
+    } else if (slash != std::string::npos) {
+      // A folder's own entry may be left out of an image: its files still name it.
+      const std::string folder = name.substr(0, slash);
+      if (std::find(folders.begin(), folders.end(), folder) == folders.end())
+        folders.push_back(folder);
+    } else if (type == AE_IFREG && !file_read && WildcardMatch(name, file_pattern)) {
+      const la_int64_t size = archive_entry_size(entry);
+      file.resize(size > 0 ? static_cast<std::size_t>(size) : 0);
+      const la_ssize_t got = archive_read_data(a.get(), file.data(), file.size());
+      if (got < 0 || static_cast<std::size_t>(got) != file.size()) return false;
+      file_read = true;
+    }
+  }
+  return status == ARCHIVE_EOF && file_read;
 }
 
 }  // namespace vardolin

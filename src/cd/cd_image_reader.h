@@ -5,6 +5,7 @@
 
 #include <cstdint>
 #include <filesystem>
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -28,7 +29,16 @@ bool ListLevelsInImage(const std::filesystem::path& image, const std::string& fi
 // Writes the files below `folder_in_image` of the image into `target`, keeping their relative
 // names; every name goes through SafeJoin. False with `error` when the image is damaged (the
 // reader's reason) or a file can't be written (its path).
+// `take`, when given, picks the files and folders by their relative name ('/' separated); the
+// others are passed over.
 bool ExtractImageFolder(const std::filesystem::path& image, const std::string& folder_in_image,
-                        const std::filesystem::path& target, std::string& error);
+                        const std::filesystem::path& target, std::string& error,
+                        const std::function<bool(const std::string& relative)>& take = {});
+
+// The folders and the files of the image's root. `file_pattern` picks the first file whose bytes
+// come into `file` (case ignored); an empty pattern reads none. False when the image can't be
+// read.
+bool ReadImageRoot(const std::filesystem::path& image, const std::string& file_pattern,
+                   std::vector<std::string>& folders, std::string& file);
 
 }  // namespace vardolin

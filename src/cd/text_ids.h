@@ -114,6 +114,25 @@ inline constexpr std::int32_t InsertCdImageFilter = 9976;
 inline constexpr std::int32_t CdImageUnreadable = 9977;
 inline constexpr std::int32_t CdImageFetchFailed = 9978;
 
+// Setting a CD archive up on hard disk.
+inline constexpr std::int32_t SetupCdNoRoom = 842;  // ~1 drive; size and ")" follow
+inline constexpr std::int32_t SetupCdCopying = 1157;
+inline constexpr std::int32_t SetupCdRefused = 1158;
+inline constexpr std::int32_t SetupCdOneFile = 1159;      // fragment behind the level on CD
+inline constexpr std::int32_t SetupCdOneFileTo = 1160;    // fragment behind the level on disk
+inline constexpr std::int32_t SetupCdUserFolder1 = 1161;  // fragment
+inline constexpr std::int32_t SetupCdUserFolder2 = 1162;  // fragment
+inline constexpr std::int32_t SetupCdUserFolder3 = 1163;  // fragment
+inline constexpr std::int32_t SetupCdCopyFailed = 1164;   // ~1 target quoted, ~2 CR LF
+inline constexpr std::int32_t SetupCdWritable = 1165;
+inline constexpr std::int32_t SetupCdDone = 1168;  // ~1 catalogue quoted, ~2 CR LF
+inline constexpr std::int32_t SetupCdCaption = 10000;
+inline constexpr std::int32_t SetupCdTitle = 10001;
+inline constexpr std::int32_t SetupCdFull = 10002;
+inline constexpr std::int32_t SetupCdCompact = 10003;
+inline constexpr std::int32_t SetupCdNote = 10004;
+inline constexpr std::int32_t SetupCdInstall = 10005;
+
 // Correction of a CD archive.
 inline constexpr std::int32_t CorrectAsk = 2282;
 inline constexpr std::int32_t CorrectDiskFiles = 2283;    // fragment behind a level's folder

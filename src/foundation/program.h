@@ -141,6 +141,13 @@ class Program {
   // the level's folder on its disc (or fetched from its image), asking for the CD when needed;
   // empty when the user doesn't give it.
   std::function<std::filesystem::path(Program&, std::int32_t code)> level_folder_on_cd;
+  // Set by the CD subsystem so that opening a catalogue knows catalogues on CD. The first reads
+  // the catalogue's copy out of a CD image opened as a catalogue (false when the path is no
+  // image). The second runs once the catalogue is in memory: `go_on` comes in true and goes
+  // false when the normal opening goes on; otherwise the answer ends the opening.
+  std::function<bool(Program&, const std::filesystem::path& image, std::string& bytes)>
+      catalogue_in_image;
+  std::function<bool(Program&, const std::filesystem::path& catalogue, bool& go_on)> cd_catalogue;
 
  private:
   std::filesystem::path home_;

@@ -1,10 +1,15 @@
 #include "intake/apply_level_info.h"
 
+#include <algorithm>
 #include <filesystem>
+#include <optional>
 #include <string_view>
 #include <vector>
 
 #include "archive/level_store.h"
+#include "cd/cd_drives.h"
+#include "cd/cd_image_reader.h"
+#include "cd/cd_images.h"
 #include "foundation/dialogs/ask.h"
 #include "foundation/dialogs/progress.h"
 #include "foundation/ports/platform.h"
@@ -35,6 +40,57 @@ namespace {
 fs::path InFolder(const fs::path& folder, const std::string& name) {
   const SafeJoinResult joined = SafeJoin(folder, name);
   return joined ? joined.path : fs::path();
+}
+
+// A CD that media files come from, as it stands now: a disc mounted in an optical drive under
+// its label (the desktop names the mount point after the disc's volume label), or an image
+// remembered under that name.
+struct MediaCd {
+  fs::path mount;
+  fs::path image;
+};
+
+std::optional<MediaCd> FindMediaCd(Program& p, const std::string& label) {
+  if (Trim(label).empty()) return std::nullopt;
+  for (const CdDrive& d : ListCdDrives(p.platform()))
+    if (d.Ready() && EqualsNoCase(fs::path(d.mount_point).filename().string(), Trim(label)))
+      return MediaCd{d.mount_point, {}};
+  for (const CdImage& known : ReadCdImageList(p))
+    if (EqualsNoCase(known.cd, Trim(label)) && FileExists(known.image))
+      return MediaCd{{}, known.image};
+  return std::nullopt;
+}
+
+// The file `on_cd` (a path on the CD, either separator) copied to `target`; its length in
+// `length`. False when the CD doesn't hold it.
+bool FetchFromMediaCd(Program& p, const MediaCd& cd, const std::string& on_cd,
+                      const fs::path& target, std::uintmax_t& length) {
+  std::string name = WithoutLeadingSeparators(on_cd);
+  std::replace(name.begin(), name.end(), '\\', '/');
+  std::error_code ec;
+  if (!cd.mount.empty()) {
+    const SafeJoinResult source = SafeJoin(cd.mount, name);
+    if (!source || !FileExists(source.path) || !CopyFileOver(ResolveCase(source.path), target))
+      return false;
+    length = fs::file_size(target, ec);
+    return !ec;
+  }
+  const std::size_t cut = name.rfind('/');
+  const std::string folder = cut == std::string::npos ? std::string() : name.substr(0, cut);
+  const std::string file = name.substr(cut == std::string::npos ? 0 : cut + 1);
+  // Fetched beside the target under its name on the CD, then given the target's name.
+  const fs::path fetched = target.parent_path() / file;
+  const bool stood = FileExists(fetched);
+  std::string error;
+  if (stood && !EqualsNoCase(fetched.filename().string(), target.filename().string())) return false;
+  if (!ExtractImageFolder(
+          cd.image, folder, target.parent_path(), error,
+          [&](const std::string& relative) { return EqualsNoCase(relative, file); }) ||
+      !FileExists(fetched))
+    return false;
+  if (fetched.filename() != target.filename() && !MoveFileOver(fetched, target)) return false;
+  length = fs::file_size(target, ec);
+  return !ec;
 }
 
 }  // namespace
@@ -134,14 +190,40 @@ bool ApplyCopies(Dialog_NewLevel& form) {
 bool FetchMediaFiles(Dialog_NewLevel& form) {
   Program& p = form.program();
   const std::vector<std::string> groups = SplitNulList(form.Info.MediaFiles);
+  const fs::path editor_media =
+      JoinFragment(p.prefs.EditorFolder, p.GetText(text::EditorMediaFolder));
   for (std::size_t i = 0; i + 2 < groups.size(); i += 4) {
+    const std::string& label = groups[i];
     const std::string& file = groups[i + 1];
     ShowStatus(&form.Label_Info, p.GetText(text::FetchingMedia, {file}));
     const fs::path target = InFolder(form.WorkFolder, groups[i + 2]);
-    if (!target.empty() && FileExists(target)) continue;
-    // The archive knows no CD yet that a media file could be fetched from: level CDs come with
-    // the archive's CD work. The group is left out, as for a CD the archive doesn't know.
-    AskUser(p, p.GetText(text::MediaCdUnknown, {file}), msg::kInformation);
+    const std::string second = i + 3 < groups.size() ? groups[i + 3] : std::string();
+    if (target.empty() || FileExists(target)) continue;
+    if (!second.empty() && (FileExists(InFolder(form.WorkFolder, second)) ||
+                            FileExists(InFolder(editor_media, second))))
+      continue;
+    std::optional<MediaCd> cd = FindMediaCd(p, label);
+    if (!cd && AskUser(p, p.GetText(text::MediaCdMissing), msg::kYesNo) == msg::kYes) {
+      while (!cd && AskUser(p, p.GetText(text::InsertMediaCd), msg::kOkCancel) == msg::kOk) {
+        cd = FindMediaCd(p, label);
+        if (!cd && AskUser(p, p.GetText(text::GoOnLookingForCd), msg::kYesNo) == msg::kNo) break;
+      }
+    }
+    if (!cd) {
+      AskUser(p, p.GetText(text::MediaCdUnknown, {file}), msg::kInformation);
+      continue;
+    }
+    ShowStatus(&form.Label_Info, p.GetText(text::CopyingMedia));
+    std::uintmax_t length = 0;
+    if (!FetchFromMediaCd(p, *cd, file, target, length)) {
+      AskUser(p, p.GetText(text::MediaStillMissing, {file}), msg::kError);
+      continue;
+    }
+    // The list of the level's files names the file with the size the CD gives.
+    LevelInfo& info = form.Info;
+    for (std::size_t n = 0; n < info.ListedNames.size() && n < info.ListedSizes.size(); ++n)
+      if (EqualsNoCase(ExtractFileName(info.ListedNames[n]), target.filename().string()))
+        info.ListedSizes[n] = static_cast<std::int32_t>(length);
   }
   ShowStatus(&form.Label_Info, {});
   return true;

@@ -2,6 +2,7 @@
 
 #include "archive/catalogue_file.h"
 #include "archive/leftovers.h"
+#include "cd/cd_catalogue.h"
 #include "cd/dialog_insert_cd.h"
 #include "foundation/dialogs/shared_dialogs.h"
 #include "foundation/program.h"
@@ -23,6 +24,7 @@ void MainWindow::Form_Load() {
   ShowChosenPanel();
   InstallCatalogueHooks(program());
   InstallCdLevels(program());
+  InstallCdCatalogue(program());
   // The window holds the home's lock: whatever a killed run left can go now.
   ClearLeftovers(program());
   StartUp(program(), PrefsLoad);

@@ -6,6 +6,7 @@
 #include "audio/dialog_converti_mp3.h"
 #include "cd/dialog_insert_cd.h"
 #include "cd/dialog_muovi_su_cd.h"
+#include "cd/dialog_setup_cd.h"
 #include "editor/dialog_compare_trle.h"
 #include "editor/dialog_installa_trle.h"
 #include "editor/dialog_tipo_exe.h"
@@ -84,6 +85,7 @@ const std::vector<FormFactory>& AllForms() {
       Entry<Dialog_Indice>("Dialog_Indice"),
       Entry<Dialog_InsertCd>("Dialog_InsertCd"),
       Entry<Dialog_MuoviSuCd>("Dialog_MuoviSuCd"),
+      Entry<Dialog_SetupCd>("Dialog_SetupCd"),
       Entry<Dialog_Compila>("Dialog_Compila"),
       Entry<Dialog_Assistant>("Dialog_Assistant"),
       Entry<Dialog_AddWads>("Dialog_AddWads"),

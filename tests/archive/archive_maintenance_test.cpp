@@ -76,6 +76,37 @@ TEST_F(MaintenanceTest, RecoverArchiveTakesTheLevelFoldersItCanRead) {
   }
 }
 
+// The levels lie on two CDs too, whose folders are asked for from the first one's (a name not
+// ending in "1" is refused): a level found on a CD takes its number and the size of its files
+// there, unless its files stand on the hard disk as well.
+TEST_F(MaintenanceTest, RecoverArchiveReadsTheLevelCdsOneAfterTheOther) {
+  const fs::path hd = Path("recover"), cds = Path("cds");
+  for (const char* level : {"LEVEL_0007", "LEVEL_0012", "LEVEL_0020"})
+    fs::create_directories(hd / level / "play");
+  WriteBytes(hd / "LEVEL_0012/files/b.tr4", "b");
+  WriteBytes(cds / "Levels1/LEVEL_0007/files/a.tr4", std::string(100, 'a'));
+  WriteBytes(cds / "Levels1/LEVEL_0012/files/b.tr4", "b");
+  WriteBytes(cds / "Levels2/LEVEL_0020/files/c.tr4", std::string(30, 'c'));
+  ui.Folder(hd.string())
+      .Answer(msg::kYes, "also lie on level CDs")
+      .Folder((cds / "Levels2").string())
+      .Answer(msg::kOk, "not Levels2")
+      .Folder((cds / "Levels1").string())
+      .Answer(msg::kYes, "number 2 ?")
+      .Answer(msg::kNo, "number 3 ?");
+  ASSERT_TRUE(RecoverArchive(program).done);
+  EXPECT_TRUE(ui.Done());
+  const Catalogue& c = program.catalogue;
+  EXPECT_EQ(Trim(c.header.MainDir), (cds / "Levels").string());
+  EXPECT_EQ(Trim(c.header.SecondaryDir), hd.string());
+  EXPECT_EQ(c.header.CdCount, 2);
+  const std::pair<std::int32_t, double> cd_and_size[] = {{1, 100}, {0, 1}, {2, 30}};
+  for (std::size_t i = 0; i < 3; ++i) {
+    EXPECT_EQ(c.levels[i + 1].CdNumber, cd_and_size[i].first) << i;
+    EXPECT_EQ(c.levels[i + 1].FilesSize, cd_and_size[i].second) << i;
+  }
+}
+
 TEST_F(MaintenanceTest, ACatalogueDeletedByHandComesBackAndItsLevelsPlay) {
   fs::remove(catalogue_file);
   program.catalogue = Catalogue{};

@@ -11,6 +11,16 @@ Label::Label(Form& form, std::string name, std::string caption)
   SetCaption(std::move(caption));
 }
 
+void Label::Click() {
+  if (Enabled() && on_click_) on_click_();
+}
+
+void Label::SetBackColor(std::uint32_t rgb) {
+  if (rgb == back_color_) return;
+  back_color_ = rgb;
+  Notify(Change::Value);
+}
+
 Frame::Frame(Form& form, std::string name, std::string caption)
     : Control(form, std::move(name), ControlKind::Frame) {
   SetCaption(std::move(caption));

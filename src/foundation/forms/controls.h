@@ -3,6 +3,7 @@
 // front end calls Click() or the setters when the user acts, exactly as a test does.
 
 #include <cstddef>
+#include <cstdint>
 #include <functional>
 #include <string>
 
@@ -15,6 +16,18 @@ using Handler = std::function<void()>;
 class Label : public Control {
  public:
   Label(Form& form, std::string name, std::string caption = {});
+  // A label may be clicked like a button (a choice shown as two labels); a disabled one isn't.
+  void Click();
+  void SetClickHandler(Handler on_click) { on_click_ = std::move(on_click); }
+  bool Clickable() const { return static_cast<bool>(on_click_); }
+  // The back colour as 0xRRGGBB; kNoBackColor leaves the window's own.
+  static constexpr std::uint32_t kNoBackColor = 0xFFFFFFFFu;
+  std::uint32_t BackColor() const { return back_color_; }
+  void SetBackColor(std::uint32_t rgb);
+
+ private:
+  Handler on_click_;
+  std::uint32_t back_color_ = kNoBackColor;
 };
 
 class Frame : public Control {
