@@ -33,8 +33,14 @@ std::vector<std::string_view> SplitLines(std::string_view bytes) {
 
 std::size_t FindNoCase(std::string_view text, std::string_view key) {
   if (key.empty() || key.size() > text.size()) return std::string_view::npos;
+  // The first letter in both cases is checked inline: a script of thousands of blocks would
+  // otherwise compare the whole key at every byte of every block.
+  const auto ascii_lower = [](char c) { return c >= 'A' && c <= 'Z' ? char(c - 'A' + 'a') : c; };
+  const auto ascii_upper = [](char c) { return c >= 'a' && c <= 'z' ? char(c - 'a' + 'A') : c; };
+  const char lower = ascii_lower(key[0]), upper = ascii_upper(key[0]);
   for (std::size_t i = 0; i + key.size() <= text.size(); ++i)
-    if (EqualsNoCase(text.substr(i, key.size()), key)) return i;
+    if ((text[i] == lower || text[i] == upper) && EqualsNoCase(text.substr(i, key.size()), key))
+      return i;
   return std::string_view::npos;
 }
 
