@@ -9,12 +9,15 @@
 #include "bench_ports.h"
 #include "foundation/program.h"
 #include "foundation/program_home.h"
+#include "foundation/services/time_zone.h"
 #include "foundation/texts/text_catalogue.h"
 
 namespace vardolin::bench {
 
 template <class UiType = SilentUi>
 struct ProgramBench {
+  // As the front ends do first thing in main.
+  bool time_zone_pinned = (PinTimeZone(), true);
   ScratchFolder scratch;
   std::filesystem::path root = scratch.path();
   UiType ui;

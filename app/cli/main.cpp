@@ -31,6 +31,7 @@
 #include "foundation/program.h"
 #include "foundation/program_home.h"
 #include "foundation/services/home_lock.h"
+#include "foundation/services/time_zone.h"
 #include "foundation/settings/preferences.h"
 #include "foundation/texts/text_catalogue.h"
 #include "level_commands.h"
@@ -55,6 +56,7 @@ struct Command {
 }  // namespace
 
 int main(int argc, char** argv) {
+  vardolin::PinTimeZone();
   CLI::App app{"Vardolin without windows: manage Tomb Raider custom levels from scripts"};
   app.name("vardolin-cli");
   app.set_version_flag("--version", std::string("vardolin-cli ") + VARDOLIN_VERSION);

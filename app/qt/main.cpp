@@ -13,6 +13,7 @@
 #include "foundation/program.h"
 #include "foundation/program_home.h"
 #include "foundation/services/home_lock.h"
+#include "foundation/services/time_zone.h"
 #include "intake/add_level.h"
 #include "qt_ui.h"
 #include "startup/main_window.h"
@@ -46,6 +47,7 @@ bool AnsweredOnTerminal(int argc, char** argv) {
 }  // namespace
 
 int main(int argc, char** argv) {
+  vardolin::PinTimeZone();
   if (AnsweredOnTerminal(argc, argv)) return 0;
   QApplication app(argc, argv);
   QApplication::setApplicationName(QStringLiteral("Vardolin"));
