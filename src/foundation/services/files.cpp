@@ -81,13 +81,6 @@ void AddOwnerWrite(const fs::path& p) {
                   ec);
 }
 
-void CopyTimes(const fs::path& from, const fs::path& to) {
-  struct stat st;
-  if (::stat(from.c_str(), &st) != 0) return;
-  struct timespec times[2] = {st.st_atim, st.st_mtim};
-  ::utimensat(AT_FDCWD, to.c_str(), times, 0);
-}
-
 std::string FileDateText(const fs::path& p) {
   struct stat st;
   if (::stat(p.c_str(), &st) != 0) return {};
@@ -105,6 +98,72 @@ double FileBytes(const fs::path& p) {
 }
 
 }  // namespace
+
+// Levels are thousands of small files, so each copy counts its system calls: one look at the
+// source, and its times set through the open target rather than by name.
+bool CopyNewFile(const fs::path& source, const fs::path& target) {
+  const int in = ::open(source.c_str(), O_RDONLY | O_CLOEXEC);
+  if (in < 0) return false;
+  struct stat from {};
+  if (::fstat(in, &from) != 0 || !S_ISREG(from.st_mode)) {
+    const int error = S_ISREG(from.st_mode) ? errno : EINVAL;
+    ::close(in);
+    errno = error;
+    return false;
+  }
+  const int out = ::open(target.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC,
+                         from.st_mode & 07777);
+  if (out < 0) {
+    const int error = errno;
+    ::close(in);
+    errno = error;
+    return false;
+  }
+  bool ok = true;
+  bool by_hand = false;  // copy_file_range can't go between some file systems
+  for (off_t left = from.st_size; ok && left > 0;) {
+    const ssize_t n = ::copy_file_range(in, nullptr, out, nullptr, static_cast<size_t>(left), 0);
+    if (n < 0 && errno == EINTR) continue;
+    if (n < 0 && (errno == EXDEV || errno == EINVAL || errno == ENOSYS || errno == EOPNOTSUPP)) {
+      by_hand = true;
+      break;
+    }
+    if (n == 0) break;  // the source became shorter while it was copied
+    ok = n > 0;
+    left -= n;
+  }
+  if (by_hand) {
+    char buffer[1 << 16];
+    for (;;) {
+      const ssize_t n = ::read(in, buffer, sizeof buffer);
+      if (n < 0 && errno == EINTR) continue;
+      if (n <= 0) {
+        ok = n == 0;
+        break;
+      }
+      for (ssize_t done = 0; ok && done < n;) {
+        const ssize_t w = ::write(out, buffer + done, static_cast<size_t>(n - done));
+        if (w < 0 && errno == EINTR) continue;
+        ok = w > 0;
+        done += w;
+      }
+      if (!ok) break;
+    }
+  }
+  int error = ok ? 0 : errno;
+  if (ok) {
+    const struct timespec times[2] = {from.st_atim, from.st_mtim};
+    ::futimens(out, times);
+  }
+  if (::close(out) != 0 && ok) {
+    ok = false;
+    error = errno;
+  }
+  ::close(in);
+  if (!ok) ::unlink(target.c_str());  // made here (O_EXCL): a part must not pass for the file
+  errno = error;
+  return ok;
+}
 
 fs::path ResolveCase(const fs::path& path) {
   if (path.empty() || Stands(path)) return path;
@@ -206,8 +265,7 @@ bool CopyResolved(const fs::path& source, const fs::path& dst, const char* fault
     std::string head((std::istreambuf_iterator<char>(in)), std::istreambuf_iterator<char>());
     std::ofstream(dst, std::ios::binary)
         .write(head.data(), static_cast<std::streamsize>(head.size() / 2));
-  } else if (fs::copy_file(src, dst, fs::copy_options::none, ec) && !ec) {
-    CopyTimes(src, dst);
+  } else if (CopyNewFile(src, dst)) {
     return true;
   }
   // A copy broken off (a full disk) must not pass for the file.

@@ -35,6 +35,9 @@ bool DeleteMatchingFiles(const std::filesystem::path& folder, std::string_view p
 // Deletes the folder's files and then the folder. False when the folder can't go, which
 // includes a folder that still holds sub-folders (those are left as they are) and a missing one.
 bool DeleteFolderTree(const std::filesystem::path& folder);
+// Copies `source` to a `target` that doesn't stand yet, with the source's permissions and
+// times. False (errno tells why) when it didn't complete; no part of the copy stays then.
+bool CopyNewFile(const std::filesystem::path& source, const std::filesystem::path& target);
 // Copies one file, replacing the target. A target that stands in another case is replaced and
 // keeps its on-disk name. The copy keeps the source's modification time (dates are data here).
 // False when the copy didn't complete; no part of a copy stays behind then. `fault_point`

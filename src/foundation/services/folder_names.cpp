@@ -36,18 +36,7 @@ bool CopyFileOverPlaced(const fs::path& source, const fs::path& target, const ch
     if (!fs::is_symlink(st) && fs::equivalent(source, target, ec)) return true;
     if (!DeleteFileForced(target)) return false;
   }
-  if (!fs::copy_file(source, target, fs::copy_options::none, ec) || ec) {
-    const int error = errno;
-    fs::remove(target, ec);
-    errno = error;
-    return false;
-  }
-  struct stat from;
-  if (::stat(source.c_str(), &from) == 0) {
-    const struct timespec times[2] = {from.st_atim, from.st_mtim};
-    ::utimensat(AT_FDCWD, target.c_str(), times, 0);
-  }
-  return true;
+  return CopyNewFile(source, target);
 }
 
 }  // namespace vardolin
