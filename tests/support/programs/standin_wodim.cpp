@@ -19,7 +19,9 @@
 int main(int argc, char** argv) {
   std::string self = argv[0];
   const std::string dir = self.substr(0, self.rfind('/') + 1);
-  std::ofstream(dir + "wodim.pid") << getpid() << " " << getpgrp() << "\n";
+  // Renamed into place: a test that stops the run once the file stands finds it whole.
+  std::ofstream(dir + "wodim.pid~") << getpid() << " " << getpgrp() << "\n";
+  std::rename((dir + "wodim.pid~").c_str(), (dir + "wodim.pid").c_str());
   std::ofstream args(dir + "wodim.args");
   for (int i = 1; i < argc; ++i) args << argv[i] << "\n";
   args.close();
