@@ -341,13 +341,18 @@ int main(int argc, char** argv) {
       true, [&](vardolin::Program& p) { return vardolin::CmdBackupEditor(p, out, err); })
       ->add_flag("--full", backup_full, "the whole editor folder (the only kind made here)")
       ->required();
-  std::string archive_folder;
-  add("recover-archive", "make a new catalogue from the level folders of FOLDER", true,
-      [&](vardolin::Program& p) {
-        return vardolin::CmdRecoverArchive(p, archive_folder, out, err);
-      })
-      ->add_option("FOLDER", archive_folder, "the folder holding LEVEL_0001 ...")
-      ->required();
+  std::string archive_folder, first_cd;
+  CLI::App* recover =
+      add("recover-archive",
+          "make a new catalogue from the level folders of FOLDER (and of level CDs, with --cd; "
+          "answer the questions for the next CDs with --answer)",
+          true, [&](vardolin::Program& p) {
+            return vardolin::CmdRecoverArchive(p, archive_folder, first_cd, out, err);
+          });
+  recover->add_option("FOLDER", archive_folder, "the folder holding LEVEL_0001 ...")->required();
+  recover->add_option("--cd", first_cd,
+                      "the folder of the first level CD's levels, whose name ends in 1 "
+                      "(Levels1); the next CDs are read from Levels2, Levels3 ...");
   add("move-archive", "move the archive's level folders to FOLDER", true,
       [&](vardolin::Program& p) { return vardolin::CmdMoveArchive(p, archive_folder, out, err); })
       ->add_option("FOLDER", archive_folder, "the new folder of the archive")

@@ -78,15 +78,22 @@ int CmdBackupEditor(Program& program, std::ostream& out, std::ostream& err) {
   return 0;
 }
 
-int CmdRecoverArchive(Program& program, const std::string& folder, std::ostream& out,
-                      std::ostream& err) {
-  if (!FolderExists(folder)) {
-    err << "vardolin-cli: there is no folder " << folder << "\n";
+int CmdRecoverArchive(Program& program, const std::string& folder, const std::string& first_cd,
+                      std::ostream& out, std::ostream& err) {
+  for (const std::string& f : {folder, first_cd})
+    if (!f.empty() && !FolderExists(f)) {
+      err << "vardolin-cli: there is no folder " << f << "\n";
+      return 1;
+    }
+  const std::string cd_name = std::filesystem::path(first_cd).filename().string();
+  if (!first_cd.empty() && !cd_name.ends_with('1')) {
+    err << "vardolin-cli: --cd names the folder of the first CD's levels, whose name ends in 1; "
+        << first_cd << " doesn't\n";
     return 1;
   }
   // The open catalogue gives its base level; a lost one is what this command is for.
   if (FileExists(program.prefs.LastArchive)) LoadCatalogueFile(program, program.prefs.LastArchive);
-  const RecoverResult result = RecoverArchive(program, folder);
+  const RecoverResult result = RecoverArchive(program, folder, std::filesystem::path(first_cd));
   if (!result.done) {
     err << "vardolin-cli: no level folders in " << folder << "\n";
     return 1;
@@ -94,6 +101,7 @@ int CmdRecoverArchive(Program& program, const std::string& folder, std::ostream&
   if (!SaveCatalogue(program, err)) return 1;
   out << "catalogue: " << program.prefs.LastArchive << "\n"
       << "levels: " << program.catalogue.levels.size() - 1 << "\n";
+  if (!first_cd.empty()) out << "cds: " << program.catalogue.header.CdCount << "\n";
   for (const std::string& name : result.skipped) out << "skipped: " << name << "\n";
   return 0;
 }

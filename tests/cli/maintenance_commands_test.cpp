@@ -35,6 +35,16 @@ TEST_F(MaintenanceCommandsTest, RestoreMoveRecoverAndBackUpFromAScript) {
   EXPECT_NE(r.out.find("levels: 3\n"), std::string::npos) << r.out;
   EXPECT_EQ(RunAt({"activate", "2"}).code, 0);
 
+  // A level's files on the first level CD: that CD is read, and no next one is wanted.
+  const fs::path cds = dir / "cds";
+  fs::create_directories(cds / "Levels1/LEVEL_0002");
+  fs::copy(moved / "LEVEL_0002/files", cds / "Levels1/LEVEL_0002/files");
+  EXPECT_EQ(RunAt({"recover-archive", moved.string(), "--cd", (cds / "Levels2").string()}).code, 1);
+  r = RunAt(
+      {"recover-archive", moved.string(), "--cd", (cds / "Levels1").string(), "--answer", "no"});
+  ASSERT_EQ(r.code, 0) << r.err;
+  EXPECT_NE(r.out.find("levels: 3\ncds: 1\n"), std::string::npos) << r.out;
+
   r = RunAt({"backup-editor", "--full", "--answer", "yes"});
   EXPECT_EQ(r.code, 0) << r.err;
 }
