@@ -75,8 +75,6 @@ Dialog_NewLevel::Dialog_NewLevel(Program& program)
   List_Files.SetDblClickHandler([this] { List_Files_DblClick(); });
   Pul_SetMyLanguage.SetHandler([this] { Pul_SetMyLanguage_Click(); });
   Pul_Help.SetHandler([this] { ShowHelp(this->program(), help::NewLevel); });
-  // Its work comes with the compiler.
-  Pul_CompileTom.SetEnabled(false);
 }
 
 Dialog_NewLevel::~Dialog_NewLevel() {

@@ -183,12 +183,8 @@ void ShowMoreInfo(Principale& main) {
   std::filesystem::path found = look_in(hd);
   bool from_cd = false;
   if (found.empty()) {
-    std::filesystem::path folder = hd;
-    if (level->CdNumber > 0) {
-      // Only a CD that stands in a drive now: asking for one comes with the CD work.
-      folder = FindLevelOnAnyCd(program, code);
-      program.CdRefused = folder.empty();
-    }
+    // A level on CD asks for its CD when no drive holds it.
+    const std::filesystem::path folder = GetLevelFolder(program, code, true);
     if (folder.empty()) {
       AskUser(program, program.GetText(text::MoreInfoCdRefused), msg::kError);
       return;

@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include "browser_fixture.h"
+#include "cd/dialog_insert_cd.h"
 #include "play/active_level.h"
 #include "window/principale_levels.h"
 
@@ -75,16 +76,21 @@ TEST(MoreInfo, OpensTheFileAndCopiesItFromTheCdOnce) {
   cd_level.MoreInfoFile = "Readme.HTM";
   // A CD in a drive keeps its levels one folder deep.
   const fs::path cd = f.Path("cdrom");
+  WriteBytes(cd / "VARDO" / "LEVEL_0003" / "files" / "ruins.tr4", "tr4");
   WriteBytes(cd / "VARDO" / "LEVEL_0003" / "info" / "readme.htm", "<html>");
   WriteBytes(cd / "VARDO" / "LEVEL_0003" / "info" / "map.jpg", "jpg");
   WriteBytes(cd / "VARDO" / "LEVEL_0003" / "info" / "other.txt", "txt");
-  f.platform.drives.push_back(testing::MakeDrive(cd.string(), kDriveCdRom));
+  f.platform.optical = {{"sr0", "/dev/sr0", "11:0"}};
+  f.platform.optical_status["/dev/sr0"] = kCdStatusDiscOk;
+  f.platform.mountinfo = "40 1 11:0 / " + cd.string() + " ro - iso9660 /dev/sr0 ro\n";
+  InstallCdLevels(f.program);
 
   f.Choose("Gamma RUINS");
   f.main->Pul_MoreInfo.Click();
-  ASSERT_EQ(f.platform.calls.size(), 1u);
-  EXPECT_EQ(f.platform.calls[0],
-            "open " + (cd / "VARDO" / "LEVEL_0003" / "info" / "readme.htm").string());
+  EXPECT_EQ(f.platform.calls,
+            (std::vector<std::string>{
+                "status /dev/sr0",
+                "open " + (cd / "VARDO" / "LEVEL_0003" / "info" / "readme.htm").string()}));
   // The page took its picture along, and nothing else.
   const fs::path copied = f.Folder(3) / "info";
   EXPECT_TRUE(fs::exists(copied / "readme.htm"));
@@ -92,7 +98,7 @@ TEST(MoreInfo, OpensTheFileAndCopiesItFromTheCdOnce) {
   EXPECT_FALSE(fs::exists(copied / "other.txt"));
 
   // The next time the copy on hard disk is opened, even with the CD gone.
-  f.platform.drives.pop_back();
+  f.platform.optical.clear();
   f.main->Pul_MoreInfo.Click();
   EXPECT_EQ(f.platform.calls.back(), "open " + (copied / "readme.htm").string());
 }

@@ -30,9 +30,12 @@ struct CompileFixture : testing::PlayFixture {
                   fs::copy_options::overwrite_existing);
     AllowNativeProgram(program.Home(), editor / "tom2pc.exe");
   }
-  std::optional<std::int32_t> Add(const fs::path& package, std::function<void()> questions) {
-    ui.OnForm("Dialog_NewLevel", [](Form& f) {
+  // `by_button`: the sources are compiled by the form's button before Done.
+  std::optional<std::int32_t> Add(const fs::path& package, std::function<void()> questions,
+                                  bool by_button = false) {
+    ui.OnForm("Dialog_NewLevel", [by_button](Form& f) {
       auto& d = static_cast<Dialog_NewLevel&>(f);
+      if (by_button) d.Pul_CompileTom.Click();
       d.Pul_Ok.Click();
       EXPECT_FALSE(d.IsLoaded()) << "Done stored the level";
     });
@@ -53,10 +56,9 @@ TEST(CompileLevel, APackageOfTwoSourcesAndTheirWadSetsBecomesALevelThatPlays) {
                               {"Twin Towers/south.swd", "south sprites"},
                               {"Twin Towers/script.dat", "script"},
                               {"Twin Towers/readme.txt", "Wads: north.was, south.was"}});
-  const auto code = f.Add(zip, [&] {
-    f.ui.Answer(msg::kOk, "compile");   // the sources are compiled on Done
-    f.ui.Answer(msg::kYes, "sources");  // their wads are checked
-  });
+  const auto code = f.Add(
+      zip, [&] { f.ui.Answer(msg::kYes, "sources"); },  // their wads are checked
+      true);
   ASSERT_TRUE(code);
   const fs::path files = GetLevelFolder(f.program, *code, false) / "files";
   EXPECT_EQ(testing::Names(testing::Snapshot(files)),
