@@ -65,22 +65,11 @@ struct Bench : bench::ProgramBench<> {
   Bench() {
     editor = root / "trle";
     backup = root / "home/backup_trle";
-    for (const char* sub : {"data", "audio", "graphics/wads", "script"})
-      fs::create_directories(editor / sub);
-    for (const char* file :
-         {"tomb4.exe", "tom2pc.exe", "winroomedit.exe", "script.exe", "script.dat", "english.dat",
-          "load.bmp", "data/title.tr4", "data/tut1.tr4", "audio/044.wav", "graphics/wads/tut1.wad"})
-      bench::Write(editor / file, bench::RandomBytes(200000, 7));
-    fs::create_directories(backup.parent_path());
-    fs::copy(editor, backup, fs::copy_options::recursive);
-
     // The program's own texts name the folders and files the activation works with.
-    PrepareHomeAndTexts();
-    program.prefs.EditorFolder = editor.string();
-    program.prefs.FullBackupDone = true;
-    program.BackupFolder = backup.string();
-    program.catalogue.header.MainDir = (root / "archive").string();
-    program.catalogue.header.SecondaryDir = (root / "archive").string();
+    PrepareEditorAndArchive(
+        editor, backup,
+        {"tomb4.exe", "tom2pc.exe", "winroomedit.exe", "script.exe", "script.dat", "english.dat",
+         "load.bmp", "data/title.tr4", "data/tut1.tr4", "audio/044.wav", "graphics/wads/tut1.wad"});
     for (std::int32_t code : {0, kPlainLevel, kPackedLevel}) {
       LevelRecord r;
       r.Code = code;
@@ -92,11 +81,7 @@ struct Bench : bench::ProgramBench<> {
     gz_files = root / "gz";
     fs::create_directories(gz_files);
     for (int i = 0; i < 2 * kFilesPerKind; ++i) {
-      std::string name = i == 0       ? "title.tr4"
-                         : i == 1     ? "script.dat"
-                         : i == 2     ? "english.dat"
-                         : i % 4 == 3 ? "track" + std::to_string(i) + ".wav"
-                                      : "room" + std::to_string(i) + ".tr4";
+      const std::string name = bench::EditorLevelFileName(i);
       names.push_back(name);
       bench::Write(plain_files / name, bench::ReferenceFileBytes(i));
       fs::create_directories(packed_files);
@@ -106,17 +91,7 @@ struct Bench : bench::ProgramBench<> {
       fs::rename(plain_files / (name + ".gz"), gz_files / (name + ".gz"));
     }
   }
-  // Where the reference tools write: an empty folder each time.
-  fs::path FreshTarget() {
-    MakeEmptyFolder(root / "target");
-    return root / "target";
-  }
 };
-
-Bench& TheBench() {
-  static Bench bench;
-  return bench;
-}
 
 using bench::Side;
 
@@ -129,13 +104,13 @@ void MeasurePair(benchmark::State& state, const char* reference, const Side& our
 }
 
 void BM_ActivatePlain(benchmark::State& state) {
-  Bench& b = TheBench();
+  Bench& b = bench::The<Bench>();
   fs::path target;
   MeasurePair(state, "cp -r",
               {[&] { return SetLevelInTrle(b.program, 0); },
                [&] { return SetLevelInTrle(b.program, kPlainLevel); }},
               {[&] {
-                 target = b.FreshTarget() / "files";
+                 target = b.Fresh() / "files";
                  return true;
                },
                [&] {
@@ -145,13 +120,13 @@ void BM_ActivatePlain(benchmark::State& state) {
 }
 
 void BM_ActivatePacked(benchmark::State& state) {
-  Bench& b = TheBench();
+  Bench& b = bench::The<Bench>();
   fs::path target;
   MeasurePair(state, "pigz -d",
               {[&] { return SetLevelInTrle(b.program, 0); },
                [&] { return SetLevelInTrle(b.program, kPackedLevel); }},
               {[&] {
-                 target = b.FreshTarget();
+                 target = b.Fresh();
                  for (const std::string& name : b.names)
                    fs::copy_file(b.gz_files / (name + ".gz"), target / (name + ".gz"));
                  return true;
@@ -168,14 +143,14 @@ void BM_ActivatePacked(benchmark::State& state) {
 // The reference: the same files in a folder of their own, removed with rm -r; the three files
 // they replaced copied back from the backup with one cp per target folder.
 void BM_LeaveLevel(benchmark::State& state) {
-  Bench& b = TheBench();
+  Bench& b = bench::The<Bench>();
   fs::path target;
   MeasurePair(
       state, "rm -r, cp",
       {[&] { return SetLevelInTrle(b.program, kPlainLevel); },
        [&] { return RemoveCurrentLevel(b.program, 0) == kPlainLevel; }},
       {[&] {
-         target = b.FreshTarget();
+         target = b.Fresh();
          fs::copy(b.plain_files, target / "level", fs::copy_options::recursive);
          fs::create_directories(target / "editor/data");
          return true;
@@ -199,10 +174,5 @@ BENCHMARK(BM_LeaveLevel) FIGURE;
 }  // namespace vardolin
 
 int main(int argc, char** argv) {
-  benchmark::Initialize(&argc, argv);
-  if (benchmark::ReportUnrecognizedArguments(argc, argv)) return 1;
-  vardolin::TheBench();  // the reference level is made before any timing
-  benchmark::RunSpecifiedBenchmarks();
-  benchmark::Shutdown();
-  return 0;
+  return vardolin::bench::Main<vardolin::Bench>(argc, argv);
 }

@@ -40,21 +40,10 @@ struct Bench : bench::ProgramBench<> {
   Bench() {
     editor = root / "trle";
     backup = root / "home/backup_trle";
-    for (const char* sub : {"data", "audio", "graphics/wads", "script"})
-      fs::create_directories(editor / sub);
-    for (const char* file :
-         {"tomb4.exe", "script.dat", "english.dat", "load.bmp", "data/title.tr4", "audio/044.wav"})
-      bench::Write(editor / file, bench::RandomBytes(200000, 7));
-    fs::create_directories(backup.parent_path());
-    fs::copy(editor, backup, fs::copy_options::recursive);
-
-    PrepareHomeAndTexts();
+    PrepareEditorAndArchive(
+        editor, backup,
+        {"tomb4.exe", "script.dat", "english.dat", "load.bmp", "data/title.tr4", "audio/044.wav"});
     InstallCdLevels(program);
-    program.prefs.EditorFolder = editor.string();
-    program.prefs.FullBackupDone = true;
-    program.BackupFolder = backup.string();
-    program.catalogue.header.MainDir = (root / "archive").string();
-    program.catalogue.header.SecondaryDir = (root / "archive").string();
     for (std::int32_t code : {0, kCdLevel}) {
       LevelRecord r;
       r.Code = code;
@@ -64,14 +53,8 @@ struct Bench : bench::ProgramBench<> {
     }
     // The level's files go onto the image and leave the disk; its user folders stay.
     const fs::path files = root / "disc" / inside;
-    for (int i = 0; i < 2 * bench::kFilesPerKind; ++i) {
-      const std::string name = i == 0       ? "title.tr4"
-                               : i == 1     ? "script.dat"
-                               : i == 2     ? "english.dat"
-                               : i % 4 == 3 ? "track" + std::to_string(i) + ".wav"
-                                            : "room" + std::to_string(i) + ".tr4";
-      bench::Write(files / name, bench::ReferenceFileBytes(i));
-    }
+    for (int i = 0; i < 2 * bench::kFilesPerKind; ++i)
+      bench::Write(files / bench::EditorLevelFileName(i), bench::ReferenceFileBytes(i));
     image = root / "archive1.iso";
     if (!bench::Run({"genisoimage", "-quiet", "-J", "-R", "-o", image.string(),
                      (root / "disc").string()}) ||
@@ -80,26 +63,17 @@ struct Bench : bench::ProgramBench<> {
     fs::remove_all(root / "disc");
     fs::create_directories(GetLevelFolder(program, kCdLevel, false) / "play");
   }
-  fs::path FreshTarget() {
-    MakeEmptyFolder(root / "target");
-    return root / "target";
-  }
 };
 
-Bench& TheBench() {
-  static Bench bench;
-  return bench;
-}
-
 void BM_ActivateFromImage(benchmark::State& state) {
-  Bench& b = TheBench();
+  Bench& b = bench::The<Bench>();
   fs::path target;
   bench::MeasurePair(
       state, "bsdtar -xf",
       {[&] { return SetLevelInTrle(b.program, 0); },
        [&] { return SetLevelInTrle(b.program, kCdLevel); }},
       {[&] {
-         target = b.FreshTarget();
+         target = b.Fresh();
          return true;
        },
        [&] {
@@ -112,13 +86,13 @@ void BM_ActivateFromImage(benchmark::State& state) {
 
 // The fetch alone, without the rest of the activation: where the time of the figure above goes.
 void BM_FetchFromImage(benchmark::State& state) {
-  Bench& b = TheBench();
+  Bench& b = bench::The<Bench>();
   fs::path target;
   bench::MeasurePair(
       state, "bsdtar -xf",
       {[] { return true; }, [&] { return !LevelFolderOnCd(b.program, kCdLevel).empty(); }},
       {[&] {
-         target = b.FreshTarget();
+         target = b.Fresh();
          return true;
        },
        [&] {
@@ -133,10 +107,5 @@ BENCHMARK(BM_FetchFromImage)->UseManualTime()->Unit(benchmark::kMillisecond)->It
 }  // namespace vardolin
 
 int main(int argc, char** argv) {
-  benchmark::Initialize(&argc, argv);
-  if (benchmark::ReportUnrecognizedArguments(argc, argv)) return 1;
-  vardolin::TheBench();  // the image is made before any timing
-  benchmark::RunSpecifiedBenchmarks();
-  benchmark::Shutdown();
-  return 0;
+  return vardolin::bench::Main<vardolin::Bench>(argc, argv);
 }

@@ -82,4 +82,14 @@ inline std::string ReferenceFileName(int i) {
                 : "room" + std::to_string(i) + (i % 2 ? ".tr4" : ".wad");
 }
 
+// The reference level's file names as a level put into the editor has them: the title, script
+// and texts that replace the editor's own, then rooms with a track every fourth file.
+inline std::string EditorLevelFileName(int i) {
+  return i == 0       ? std::string("title.tr4")
+         : i == 1     ? std::string("script.dat")
+         : i == 2     ? std::string("english.dat")
+         : i % 4 == 3 ? "track" + std::to_string(i) + ".wav"
+                      : "room" + std::to_string(i) + ".tr4";
+}
+
 }  // namespace vardolin::bench

@@ -91,20 +91,10 @@ struct Bench : bench::ProgramBench<> {
                    bench::RandomBytes(1000 + i % 700, i));
     if (!bench::Run({"cp", "-a", editor.string(), copy.string()})) std::abort();
   }
-
-  fs::path Fresh(const char* name) {
-    MakeEmptyFolder(root / name);
-    return root / name;
-  }
 };
 
-Bench& TheBench() {
-  static Bench bench;
-  return bench;
-}
-
 void BM_InstallEditor(benchmark::State& state) {
-  Bench& b = TheBench();
+  Bench& b = bench::The<Bench>();
   Dialog_InstallaTrle dialog(b.program);
   for (auto _ : state) {
     b.Fresh("wine");
@@ -121,7 +111,7 @@ void BM_InstallEditor(benchmark::State& state) {
 }
 
 void BM_UnzipParts(benchmark::State& state) {
-  Bench& b = TheBench();
+  Bench& b = bench::The<Bench>();
   for (auto _ : state) {
     fs::path target = b.Fresh("unzipped");
     bool ok = true;
@@ -137,7 +127,7 @@ void BM_UnzipParts(benchmark::State& state) {
 }
 
 void BM_CompareCompact(benchmark::State& state) {
-  Bench& b = TheBench();
+  Bench& b = bench::The<Bench>();
   Dialog_CompareTrle dialog(b.program);
   dialog.Label_Sorg.SetCaption(b.copy.string());
   dialog.Opt_Compact.SetValue(true);
@@ -155,7 +145,7 @@ void BM_CompareCompact(benchmark::State& state) {
 }
 
 void BM_DiffRq(benchmark::State& state) {
-  Bench& b = TheBench();
+  Bench& b = bench::The<Bench>();
   for (auto _ : state) {
     bool ok = true;
     state.SetIterationTime(bench::Seconds(
@@ -177,10 +167,5 @@ BENCHMARK(BM_CompareCompact) FIGURE->Iterations(10);
 }  // namespace vardolin
 
 int main(int argc, char** argv) {
-  benchmark::Initialize(&argc, argv);
-  if (benchmark::ReportUnrecognizedArguments(argc, argv)) return 1;
-  vardolin::TheBench();  // the package and the folders are made before any timing
-  benchmark::RunSpecifiedBenchmarks();
-  benchmark::Shutdown();
-  return 0;
+  return vardolin::bench::Main<vardolin::Bench>(argc, argv);
 }

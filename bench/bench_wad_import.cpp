@@ -55,13 +55,8 @@ struct Bench : bench::ProgramBench<> {
   }
 };
 
-Bench& TheBench() {
-  static Bench bench;
-  return bench;
-}
-
 void BM_ImportWads(benchmark::State& state) {
-  Bench& b = TheBench();
+  Bench& b = bench::The<Bench>();
   Dialog_AddWads dialog(b.program);
   bench::Side ours{[&] {
                      dialog.ImpostaValori({});
@@ -86,7 +81,7 @@ void BM_ImportWads(benchmark::State& state) {
 }
 
 void BM_ScriptReadWrite(benchmark::State& state) {
-  Bench& b = TheBench();
+  Bench& b = bench::The<Bench>();
   const fs::path out = b.root / "written.txt";
   bench::Side ours{[] { return true; },
                    [&] {
@@ -110,10 +105,5 @@ BENCHMARK(BM_ScriptReadWrite) FIGURE->Iterations(20);
 }  // namespace vardolin
 
 int main(int argc, char** argv) {
-  benchmark::Initialize(&argc, argv);
-  if (benchmark::ReportUnrecognizedArguments(argc, argv)) return 1;
-  vardolin::TheBench();  // the wads and the script are made before any timing
-  benchmark::RunSpecifiedBenchmarks();
-  benchmark::Shutdown();
-  return 0;
+  return vardolin::bench::Main<vardolin::Bench>(argc, argv);
 }

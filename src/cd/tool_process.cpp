@@ -3,7 +3,6 @@
 #include <fcntl.h>
 #include <poll.h>
 #include <signal.h>
-#include <spawn.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -11,6 +10,8 @@
 #include <chrono>
 #include <cstring>
 #include <thread>
+
+#include "foundation/platform/spawn_child.h"
 
 extern char** environ;
 
@@ -33,42 +34,20 @@ std::vector<std::string> ToolEnvironment(
 }
 
 pid_t Spawn(const ToolCommand& command, const std::filesystem::path& folder, int in_fd, int out_fd,
-            int err_fd, pid_t group, std::vector<std::string>& env, std::string& error) {
+            int err_fd, pid_t group, const std::vector<std::string>& env, std::string& error) {
   std::vector<std::string> words{command.program.string()};
   words.insert(words.end(), command.arguments.begin(), command.arguments.end());
-  std::vector<char*> argv;
-  for (std::string& w : words) argv.push_back(w.data());
-  argv.push_back(nullptr);
-  std::vector<char*> envp;
-  for (std::string& e : env) envp.push_back(e.data());
-  envp.push_back(nullptr);
-
-  posix_spawn_file_actions_t actions;
-  posix_spawn_file_actions_init(&actions);
-  if (!folder.empty()) posix_spawn_file_actions_addchdir_np(&actions, folder.c_str());
-  posix_spawn_file_actions_adddup2(&actions, in_fd, STDIN_FILENO);
-  posix_spawn_file_actions_adddup2(&actions, out_fd, STDOUT_FILENO);
-  posix_spawn_file_actions_adddup2(&actions, err_fd, STDERR_FILENO);
-  posix_spawnattr_t attr;
-  posix_spawnattr_init(&attr);
-  sigset_t none, all;
-  sigemptyset(&none);
-  sigfillset(&all);
-  posix_spawnattr_setsigmask(&attr, &none);
-  posix_spawnattr_setsigdefault(&attr, &all);
-  posix_spawnattr_setpgroup(&attr, group);
-  posix_spawnattr_setflags(&attr,
-                           POSIX_SPAWN_SETSIGMASK | POSIX_SPAWN_SETSIGDEF | POSIX_SPAWN_SETPGROUP);
-  pid_t pid = -1;
-  const int rc =
-      posix_spawn(&pid, command.program.c_str(), &actions, &attr, argv.data(), envp.data());
-  posix_spawn_file_actions_destroy(&actions);
-  posix_spawnattr_destroy(&attr);
-  if (rc != 0) {
+  const pid_t pid = SpawnChild({.executable = command.program,
+                                .words = std::move(words),
+                                .folder = folder,
+                                .in = in_fd,
+                                .out = out_fd,
+                                .err = err_fd,
+                                .group = group,
+                                .environment = env});
+  if (pid < 0)
     error = "Error creating sub-process: \"" + command.program.string() + "\" (" +
-            std::strerror(rc) + ")";
-    return -1;
-  }
+            std::strerror(errno) + ")";
   return pid;
 }
 

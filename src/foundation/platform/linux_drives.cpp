@@ -126,12 +126,16 @@ int LinuxPlatform::OpticalDriveStatus(const std::string& device) {
   return status < 0 ? kCdStatusUnknown : status;
 }
 
-bool LinuxPlatform::OpticalDoor(const std::string& device, bool open) {
+bool MoveOpticalDoor(const std::string& device, bool open) {
   int fd = ::open(device.c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC);
   if (fd < 0) return false;
   int result = ::ioctl(fd, open ? CDROMEJECT : CDROMCLOSETRAY, 0);
   ::close(fd);
   return result == 0;
+}
+
+bool LinuxPlatform::OpticalDoor(const std::string& device, bool open) {
+  return MoveOpticalDoor(device, open);
 }
 
 double LinuxPlatform::FreeBytes(const fs::path& any_path) {

@@ -22,6 +22,9 @@ bool IsWindowsProgram(const std::filesystem::path& program);
 // The file a command word names: a word with a '/' as it stands, else the first executable of
 // that name on PATH. Empty when there is none.
 std::filesystem::path FindExecutable(const std::string& word);
+// Opens (true) or closes (false) the tray of the optical drive at the device path, opened
+// without waiting for a disc; false when the device can't be opened or refuses.
+bool MoveOpticalDoor(const std::string& device, bool open);
 
 class LinuxPlatform : public Platform {
  public:

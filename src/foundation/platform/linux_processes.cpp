@@ -4,7 +4,6 @@
 #include <fcntl.h>
 #include <poll.h>
 #include <signal.h>
-#include <spawn.h>
 #include <sys/syscall.h>
 #include <sys/wait.h>
 #include <unistd.h>
@@ -19,12 +18,11 @@
 
 #include "foundation/platform/linux_platform.h"
 #include "foundation/platform/linux_platform_impl.h"
+#include "foundation/platform/spawn_child.h"
 #include "foundation/platform/wine_registry.h"
 #include "foundation/platform/x11_windows.h"
 #include "foundation/services/files.h"
 #include "foundation/services/strings.h"
-
-extern char** environ;
 
 namespace vardolin {
 namespace fs = std::filesystem;
@@ -149,33 +147,15 @@ std::optional<Process> LinuxPlatform::Spawn(const StartRequest& request, int std
   }
   if (!folder.empty()) folder = ResolveCase(folder);
 
-  std::vector<char*> argv;
-  for (std::string& w : words) argv.push_back(w.data());
-  argv.push_back(nullptr);
-
-  posix_spawn_file_actions_t actions;
-  posix_spawn_file_actions_init(&actions);
-  if (!folder.empty()) posix_spawn_file_actions_addchdir_np(&actions, folder.c_str());
-  if (stdout_fd >= 0) posix_spawn_file_actions_adddup2(&actions, stdout_fd, STDOUT_FILENO);
-  if (stdout_fd >= 0 && request.capture_errors)
-    posix_spawn_file_actions_adddup2(&actions, stdout_fd, STDERR_FILENO);
-  posix_spawnattr_t attr;
-  posix_spawnattr_init(&attr);
-  sigset_t none, all;
-  sigemptyset(&none);
-  sigfillset(&all);
-  posix_spawnattr_setsigmask(&attr, &none);
-  posix_spawnattr_setsigdefault(&attr, &all);
-  posix_spawnattr_setflags(&attr, POSIX_SPAWN_SETSIGMASK | POSIX_SPAWN_SETSIGDEF);
-  pid_t pid = -1;
-  int rc = posix_spawn(&pid, executable.c_str(), &actions, &attr, argv.data(), environ);
-  posix_spawn_file_actions_destroy(&actions);
-  posix_spawnattr_destroy(&attr);
-  if (rc != 0 || pid <= 0) {
-    // Callers log the system's error code of a failed start.
-    errno = rc != 0 ? rc : ECHILD;
-    return std::nullopt;
-  }
+  SpawnRequest spawn;
+  spawn.executable = executable;
+  spawn.words = std::move(words);
+  spawn.folder = folder;
+  spawn.out = stdout_fd;
+  if (request.capture_errors) spawn.err = stdout_fd;
+  // errno tells callers, who log it, why a start failed.
+  const pid_t pid = SpawnChild(std::move(spawn));
+  if (pid < 0) return std::nullopt;
   return Process{pid};
 }
 
