@@ -141,32 +141,13 @@ struct FreshFolders {
   }
 };
 
-// The small files are unpacked into memory when the machine has a tmpfs. On a journal-less ext4
-// each of the 10,000 new files costs the search above, which grows with every file any
-// benchmark removed in the last minutes: an unpacking took 3.7 s after an earlier run and 0.35 s
-// before it, on both sides alike, which buried the programs' own work under the disk's.
-struct MemoryFolder {
-  fs::path path;
-  bool own = false;
-  explicit MemoryFolder(const fs::path& otherwise) : path(otherwise) {
-    struct statfs st {};
-    std::string folder = "/dev/shm/vardolin-bench-XXXXXX";
-    if (::statfs("/dev/shm", &st) == 0 && st.f_type == TMPFS_MAGIC && ::mkdtemp(folder.data())) {
-      path = folder;
-      own = true;
-    }
-  }
-  ~MemoryFolder() {
-    std::error_code ec;
-    if (own) fs::remove_all(path, ec);
-  }
-};
-
+// The small files are unpacked into memory (see ScratchFolder): on this disk each of the 10,000
+// new files cost the search above, an unpacking 3.7 s after an earlier run and 0.35 s before it.
 // In turns with unzip.
 void BM_ExtractSmallZip(benchmark::State& state) {
   Bench& b = TheBench();
-  MemoryFolder memory(b.root);
-  FreshFolders ours(memory.path / "small-ours"), theirs(memory.path / "small-unzip");
+  const bench::ScratchFolder memory(true);
+  FreshFolders ours(memory.path() / "small-ours"), theirs(memory.path() / "small-unzip");
   bench::MeasurePair(
       state, "unzip",
       {[&] { return ours.Next(); },

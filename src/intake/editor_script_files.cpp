@@ -1,5 +1,6 @@
 #include "intake/editor_script_files.h"
 
+#include <array>
 #include <fstream>
 
 #include "foundation/program.h"
@@ -31,34 +32,58 @@ std::vector<std::string_view> SplitLines(std::string_view bytes) {
   return lines;
 }
 
+// ASCII letters folded to lower case, every other byte as it is.
+constexpr std::array<char, 256> kFolded = [] {
+  std::array<char, 256> table{};
+  for (int c = 0; c < 256; ++c)
+    table[static_cast<std::size_t>(c)] =
+        static_cast<char>(c >= 'A' && c <= 'Z' ? c - 'A' + 'a' : c);
+  return table;
+}();
+
+char Folded(char c) {
+  return kFolded[static_cast<unsigned char>(c)];
+}
+
 std::size_t FindNoCase(std::string_view text, std::string_view key) {
   if (key.empty() || key.size() > text.size()) return std::string_view::npos;
-  // The first letter in both cases is checked inline: a script of thousands of blocks would
-  // otherwise compare the whole key at every byte of every block.
-  const auto ascii_lower = [](char c) { return c >= 'A' && c <= 'Z' ? char(c - 'A' + 'a') : c; };
-  const auto ascii_upper = [](char c) { return c >= 'a' && c <= 'z' ? char(c - 'a' + 'A') : c; };
-  const char lower = ascii_lower(key[0]), upper = ascii_upper(key[0]);
-  for (std::size_t i = 0; i + key.size() <= text.size(); ++i)
-    if ((text[i] == lower || text[i] == upper) && EqualsNoCase(text.substr(i, key.size()), key))
-      return i;
+  // Compared inline, letter by letter: a script of thousands of blocks looks for its keys in
+  // every block, and most places fail at the first or second letter.
+  const char first = Folded(key[0]);
+  const std::size_t last = text.size() - key.size();
+  for (std::size_t i = 0; i <= last; ++i) {
+    if (Folded(text[i]) != first) continue;
+    std::size_t k = 1;
+    while (k < key.size() && Folded(text[i + k]) == Folded(key[k])) ++k;
+    if (k == key.size()) return i;
+  }
   return std::string_view::npos;
 }
 
-// The name and file of a block; false when one of the keys or the backslash is missing.
-bool BlockKeys(std::string_view block, const ScriptKeys& keys, std::string& name,
-               std::string& file) {
+// Where the first of `stops` stands at or after `at`, else the end. find_first_of would look
+// each byte up in `stops` through a call of its own, thousands of times a script.
+std::size_t UpTo(std::string_view text, std::size_t at, std::string_view stops) {
+  for (; at < text.size(); ++at)
+    for (char stop : stops)
+      if (text[at] == stop) return at;
+  return at;
+}
+
+// The name and file (without the level extension) of a block, as views into it; false when
+// one of the keys or the backslash is missing.
+bool BlockKeys(std::string_view block, const ScriptKeys& keys, std::string_view& name,
+               std::string_view& file) {
   std::size_t at = FindNoCase(block, keys.name_key);
   if (at == std::string_view::npos) return false;
   at = std::min(block.size(), at + keys.name_skip);
   while (at < block.size() && (block[at] == ' ' || block[at] == '\t')) ++at;
-  name = std::string(block.substr(at, block.find_first_of("\r\n", at) - at));
+  name = block.substr(at, UpTo(block, at, "\r\n") - at);
   at = FindNoCase(block, keys.file_key);
   if (at == std::string_view::npos) return false;
   at = block.find('\\', at + keys.file_key.size());
   if (at == std::string_view::npos) return false;
   ++at;
-  file =
-      std::string(block.substr(at, block.find_first_of(",\r\n", at) - at)) + keys.level_extension;
+  file = block.substr(at, UpTo(block, at, ",\r\n") - at);
   return true;
 }
 
@@ -68,11 +93,7 @@ bool WriteItems(const fs::path& path, const std::vector<std::string_view>& items
   for (std::string_view item : items) size += item.size() + 2;
   bytes.reserve(size);
   for (std::string_view item : items) bytes.append(item).append(kCrLf);
-  std::ofstream out(path, std::ios::binary | std::ios::trunc);
-  if (!out) return false;
-  out.write(bytes.data(), static_cast<std::streamsize>(bytes.size()));
-  out.close();
-  return !out.fail();
+  return WriteTextFile(path, bytes);
 }
 
 // The block's text of an entry, without a copy.
@@ -95,9 +116,10 @@ LanguageMarks LanguageMarksOf(const Program& program) {
   return {program.GetText(text::LanguageSectionStart), program.GetText(text::LanguageSectionEnd)};
 }
 
-std::string MakeScriptEntry(const std::string& file, const std::string& name,
-                            const std::string& block) {
-  return file + '\0' + name + '\0' + block;
+std::string MakeScriptEntry(std::string_view file, std::string_view name, std::string_view block) {
+  std::string entry;
+  entry.reserve(file.size() + name.size() + block.size() + 2);
+  return entry.append(file).append(1, '\0').append(name).append(1, '\0').append(block);
 }
 
 std::string ScriptEntryField(const std::string& entry, int field) {
@@ -115,23 +137,49 @@ std::vector<std::string> ParseScriptFile(std::string_view bytes, const ScriptKey
                                          std::string& head) {
   head.clear();
   std::vector<std::string> entries;
+  // A block whose lines all end in CR LF is read straight from `bytes`; one with an LF-only
+  // line (or a last line without an end) is copied into `block` with its ends made CR LF.
+  std::size_t block_start = std::string_view::npos;
   std::string block;
-  bool in_block = false;
-  auto close_block = [&] {
-    std::string name, file;
-    if (!BlockKeys(block, keys, name, file)) return false;
-    entries.push_back(MakeScriptEntry(file, name, block));
+  bool copied = false;
+  std::string file;
+  const auto close_block = [&](std::size_t end) {
+    const std::string_view text =
+        copied ? std::string_view(block) : bytes.substr(block_start, end - block_start);
+    std::string_view name, stem;
+    if (!BlockKeys(text, keys, name, stem)) return false;
+    file.assign(stem).append(keys.level_extension);
+    entries.push_back(MakeScriptEntry(file, name, text));
     return true;
   };
-  for (std::string_view line : SplitLines(bytes)) {
-    if (EqualsNoCase(Trim(line), keys.block)) {
-      if (in_block && !close_block()) return {};
-      in_block = true;
-      block.clear();
+  const auto is_marker = [&](std::string_view line) {
+    const std::string_view trimmed = TrimView(line);
+    if (trimmed.size() != keys.block.size()) return false;
+    for (std::size_t i = 0; i < trimmed.size(); ++i)
+      if (Folded(trimmed[i]) != Folded(keys.block[i])) return false;
+    return true;
+  };
+  for (std::size_t start = 0; start < bytes.size();) {
+    const std::size_t newline = bytes.find('\n', start);
+    const std::size_t end = newline == std::string_view::npos ? bytes.size() : newline;
+    std::string_view line = bytes.substr(start, end - start);
+    const bool crlf = newline != std::string_view::npos && !line.empty() && line.back() == '\r';
+    if (!line.empty() && line.back() == '\r') line.remove_suffix(1);
+    if (is_marker(line)) {
+      if (block_start != std::string_view::npos && !close_block(start)) return {};
+      block_start = start;
+      copied = false;
     }
-    (in_block ? block : head).append(line).append(kCrLf);
+    if (block_start == std::string_view::npos) {
+      head.append(line).append(kCrLf);
+    } else if (copied || !crlf) {
+      if (!copied) block.assign(bytes.substr(block_start, start - block_start));
+      copied = true;
+      block.append(line).append(kCrLf);
+    }
+    start = end == bytes.size() ? end : end + 1;
   }
-  if (in_block && !close_block()) return {};
+  if (block_start != std::string_view::npos && !close_block(bytes.size())) return {};
   return entries;
 }
 
@@ -142,12 +190,12 @@ std::vector<std::string> ParseLanguageText(std::string_view bytes, const Languag
   std::vector<std::string> list;
   enum { kHead, kSection, kTail } part = kHead;
   for (std::string_view line : SplitLines(bytes)) {
-    if (part == kHead && EqualsNoCase(Trim(line), marks.section_start)) {
+    if (part == kHead && EqualsNoCase(TrimView(line), marks.section_start)) {
       part = kSection;
       list.emplace_back(line);
       continue;
     }
-    if (part == kSection && EqualsNoCase(Trim(line), marks.section_end)) part = kTail;
+    if (part == kSection && EqualsNoCase(TrimView(line), marks.section_end)) part = kTail;
     if (part == kHead) head.append(line).append(kCrLf);
     if (part == kTail) tail.append(line).append(kCrLf);
     if (part == kSection && !line.empty() && line[0] != ';') list.emplace_back(line);

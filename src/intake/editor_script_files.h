@@ -30,8 +30,7 @@ struct LanguageMarks {
 LanguageMarks LanguageMarksOf(const Program& program);
 
 // A level entry: its file, its name and its block's text, joined by NUL.
-std::string MakeScriptEntry(const std::string& file, const std::string& name,
-                            const std::string& block);
+std::string MakeScriptEntry(std::string_view file, std::string_view name, std::string_view block);
 std::string ScriptEntryField(const std::string& entry, int field);
 
 // One entry per block; lines end in CR LF in the head and the blocks whatever ended them in

@@ -18,10 +18,7 @@ bool IsBlank(char c) {
 }  // namespace
 
 std::string Trim(std::string_view text) {
-  size_t b = 0, e = text.size();
-  while (b < e && IsBlank(text[b])) ++b;
-  while (e > b && IsBlank(text[e - 1])) --e;
-  return std::string(text.substr(b, e - b));
+  return std::string(TrimView(text));
 }
 
 std::vector<std::string> SplitNulList(std::string_view list) {

@@ -9,6 +9,15 @@
 namespace vardolin {
 
 std::string Trim(std::string_view text);
+// Trim without a copy: the view lives as long as the text it looks at. Inline, since parsers
+// call it for every line.
+inline std::string_view TrimView(std::string_view text) {
+  const auto blank = [](char c) { return c == ' ' || c == '\t' || c == '\0'; };
+  std::size_t b = 0, e = text.size();
+  while (b < e && blank(text[b])) ++b;
+  while (e > b && blank(text[e - 1])) --e;
+  return text.substr(b, e - b);
+}
 std::string TrimRight(std::string_view text);
 // The parts of a text whose values are kept apart by the character 0, each trimmed; empty parts
 // stay in their places. A blank text has none.
