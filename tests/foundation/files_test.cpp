@@ -1,4 +1,5 @@
 #include <gtest/gtest.h>
+#include <stdlib.h>
 
 #include "foundation/services/files.h"
 #include "test_program.h"
@@ -39,8 +40,21 @@ TEST_F(FilesTest, CopyKeepsTheModificationTimeAndRefusesAMissingSource) {
   fs::path src = dir.Write("a.bmp", "pixels");
   auto when = std::chrono::system_clock::now() - std::chrono::hours(24 * 40);
   ASSERT_TRUE(SetFileDateTime(src, when));
-  EXPECT_TRUE(CopyFileOver(src, dir / "b.bmp"));
-  EXPECT_EQ(fs::last_write_time(dir / "b.bmp"), fs::last_write_time(src));
+  // Bytes, time and mode come along, from this file system and (by hand) from a tmpfs.
+  std::string shm = "/dev/shm/vardolin-files-XXXXXX";
+  const fs::path memory = ::mkdtemp(shm.data()) ? fs::path(shm) : dir.path();
+  for (const fs::path& from : {dir.path(), memory})
+    for (const std::string& bytes : {std::string(), std::string(300000, 'x')}) {
+      const fs::path source = from / "source.exe", copy = dir / "copy.exe";
+      testing::WriteBytes(source, bytes);
+      fs::permissions(source, fs::perms::owner_all);
+      ASSERT_TRUE(SetFileDateTime(source, when));
+      ASSERT_TRUE(CopyFileOver(source, copy)) << from;
+      EXPECT_EQ(ReadFile(copy), bytes) << from;
+      EXPECT_EQ(fs::last_write_time(copy), fs::last_write_time(source)) << from;
+      EXPECT_EQ(fs::status(copy).permissions(), fs::perms::owner_all) << from;
+    }
+  if (memory != dir.path()) fs::remove_all(memory);
   EXPECT_FALSE(CopyFileOver(dir / "none", dir / "c"));
   EXPECT_FALSE(fs::exists(dir / "c"));
   EXPECT_TRUE(CopyFileOver(src, dir / "A.BMP"));  // onto itself: the file stays
