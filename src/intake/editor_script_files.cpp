@@ -1,7 +1,6 @@
 #include "intake/editor_script_files.h"
 
 #include <array>
-#include <fstream>
 
 #include "foundation/program.h"
 #include "foundation/services/files.h"
