@@ -147,9 +147,9 @@ void Dialog_AddWads::InstallEditorFile(const fs::path& source, const std::string
     report +=
         p.GetText(!where.empty() && CopyFileOverAsSpelled(source, where) ? ok : failed) + "\r\n";
   };
-  copy_to(EditorBackupFolder(p), text::WadReportMirror, text::WadReportMirrorCopied,
+  copy_to(mirror_root_, text::WadReportMirror, text::WadReportMirrorCopied,
           text::WadReportMirrorNotCopied);
-  copy_to(EditorFolderPath(p), text::WadReportEditor, text::WadReportEditorCopied,
+  copy_to(editor_root_, text::WadReportEditor, text::WadReportEditorCopied,
           text::WadReportEditorNotCopied);
 }
 

@@ -76,6 +76,8 @@ class Dialog_AddWads : public Form {
   std::filesystem::path TargetFor(const std::filesystem::path& root, const std::string& subfolder,
                                   const std::string& name);
   std::map<std::filesystem::path, std::map<std::string, std::string>> known_names_;
+  // The editor folder and its mirror, found once per import: finding them looks at the disk.
+  std::filesystem::path editor_root_, mirror_root_;
 };
 
 // Runs the wad import on a zip as the level intake wants it: the dialog unpacks it and imports

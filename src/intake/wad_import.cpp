@@ -64,8 +64,8 @@ void Dialog_AddWads::Pul_Import_Click() {
   auto T = [&](std::int32_t id) { return p.GetText(id); };
   std::string report;
   known_names_.clear();
-  const fs::path mirror = EditorBackupFolder(p);
-  const fs::path editor = EditorFolderPath(p);
+  const fs::path mirror = mirror_root_ = EditorBackupFolder(p);
+  const fs::path editor = editor_root_ = EditorFolderPath(p);
   if (!p.lists.Built()) p.lists = BuildDataLists();
 
   // Preparation: what the mirror held before, so that only new levels get blocks.
