@@ -8,6 +8,7 @@
 #include "cd/burn_engine.h"
 #include "cd/burn_output.h"
 #include "cd/cd_drives.h"
+#include "cd/cd_plan.h"
 #include "foundation/dialogs/progress.h"
 #include "foundation/forms/controls.h"
 #include "foundation/ports/ui.h"
@@ -25,7 +26,7 @@ bool BurnEngine::ScanBus() {
   FoundWriters.clear();
   std::vector<std::string> units;
   for (const CdDrive& drive : ListCdDrives(program_.platform()))
-    units.push_back(drive.mount_point.empty() ? drive.device : drive.mount_point);
+    units.push_back(CdDriveUnit(drive));
   if (!RunTool(kCdrecordTool, {"-scanbus"})) {
     if (ToolItselfFailed()) ErrorCode = kBurnNoWriter, ErrorTitle = "Impossible find cd writer";
     return false;

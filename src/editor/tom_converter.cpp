@@ -36,11 +36,6 @@ namespace {
 constexpr auto kFirstLook = 5s;
 constexpr auto kLaterLook = 60s;
 
-bool EndsWithNoCase(const std::string& name, const std::string& end) {
-  return !end.empty() && name.size() >= end.size() &&
-         ToLower(name.substr(name.size() - end.size())) == ToLower(end);
-}
-
 std::int64_t SizeOrZero(const fs::path& file) {
   std::error_code ec;
   const auto size = fs::file_size(ResolveCase(file), ec);
@@ -80,10 +75,14 @@ bool IsWadSetFile(Program& program, const fs::path& path) {
   const std::string name = path.filename().string();
   // The lists come with start-up; a command that needs no start-up builds them here.
   if (!program.lists.Built()) program.lists = BuildDataLists();
+  // A blank extension (an empty line of a list or a text) names no file.
+  const auto ends_with = [&](const std::string& end) {
+    return !end.empty() && EndsWithNoCase(name, end);
+  };
   for (const std::string& extension : program.lists.WadFileExtensions)
-    if (EndsWithNoCase(name, extension)) return true;
-  if (!EndsWithNoCase(name, program.GetText(text::WadSetSideExtension1)) &&
-      !EndsWithNoCase(name, program.GetText(text::WadSetSideExtension2)))
+    if (ends_with(extension)) return true;
+  if (!ends_with(program.GetText(text::WadSetSideExtension1)) &&
+      !ends_with(program.GetText(text::WadSetSideExtension2)))
     return false;
   const std::string base = ExtractBaseName(name);
   for (std::int32_t id : {text::WadSetMainExtension1, text::WadSetMainExtension2})

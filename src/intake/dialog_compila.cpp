@@ -27,9 +27,10 @@ namespace fs = std::filesystem;
 
 namespace {
 
-bool EndsWithNoCase(const std::string& name, const std::string& end) {
-  return !end.empty() && name.size() >= end.size() &&
-         ToLower(name.substr(name.size() - end.size())) == ToLower(end);
+// Whether the file's name ends in the text `id`; a blank text names no file.
+bool NameEndsWith(const Program& p, const fs::path& file, std::int32_t id) {
+  const std::string end = p.GetText(id);
+  return !end.empty() && EndsWithNoCase(file.filename().string(), end);
 }
 
 fs::path InEditor(const Program& p, std::int32_t fragment, const fs::path& name) {
@@ -62,8 +63,7 @@ void Dialog_Compila::ImpostaValori(const fs::path& folder, std::int32_t level_in
   AllFiles = ListFiles(folder, "*");
   TomFiles.clear();
   for (const fs::path& file : AllFiles)
-    if (EndsWithNoCase(file.filename().string(), p.GetText(text::CompilaSourceExtension)))
-      TomFiles.push_back(file);
+    if (NameEndsWith(p, file, text::CompilaSourceExtension)) TomFiles.push_back(file);
   if (TomFiles.empty()) {
     AskUser(p, p.GetText(text::CompilaNoSources) + "\r\n", msg::kInformation);
     ReportedDone = true;
@@ -79,7 +79,7 @@ void Dialog_Compila::ImpostaValori(const fs::path& folder, std::int32_t level_in
   for (const fs::path& file : AllFiles) {
     if (IsWadSetFile(p, file)) WadSetFiles.push_back(InEditor(p, text::CompilaWadsFolder, file));
     bool refused = false;
-    if (EndsWithNoCase(file.filename().string(), p.GetText(text::CompilaSoundExtension)) &&
+    if (NameEndsWith(p, file, text::CompilaSoundExtension) &&
         NeedsWaveConversion(p, file, refused) && !refused)
       AudioFiles.push_back(InEditor(p, text::CompilaSoundsFolder, file));
     if (!refused) usable.push_back(file);

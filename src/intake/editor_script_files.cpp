@@ -1,7 +1,5 @@
 #include "intake/editor_script_files.h"
 
-#include <array>
-
 #include "foundation/program.h"
 #include "foundation/services/files.h"
 #include "foundation/services/strings.h"
@@ -31,29 +29,16 @@ std::vector<std::string_view> SplitLines(std::string_view bytes) {
   return lines;
 }
 
-// ASCII letters folded to lower case, every other byte as it is.
-constexpr std::array<char, 256> kFolded = [] {
-  std::array<char, 256> table{};
-  for (int c = 0; c < 256; ++c)
-    table[static_cast<std::size_t>(c)] =
-        static_cast<char>(c >= 'A' && c <= 'Z' ? c - 'A' + 'a' : c);
-  return table;
-}();
-
-char Folded(char c) {
-  return kFolded[static_cast<unsigned char>(c)];
-}
-
 std::size_t FindNoCase(std::string_view text, std::string_view key) {
   if (key.empty() || key.size() > text.size()) return std::string_view::npos;
   // Compared inline, letter by letter: a script of thousands of blocks looks for its keys in
   // every block, and most places fail at the first or second letter.
-  const char first = Folded(key[0]);
+  const char first = AsciiLower(key[0]);
   const std::size_t last = text.size() - key.size();
   for (std::size_t i = 0; i <= last; ++i) {
-    if (Folded(text[i]) != first) continue;
+    if (AsciiLower(text[i]) != first) continue;
     std::size_t k = 1;
-    while (k < key.size() && Folded(text[i + k]) == Folded(key[k])) ++k;
+    while (k < key.size() && AsciiLower(text[i + k]) == AsciiLower(key[k])) ++k;
     if (k == key.size()) return i;
   }
   return std::string_view::npos;
@@ -152,11 +137,7 @@ std::vector<std::string> ParseScriptFile(std::string_view bytes, const ScriptKey
     return true;
   };
   const auto is_marker = [&](std::string_view line) {
-    const std::string_view trimmed = TrimView(line);
-    if (trimmed.size() != keys.block.size()) return false;
-    for (std::size_t i = 0; i < trimmed.size(); ++i)
-      if (Folded(trimmed[i]) != Folded(keys.block[i])) return false;
-    return true;
+    return EqualsNoCase(TrimView(line), keys.block);
   };
   for (std::size_t start = 0; start < bytes.size();) {
     const std::size_t newline = bytes.find('\n', start);

@@ -8,7 +8,6 @@
 #include "archive/editor_backup.h"
 #include "audio/wave_header.h"
 #include "editor/tom_converter.h"
-#include "foundation/data_lists.h"
 #include "foundation/dialogs/ask.h"
 #include "foundation/dialogs/progress.h"
 #include "foundation/ports/ui.h"
@@ -66,7 +65,6 @@ void Dialog_AddWads::Pul_Import_Click() {
   known_names_.clear();
   const fs::path mirror = mirror_root_ = EditorBackupFolder(p);
   const fs::path editor = editor_root_ = EditorFolderPath(p);
-  if (!p.lists.Built()) p.lists = BuildDataLists();
 
   // Preparation: what the mirror held before, so that only new levels get blocks.
   std::vector<std::string> baseline;

@@ -5,14 +5,8 @@
 namespace vardolin {
 namespace {
 
-char Lower(char c) {
-  return (c >= 'A' && c <= 'Z') ? static_cast<char>(c - 'A' + 'a') : c;
-}
 char Upper(char c) {
   return (c >= 'a' && c <= 'z') ? static_cast<char>(c - 'a' + 'A') : c;
-}
-bool IsBlank(char c) {
-  return c == ' ' || c == '\t' || c == '\0';
 }
 
 }  // namespace
@@ -36,13 +30,13 @@ std::vector<std::string> SplitNulList(std::string_view list) {
 
 std::string TrimRight(std::string_view text) {
   size_t e = text.size();
-  while (e > 0 && IsBlank(text[e - 1])) --e;
+  while (e > 0 && IsTrimBlank(text[e - 1])) --e;
   return std::string(text.substr(0, e));
 }
 
 std::string ToLower(std::string_view text) {
   std::string out(text);
-  std::transform(out.begin(), out.end(), out.begin(), Lower);
+  std::transform(out.begin(), out.end(), out.begin(), AsciiLower);
   return out;
 }
 
@@ -55,14 +49,14 @@ std::string ToUpper(std::string_view text) {
 bool EqualsNoCase(std::string_view a, std::string_view b) {
   if (a.size() != b.size()) return false;
   for (size_t i = 0; i < a.size(); ++i)
-    if (Lower(a[i]) != Lower(b[i])) return false;
+    if (AsciiLower(a[i]) != AsciiLower(b[i])) return false;
   return true;
 }
 
 bool LessNoCase(std::string_view a, std::string_view b) {
   size_t n = std::min(a.size(), b.size());
   for (size_t i = 0; i < n; ++i) {
-    char x = Lower(a[i]), y = Lower(b[i]);
+    char x = AsciiLower(a[i]), y = AsciiLower(b[i]);
     if (x != y) return static_cast<unsigned char>(x) < static_cast<unsigned char>(y);
   }
   if (a.size() != b.size()) return a.size() < b.size();
@@ -72,7 +66,7 @@ bool LessNoCase(std::string_view a, std::string_view b) {
 bool ContainsNoCase(std::string_view haystack, std::string_view needle) {
   if (needle.empty()) return true;
   auto it = std::search(haystack.begin(), haystack.end(), needle.begin(), needle.end(),
-                        [](char x, char y) { return Lower(x) == Lower(y); });
+                        [](char x, char y) { return AsciiLower(x) == AsciiLower(y); });
   return it != haystack.end();
 }
 

@@ -8,14 +8,23 @@
 
 namespace vardolin {
 
+// One letter folded as the comparisons without regard to case fold it: ASCII only, so that
+// names in code page 1252 keep their other bytes.
+inline char AsciiLower(char c) {
+  return (c >= 'A' && c <= 'Z') ? static_cast<char>(c - 'A' + 'a') : c;
+}
+// What Trim takes away at either end.
+inline bool IsTrimBlank(char c) {
+  return c == ' ' || c == '\t' || c == '\0';
+}
+
 std::string Trim(std::string_view text);
 // Trim without a copy: the view lives as long as the text it looks at. Inline, since parsers
 // call it for every line.
 inline std::string_view TrimView(std::string_view text) {
-  const auto blank = [](char c) { return c == ' ' || c == '\t' || c == '\0'; };
   std::size_t b = 0, e = text.size();
-  while (b < e && blank(text[b])) ++b;
-  while (e > b && blank(text[e - 1])) --e;
+  while (b < e && IsTrimBlank(text[b])) ++b;
+  while (e > b && IsTrimBlank(text[e - 1])) --e;
   return text.substr(b, e - b);
 }
 std::string TrimRight(std::string_view text);

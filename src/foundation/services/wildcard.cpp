@@ -1,18 +1,17 @@
 #include "foundation/services/wildcard.h"
 
+#include "foundation/services/strings.h"
+
 namespace vardolin {
 namespace {
-
-char Lower(char c) {
-  return (c >= 'A' && c <= 'Z') ? static_cast<char>(c - 'A' + 'a') : c;
-}
 
 // Iterative glob with one backtrack point: linear in practice, no recursion to blow up on
 // patterns full of stars.
 bool Glob(std::string_view name, std::string_view pattern) {
   std::size_t n = 0, p = 0, star = std::string_view::npos, mark = 0;
   while (n < name.size()) {
-    if (p < pattern.size() && (pattern[p] == '?' || Lower(pattern[p]) == Lower(name[n]))) {
+    if (p < pattern.size() &&
+        (pattern[p] == '?' || AsciiLower(pattern[p]) == AsciiLower(name[n]))) {
       ++n;
       ++p;
     } else if (p < pattern.size() && pattern[p] == '*') {
