@@ -61,14 +61,13 @@ int CmdCompile(Program& program, std::int32_t code, std::ostream& out, std::ostr
   bool compiled = false;
   const bool shown = EditLevelProperties(
       program, FindLevelIndex(program.catalogue, code), [&](Dialog_NewLevel& form) {
-        const std::string sources = program.GetText(text::TomPatternInFolder);
-        if (ListFiles(form.WorkFolder, WithoutLeadingSeparators(sources)).empty()) {
+        if (!form.HoldsSources()) {
           err << "vardolin-cli: level " << code << " holds no level sources (.tom)\n";
           form.Pul_Cancel.Click();
           return;
         }
         form.CompileTom();
-        compiled = ListFiles(form.WorkFolder, WithoutLeadingSeparators(sources)).empty();
+        compiled = !form.HoldsSources();
         // Done stores what the compile made; a check that failed gives the changes up.
         if (compiled) form.Pul_Ok.Click();
         compiled = compiled && !form.IsLoaded();

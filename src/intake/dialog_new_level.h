@@ -103,6 +103,8 @@ class Dialog_NewLevel : public Form {
   // Compiles the level sources of the work folder with the editor's converter, after making
   // sure each has its wad set (the assistant helps find them).
   void CompileTom();
+  // Whether level sources still stand in the work folder, uncompiled.
+  bool HoldsSources() const;
   // Whether the work folder differs from what it was when the form opened.
   bool FolderChanged() const;
   // Chooses the more-info entry of that file name, when the list has one.

@@ -5,6 +5,8 @@
 #include "foundation/dialogs/ask.h"
 #include "foundation/ports/ui.h"
 #include "foundation/program.h"
+#include "foundation/services/files.h"
+#include "foundation/services/paths.h"
 #include "intake/apply_level_info.h"
 #include "intake/completeness.h"
 #include "intake/dialog_assistant.h"
@@ -13,6 +15,12 @@
 #include "intake/text_ids.h"
 
 namespace vardolin {
+
+bool Dialog_NewLevel::HoldsSources() const {
+  return !ListFiles(WorkFolder,
+                    WithoutLeadingSeparators(program().GetText(text::TomPatternInFolder)))
+              .empty();
+}
 
 void Dialog_NewLevel::CompileTom() {
   Program& p = program();

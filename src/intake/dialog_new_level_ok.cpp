@@ -45,12 +45,12 @@ bool Dialog_NewLevel::PassesChecks() {
   r.Name = name;
   if (!ConvertAudioFiles(false, false)) return false;
 
-  if (AnyMatch(WorkFolder, p.GetText(text::TomPatternInFolder))) {
+  if (HoldsSources()) {
     if (AskUser(p, p.GetText(text::CompileTomQuestion), msg::kOkCancel) == msg::kCancel)
       return false;
     CompileTom();
     Refresh();
-    if (AnyMatch(WorkFolder, p.GetText(text::TomPatternInFolder))) return false;
+    if (HoldsSources()) return false;
   }
 
   if (!AnyMatch(WorkFolder, p.GetText(text::LevelFilePattern)) &&
