@@ -9,6 +9,8 @@
 #include <memory>
 #include <vector>
 
+#include "cd/cd_image_reader.h"
+
 namespace vardolin {
 namespace fs = std::filesystem;
 
@@ -48,12 +50,6 @@ CopyCheck Missing(const std::map<std::string, fs::path>& left) {
   return {false, "missing " + left.begin()->first};
 }
 
-std::string Normalised(std::string name) {
-  while (name.rfind("./", 0) == 0) name.erase(0, 2);
-  while (!name.empty() && name.front() == '/') name.erase(0, 1);
-  return name;
-}
-
 }  // namespace
 
 CopyCheck CheckFolderCopy(const fs::path& copy, const fs::path& original) {
@@ -74,15 +70,14 @@ CopyCheck CheckFolderCopy(const fs::path& copy, const fs::path& original) {
 CopyCheck CheckFolderInImage(const fs::path& image, const std::string& folder_in_image,
                              const fs::path& original) {
   std::map<std::string, fs::path> left = FilesBelow(original);
-  std::unique_ptr<archive, decltype(&archive_read_free)> a(archive_read_new(), archive_read_free);
-  archive_read_support_format_iso9660(a.get());
-  if (archive_read_open_filename(a.get(), image.c_str(), kBlock) != ARCHIVE_OK)
-    return {false, "unreadable image " + image.string() + ": " + archive_error_string(a.get())};
-  const std::string prefix = Normalised(folder_in_image) + "/";
+  std::string error;
+  const ImageArchive a = OpenImageArchive(image, error);
+  if (!a) return {false, "unreadable image " + image.string() + ": " + error};
+  const std::string prefix = ImageEntryName(folder_in_image) + "/";
   archive_entry* entry = nullptr;
   int status = ARCHIVE_OK;
   while ((status = archive_read_next_header(a.get(), &entry)) == ARCHIVE_OK) {
-    const std::string name = Normalised(archive_entry_pathname(entry));
+    const std::string name = ImageEntryName(archive_entry_pathname(entry));
     if (name.rfind(prefix, 0) != 0 || archive_entry_filetype(entry) != AE_IFREG) continue;
     const auto mine = left.find(name.substr(prefix.size()));
     if (mine == left.end()) continue;

@@ -18,21 +18,28 @@
 namespace vardolin {
 namespace fs = std::filesystem;
 
-namespace {
+void ImageArchiveFree::operator()(archive* a) const {
+  archive_read_free(a);
+}
 
-constexpr std::size_t kBlock = 1 << 20;
-
-using ArchivePtr = std::unique_ptr<archive, decltype(&archive_read_free)>;
-
-ArchivePtr OpenImage(const fs::path& image, std::string& error) {
-  ArchivePtr a(archive_read_new(), archive_read_free);
+ImageArchive OpenImageArchive(const fs::path& image, std::string& error) {
+  ImageArchive a(archive_read_new());
   archive_read_support_format_iso9660(a.get());
-  if (archive_read_open_filename(a.get(), image.c_str(), kBlock) != ARCHIVE_OK) {
+  if (archive_read_open_filename(a.get(), image.c_str(), 1 << 20) != ARCHIVE_OK) {
     error = archive_error_string(a.get());
-    return ArchivePtr(nullptr, archive_read_free);
+    return nullptr;
   }
   return a;
 }
+
+std::string ImageEntryName(std::string name) {
+  while (name.rfind("./", 0) == 0) name.erase(0, 2);
+  while (!name.empty() && name.front() == '/') name.erase(0, 1);
+  while (!name.empty() && name.back() == '/') name.pop_back();
+  return name;
+}
+
+namespace {
 
 std::string Damaged(archive* a) {
   const char* why = archive_error_string(a);
@@ -44,13 +51,6 @@ bool SameNoCase(char x, char y) {
 }
 
 enum class Written { Ok, ReadFailed, WriteFailed };
-
-std::string Normalised(std::string name) {
-  while (name.rfind("./", 0) == 0) name.erase(0, 2);
-  while (!name.empty() && name.front() == '/') name.erase(0, 1);
-  while (!name.empty() && name.back() == '/') name.pop_back();
-  return name;
-}
 
 // The reader's own blocks go straight to the file: no copy through a buffer of ours.
 Written WriteEntry(archive* a, const fs::path& path) {
@@ -85,12 +85,12 @@ Written WriteEntry(archive* a, const fs::path& path) {
 
 ImageLevel FindLevelInImage(const fs::path& image, std::int32_t code) {
   ImageLevel found;
-  ArchivePtr a = OpenImage(image, found.error);
+  ImageArchive a = OpenImageArchive(image, found.error);
   if (!a) return found;
   archive_entry* entry = nullptr;
   int status = ARCHIVE_OK;
   while ((status = archive_read_next_header(a.get(), &entry)) == ARCHIVE_OK) {
-    const std::string name = Normalised(archive_entry_pathname(entry));
+    const std::string name = ImageEntryName(archive_entry_pathname(entry));
     const std::size_t slash = name.find('/');
     if (slash == std::string::npos || slash == 0) continue;
     const std::size_t end = name.find('/', slash + 1);
@@ -111,13 +111,13 @@ ImageLevel FindLevelInImage(const fs::path& image, std::int32_t code) {
 bool ListLevelsInImage(const fs::path& image, const std::string& files, const std::string& pattern,
                        std::vector<std::int32_t>& codes) {
   std::string error;
-  ArchivePtr a = OpenImage(image, error);
+  ImageArchive a = OpenImageArchive(image, error);
   if (!a) return false;
   archive_entry* entry = nullptr;
   int status = ARCHIVE_OK;
   while ((status = archive_read_next_header(a.get(), &entry)) == ARCHIVE_OK) {
     // root/LEVEL_nnnn/files/name
-    const std::string name = Normalised(archive_entry_pathname(entry));
+    const std::string name = ImageEntryName(archive_entry_pathname(entry));
     std::vector<std::string> parts;
     for (std::size_t start = 0, end; start <= name.size(); start = end + 1) {
       end = std::min(name.find('/', start), name.size());
@@ -137,15 +137,15 @@ bool ListLevelsInImage(const fs::path& image, const std::string& files, const st
 bool ExtractImageFolder(const fs::path& image, const std::string& folder_in_image,
                         const fs::path& target, std::string& error,
                         const std::function<bool(const std::string& relative)>& take) {
-  ArchivePtr a = OpenImage(image, error);
+  ImageArchive a = OpenImageArchive(image, error);
   if (!a) return false;
   // The image's root is the folder "".
-  std::string prefix = Normalised(folder_in_image);
+  std::string prefix = ImageEntryName(folder_in_image);
   if (!prefix.empty()) prefix += "/";
   archive_entry* entry = nullptr;
   int status = ARCHIVE_OK;
   while ((status = archive_read_next_header(a.get(), &entry)) == ARCHIVE_OK) {
-    const std::string name = Normalised(archive_entry_pathname(entry));
+    const std::string name = ImageEntryName(archive_entry_pathname(entry));
     // ISO 9660 names keep their case on Joliet and Rock Ridge discs, but a plain disc's names
     // are upper case: the folder is looked for without regard to case, as on the disc.
     if (name.size() <= prefix.size() ||
@@ -179,13 +179,13 @@ bool ExtractImageFolder(const fs::path& image, const std::string& folder_in_imag
 bool ReadImageRoot(const fs::path& image, const std::string& file_pattern,
                    std::vector<std::string>& folders, std::string& file) {
   std::string error;
-  ArchivePtr a = OpenImage(image, error);
+  ImageArchive a = OpenImageArchive(image, error);
   if (!a) return false;
   bool file_read = file_pattern.empty();
   archive_entry* entry = nullptr;
   int status = ARCHIVE_OK;
   while ((status = archive_read_next_header(a.get(), &entry)) == ARCHIVE_OK) {
-    const std::string name = Normalised(archive_entry_pathname(entry));
+    const std::string name = ImageEntryName(archive_entry_pathname(entry));
     const std::size_t slash = name.find('/');
     const auto type = archive_entry_filetype(entry);
     if (type == AE_IFDIR && slash == std::string::npos && !name.empty()) {

@@ -6,10 +6,23 @@
 #include <cstdint>
 #include <filesystem>
 #include <functional>
+#include <memory>
 #include <string>
 #include <vector>
 
+struct archive;
+
 namespace vardolin {
+
+struct ImageArchiveFree {
+  void operator()(archive* a) const;
+};
+// An ISO image open for reading through libarchive.
+using ImageArchive = std::unique_ptr<archive, ImageArchiveFree>;
+// Null, with the reader's reason in `error`, when the image can't be opened.
+ImageArchive OpenImageArchive(const std::filesystem::path& image, std::string& error);
+// An entry's name as the image gives it, without "./" in front or slashes at either end.
+std::string ImageEntryName(std::string name);
 
 struct ImageLevel {
   bool readable = false;
