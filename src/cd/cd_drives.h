@@ -5,6 +5,7 @@
 #include <string>
 #include <string_view>
 #include <vector>
+#include "foundation/platform/mounts.h"  // MountInfoEntry, ParseMountInfo
 
 namespace vardolin {
 
@@ -16,16 +17,6 @@ struct CdDrive {
   int status = -1;          // kCdStatus... of the platform port
   bool Ready() const;
 };
-
-// The mount points of a mountinfo text by device number ("11:0"), in the table's order; a
-// mount point mounted again later hides the earlier mount. Escapes (\040) are decoded;
-// malformed lines are skipped.
-struct MountInfoEntry {
-  std::string number;
-  std::string root;  // the folder of the file system that is mounted there, "/" for all of it
-  std::string mount_point;
-};
-std::vector<MountInfoEntry> ParseMountInfo(std::string_view text);
 
 // The optical drives in the kernel's order (sr0, sr1, ... sr10), each with the mount point of
 // its disc (the first mount of the whole disc) and the drive's state.

@@ -31,6 +31,33 @@ std::string Unescape(std::string_view field) {
   return out;
 }
 
+// The first `most` blank-separated fields of a line.
+std::vector<std::string_view> Fields(std::string_view line, std::size_t most) {
+  std::vector<std::string_view> fields;
+  std::size_t i = 0;
+  const auto blank = [&](std::size_t k) {
+    return line[k] == ' ' || line[k] == '\t' || line[k] == '\r';
+  };
+  while (i < line.size() && fields.size() < most) {
+    while (i < line.size() && blank(i)) ++i;
+    const std::size_t start = i;
+    while (i < line.size() && !blank(i)) ++i;
+    if (i > start) fields.push_back(line.substr(start, i - start));
+  }
+  return fields;
+}
+
+// Each line of a table, without its end.
+template <class Each>
+void ForEachLine(std::string_view text, Each each) {
+  for (std::size_t pos = 0; pos < text.size();) {
+    std::size_t end = text.find('\n', pos);
+    if (end == std::string_view::npos) end = text.size();
+    each(text.substr(pos, end - pos));
+    pos = end + 1;
+  }
+}
+
 bool OneOf(std::string_view value, std::initializer_list<std::string_view> list) {
   return std::find(list.begin(), list.end(), value) != list.end();
 }
@@ -64,29 +91,29 @@ std::string DiskOf(const std::string& name, const fs::path& sys_root) {
 
 std::vector<MountEntry> ParseMounts(std::string_view text) {
   std::vector<MountEntry> out;
-  std::size_t pos = 0;
-  while (pos < text.size()) {
-    std::size_t end = text.find('\n', pos);
-    if (end == std::string_view::npos) end = text.size();
-    std::string_view line = text.substr(pos, end - pos);
-    pos = end + 1;
-    std::vector<std::string_view> fields;
-    std::size_t i = 0;
-    while (i < line.size() && fields.size() < 4) {
-      while (i < line.size() && (line[i] == ' ' || line[i] == '\t' || line[i] == '\r')) ++i;
-      std::size_t start = i;
-      while (i < line.size() && line[i] != ' ' && line[i] != '\t' && line[i] != '\r') ++i;
-      if (i > start) fields.push_back(line.substr(start, i - start));
-    }
-    if (fields.size() < 3 || fields[0].front() == '#') continue;
+  ForEachLine(text, [&](std::string_view line) {
+    const std::vector<std::string_view> fields = Fields(line, 4);
+    if (fields.size() < 3 || fields[0].front() == '#') return;
     MountEntry m{Unescape(fields[0]), Unescape(fields[1]), Unescape(fields[2]),
                  fields.size() > 3 ? Unescape(fields[3]) : std::string()};
-    if (m.mount_point.empty() || m.mount_point.front() != '/') continue;
-    out.erase(std::remove_if(out.begin(), out.end(),
-                             [&](const MountEntry& e) { return e.mount_point == m.mount_point; }),
-              out.end());
+    if (m.mount_point.empty() || m.mount_point.front() != '/') return;
+    std::erase_if(out, [&](const MountEntry& e) { return e.mount_point == m.mount_point; });
     out.push_back(std::move(m));
-  }
+  });
+  return out;
+}
+
+std::vector<MountInfoEntry> ParseMountInfo(std::string_view text) {
+  std::vector<MountInfoEntry> out;
+  ForEachLine(text, [&](std::string_view line) {
+    // id parent major:minor root mount-point options [optional...] - type source super-options
+    const std::vector<std::string_view> f = Fields(line, 5);
+    if (f.size() < 5 || f[2].find(':') == std::string_view::npos) return;
+    MountInfoEntry e{std::string(f[2]), Unescape(f[3]), Unescape(f[4])};
+    if (e.mount_point.empty() || e.mount_point.front() != '/') return;
+    std::erase_if(out, [&](const MountInfoEntry& m) { return m.mount_point == e.mount_point; });
+    out.push_back(std::move(e));
+  });
   return out;
 }
 
